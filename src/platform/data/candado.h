@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+
+/// The lock between running copies of the program on one database, a small file beside it ("DBBrivo.ldb"). The system
+/// releases it when a process dies.
+class Candado
+{
+public:
+    enum class Modo
+    {
+        Compartido, ///< held by each open connection
+        Exclusivo,  ///< held while the database file is rewritten or copied whole
+    };
+    /// Takes the lock at once or throws ErrorDeEjecucion 70. Within one process at most one Candado on a file.
+    Candado(const QString& ruta, Modo modo);
+    ~Candado();
+    Candado(Candado&&) noexcept;
+    Candado& operator=(Candado&&) noexcept;
+
+private:
+    struct Interno;
+    std::unique_ptr<Interno> m_interno;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <exception>
+
+/// Anything that fails at run time: a number that screens can test and a description for the user, in Spanish.
+/// File failures keep the numbers below; a database failure carries SQLite's extended result code.
+class ErrorDeEjecucion : public std::exception
+{
+public:
+    enum Numero : int
+    {
+        Desbordamiento = 6,
+        DivisionPorCero = 11,
+        NoCoincidenTipos = 13,
+        ArchivoNoEncontrado = 53,
+        ArchivoYaAbierto = 55,
+        DiscoLleno = 61,
+        EnUso = 70,
+        SinAcceso = 75,
+        RutaNoEncontrada = 76,
+        ObjetoNoEstablecido = 91,
+        UsoDeNull = 94,
+    };
+
+    ErrorDeEjecucion(int numero, QString descripcion);
+    /// One of the numbers above with its standard description; detalle, if any, follows after ": ".
+    explicit ErrorDeEjecucion(Numero numero, const QString& detalle = {});
+
+    [[nodiscard]] int numero() const { return m_numero; }
+    [[nodiscard]] const QString& descripcion() const { return m_descripcion; }
+    [[nodiscard]] const char* what() const noexcept override { return m_texto.constData(); }
+
+private:
+    int m_numero;
+    QString m_descripcion;
+    QByteArray m_texto;
+};

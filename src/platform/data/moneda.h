@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+#include <compare>
+#include <cstdint>
+
+/// Exact amount of money: a whole number of ten-thousandths in 64 bits. No floating point inside.
+/// Every operation that leaves the range throws ErrorDeEjecucion 6 (Desbordamiento).
+class Moneda
+{
+public:
+    constexpr Moneda() = default;
+    [[nodiscard]] static constexpr Moneda deDiezMilesimos(std::int64_t valor) { return Moneda(valor); }
+    /// Whole pesos.
+    [[nodiscard]] static Moneda deEntero(std::int64_t pesos);
+    /// Amount typed by a person or stored in a file: "," is the decimal mark, a "." groups thousands when a comma
+    /// follows it or when three digits do (see LeerNumero). Past the fourth decimal, halves go to the even digit.
+    /// Throws ErrorDeEjecucion 13 when the text is no number.
+    [[nodiscard]] static Moneda deTexto(const QString& texto);
+    /// The nearest ten-thousandth of a binary number, halves to even. Throws 6 for NaN, infinities and overflow.
+    [[nodiscard]] static Moneda deFlotante(double valor);
+
+    [[nodiscard]] constexpr std::int64_t diezMilesimos() const { return m_valor; }
+    [[nodiscard]] double aDoble() const { return static_cast<double>(m_valor) / 10000.0; }
+    /// Rounded to 0..4 decimals, halves to the even digit.
+    [[nodiscard]] Moneda redondeada(int decimales = 2) const;
+    /// Without thousands separator or trailing zeros, "." as the decimal mark: "1234.5", "-0.25", "0".
+    [[nodiscard]] QString textoPlano() const;
+
+    friend Moneda operator+(Moneda a, Moneda b);
+    friend Moneda operator-(Moneda a, Moneda b);
+    Moneda operator-() const;
+    Moneda& operator+=(Moneda otro) { return *this = *this + otro; }
+    Moneda& operator-=(Moneda otro) { return *this = *this - otro; }
+    /// Exact product with a whole number.
+    friend Moneda operator*(Moneda a, std::int64_t veces);
+    friend constexpr auto operator<=>(Moneda a, Moneda b) = default;
+
+private:
+    explicit constexpr Moneda(std::int64_t valor)
+        : m_valor(valor)
+    {
+    }
+    std::int64_t m_valor = 0;
+};

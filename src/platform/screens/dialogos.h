@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+/// The doors to the system's dialogs and programs, each replaceable by tests and the robot.
+
+struct PedidoDeArchivo
+{
+    QString titulo;
+    QString nombreInicial; ///< handed back as it stands when the user cancels
+    QString filtro;        ///< "*.txt"
+    QString extension;     ///< added to a name typed without one: "txt"
+    bool debeExistir = true;
+};
+/// Open-file dialog. Gives the chosen path with native separators; when cancelled, `nombreInicial` as it was given.
+[[nodiscard]] QString DialogoArchivo(const PedidoDeArchivo& pedido);
+/// The replacement gives the chosen path, or an empty text to cancel.
+void reemplazarDialogoArchivo(std::function<QString(const PedidoDeArchivo&)> atiende);
+
+/// Folder dialog; an empty text when cancelled.
+[[nodiscard]] QString DialogoCarpeta(const QString& titulo, const QString& inicial);
+void reemplazarDialogoCarpeta(std::function<QString(const QString& titulo, const QString& inicial)> atiende);
+
+/// The printer set-up dialog; the reports use the printer as it leaves it.
+void ConfigurarImpresora();
+void reemplazarConfigurarImpresora(std::function<void()> atiende);
+
+/// Opens an address or a file with the system's own program; false when that cannot be done.
+bool AbrirEnlace(const QString& direccion);
+void reemplazarAbrirEnlace(std::function<bool(const QString&)> atiende);
+
+struct MensajeDeCorreo
+{
+    QString destinatario;
+    QString asunto;
+    QString texto;
+    QString adjunto; ///< path
+};
+/// Hands a message to the system's mail program. Throws ErrorDeEjecucion when there is none.
+void Correo(const MensajeDeCorreo& mensaje);
+void reemplazarCorreo(std::function<void(const MensajeDeCorreo&)> atiende);

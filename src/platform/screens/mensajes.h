@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+/// The one door to message boxes. Each kind has a fixed use: information (validation, success), exclamation
+/// (incomplete data, refused steps), critical (refused delete, duplicates), question, plain (run-time errors).
+enum class Caja
+{
+    Informacion,
+    Exclamacion,
+    Critico,
+    Pregunta,
+    Simple,
+};
+
+inline constexpr const char* tituloPorDefecto = "Altoverde";
+
+struct DatosDeCaja
+{
+    Caja clase = Caja::Simple;
+    QString texto;
+    QString titulo;
+};
+
+/// Shows a box with an OK button and waits for it.
+void MsgBox(const QString& texto, Caja clase = Caja::Simple,
+            const QString& titulo = QString::fromLatin1(tituloPorDefecto));
+/// Asks with Yes and No, No as the default; true for Yes. Escape and the close command mean No.
+[[nodiscard]] bool Preguntar(const QString& texto, const QString& titulo = QString::fromLatin1(tituloPorDefecto));
+
+/// Told of every box and answering it (true: Yes or OK). An empty function brings the real boxes back.
+using AtiendeCajas = std::function<bool(const DatosDeCaja&)>;
+void reemplazarCajas(AtiendeCajas atiende);
+/// Told of every box just before it is shown for real, and of its answer just after.
+void observarCajas(std::function<void(const DatosDeCaja&)> alMostrar,
+                   std::function<void(const DatosDeCaja&, bool)> alCerrar);
+/// True while a box, a file dialog or the printer dialog of the program is open.
+[[nodiscard]] bool hayCajaAbierta();

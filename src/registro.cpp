@@ -1,0 +1,3 @@
+#include "registro.h"
+
+void registrarPantallas() {}
