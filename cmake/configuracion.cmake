@@ -1,7 +1,5 @@
 # What an installation must supply, gathered in one generated header, configuracion.h.
 set(ALTOVERDE_FTP_SERVIDOR "localhost" CACHE STRING "FTP host of the declarations, host or host:port")
-set(ALTOVERDE_FTP_USUARIO "ddjj" CACHE STRING "FTP user of the declarations")
-set(ALTOVERDE_FTP_CLAVE "ddjj" CACHE STRING "FTP password of the declarations")
 set(ALTOVERDE_BUZON_DDJJ "ddjj@example.org" CACHE STRING "mailbox of the declarations")
 set(ALTOVERDE_WEB "http://www.example.org" CACHE STRING "web address of the organisation")
 set(ALTOVERDE_CORREO_SOPORTE "soporte@example.org" CACHE STRING "support e-mail")

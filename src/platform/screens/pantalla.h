@@ -27,6 +27,9 @@ public:
     [[nodiscard]] bool cerrada() const { return m_cerrada; }
     /// Name of the help page opened by F1; the screen's name unless it says otherwise.
     [[nodiscard]] virtual QString paginaDeAyuda() const { return objectName(); }
+    /// The company that the screen works on, for the status bar; nothing when it works on none. A screen that changes
+    /// it emits Navegacion::cambioDePantalla.
+    [[nodiscard]] virtual QString empresaEnCurso() const { return {}; }
 
 Q_SIGNALS:
     void pideCerrar();

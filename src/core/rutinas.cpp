@@ -1,0 +1,171 @@
+#include "core/rutinas.h"
+
+#include "configuracion.h"
+#include "platform/data/archivos.h"
+#include "platform/data/candado.h"
+#include "platform/data/directorio_programa.h"
+#include "platform/data/error_de_ejecucion.h"
+
+#include <QDir>
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <optional>
+
+namespace Rutinas
+{
+namespace
+{
+/// Runs one statement of the start-up; what fails there is passed over.
+template <class Paso>
+bool sinFallar(Paso&& paso)
+{
+    try
+    {
+        paso();
+        return true;
+    }
+    catch (const std::exception&)
+    {
+        return false;
+    }
+}
+
+/// The schema version as it stood when the program started; nothing when it cannot be read.
+std::optional<QString> leerVersion()
+{
+    std::optional<QString> version;
+    sinFallar([&] { version = Conexion.consultar("SELECT * FROM Parametros").primera().texto("Version"); });
+    return version;
+}
+} // namespace
+
+QString rutaBase()
+{
+    return RutaApp + QStringLiteral("DBBrivo.mdb");
+}
+
+void Main(const std::function<void()>& mostrarMenuPpal)
+{
+    RutaApp = DirectorioPrograma() + QDir::separator();
+    AbrirBase();
+
+    sinFallar([] { Archivos::crearCarpeta(RutaApp + QStringLiteral("Copias")); });
+    // One copy of the version, taken before any step: a database climbs one version a start. A version that cannot be
+    // read counts as each of them.
+    const std::optional<QString> version = leerVersion();
+    const auto esVersion = [&](const char* cual) { return !version || *version == QLatin1String(cual); };
+    if (esVersion("1.0"))
+    {
+        sinFallar(ActualizarA11);
+    }
+    if (esVersion("1.1"))
+    {
+        sinFallar(ActualizarA12);
+    }
+    if (esVersion("1.2"))
+    {
+        sinFallar(ActualizarA20);
+    }
+    sinFallar([] { Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo = 0 WHERE Acuerdo IS NULL"); });
+    sinFallar([] { Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo2 = 0 WHERE Acuerdo2 IS NULL"); });
+    sinFallar(mostrarMenuPpal);
+}
+
+void AbrirBase()
+{
+    Conexion = ::Conexion();
+    Conexion.abrir(rutaBase());
+}
+
+void CerrarBase()
+{
+    Conexion.cerrar();
+}
+
+void ActualizarA11()
+{
+    Conexion.ejecutar("UPDATE Parametros SET Version = '1.1'");
+    Conexion.ejecutar("ALTER TABLE DDJJ_Empleados ADD COLUMN Acuerdo CURRENCY DEFAULT 0");
+    Conexion.ejecutar("ALTER TABLE RptEmpleados ADD COLUMN Acuerdo CURRENCY DEFAULT 0");
+    Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo = 0");
+    // Every start looks for nulls; this keeps the search from reading the roster.
+    Conexion.ejecutar("CREATE INDEX IF NOT EXISTS IX_DDJJ_Empleados_AcuerdoNulo "
+                      "ON DDJJ_Empleados (Cuit) WHERE Acuerdo IS NULL");
+}
+
+void ActualizarA12()
+{
+    Conexion.ejecutar("UPDATE Parametros SET Version = '1.2'");
+    Conexion.ejecutar("ALTER TABLE DDJJ_Empleados ADD COLUMN Acuerdo2 CURRENCY DEFAULT 0");
+    Conexion.ejecutar("ALTER TABLE RptEmpleados ADD COLUMN Acuerdo2 CURRENCY DEFAULT 0");
+    Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo2 = 0");
+    Conexion.ejecutar("CREATE INDEX IF NOT EXISTS IX_DDJJ_Empleados_Acuerdo2Nulo "
+                      "ON DDJJ_Empleados (Cuit) WHERE Acuerdo2 IS NULL");
+}
+
+void ActualizarA20()
+{
+    Conexion.ejecutar("UPDATE Parametros SET Version = '2.0', EMail = ?", configuracion::buzonDdjj);
+}
+
+quint8 CalcularDV(qint64 primerosDiez)
+{
+    static constexpr std::array<int, 10> pesosDesdeElFinal = {2, 3, 4, 5, 6, 7, 2, 3, 4, 5};
+    int suma = 0;
+    for (const int peso : pesosDesdeElFinal)
+    {
+        suma += static_cast<int>(primerosDiez % 10) * peso;
+        primerosDiez /= 10;
+    }
+    const int resto = suma % 11;
+    return static_cast<quint8>(resto == 0 ? 0 : resto == 1 ? 11 : 11 - resto);
+}
+
+bool VerificarCuit(qint64 numero)
+{
+    constexpr qint64 menorDeOnceDigitos = 10'000'000'000;
+    constexpr qint64 mayorDeOnceDigitos = 99'999'999'999;
+    if (numero < menorDeOnceDigitos || numero > mayorDeOnceDigitos)
+    {
+        return false;
+    }
+    return CalcularDV(numero / 10) == numero % 10;
+}
+
+bool VerificarCuit(const QString& conMascara)
+{
+    QString digitos = conMascara.mid(0, 2) + conMascara.mid(3, 8) + conMascara.mid(12);
+    digitos.remove(QLatin1Char('_'));
+    const bool soloDigitos = std::all_of(digitos.cbegin(), digitos.cend(),
+                                         [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
+    return soloDigitos && digitos.size() == 11 && VerificarCuit(digitos.toLongLong());
+}
+
+qint64 ObtenerIndice()
+{
+    const qint64 indice = Conexion.consultar("SELECT Indice FROM Parametros").primera().entero("Indice") + 1;
+    Conexion.ejecutar("UPDATE Parametros SET Indice = ?", indice);
+    return indice;
+}
+
+void LiberarIndice(qint64 indice)
+{
+    Conexion.ejecutar("DELETE FROM RptEmpleados WHERE Indice = ?", indice);
+    // Takes down what ObtenerIndice has just raised, so that the counter stays where it stood.
+    Conexion.ejecutar("UPDATE Parametros SET Indice = Indice - 1 WHERE Indice = ?", ObtenerIndice());
+}
+
+void CompactarBase()
+{
+    const QString temporal = RutaApp + QStringLiteral("DBBrivoTemporal.mdb");
+    const Candado solo(RutaApp + QStringLiteral("DBBrivo.ldb"), Candado::Modo::Exclusivo);
+    if (Archivos::existe(temporal))
+    {
+        Archivos::borrar(temporal);
+    }
+    ::Conexion::compactar(rutaBase(), temporal);
+    Archivos::asegurarEnDisco(temporal);
+    Archivos::reemplazar(temporal, rutaBase());
+}
+} // namespace Rutinas

@@ -1,0 +1,193 @@
+#include "core/screens/mdi_menu_ppal.h"
+
+#include "core/rutinas.h"
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/screens/dialogos.h"
+#include "platform/screens/error_fatal.h"
+#include "platform/screens/estilo.h"
+#include "platform/screens/mensajes.h"
+#include "platform/screens/navegacion.h"
+#include "platform/screens/pantalla.h"
+#include "platform/screens/trabajo_largo.h"
+#include "ui_mdi_menu_ppal.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+
+MDIMenuPpal::MDIMenuPpal(QWidget* padre)
+    : QMainWindow(padre)
+    , ui(std::make_unique<Ui::MDIMenuPpal>())
+{
+    ui->setupUi(this);
+    const QString version = Rutinas::Conexion.consultar("SELECT * FROM Parametros").primera().texto("Version");
+    setWindowTitle(windowTitle() + QStringLiteral(" - Versión: ") + version);
+    MostrarVersion = false;
+
+    Navegacion::instancia().fijarVentana(this, ui->area);
+    conectarMenu();
+    armarBarraDeEstado();
+}
+
+MDIMenuPpal::~MDIMenuPpal()
+{
+    Navegacion::instancia().fijarVentana(nullptr, nullptr);
+}
+
+void MDIMenuPpal::conectarMenu()
+{
+    const auto alElegir = [this](QAction* entrada, const QString& icono, auto accion)
+    {
+        entrada->setIcon(Estilo::icono(icono));
+        connect(entrada, &QAction::triggered, this, [accion] { protegido(accion); });
+    };
+    alElegir(ui->mnuArchivo_0, QStringLiteral("empresa"), [this] { mnuArchivo_Click(0); });
+    alElegir(ui->mnuProceso_0, QStringLiteral("declaracion"), [this] { mnuProceso_Click(0); });
+    alElegir(ui->mnuProceso_2, QStringLiteral("acta"), [this] { mnuProceso_Click(2); });
+    alElegir(ui->mnuTool_0, QStringLiteral("impresora"), [this] { mnuTool_Click(0); });
+    alElegir(ui->mnuTool_1, QStringLiteral("respaldo"), [this] { mnuTool_Click(1); });
+    alElegir(ui->mnuTool_2, QStringLiteral("mantenimiento"), [this] { mnuTool_Click(2); });
+    alElegir(ui->mnuTool_3, QStringLiteral("depurar"), [this] { mnuTool_Click(3); });
+    // The entries of the bar itself carry no icon: the style would show it in the place of their caption.
+    connect(ui->mnuAyuda, &QAction::triggered, this, [this] { protegido([this] { mnuAyuda_Click(); }); });
+    connect(ui->mnuAcerca, &QAction::triggered, this, [this] { protegido([this] { mnuAcerca_Click(); }); });
+    connect(ui->mnuSalir, &QAction::triggered, this, [this] { protegido([this] { mnuSalir_Click(); }); });
+}
+
+void MDIMenuPpal::armarBarraDeEstado()
+{
+    m_rutaBase = new QLabel(Rutinas::rutaBase(), this);
+    m_rutaBase->setAccessibleName(QStringLiteral("Base de datos en uso"));
+    m_rutaBase->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_empresa = new QLabel(this);
+    m_empresa->setTextFormat(Qt::PlainText);
+    m_empresa->setAccessibleName(QStringLiteral("Empresa en curso"));
+    statusBar()->addPermanentWidget(m_empresa);
+    statusBar()->addPermanentWidget(m_rutaBase);
+    connect(&Navegacion::instancia(), &Navegacion::aviso, this,
+            [this](const QString& texto) { statusBar()->showMessage(texto); });
+    connect(&Navegacion::instancia(), &Navegacion::cambioDePantalla, this, &MDIMenuPpal::mostrarEmpresaEnCurso);
+}
+
+void MDIMenuPpal::mostrarEmpresaEnCurso()
+{
+    const Pantalla* actual = Navegacion::instancia().actual();
+    m_empresa->setText(actual != nullptr ? actual->empresaEnCurso() : QString());
+}
+
+void MDIMenuPpal::mnuArchivo_Click(int indice)
+{
+    if (indice == 0)
+    {
+        Rutinas::ModoAbrir = 0;
+        Navegacion::instancia().mostrar(QStringLiteral("Empresas"));
+    }
+}
+
+void MDIMenuPpal::mnuProceso_Click(int indice)
+{
+    if (indice == 0)
+    {
+        Rutinas::ModoAbrir = 0;
+        Navegacion::instancia().mostrar(QStringLiteral("DDJJ"));
+    }
+    else if (indice == 2)
+    {
+        Rutinas::ModoAbrir = 2;
+        Rutinas::CuitActual.clear();
+        Navegacion::instancia().mostrar(QStringLiteral("Boletas"));
+    }
+}
+
+void MDIMenuPpal::mnuTool_Click(int indice)
+{
+    switch (indice)
+    {
+    case 0:
+        ConfigurarImpresora();
+        break;
+    case 1:
+        Navegacion::instancia().mostrar(QStringLiteral("Backup"));
+        break;
+    case 2:
+        mantenimiento();
+        break;
+    case 3:
+        Navegacion::instancia().mostrar(QStringLiteral("Depurar"));
+        break;
+    default:
+        break;
+    }
+}
+
+void MDIMenuPpal::mantenimiento()
+{
+    Rutinas::CerrarBase();
+    QString fallo;
+    try
+    {
+        const TrabajoLargo trabajo(QStringLiteral("Compactando la base de datos"));
+        Rutinas::CompactarBase();
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        fallo = QStringLiteral("%1 - %2").arg(error.numero()).arg(error.descripcion());
+    }
+    if (fallo.isEmpty())
+    {
+        MsgBox(QStringLiteral("LA BASE HA SIDO COMPACTADA Y REPARADA CON EXITO."), Caja::Exclamacion);
+    }
+    else
+    {
+        MsgBox(fallo);
+    }
+    Rutinas::AbrirBase();
+}
+
+void MDIMenuPpal::mnuAyuda_Click()
+{
+    Navegacion::instancia().mostrar(QStringLiteral("Ayuda"));
+}
+
+void MDIMenuPpal::mnuAcerca_Click()
+{
+    Navegacion::instancia().mostrarModal(QStringLiteral("Acercade"));
+}
+
+void MDIMenuPpal::mnuSalir_Click()
+{
+    Rutinas::CerrarBase();
+    terminarProceso(0);
+}
+
+void MDIMenuPpal::closeEvent(QCloseEvent* evento)
+{
+    evento->ignore();
+    protegido(
+        [&]
+        {
+            if (TrabajoLargo::enCurso() || !Navegacion::instancia().cerrarTodas())
+            {
+                return;
+            }
+            evento->accept();
+            Rutinas::CerrarBase();
+            terminarProceso(0);
+        });
+}
+
+void MDIMenuPpal::changeEvent(QEvent* evento)
+{
+    QMainWindow::changeEvent(evento);
+    if (evento->type() == QEvent::ActivationChange && isActiveWindow())
+    {
+        protegido([this] { MDIForm_Activate(); });
+    }
+}
+
+void MDIMenuPpal::MDIForm_Activate()
+{
+    if (std::exchange(MostrarVersion, false))
+    {
+        Navegacion::instancia().mostrar(QStringLiteral("Version"));
+    }
+}

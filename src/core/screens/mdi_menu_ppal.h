@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+class QLabel;
+namespace Ui
+{
+class MDIMenuPpal;
+}
+
+/// The frame of the program: menu bar, background picture, child windows, status bar. It only routes.
+class MDIMenuPpal : public QMainWindow
+{
+    Q_OBJECT
+public:
+    /// Reads the schema version into the title. Throws ErrorDeEjecucion when it cannot be read.
+    explicit MDIMenuPpal(QWidget* padre = nullptr);
+    ~MDIMenuPpal() override;
+
+    /// Shows the notice of a new version at the next activation, once.
+    bool MostrarVersion = false;
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
+
+private:
+    void mnuArchivo_Click(int indice);
+    void mnuProceso_Click(int indice);
+    void mnuTool_Click(int indice);
+    void mnuAyuda_Click();
+    void mnuAcerca_Click();
+    void mnuSalir_Click();
+    void MDIForm_Activate();
+    void mantenimiento();
+    void conectarMenu();
+    void armarBarraDeEstado();
+    void mostrarEmpresaEnCurso();
+
+    std::unique_ptr<Ui::MDIMenuPpal> ui;
+    QLabel* m_rutaBase = nullptr;
+    QLabel* m_empresa = nullptr;
+};
