@@ -1,0 +1,130 @@
+#include "roster/empleado.h"
+
+#include "platform/data/conexion.h"
+#include "platform/data/error_de_ejecucion.h"
+
+#include <string>
+
+namespace
+{
+constexpr const char* consultaBase =
+    "SELECT DDJJ_Empleados.*, Documentos.Nombre AS Nombre_DOC, Provincias.Nombre AS Nombre_PRO, "
+    "EstadoCivil.Nombre AS Nombre_EST, Categorias.Nombre AS Nombre_CAT FROM DDJJ_Empleados "
+    "LEFT JOIN Documentos ON DDJJ_Empleados.TipoDoc = Documentos.Codigo "
+    "LEFT JOIN Provincias ON DDJJ_Empleados.Provincia = Provincias.Codigo "
+    "LEFT JOIN EstadoCivil ON DDJJ_Empleados.EstCivil = EstadoCivil.Codigo "
+    "LEFT JOIN Categorias ON DDJJ_Empleados.Categoria = Categorias.Codigo "
+    "WHERE DDJJ_Empleados.Cuit = ? AND DDJJ_Empleados.Periodo = ? AND DDJJ_Empleados.Secuencia = ?";
+constexpr const char* ascendente = " ORDER BY DDJJ_Empleados.Cuil";
+constexpr const char* descendente = " ORDER BY DDJJ_Empleados.Cuil DESC";
+
+std::optional<QString> textoONada(const Fila& fila, const char* columna)
+{
+    return fila.esNulo(columna) ? std::nullopt : std::optional(fila.texto(columna));
+}
+
+std::optional<int> sexo(const Fila& fila)
+{
+    const std::optional<qint64> valor = fila.enteroONulo("Sexo");
+    if (valor && *valor != 0 && *valor != 1)
+    {
+        throw ErrorDeEjecucion(380, QStringLiteral("El sexo guardado no es válido: %1").arg(*valor));
+    }
+    return valor ? std::optional(static_cast<int>(*valor)) : std::nullopt;
+}
+
+Empleado leer(const Fila& fila)
+{
+    Empleado e;
+    e.cuil = fila.texto("Cuil");
+    e.ayn = fila.texto("AyN");
+    e.documento = textoONada(fila, "Nombre_DOC");
+    e.nroDoc = fila.entero("NroDoc");
+    e.sexo = sexo(fila);
+    e.nacio = fila.fecha("Nacio");
+    e.calle = fila.texto("Calle");
+    e.numero = fila.entero("Numero");
+    e.piso = fila.texto("Piso");
+    e.depto = fila.texto("Depto");
+    e.localidad = fila.texto("Localidad");
+    e.codPos = fila.texto("CodPos");
+    e.provincia = textoONada(fila, "Nombre_PRO");
+    e.telefono = fila.texto("Telefono");
+    e.estadoCivil = textoONada(fila, "Nombre_EST");
+    e.categoria = textoONada(fila, "Nombre_CAT");
+    e.ingreso = fila.fecha("Ingreso");
+    e.egreso = fila.fecha("Egreso");
+    e.qHoras = static_cast<int>(fila.entero("QHoras"));
+    e.sucursal = fila.entero("Sucursal");
+    e.afiliado = fila.si("Afiliado");
+    e.imponible = fila.moneda("Imponible");
+    e.acuerdo = fila.moneda("Acuerdo") + fila.moneda("Acuerdo2");
+    e.art100 = fila.moneda("ART100");
+    e.art101A = fila.moneda("ART101A");
+    e.art101B = fila.moneda("ART101B");
+    return e;
+}
+
+std::optional<QString> primeraSucursal(const Recordset& filas)
+{
+    if (filas.vacio())
+    {
+        return std::nullopt;
+    }
+    const Fila fila = filas.primera();
+    const qint64 numero = fila.enteroONulo("Numero").value_or(0);
+    return fila.texto("Sucursal") + QStringLiteral(" - ") + fila.texto("Domicilio") + QLatin1Char(' ') +
+           (numero != 0 ? QString::number(numero) : QString()) + QStringLiteral(" - ") + fila.texto("Localidad");
+}
+} // namespace
+
+std::optional<Empleado> cargarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, AccionEmpleado accion,
+                                       const QString& cuil)
+{
+    std::optional<Empleado> hallado;
+    const auto primero = [&](const Fila& fila)
+    {
+        hallado = leer(fila);
+        return false;
+    };
+    const auto buscar = [&](const std::string& sql, const auto&... limite)
+    { conexion.recorrer(sql, primero, clave.cuit, clave.periodo, clave.secuencia, limite...); };
+
+    const std::string base = consultaBase;
+    switch (accion)
+    {
+    case AccionEmpleado::Anterior:
+        buscar(base + " AND DDJJ_Empleados.Cuil < ?" + descendente, cuil);
+        break;
+    case AccionEmpleado::Siguiente:
+        buscar(base + " AND DDJJ_Empleados.Cuil > ?" + ascendente, cuil);
+        break;
+    case AccionEmpleado::Buscado:
+        buscar(base + " AND DDJJ_Empleados.Cuil = ?" + ascendente, cuil);
+        break;
+    case AccionEmpleado::Ultimo:
+        buscar(base + descendente);
+        break;
+    case AccionEmpleado::Primero:
+    case AccionEmpleado::Inicio:
+        buscar(base + ascendente);
+        break;
+    }
+    return hallado;
+}
+
+std::optional<QString> textoSucursal(Conexion& conexion, qint64 id, const QString& cuit)
+{
+    return primeraSucursal(conexion.consultar("SELECT * FROM Empresas_Sucursales WHERE ID = ? AND Cuit = ?", id, cuit));
+}
+
+std::optional<QString> textoSucursal(Conexion& conexion, qint64 id)
+{
+    return primeraSucursal(conexion.consultar("SELECT * FROM Empresas_Sucursales WHERE ID = ?", id));
+}
+
+void eliminarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil)
+{
+    conexion.ejecutar("DELETE FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?",
+                      clave.cuit, clave.periodo, clave.secuencia, cuil);
+}

@@ -1,0 +1,75 @@
+#include "roster/familiares.h"
+
+#include "platform/data/conexion.h"
+#include "platform/data/error_de_ejecucion.h"
+
+namespace
+{
+const QString femenino = QStringLiteral("Fem.");
+const QString masculino = QStringLiteral("Masc.");
+
+bool enBlanco(const FilaFamiliar& fila)
+{
+    return fila.familiar.isEmpty() && !fila.nroDoc && fila.ayn.isEmpty() && !fila.nacio.isValid();
+}
+
+bool incompleta(const FilaFamiliar& fila)
+{
+    return fila.familiar.isEmpty() || fila.tipoDoc.isEmpty() || fila.ayn.isEmpty() || fila.sexo.isEmpty() ||
+           !fila.nacio.isValid();
+}
+
+void insertar(Conexion& conexion, const QString& cuil, const FilaFamiliar& fila)
+{
+    const qint64 documento =
+        conexion.consultar("SELECT Codigo FROM Documentos WHERE Nombre = ?", fila.tipoDoc).primera().entero("Codigo");
+    const qint64 familiar =
+        conexion.consultar("SELECT Codigo FROM Familiar WHERE Nombre = ?", fila.familiar).primera().entero("Codigo");
+    if (!fila.nroDoc)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
+                               QStringLiteral("falta el número de documento de %1").arg(fila.ayn));
+    }
+    conexion.ejecutar("INSERT INTO Empleados_Familiares (CUIL, Familiar, AyN, TipoDoc, NroDoc, Sexo, Nacio) "
+                      "VALUES (?, ?, ?, ?, ?, ?, ?)",
+                      cuil, familiar, fila.ayn, documento, *fila.nroDoc, fila.sexo == femenino ? 0 : 1, fila.nacio);
+}
+} // namespace
+
+std::vector<FilaFamiliar> cargarFamiliares(Conexion& conexion, const QString& cuil)
+{
+    std::vector<FilaFamiliar> filas;
+    for (const Fila& fila : conexion.consultar(
+             "SELECT Familiar.Nombre AS Nombre_FAM, Documentos.Nombre AS Nombre_DOC, Empleados_Familiares.NroDoc, "
+             "Empleados_Familiares.AyN, Empleados_Familiares.Sexo, Empleados_Familiares.Nacio "
+             "FROM Empleados_Familiares "
+             "INNER JOIN Familiar ON Empleados_Familiares.Familiar = Familiar.Codigo "
+             "INNER JOIN Documentos ON Documentos.Codigo = Empleados_Familiares.TipoDoc "
+             "WHERE Empleados_Familiares.CUIL = ? "
+             "ORDER BY Familiar.Nombre, Empleados_Familiares.Nacio DESC",
+             cuil))
+    {
+        const bool esFemenino = fila.enteroONulo("Sexo") == 0;
+        filas.push_back({fila.texto("Nombre_FAM"), fila.texto("Nombre_DOC"), fila.enteroONulo("NroDoc"),
+                         fila.texto("AyN"), esFemenino ? femenino : masculino, fila.fecha("Nacio")});
+    }
+    return filas;
+}
+
+bool guardarFamiliares(Conexion& conexion, const QString& cuil, const std::vector<FilaFamiliar>& filas)
+{
+    conexion.ejecutar("DELETE FROM Empleados_Familiares WHERE CUIL = ?", cuil);
+    for (const FilaFamiliar& fila : filas)
+    {
+        if (enBlanco(fila))
+        {
+            continue;
+        }
+        if (incompleta(fila))
+        {
+            return false;
+        }
+        insertar(conexion, cuil, fila);
+    }
+    return true;
+}

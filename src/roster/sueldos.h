@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/clave_ddjj.h"
+#include "platform/data/moneda.h"
+
+#include <QString>
+#include <vector>
+
+class Conexion;
+
+/// One row of the wage grid; both amounts with two decimals.
+struct FilaSueldo
+{
+    QString cuil;
+    QString ayn;
+    QString categoria;
+    Moneda sueldo;  ///< Imponible
+    Moneda acuerdo; ///< both agreement sums, through a 32-bit float
+};
+
+/// The roster of a declaration by CUIL.
+[[nodiscard]] std::vector<FilaSueldo> cargarSueldos(Conexion& conexion, const ClaveDDJJ& clave);
+
+/// Writes the rows whose amounts differ, to two decimals, from what the database shows: wage, agreement sum and the
+/// contributions by the bulk rule, each number as the text of a 32-bit float. Sueldo is left as it stands. One
+/// transaction. `filas` comes back with the written rows as they were saved; gives their number.
+/// Throws ErrorDeEjecucion with nothing written: 3021 for a row that went missing, 94 for Null hours.
+[[nodiscard]] int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<FilaSueldo>& filas);
+
+/// "Se ha realizado 1 Actualización.", "Se han realizado 3 Actualizaciones."
+[[nodiscard]] QString textoActualizaciones(int cantidad);
