@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/data/valor_informe.h"
+#include "slips/boleta.h"
+
+class Conexion;
+
+/// What a slip's page shows beside its amounts.
+struct TextosDeBoleta
+{
+    QString empresa;
+    QString domicilio;
+    QString concepto; ///< kind Acta: the fund's name
+    QString numero;   ///< the slip number
+};
+
+/// The named values of the slip report, by index: nine common ones, then those of the kind. Reads the schema version
+/// and, for contributions, head counts and remunerations of the declaration at hand. Amounts are exact; the layout's
+/// engine formats them.
+[[nodiscard]] ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const TextosDeBoleta& textos);

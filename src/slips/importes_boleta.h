@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/clave_ddjj.h"
+#include "platform/data/moneda.h"
+
+#include <QString>
+
+class Conexion;
+
+/// The three contributions of a declaration, added over its roster; in a rectification their differences against the
+/// original.
+struct AportesDeBoleta
+{
+    Moneda art100;
+    Moneda art101A;
+    Moneda art101B;
+    /// A rectification with one of the three below the original: it cannot be paid.
+    bool menorQueOriginal = false;
+
+    [[nodiscard]] Moneda subTotal() const { return art100 + art101A + art101B; }
+};
+
+/// Throws ErrorDeEjecucion 94 when the declaration, or the original of a rectification, has no roster.
+[[nodiscard]] AportesDeBoleta calcularAportesDeBoleta(Conexion& conexion, const ClaveDDJJ& clave);
+
+/// What a typed amount comes to: rounded to two decimals, halves to even. Throws 13 for what is no number.
+[[nodiscard]] Moneda importeDeCampo(const QString& texto);
+
+/// An amount field on entry: without "$ " and thousands' dots, and empty when it comes to 0.
+[[nodiscard]] QString importeParaEditar(const QString& texto);
+
+/// Street, number unless 0, premises, floor and flat unless empty, then " - (postal code) town".
+[[nodiscard]] QString domicilioDeBoleta(const QString& calle, qint64 numero, const QString& nroLocal,
+                                        const QString& piso, const QString& depto, const QString& codPos,
+                                        const QString& localidad);

@@ -1,0 +1,78 @@
+#include "slips/pagos.h"
+
+#include "platform/data/conexion.h"
+
+namespace
+{
+constexpr std::string_view busquedaComun =
+    "SELECT 1 FROM PAGOS WHERE Cuit = ? AND Tipo = ? AND Fecha = ? AND Dias = ? AND Interes = ? AND Importe = ?";
+} // namespace
+
+bool pagoRegistrado(Conexion& conexion, const Boleta& b)
+{
+    const int tipo = static_cast<int>(b.tipo);
+    const std::string comun(busquedaComun);
+    switch (b.tipo)
+    {
+    case TipoBoleta::Aportes:
+        return conexion.hay(comun + " AND Periodo = ? AND Secuencia = ? AND Art100 = ? AND Art101A = ? AND Art101B = ?",
+                            b.cuit, tipo, b.fecha, b.dias, b.interes, b.importeTotal, b.declaracion.periodo,
+                            b.declaracion.secuencia, b.art100, b.art101A, b.art101B);
+    case TipoBoleta::Acta:
+        return conexion.hay(comun + " AND NroActa = ? AND Cuota = ? AND Cuenta = ?", b.cuit, tipo, b.fecha, b.dias,
+                            b.interes, b.importeTotal, b.nroActa, b.cuota, b.cuenta);
+    case TipoBoleta::Interes:
+        break;
+    }
+    return conexion.hay(comun, b.cuit, tipo, b.fecha, b.dias, b.interes, b.importeTotal);
+}
+
+void registrarPago(Conexion& conexion, const Boleta& b)
+{
+    const bool aportes = b.tipo == TipoBoleta::Aportes;
+    const bool acta = b.tipo == TipoBoleta::Acta;
+    const Moneda nada;
+    conexion.ejecutar(
+        "INSERT INTO PAGOS (Cuit, Tipo, Periodo, Secuencia, Fecha, Art100, Art101A, Art101B, Dias, Interes, "
+        "Importe, NroActa, Cuota, Cuenta) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
+        b.cuit, static_cast<int>(b.tipo), acta ? QDate() : b.declaracion.periodo, acta ? 0 : b.declaracion.secuencia,
+        b.fecha, aportes ? b.art100 : nada, aportes ? b.art101A : nada, aportes ? b.art101B : nada, b.dias, b.interes,
+        b.importeTotal, acta ? b.nroActa : 0, acta ? b.cuota : 0, acta ? b.cuenta : 0);
+}
+
+void registrarPagoSiFalta(Conexion& conexion, const Boleta& boleta)
+{
+    Transaccion transaccion(conexion);
+    if (!pagoRegistrado(conexion, boleta))
+    {
+        registrarPago(conexion, boleta);
+    }
+    transaccion.confirmar();
+}
+
+std::vector<PagoDeActa> listarPagosDeActas(Conexion& conexion, const QString& cuit, int cuenta)
+{
+    std::vector<PagoDeActa> pagos;
+    for (const Fila& fila : conexion.consultar("SELECT Pago, Fecha, NroActa, Cuota, Importe FROM PAGOS "
+                                               "WHERE Cuit = ? AND Tipo = 2 AND Cuenta = ? "
+                                               "ORDER BY NroActa DESC, Cuota DESC",
+                                               cuit, cuenta))
+    {
+        pagos.push_back({fila.entero("Pago"), fila.fecha("Fecha"), fila.entero("NroActa"), fila.entero("Cuota"),
+                         fila.moneda("Importe")});
+    }
+    return pagos;
+}
+
+PagoGuardado cargarPago(Conexion& conexion, qint64 pago)
+{
+    const Recordset filas = conexion.consultar("SELECT * FROM PAGOS WHERE Pago = ?", pago);
+    const Fila fila = filas.primera();
+    return {fila.entero("Dias"), fila.moneda("Interes"), fila.entero("NroActa"), fila.entero("Cuota"),
+            fila.moneda("Importe")};
+}
+
+void eliminarPago(Conexion& conexion, qint64 pago)
+{
+    conexion.ejecutar("DELETE FROM PAGOS WHERE Pago = ?", pago);
+}
