@@ -1,0 +1,133 @@
+#include "exchange/screens/ftp_class.h"
+
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/screens/mensajes.h"
+
+FTP_Class::FTP_Class() = default;
+
+FTP_Class::FTP_Class(TransporteFtp::Limites limites)
+    : m_transporte(limites)
+{
+}
+
+FTP_Class::~FTP_Class()
+{
+    terminar();
+}
+
+void FTP_Class::Mensaje(const QString& texto) const
+{
+    if (m_controlStatus)
+    {
+        m_controlStatus(texto);
+    }
+}
+
+void FTP_Class::puntero(bool ocupado) const
+{
+    if (!m_formulario)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::ObjetoNoEstablecido);
+    }
+    m_formulario(ocupado);
+}
+
+TransporteFtp::Tipo FTP_Class::tipo() const
+{
+    return TipoTransferencia == 1 ? TransporteFtp::Tipo::Ascii : TransporteFtp::Tipo::Binario;
+}
+
+bool FTP_Class::ConectarFtp(ControlDeEstado controlStatus)
+{
+    if (Servidor.isEmpty() || Usuario.isEmpty() || PassWord.isEmpty())
+    {
+        MsgBox(QStringLiteral("No se puede conectar. Verifique el Nombre de usuario,"
+                              "El nombre del Servidor y la contraseña que estén establecidas"),
+               Caja::Critico);
+        return false;
+    }
+    m_controlStatus = std::move(controlStatus);
+    Mensaje(QStringLiteral("...Intentando conectar a: ") + Servidor);
+    puntero(true);
+    const bool conectado = m_transporte.conectar({Servidor, Usuario, PassWord});
+    Mensaje(conectado ? QStringLiteral("Conectado a: ") + Servidor
+                      : QStringLiteral("Error. Compruebe los datos del servidor Ftp sin son correctos"));
+    puntero(false);
+    return conectado;
+}
+
+void FTP_Class::Desconectar()
+{
+    if (!m_transporte.cerrar())
+    {
+        Mensaje(QStringLiteral("Error al desconectar"));
+        return;
+    }
+    Mensaje(QStringLiteral("Desconectado de: ") + Servidor);
+    terminar();
+}
+
+void FTP_Class::terminar()
+{
+    m_transporte.cerrar();
+    m_controlStatus = nullptr;
+    m_formulario = nullptr;
+}
+
+QString FTP_Class::GetDirectorioActual()
+{
+    m_directorioActual = m_transporte.directorioActual();
+    return m_directorioActual;
+}
+
+void FTP_Class::CambiarDirectorio(const QString& pathDirectorio)
+{
+    puntero(true);
+    if (!m_transporte.cambiarDirectorio(m_directorioActual + QLatin1Char('/') + pathDirectorio))
+    {
+        Mensaje(QStringLiteral("Error al cambiar de directorio"));
+    }
+    puntero(false);
+}
+
+void FTP_Class::SubirArchivo(const QString& localArchivo, const QString& nombreArchivoRemoto)
+{
+    if (!m_transporte.subir(localArchivo, nombreArchivoRemoto, tipo()))
+    {
+        Mensaje(QStringLiteral("Error al subir el fichero:") + nombreArchivoRemoto);
+    }
+}
+
+bool FTP_Class::ObtenerArchivo(const QString& archivoRemoto, const QString& archivoLocal, bool sobreEscribir)
+{
+    const bool bajado = m_transporte.bajar(archivoRemoto, archivoLocal, sobreEscribir, tipo());
+    Mensaje(bajado ? QStringLiteral("Archivo descargado correctamente:")
+                   : QStringLiteral("Error al intentar descargar el fichero: ") + archivoRemoto);
+    return bajado;
+}
+
+void FTP_Class::EliminarArchivo(const QString& archivo)
+{
+    if (!m_transporte.borrar(archivo))
+    {
+        Mensaje(QStringLiteral("Error. No se pudo eliminar el archivo: ") + archivo);
+    }
+}
+
+void FTP_Class::EliminarDirectorio(const QString& directorio)
+{
+    if (!m_transporte.borrarDirectorio(directorio))
+    {
+        Mensaje(QStringLiteral("Error. No se pudo eliminar el Directorio: ") + directorio);
+    }
+}
+
+void FTP_Class::Inicializar(Formulario formulario)
+{
+    m_formulario = std::move(formulario);
+}
+
+void FTP_Class::setAviso(TransporteFtp::Aviso aviso)
+{
+    m_transporte.setAviso(std::move(aviso));
+}

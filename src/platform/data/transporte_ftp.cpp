@@ -1,0 +1,371 @@
+#include "platform/data/transporte_ftp.h"
+
+#include "platform/data/archivos.h"
+
+#include <QFile>
+#include <QSaveFile>
+#include <QUrl>
+#include <cstring>
+#include <curl/curl.h>
+#include <utility>
+#ifndef _WIN32
+#include <netinet/in.h>
+#include <sys/socket.h>
+#endif
+
+namespace
+{
+constexpr int esperaEnMilisegundos = 50; // between two calls of the notice
+
+struct ListaDeCurl
+{
+    curl_slist* lista = nullptr;
+    ListaDeCurl() = default;
+    explicit ListaDeCurl(const QByteArray& orden)
+        : lista(curl_slist_append(nullptr, orden.constData()))
+    {
+    }
+    ~ListaDeCurl() { curl_slist_free_all(lista); }
+    ListaDeCurl(const ListaDeCurl&) = delete;
+    ListaDeCurl& operator=(const ListaDeCurl&) = delete;
+};
+
+/// A command line that ends inside a name would be two commands.
+bool unaSolaLinea(const QString& texto)
+{
+    return !texto.contains(QLatin1Char('\r')) && !texto.contains(QLatin1Char('\n')) && !texto.contains(QChar(0));
+}
+
+struct Lectura
+{
+    QFile* archivo;
+    bool ascii;
+};
+
+/// In ASCII the library turns each LF into CR LF by itself: the file's own CR before it must not go out twice.
+size_t leerParaSubir(char* destino, size_t tamano, size_t cantidad, void* quien)
+{
+    auto* lectura = static_cast<Lectura*>(quien);
+    const qint64 leidos = lectura->archivo->read(destino, static_cast<qint64>(tamano * cantidad));
+    if (leidos < 0)
+    {
+        return CURL_READFUNC_ABORT;
+    }
+    if (!lectura->ascii || leidos == 0)
+    {
+        return static_cast<size_t>(leidos);
+    }
+    qint64 quedan = 0;
+    for (qint64 i = 0; i < leidos; ++i)
+    {
+        char siguiente = 0;
+        const bool haySiguiente =
+            i + 1 < leidos ? (siguiente = destino[i + 1], true) : lectura->archivo->peek(&siguiente, 1) == 1;
+        if (destino[i] == '\r' && haySiguiente && siguiente == '\n')
+        {
+            continue;
+        }
+        destino[quedan++] = destino[i];
+    }
+    // A buffer that held nothing but a CR must not read as the end of the file.
+    return quedan > 0 ? static_cast<size_t>(quedan) : leerParaSubir(destino, tamano, cantidad, quien);
+}
+
+size_t escribirBajado(char* bytes, size_t tamano, size_t cantidad, void* quien)
+{
+    const qint64 escritos = static_cast<QIODevice*>(quien)->write(bytes, static_cast<qint64>(tamano * cantidad));
+    return escritos < 0 ? 0 : static_cast<size_t>(escritos);
+}
+
+/// Once signed on, no second control connection is opened: the library would otherwise replace one that the server has
+/// closed, and a file would land outside the directory that was chosen on the first one.
+struct Puerta
+{
+    bool conectado = false;
+    int puerto = 0;
+};
+
+int puertoDe(const sockaddr& direccion)
+{
+    if (direccion.sa_family == AF_INET)
+    {
+        sockaddr_in v4{};
+        std::memcpy(&v4, &direccion, sizeof v4);
+        return ntohs(v4.sin_port);
+    }
+    if (direccion.sa_family == AF_INET6)
+    {
+        sockaddr_in6 v6{};
+        std::memcpy(&v6, &direccion, sizeof v6);
+        return ntohs(v6.sin6_port);
+    }
+    return 0;
+}
+
+curl_socket_t abrirConexion(void* quien, curlsocktype, curl_sockaddr* direccion)
+{
+    auto* puerta = static_cast<Puerta*>(quien);
+    const int puerto = puertoDe(direccion->addr);
+    if (puerta->conectado && puerto == puerta->puerto)
+    {
+        return CURL_SOCKET_BAD;
+    }
+    if (!puerta->conectado)
+    {
+        puerta->puerto = puerto;
+    }
+    return socket(direccion->family, direccion->socktype, direccion->protocol);
+}
+
+size_t juntarRespuesta(char* bytes, size_t tamano, size_t cantidad, void* quien)
+{
+    constexpr qsizetype tope = 16384;
+    auto* respuesta = static_cast<QByteArray*>(quien);
+    if (respuesta->size() < tope)
+    {
+        respuesta->append(bytes, static_cast<qsizetype>(tamano * cantidad));
+    }
+    return tamano * cantidad;
+}
+} // namespace
+
+struct TransporteFtp::Interno
+{
+    Limites limites;
+    Aviso aviso;
+    Cuenta cuenta;
+    CURL* facil = nullptr;
+    CURLM* varios = nullptr;
+    Puerta puerta;
+    int codigo = 0;
+    QString error;
+    QByteArray respuesta;
+    char detalle[CURL_ERROR_SIZE] = {};
+
+    void fallar(int numero, const QString& texto)
+    {
+        codigo = numero;
+        error = texto;
+    }
+
+    /// The options that every operation shares. Without NOCWD the library would go back to the first directory.
+    void preparar(const QString& remoto = {})
+    {
+        curl_easy_reset(facil);
+        respuesta.clear();
+        detalle[0] = 0;
+        const QByteArray direccion = "ftp://" + cuenta.servidor.toUtf8() + '/' + QUrl::toPercentEncoding(remoto);
+        curl_easy_setopt(facil, CURLOPT_URL, direccion.constData());
+        curl_easy_setopt(facil, CURLOPT_PROTOCOLS_STR, "ftp");
+        curl_easy_setopt(facil, CURLOPT_DEFAULT_PROTOCOL, "ftp");
+        curl_easy_setopt(facil, CURLOPT_USERNAME, cuenta.usuario.toUtf8().constData());
+        curl_easy_setopt(facil, CURLOPT_PASSWORD, cuenta.clave.toUtf8().constData());
+        curl_easy_setopt(facil, CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
+        curl_easy_setopt(facil, CURLOPT_FTP_USE_EPSV, 0L);
+        curl_easy_setopt(facil, CURLOPT_PROXY, "");
+        curl_easy_setopt(facil, CURLOPT_OPENSOCKETFUNCTION, abrirConexion);
+        curl_easy_setopt(facil, CURLOPT_OPENSOCKETDATA, &puerta);
+        curl_easy_setopt(facil, CURLOPT_NOSIGNAL, 1L);
+        curl_easy_setopt(facil, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(limites.conexion.count()));
+        curl_easy_setopt(facil, CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(limites.sinAvance.count()));
+        curl_easy_setopt(facil, CURLOPT_LOW_SPEED_LIMIT, 1L);
+        curl_easy_setopt(facil, CURLOPT_LOW_SPEED_TIME, static_cast<long>(limites.sinAvance.count()));
+        curl_easy_setopt(facil, CURLOPT_ERRORBUFFER, detalle);
+        curl_easy_setopt(facil, CURLOPT_HEADERFUNCTION, juntarRespuesta);
+        curl_easy_setopt(facil, CURLOPT_HEADERDATA, &respuesta);
+    }
+
+    void avisar()
+    {
+        if (!aviso)
+        {
+            return;
+        }
+        curl_off_t subidos = 0;
+        curl_off_t bajados = 0;
+        curl_off_t porSubir = 0;
+        curl_easy_getinfo(facil, CURLINFO_SIZE_UPLOAD_T, &subidos);
+        curl_easy_getinfo(facil, CURLINFO_SIZE_DOWNLOAD_T, &bajados);
+        curl_easy_getinfo(facil, CURLINFO_CONTENT_LENGTH_UPLOAD_T, &porSubir);
+        aviso(subidos + bajados, porSubir > 0 ? porSubir : 0);
+    }
+
+    bool realizar()
+    {
+        curl_multi_add_handle(varios, facil);
+        int enCurso = 1;
+        CURLMcode estado = CURLM_OK;
+        while (enCurso > 0 && estado == CURLM_OK)
+        {
+            estado = curl_multi_perform(varios, &enCurso);
+            avisar();
+            if (enCurso > 0 && estado == CURLM_OK)
+            {
+                estado = curl_multi_poll(varios, nullptr, 0, esperaEnMilisegundos, nullptr);
+            }
+        }
+        CURLcode resultado = CURLE_FAILED_INIT;
+        int restantes = 0;
+        while (const CURLMsg* mensaje = curl_multi_info_read(varios, &restantes))
+        {
+            if (mensaje->msg == CURLMSG_DONE)
+            {
+                resultado = mensaje->data.result;
+            }
+        }
+        curl_multi_remove_handle(varios, facil);
+        if (resultado != CURLE_OK)
+        {
+            fallar(resultado, QString::fromUtf8(detalle[0] != 0 ? detalle : curl_easy_strerror(resultado)));
+        }
+        return resultado == CURLE_OK;
+    }
+
+    /// Sends one command and nothing else.
+    bool mandar(const QString& orden)
+    {
+        if (!puerta.conectado || !unaSolaLinea(orden))
+        {
+            fallar(CURLE_BAD_FUNCTION_ARGUMENT, QStringLiteral("sin conexión o nombre no válido"));
+            return false;
+        }
+        preparar();
+        const ListaDeCurl lista(orden.toUtf8());
+        curl_easy_setopt(facil, CURLOPT_NOBODY, 1L);
+        curl_easy_setopt(facil, CURLOPT_QUOTE, lista.lista);
+        return realizar();
+    }
+};
+
+TransporteFtp::TransporteFtp(Limites limites)
+    : m_interno(std::make_unique<Interno>())
+{
+    static const bool iniciada = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
+    Q_UNUSED(iniciada);
+    m_interno->limites = limites;
+}
+
+TransporteFtp::~TransporteFtp()
+{
+    cerrar();
+}
+
+void TransporteFtp::setAviso(Aviso aviso)
+{
+    m_interno->aviso = std::move(aviso);
+}
+
+bool TransporteFtp::conectar(const Cuenta& cuenta)
+{
+    cerrar();
+    m_interno->cuenta = cuenta;
+    m_interno->facil = curl_easy_init();
+    m_interno->varios = curl_multi_init();
+    if (m_interno->facil == nullptr || m_interno->varios == nullptr || !unaSolaLinea(cuenta.servidor) ||
+        cuenta.servidor.contains(QLatin1Char('/')) || cuenta.servidor.contains(QLatin1Char('@')))
+    {
+        m_interno->fallar(CURLE_URL_MALFORMAT, QStringLiteral("servidor no válido"));
+        return false;
+    }
+    m_interno->preparar();
+    curl_easy_setopt(m_interno->facil, CURLOPT_NOBODY, 1L);
+    m_interno->puerta.conectado = m_interno->realizar();
+    return m_interno->puerta.conectado;
+}
+
+bool TransporteFtp::cerrar()
+{
+    const bool habia = std::exchange(m_interno->puerta.conectado, false);
+    // The connection lives in the multi handle: it says QUIT when that goes.
+    curl_easy_cleanup(std::exchange(m_interno->facil, nullptr));
+    if (m_interno->varios != nullptr)
+    {
+        curl_multi_cleanup(std::exchange(m_interno->varios, nullptr));
+    }
+    return habia;
+}
+
+bool TransporteFtp::conectado() const
+{
+    return m_interno->puerta.conectado;
+}
+
+QString TransporteFtp::directorioActual()
+{
+    if (!m_interno->mandar(QStringLiteral("PWD")))
+    {
+        return {};
+    }
+    // 257 "/a ""quoted"" directory"
+    const QString respuesta = QString::fromUtf8(m_interno->respuesta);
+    const qsizetype codigo = respuesta.lastIndexOf(QStringLiteral("257 "));
+    const qsizetype desde = respuesta.indexOf(QLatin1Char('"'), qMax(qsizetype{0}, codigo)) + 1;
+    const qsizetype hasta = respuesta.lastIndexOf(QLatin1Char('"'));
+    if (codigo < 0 || desde <= 0 || hasta < desde)
+    {
+        return {};
+    }
+    return respuesta.mid(desde, hasta - desde).replace(QStringLiteral("\"\""), QStringLiteral("\""));
+}
+
+bool TransporteFtp::cambiarDirectorio(const QString& ruta)
+{
+    return m_interno->mandar(QStringLiteral("CWD ") + ruta);
+}
+
+bool TransporteFtp::subir(const QString& local, const QString& remoto, Tipo tipo)
+{
+    QFile archivo(local);
+    if (!m_interno->puerta.conectado || !unaSolaLinea(remoto) || !archivo.open(QIODevice::ReadOnly))
+    {
+        m_interno->fallar(CURLE_READ_ERROR, archivo.errorString());
+        return false;
+    }
+    Lectura lectura{&archivo, tipo == Tipo::Ascii};
+    m_interno->preparar(remoto);
+    curl_easy_setopt(m_interno->facil, CURLOPT_UPLOAD, 1L);
+    curl_easy_setopt(m_interno->facil, CURLOPT_TRANSFERTEXT, lectura.ascii ? 1L : 0L);
+    curl_easy_setopt(m_interno->facil, CURLOPT_READFUNCTION, leerParaSubir);
+    curl_easy_setopt(m_interno->facil, CURLOPT_READDATA, &lectura);
+    return m_interno->realizar();
+}
+
+bool TransporteFtp::bajar(const QString& remoto, const QString& local, bool fallarSiExiste, Tipo tipo)
+{
+    if (!m_interno->puerta.conectado || !unaSolaLinea(remoto) || (fallarSiExiste && Archivos::existe(local)))
+    {
+        m_interno->fallar(CURLE_WRITE_ERROR, QStringLiteral("el archivo ya existe o no hay conexión"));
+        return false;
+    }
+    QSaveFile archivo(local);
+    if (!archivo.open(QIODevice::WriteOnly))
+    {
+        m_interno->fallar(CURLE_WRITE_ERROR, archivo.errorString());
+        return false;
+    }
+    m_interno->preparar(remoto);
+    curl_easy_setopt(m_interno->facil, CURLOPT_TRANSFERTEXT, tipo == Tipo::Ascii ? 1L : 0L);
+    curl_easy_setopt(m_interno->facil, CURLOPT_WRITEFUNCTION, escribirBajado);
+    curl_easy_setopt(m_interno->facil, CURLOPT_WRITEDATA, static_cast<QIODevice*>(&archivo));
+    return m_interno->realizar() && archivo.commit();
+}
+
+bool TransporteFtp::borrar(const QString& remoto)
+{
+    return m_interno->mandar(QStringLiteral("DELE ") + remoto);
+}
+
+bool TransporteFtp::borrarDirectorio(const QString& remoto)
+{
+    return m_interno->mandar(QStringLiteral("RMD ") + remoto);
+}
+
+int TransporteFtp::ultimoCodigo() const
+{
+    return m_interno->codigo;
+}
+
+QString TransporteFtp::ultimoError() const
+{
+    return m_interno->error;
+}

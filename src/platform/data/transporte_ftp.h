@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QString>
+#include <chrono>
+#include <functional>
+#include <memory>
+
+/// One FTP connection, passive, kept open over its operations. Nothing here throws for what the server or the net does:
+/// each operation tells whether it worked, and ultimoError() says why not. What it is given is never written anywhere.
+class TransporteFtp
+{
+public:
+    enum class Tipo : long
+    {
+        Ascii = 1,
+        Binario = 2,
+    };
+    struct Limites
+    {
+        std::chrono::milliseconds conexion = std::chrono::seconds(20);
+        std::chrono::seconds sinAvance{30};
+    };
+    struct Cuenta
+    {
+        QString servidor; ///< host, or host:port; port 21 unless it says another
+        QString usuario;
+        QString clave;
+    };
+    /// Called a few times a second while an operation runs: bytes done and in all (0 while unknown).
+    using Aviso = std::function<void(qint64 hecho, qint64 total)>;
+
+    TransporteFtp();
+    explicit TransporteFtp(Limites limites);
+    ~TransporteFtp();
+    TransporteFtp(const TransporteFtp&) = delete;
+    TransporteFtp& operator=(const TransporteFtp&) = delete;
+
+    void setAviso(Aviso aviso);
+    /// Connects and signs on.
+    bool conectar(const Cuenta& cuenta);
+    /// False when there was no connection.
+    bool cerrar();
+    [[nodiscard]] bool conectado() const;
+
+    /// The server's current directory; an empty text when it does not say.
+    [[nodiscard]] QString directorioActual();
+    /// The path goes to the server as it is given.
+    bool cambiarDirectorio(const QString& ruta);
+    /// Stores a local file in the current directory. In ASCII every line end arrives as CR LF, once.
+    bool subir(const QString& local, const QString& remoto, Tipo tipo);
+    /// Fetches into a temporary file and renames: the local file is whole or is not there.
+    bool bajar(const QString& remoto, const QString& local, bool fallarSiExiste, Tipo tipo);
+    bool borrar(const QString& remoto);
+    bool borrarDirectorio(const QString& remoto);
+
+    [[nodiscard]] int ultimoCodigo() const;
+    [[nodiscard]] QString ultimoError() const;
+
+private:
+    struct Interno;
+    std::unique_ptr<Interno> m_interno;
+};
