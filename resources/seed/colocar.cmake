@@ -1,0 +1,18 @@
+# Copies NUEVA to DESTINO unless DESTINO has been worked in since; HUELLA remembers what was put there last.
+set(puesta "")
+if(EXISTS ${HUELLA})
+  file(READ ${HUELLA} puesta)
+endif()
+set(hallada "")
+if(EXISTS ${DESTINO})
+  file(SHA256 ${DESTINO} hallada)
+endif()
+if(hallada STREQUAL "" OR hallada STREQUAL puesta)
+  file(COPY_FILE ${NUEVA} ${DESTINO}.nueva)
+  file(RENAME ${DESTINO}.nueva ${DESTINO})
+  file(SHA256 ${DESTINO} puesta)
+  file(WRITE ${HUELLA} ${puesta})
+else()
+  message(WARNING "${DESTINO} holds data of its own and stays as it is; delete it to have the new seed laid out.")
+endif()
+file(TOUCH ${DESTINO}) # up to date, also where it stays
