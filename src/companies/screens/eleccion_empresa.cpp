@@ -1,0 +1,140 @@
+#include "companies/screens/eleccion_empresa.h"
+
+#include "companies/lista_empresas.h"
+#include "core/rutinas.h"
+#include "platform/screens/campo_mascara.h"
+#include "platform/screens/error_fatal.h"
+#include "platform/screens/mensajes.h"
+#include "platform/screens/validacion.h"
+
+#include <QComboBox>
+#include <utility>
+
+EleccionEmpresa::EleccionEmpresa(CampoMascara* maskCuit, QComboBox* cmbEmpresa, Enganches enganches, QObject* padre)
+    : QObject(padre)
+    , m_maskCuit(maskCuit)
+    , m_cmbEmpresa(cmbEmpresa)
+    , m_enganches(std::move(enganches))
+{
+    if (!m_enganches.alLimpiar)
+    {
+        m_enganches.alLimpiar = [] {};
+    }
+    if (!m_enganches.alElegir)
+    {
+        m_enganches.alElegir = [] {};
+    }
+    // Thousands of names are not measured at each filling.
+    m_cmbEmpresa->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_cmbEmpresa->setMinimumContentsLength(32);
+    Validacion::instancia().alDejar(m_maskCuit,
+                                    [this]
+                                    {
+                                        bool puede = true;
+                                        protegido([&] { puede = MaskCuit_Validate(); });
+                                        return puede;
+                                    });
+    // Only what the user does: what the program sets in the list does not look its company up again.
+    connect(m_cmbEmpresa, &QComboBox::activated, this, [this] { protegido([this] { cmbEmpresa_Click(); }); });
+}
+
+bool EleccionEmpresa::cargar()
+{
+    llenarLista();
+    m_cmbEmpresa->setCurrentIndex(-1);
+    if (m_cmbEmpresa->count() == 0)
+    {
+        MsgBox(QStringLiteral("Debe Ingresar primero la Empresa correspondiente."), Caja::Exclamacion);
+        return false;
+    }
+    if (m_cmbEmpresa->count() == 1)
+    {
+        m_cmbEmpresa->setCurrentIndex(0);
+        cmbEmpresa_Click();
+    }
+    return true;
+}
+
+bool EleccionEmpresa::hayEmpresa() const
+{
+    return m_cmbEmpresa->currentIndex() != -1;
+}
+
+QString EleccionEmpresa::cuit() const
+{
+    return m_maskCuit->text();
+}
+
+QString EleccionEmpresa::razon() const
+{
+    return m_cmbEmpresa->currentText();
+}
+
+bool EleccionEmpresa::MaskCuit_Validate()
+{
+    m_enganches.alLimpiar();
+    if (m_maskCuit->vacio())
+    {
+        m_cmbEmpresa->setCurrentIndex(-1);
+        m_enganches.alElegir();
+        return true;
+    }
+    const auto razon = razonDeCuit(Rutinas::Conexion, m_maskCuit->text());
+    if (!razon)
+    {
+        MsgBox(QStringLiteral(
+                   "Verifique los datos de la Empresa.  El Nro. de CUIT no se encuentra en la Base de Empresas."),
+               Caja::Critico);
+        return false;
+    }
+    mostrarRazon(*razon);
+    m_enganches.alElegir();
+    return true;
+}
+
+void EleccionEmpresa::cmbEmpresa_Click()
+{
+    if (!hayEmpresa())
+    {
+        return;
+    }
+    const auto cuit = cuitDeRazon(Rutinas::Conexion, razon());
+    if (!cuit)
+    {
+        // Deleted or renamed at the other desk, or beside this screen, since the list was filled.
+        MsgBox(QStringLiteral("La Empresa elegida ya no se encuentra en la Base de Empresas."), Caja::Critico);
+        llenarLista();
+        vaciar();
+        return;
+    }
+    m_maskCuit->setText(*cuit);
+    m_enganches.alLimpiar();
+    m_enganches.alElegir();
+}
+
+void EleccionEmpresa::llenarLista()
+{
+    m_cmbEmpresa->clear();
+    m_cmbEmpresa->addItems(razonesDeEmpresas(Rutinas::Conexion));
+}
+
+void EleccionEmpresa::vaciar()
+{
+    m_maskCuit->limpiar();
+    m_cmbEmpresa->setCurrentIndex(-1);
+    m_enganches.alLimpiar();
+    m_enganches.alElegir();
+}
+
+void EleccionEmpresa::mostrarRazon(const QString& razon)
+{
+    const auto buscar = [&] { return m_cmbEmpresa->findText(razon, Qt::MatchExactly | Qt::MatchCaseSensitive); };
+    int posicion = buscar();
+    if (posicion == -1)
+    {
+        // Entered since the list was filled.
+        llenarLista();
+        posicion = buscar();
+    }
+    m_cmbEmpresa->setCurrentIndex(posicion);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <functional>
+
+class CampoMascara;
+class QComboBox;
+
+/// The choice of a company on a screen: the masked field MaskCuit and the list cmbEmpresa, each following the other by
+/// an exact match. It binds to two fields of the screen and lives as long as they do:
+///
+///     m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa,
+///                                      {[this] { LimpiarDatos(true); }, [this] { CargarDeclaraciones(); }}, this);
+///
+/// and in the screen's cargar(): `if (!m_eleccion->cargar()) { cerrar(); return; }`
+class EleccionEmpresa : public QObject
+{
+    Q_OBJECT
+public:
+    struct Enganches
+    {
+        /// What was shown of the company before is to be cleared. Called when MaskCuit is left, before anything is
+        /// looked up and also when the CUIT is refused, and after a choice in the list. May be empty.
+        std::function<void()> alLimpiar;
+        /// Both fields tell the company chosen, or both are empty (MaskCuit untouched, nothing chosen in the list):
+        /// show its data, or none. Called after alLimpiar.
+        std::function<void()> alElegir;
+    };
+    EleccionEmpresa(CampoMascara* maskCuit, QComboBox* cmbEmpresa, Enganches enganches, QObject* padre);
+
+    /// Fills the list, ordered by Razon. The only company of the file is chosen at once, as by a click; otherwise
+    /// nothing is. Without any company it says so (exclamation box) and gives false.
+    bool cargar();
+
+    [[nodiscard]] bool hayEmpresa() const; ///< something is chosen in the list
+    [[nodiscard]] QString cuit() const;    ///< text of MaskCuit
+    [[nodiscard]] QString razon() const;   ///< text of cmbEmpresa
+
+private:
+    bool MaskCuit_Validate();
+    void cmbEmpresa_Click();
+    void llenarLista();
+    void vaciar();
+    void mostrarRazon(const QString& razon);
+
+    CampoMascara* m_maskCuit;
+    QComboBox* m_cmbEmpresa;
+    Enganches m_enganches;
+};
