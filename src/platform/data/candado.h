@@ -13,7 +13,8 @@ public:
         Compartido, ///< held by each open connection
         Exclusivo,  ///< held while the database file is rewritten or copied whole
     };
-    /// Takes the lock at once or throws ErrorDeEjecucion 70. Within one process at most one Candado on a file.
+    /// Takes the lock at once or throws ErrorDeEjecucion 70; 75 or 76 when the file cannot be made. Within one process
+    /// shared Candados on a file go together, an exclusive one goes with no other.
     Candado(const QString& ruta, Modo modo);
     ~Candado();
     Candado(Candado&&) noexcept;

@@ -6,7 +6,7 @@
 #include <QDate>
 #include <QString>
 #include <QTime>
-#include <QVariant>
+#include <concepts>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -35,21 +35,18 @@ public:
     };
     Valor(std::nullptr_t) {} // NOLINT(google-explicit-constructor)
     Valor(std::nullopt_t) {} // NOLINT(google-explicit-constructor)
-    Valor(bool si)
+    Valor(bool si)           // NOLINT(google-explicit-constructor)
         : m_clase(Clase::Entero)
         , m_entero(si ? 1 : 0)
     {
-    } // NOLINT(google-explicit-constructor)
-    Valor(int n)
+    }
+    /// Any other whole number; one past 64 bits with sign does not arise in this program.
+    template <std::integral T>
+    Valor(T n) // NOLINT(google-explicit-constructor)
         : m_clase(Clase::Entero)
-        , m_entero(n)
+        , m_entero(static_cast<qint64>(n))
     {
-    } // NOLINT(google-explicit-constructor)
-    Valor(qint64 n)
-        : m_clase(Clase::Entero)
-        , m_entero(n)
-    {
-    } // NOLINT(google-explicit-constructor)
+    }
     Valor(Moneda m)
         : m_clase(Clase::Entero)
         , m_entero(m.diezMilesimos())
@@ -111,6 +108,10 @@ public:
     /// A Null reads as false.
     [[nodiscard]] bool si(const char* columna) const;
     [[nodiscard]] int columnas() const;
+    /// Name of column `numero`, from 0, as the statement gives it.
+    [[nodiscard]] const char* nombre(int numero) const;
+    /// The type with which the table declares column `numero` ("CURRENCY", "DATE" ...); empty for an expression.
+    [[nodiscard]] const char* tipo(int numero) const;
 
 private:
     friend class Recordset;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <exception>
 
@@ -21,6 +22,8 @@ public:
         RutaNoEncontrada = 76,
         ObjetoNoEstablecido = 91,
         UsoDeNull = 94,
+        SinRegistro = 3021,
+        ColumnaDesconocida = 3265,
     };
 
     ErrorDeEjecucion(int numero, QString descripcion);

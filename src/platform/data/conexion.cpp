@@ -1,0 +1,299 @@
+#include "platform/data/conexion.h"
+
+#include "platform/data/archivos.h"
+#include "platform/data/candado.h"
+#include "platform/data/espanol.h"
+#include "platform/data/preparada.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <array>
+#include <unordered_map>
+
+namespace
+{
+constexpr int esperaMilisegundos = 10'000;
+constexpr int idDePrograma = 0x416C7456; // "AltV", in the file's head
+
+std::string comoUtf8(const QString& ruta)
+{
+    return QFileInfo(ruta).absoluteFilePath().toStdString();
+}
+
+/// Runs `accion`; what SQLiteCpp throws becomes the program's own error.
+template <class A>
+auto traducir(const A& accion)
+{
+    try
+    {
+        return accion();
+    }
+    catch (const SQLite::Exception& error)
+    {
+        const int codigo = error.getExtendedErrorCode() > 0 ? error.getExtendedErrorCode() : error.getErrorCode();
+        throw detalle::errorDeBase(codigo, QString::fromUtf8(error.getErrorStr()));
+    }
+}
+
+void exigirPropia(SQLite::Database& base)
+{
+    const int hallado = base.execAndGet("PRAGMA application_id").getInt();
+    base.execAndGet("SELECT count(*) FROM sqlite_schema").getInt();
+    if (hallado != idDePrograma)
+    {
+        throw ErrorDeEjecucion(SQLITE_NOTADB, QStringLiteral("El archivo no es una base de datos de este programa"));
+    }
+}
+
+/// Opens an existing database of this program and reads it once.
+std::unique_ptr<SQLite::Database> abrirBase(const QString& ruta, int modo)
+{
+    if (!QFileInfo(ruta).isFile())
+    {
+        throw ErrorDeEjecucion(SQLITE_CANTOPEN,
+                               QStringLiteral("No se encontró la base de datos: ") + QDir::toNativeSeparators(ruta));
+    }
+    return traducir(
+        [&]
+        {
+            auto base =
+                std::make_unique<SQLite::Database>(comoUtf8(ruta), modo | SQLITE_OPEN_NOMUTEX, esperaMilisegundos);
+            sqlite3* manija = base->getHandle();
+            sqlite3_extended_result_codes(manija, 1);
+            sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+            sqlite3_db_config(manija, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+            detalle::registrarEspanol(manija);
+            exigirPropia(*base);
+            return base;
+        });
+}
+
+QString rutaDelCandado(const QString& ruta)
+{
+    const QFileInfo archivo(ruta);
+    return archivo.absoluteDir().filePath(archivo.completeBaseName() + QStringLiteral(".ldb"));
+}
+} // namespace
+
+struct Conexion::Interno
+{
+    /// The statement last found by a text at some address: program texts are literals and come back at the same one.
+    struct Reciente
+    {
+        const char* direccion = nullptr;
+        std::shared_ptr<detalle::Preparada> preparada;
+    };
+    static constexpr std::size_t limite = 300; // statements kept
+
+    QString ruta;
+    std::optional<Candado> candado;
+    std::unique_ptr<SQLite::Database> base;
+    std::unordered_map<std::string_view, std::shared_ptr<detalle::Preparada>> preparadas; // keys lie in the values
+    std::array<Reciente, 64> recientes;
+
+    Interno() = default;
+    Interno(const Interno&) = delete;
+    Interno& operator=(const Interno&) = delete;
+    ~Interno()
+    {
+        for (auto& [texto, preparada] : preparadas)
+        {
+            preparada->cerrar();
+        }
+    }
+
+    std::shared_ptr<detalle::Preparada> preparar(std::string_view sql)
+    {
+        Reciente& reciente = recientes[(reinterpret_cast<std::uintptr_t>(sql.data()) >> 3U) % recientes.size()];
+        if (reciente.direccion == sql.data() && reciente.preparada->sql == sql)
+        {
+            return reciente.preparada;
+        }
+        auto lugar = preparadas.find(sql);
+        if (lugar == preparadas.end())
+        {
+            hacerLugar();
+            auto nueva = std::make_shared<detalle::Preparada>(base->getHandle(), sql);
+            lugar = preparadas.emplace(nueva->sql, nueva).first;
+        }
+        reciente = {sql.data(), lugar->second};
+        return lugar->second;
+    }
+
+    /// Drops the statements that nobody holds once there are many: their texts were made at run time.
+    void hacerLugar()
+    {
+        if (preparadas.size() >= limite)
+        {
+            recientes = {};
+            std::erase_if(preparadas, [](const auto& par) { return par.second.use_count() == 1; });
+        }
+    }
+};
+
+Conexion::Conexion() = default;
+Conexion::~Conexion() = default;
+Conexion::Conexion(Conexion&&) noexcept = default;
+Conexion& Conexion::operator=(Conexion&&) noexcept = default;
+
+void Conexion::abrir(const QString& ruta, Modo modo)
+{
+    cerrar();
+    auto nuevo = std::make_unique<Interno>();
+    nuevo->ruta = QDir::toNativeSeparators(QFileInfo(ruta).absoluteFilePath());
+    if (modo == Modo::SoloLectura)
+    {
+        nuevo->base = abrirBase(ruta, SQLite::OPEN_READONLY);
+    }
+    else
+    {
+        if (QFileInfo(ruta).isFile()) // no lock file beside nothing
+        {
+            nuevo->candado.emplace(rutaDelCandado(ruta), Candado::Modo::Compartido);
+        }
+        nuevo->base = abrirBase(ruta, SQLite::OPEN_READWRITE);
+        traducir(
+            [&]
+            {
+                nuevo->base->exec("PRAGMA journal_mode=DELETE");
+                nuevo->base->exec("PRAGMA synchronous=FULL");
+            });
+    }
+    m_interno = std::move(nuevo);
+}
+
+void Conexion::cerrar()
+{
+    m_interno.reset();
+}
+
+bool Conexion::abierta() const
+{
+    return m_interno != nullptr;
+}
+
+QString Conexion::ruta() const
+{
+    return m_interno ? m_interno->ruta : QString();
+}
+
+Conexion::Interno& Conexion::interno() const
+{
+    if (!m_interno)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::ObjetoNoEstablecido);
+    }
+    return *m_interno;
+}
+
+Sentencia Conexion::preparar(std::string_view sql)
+{
+    return Sentencia(interno().preparar(sql));
+}
+
+qint64 Conexion::ultimoNumero() const
+{
+    return interno().base->getLastInsertRowid();
+}
+
+bool Conexion::enTransaccion() const
+{
+    return sqlite3_get_autocommit(interno().base->getHandle()) == 0;
+}
+
+void Conexion::compactar(const QString& origen, const QString& destino)
+{
+    if (QFileInfo::exists(destino))
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(destino));
+    }
+    try
+    {
+        const auto base = abrirBase(origen, SQLite::OPEN_READWRITE);
+        traducir(
+            [&]
+            {
+                SQLite::Statement sentencia(*base, "VACUUM INTO ?");
+                sentencia.bind(1, comoUtf8(destino));
+                sentencia.exec();
+            });
+        comprobar(destino);
+        Archivos::asegurarEnDisco(destino);
+    }
+    catch (...)
+    {
+        QFile::remove(destino);
+        QFile::remove(destino + QStringLiteral("-journal"));
+        throw;
+    }
+}
+
+void Conexion::comprobar(const QString& ruta)
+{
+    const auto base = abrirBase(ruta, SQLite::OPEN_READONLY);
+    const std::string hallado = traducir([&] { return base->execAndGet("PRAGMA integrity_check(1)").getString(); });
+    if (hallado != "ok")
+    {
+        throw ErrorDeEjecucion(SQLITE_CORRUPT, QStringLiteral("La base de datos está dañada (") +
+                                                   QString::fromStdString(hallado) + QStringLiteral(")"));
+    }
+}
+
+void Conexion::crear(const QString& ruta)
+{
+    if (QFileInfo::exists(ruta))
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(ruta));
+    }
+    traducir(
+        [&]
+        {
+            const SQLite::Database base(comoUtf8(ruta), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+            const std::string orden = "PRAGMA application_id=" + std::to_string(idDePrograma);
+            SQLite::Statement(base, orden).executeStep();
+        });
+}
+
+Transaccion::Transaccion(Conexion& conexion)
+    : m_conexion(conexion)
+{
+    if (conexion.enTransaccion())
+    {
+        throw detalle::errorDeBase(SQLITE_ERROR, QStringLiteral("ya hay una transacción en curso"));
+    }
+    conexion.ejecutar("BEGIN IMMEDIATE");
+}
+
+Transaccion::~Transaccion()
+{
+    try
+    {
+        deshacer();
+    }
+    catch (...) // nothing is left to undo, or the connection is gone
+    {
+        m_abierta = false;
+    }
+}
+
+void Transaccion::confirmar()
+{
+    m_conexion.ejecutar("COMMIT");
+    m_abierta = false;
+}
+
+void Transaccion::deshacer()
+{
+    if (!m_abierta)
+    {
+        return;
+    }
+    m_abierta = false;
+    if (m_conexion.abierta() && m_conexion.enTransaccion()) // SQLite undoes some failures by itself
+    {
+        m_conexion.ejecutar("ROLLBACK");
+    }
+}

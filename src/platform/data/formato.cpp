@@ -1,0 +1,458 @@
+#include "platform/data/formato.h"
+
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/data/numeros.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace
+{
+/// A numeric pattern taken apart.
+struct Patron
+{
+    QStringView prefijo;
+    QStringView sufijo;
+    bool grupos = false;
+    int enterosMinimos = 0;
+    int decimalesMinimos = 0;
+    int decimalesMaximos = 0;
+};
+
+bool esDePatron(QChar c)
+{
+    return c == u'0' || c == u'#' || c == u',' || c == u'.';
+}
+
+Patron leerPatron(QStringView texto)
+{
+    Patron patron;
+    qsizetype desde = 0;
+    while (desde < texto.size() && (!esDePatron(texto[desde]) || texto[desde] == u','))
+    {
+        ++desde;
+    }
+    patron.prefijo = texto.first(desde);
+    qsizetype hasta = desde;
+    bool trasLaMarca = false;
+    for (; hasta < texto.size() && esDePatron(texto[hasta]); ++hasta)
+    {
+        const QChar c = texto[hasta];
+        if (c == u'.')
+        {
+            trasLaMarca = true;
+        }
+        else if (c == u',')
+        {
+            patron.grupos = true;
+        }
+        else if (trasLaMarca)
+        {
+            ++patron.decimalesMaximos;
+            patron.decimalesMinimos = c == u'0' ? patron.decimalesMaximos : patron.decimalesMinimos;
+        }
+        else if (c == u'0')
+        {
+            ++patron.enterosMinimos;
+        }
+    }
+    patron.sufijo = texto.sliced(hasta);
+    return patron;
+}
+
+/// Decimal digits of a number without its sign, as many decimals as the pattern may show.
+struct Numero
+{
+    bool negativo = false;
+    QByteArray enteros; // no leading zeros
+    QByteArray decimales;
+};
+
+QString armar(Numero numero, const Patron& patron)
+{
+    while (numero.decimales.size() > patron.decimalesMinimos && numero.decimales.endsWith('0'))
+    {
+        numero.decimales.chop(1);
+    }
+    const bool cero = numero.enteros.isEmpty() && numero.decimales.count('0') == numero.decimales.size();
+    QString texto;
+    if (numero.negativo && !cero)
+    {
+        texto += u'-';
+    }
+    texto += patron.prefijo;
+    const qsizetype ceros = std::max<qsizetype>(0, patron.enterosMinimos - numero.enteros.size());
+    const qsizetype largo = ceros + numero.enteros.size();
+    for (qsizetype i = 0; i < largo; ++i)
+    {
+        if (patron.grupos && i > 0 && (largo - i) % 3 == 0)
+        {
+            texto += u'.';
+        }
+        texto += i < ceros ? QChar(u'0') : QChar(QLatin1Char(numero.enteros[i - ceros]));
+    }
+    if (!numero.decimales.isEmpty())
+    {
+        texto += u',';
+        texto += QLatin1String(numero.decimales);
+    }
+    texto += patron.sufijo;
+    return texto;
+}
+
+QByteArray sinCeros(quint64 n)
+{
+    return n == 0 ? QByteArray() : QByteArray::number(n);
+}
+
+quint64 magnitud(qint64 n)
+{
+    return n < 0 ? ~static_cast<quint64>(n) + 1 : static_cast<quint64>(n);
+}
+
+/// A whole number of units of the given number of decimals.
+Numero deUnidades(bool negativo, quint64 unidades, int decimales)
+{
+    Numero numero{negativo, QByteArray::number(unidades).rightJustified(decimales, '0'), {}};
+    numero.decimales = numero.enteros.last(decimales);
+    numero.enteros.chop(decimales);
+    if (numero.enteros == "0")
+    {
+        numero.enteros.clear();
+    }
+    return numero;
+}
+
+void exigirFinito(float valor)
+{
+    if (!std::isfinite(valor))
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::Desbordamiento);
+    }
+}
+
+constexpr std::array<double, 13> potencias = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12};
+
+/// All digits of a float's binary value. It has no more than 112 that count.
+QByteArray cientificoExacto(float magnitud)
+{
+    std::array<char, 160> texto{};
+    const auto fin = std::to_chars(texto.data(), texto.data() + texto.size(), static_cast<double>(magnitud),
+                                   std::chars_format::scientific, 120);
+    return {texto.data(), fin.ptr - texto.data()};
+}
+
+/// Rounds `digitos` to its first `cuantos`, halves away from zero; true when a digit was carried out at the front
+/// (then the digits stand for ten times as much).
+bool redondearDigitos(QByteArray& digitos, qsizetype cuantos)
+{
+    const bool sube = cuantos < digitos.size() && digitos[cuantos] >= '5';
+    digitos.truncate(cuantos);
+    for (qsizetype i = cuantos; sube && i-- > 0;)
+    {
+        if (digitos[i] != '9')
+        {
+            ++digitos[i];
+            return false;
+        }
+        digitos[i] = '0';
+    }
+    if (sube)
+    {
+        digitos.prepend('1');
+        digitos.truncate(std::max<qsizetype>(cuantos, 1));
+    }
+    return sube;
+}
+
+/// The seven first digits of a positive float and the power of ten of the first one.
+std::pair<QByteArray, int> sieteDigitos(float magnitud)
+{
+    int exponente = static_cast<int>(std::floor(std::log10(magnitud)));
+    if (exponente >= -6 && exponente <= 6)
+    {
+        // 24 bits times a power of ten up to 10^12 is exact in a double.
+        double unidades =
+            std::round(static_cast<double>(magnitud) * potencias.at(static_cast<std::size_t>(6 - exponente)));
+        if (unidades < 1e6 && exponente > -6) // the logarithm came out one too high
+        {
+            --exponente;
+            unidades =
+                std::round(static_cast<double>(magnitud) * potencias.at(static_cast<std::size_t>(6 - exponente)));
+        }
+        if (unidades >= 1e6 && unidades < 1e7)
+        {
+            return {QByteArray::number(static_cast<qint64>(unidades)), exponente};
+        }
+    }
+    QByteArray texto = cientificoExacto(magnitud);
+    const qsizetype e = texto.indexOf('e');
+    exponente = texto.sliced(e + 1).toInt();
+    QByteArray digitos = texto.first(e);
+    digitos.remove(1, 1);
+    if (redondearDigitos(digitos, 7))
+    {
+        ++exponente;
+    }
+    return {digitos, exponente};
+}
+
+/// Two digits of `n`, or as many as it has.
+void agregarNumero(QString& texto, int n, int ancho)
+{
+    texto += QString::number(n).rightJustified(ancho, u'0');
+}
+
+/// Length of the run of one letter, in either case, that begins at `i`.
+qsizetype corrida(QStringView patron, qsizetype i)
+{
+    const QChar letra = patron[i].toUpper();
+    qsizetype n = i;
+    while (n < patron.size() && patron[n].toUpper() == letra)
+    {
+        ++n;
+    }
+    return n - i;
+}
+
+/// The number at the front of `texto`, of `minimo` to `maximo` digits.
+std::optional<int> tomarEntero(QStringView& texto, int minimo, int maximo)
+{
+    int valor = 0;
+    int n = 0;
+    while (n < texto.size() && n <= maximo && texto[n] >= u'0' && texto[n] <= u'9')
+    {
+        valor = valor * 10 + (texto[n].unicode() - u'0');
+        ++n;
+    }
+    if (n < minimo || n > maximo)
+    {
+        return std::nullopt;
+    }
+    texto = texto.sliced(n);
+    return valor;
+}
+
+bool tomarBarra(QStringView& texto)
+{
+    const bool esta = texto.startsWith(u'/');
+    texto = esta ? texto.sliced(1) : texto;
+    return esta;
+}
+
+std::optional<QDate> fechaValida(int anio, int mes, int dia)
+{
+    const QDate fecha(anio, mes, dia);
+    return fecha.isValid() && anio >= 100 ? std::optional(fecha) : std::nullopt;
+}
+} // namespace
+
+QString Formato(Moneda valor, QStringView patron)
+{
+    const Patron leido = leerPatron(patron);
+    quint64 unidades = magnitud(valor.diezMilesimos());
+    int decimales = 4;
+    if (leido.decimalesMaximos < 4)
+    {
+        const auto unidad = static_cast<quint64>(potencias.at(static_cast<std::size_t>(4 - leido.decimalesMaximos)));
+        unidades = unidades / unidad + (unidades % unidad >= unidad / 2 ? 1 : 0);
+        decimales = leido.decimalesMaximos;
+    }
+    Numero numero = deUnidades(valor < Moneda(), unidades, decimales);
+    numero.decimales.append(leido.decimalesMaximos - decimales, '0');
+    return armar(numero, leido);
+}
+
+QString Formato(qint64 valor, QStringView patron)
+{
+    const Patron leido = leerPatron(patron);
+    return armar({valor < 0, sinCeros(magnitud(valor)), QByteArray(leido.decimalesMaximos, '0')}, leido);
+}
+
+QString Formato(float valor, QStringView patron)
+{
+    exigirFinito(valor);
+    const Patron leido = leerPatron(patron);
+    const int decimales = std::min(leido.decimalesMaximos, 12);
+    const double entero = std::abs(static_cast<double>(valor));
+    const double unidades = entero * potencias.at(static_cast<std::size_t>(decimales));
+    Numero numero;
+    if (unidades < 0x1p53)
+    {
+        numero = deUnidades(std::signbit(valor), static_cast<quint64>(std::round(unidades)), decimales);
+        numero.decimales.append(leido.decimalesMaximos - decimales, '0');
+    }
+    else
+    {
+        std::array<char, 64> texto{};
+        const auto fin =
+            std::to_chars(texto.data(), texto.data() + texto.size(), entero, std::chars_format::fixed, decimales);
+        const QByteArray digitos(texto.data(), fin.ptr - texto.data());
+        const qsizetype punto = decimales > 0 ? digitos.indexOf('.') : digitos.size();
+        numero = {std::signbit(valor), digitos.first(punto), digitos.sliced(std::min(punto + 1, digitos.size()))};
+        numero.decimales.append(leido.decimalesMaximos - decimales, '0');
+    }
+    return armar(numero, leido);
+}
+
+QString Formato(QDate fecha, QStringView patron)
+{
+    if (!fecha.isValid())
+    {
+        return {};
+    }
+    QString texto;
+    for (qsizetype i = 0; i < patron.size();)
+    {
+        const qsizetype n = corrida(patron, i);
+        const QChar letra = patron[i].toUpper();
+        if (letra == u'D' && n <= 2)
+        {
+            agregarNumero(texto, fecha.day(), static_cast<int>(n));
+        }
+        else if (letra == u'M' && n <= 2)
+        {
+            agregarNumero(texto, fecha.month(), static_cast<int>(n));
+        }
+        else if (letra == u'Y' && n == 2)
+        {
+            agregarNumero(texto, fecha.year() % 100, 2);
+        }
+        else if (letra == u'Y' && n == 4)
+        {
+            agregarNumero(texto, fecha.year(), 4);
+        }
+        else
+        {
+            texto += patron.sliced(i, n);
+        }
+        i += n;
+    }
+    return texto;
+}
+
+QString Formato(QTime hora, QStringView patron)
+{
+    if (!hora.isValid())
+    {
+        return {};
+    }
+    QString texto;
+    for (qsizetype i = 0; i < patron.size();)
+    {
+        const qsizetype n = corrida(patron, i);
+        const QChar letra = patron[i].toUpper();
+        if (n <= 2 && (letra == u'H' || letra == u'M' || letra == u'S'))
+        {
+            const int parte = letra == u'H' ? hora.hour() : letra == u'M' ? hora.minute() : hora.second();
+            agregarNumero(texto, parte, static_cast<int>(n));
+        }
+        else
+        {
+            texto += patron.sliced(i, n);
+        }
+        i += n;
+    }
+    return texto;
+}
+
+std::optional<float> LeerNumero(QStringView texto)
+{
+    const auto digitos = detalle::desarmarTecleado(texto);
+    return digitos ? detalle::aFlotante(*digitos) : std::nullopt;
+}
+
+float LeerImporteDeArchivo(QStringView texto)
+{
+    const auto digitos = detalle::desarmarDeArchivo(texto);
+    if (!digitos)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos);
+    }
+    const auto valor = detalle::aFlotante(*digitos);
+    if (!valor)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::Desbordamiento);
+    }
+    return *valor;
+}
+
+QString TextoSimple(float valor)
+{
+    exigirFinito(valor);
+    if (valor == 0)
+    {
+        return QStringLiteral("0");
+    }
+    auto [digitos, exponente] = sieteDigitos(std::abs(valor));
+    while (digitos.size() > 1 && digitos.endsWith('0'))
+    {
+        digitos.chop(1);
+    }
+    QByteArray texto = std::signbit(valor) ? "-" : "";
+    const qsizetype decimales = digitos.size() - 1 - exponente;
+    if (exponente > 6 || decimales > 7)
+    {
+        texto += digitos.first(1);
+        if (digitos.size() > 1)
+        {
+            texto += ',' + digitos.sliced(1);
+        }
+        texto += exponente < 0 ? "E-" : "E+";
+        texto += QByteArray::number(std::abs(exponente)).rightJustified(2, '0');
+    }
+    else if (exponente < 0)
+    {
+        texto += "0," + QByteArray(-exponente - 1, '0') + digitos;
+    }
+    else
+    {
+        digitos = digitos.leftJustified(exponente + 1, '0');
+        texto += digitos.first(exponente + 1);
+        if (decimales > 0)
+        {
+            texto += ',' + digitos.sliced(exponente + 1);
+        }
+    }
+    return QString::fromLatin1(texto);
+}
+
+float Redondear2(float valor)
+{
+    // A float times 100 is exact in a double, so a half is seen as one; nearbyint takes it to the even digit.
+    return static_cast<float>(std::nearbyint(static_cast<double>(valor) * 100.0) / 100.0);
+}
+
+std::optional<QDate> LeerFecha(QStringView texto)
+{
+    texto = texto.trimmed();
+    const auto dia = tomarEntero(texto, 1, 2);
+    const bool primera = tomarBarra(texto);
+    const auto mes = tomarEntero(texto, 1, 2);
+    const bool segunda = tomarBarra(texto);
+    const auto anio = tomarEntero(texto, 3, 4);
+    if (!dia || !primera || !mes || !segunda || !anio || !texto.isEmpty())
+    {
+        return std::nullopt;
+    }
+    return fechaValida(*anio, *mes, *dia);
+}
+
+std::optional<QDate> LeerPeriodo(QStringView texto)
+{
+    texto = texto.trimmed();
+    const auto anio = tomarEntero(texto, 4, 4);
+    const bool barra = tomarBarra(texto);
+    const auto mes = tomarEntero(texto, 1, 2);
+    if (!anio || !barra || !mes || !texto.isEmpty())
+    {
+        return std::nullopt;
+    }
+    return fechaValida(*anio, *mes, 1);
+}
+
+int AnioCompleto(int dosDigitos)
+{
+    return dosDigitos + (dosDigitos < 30 ? 2000 : 1900);
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringView>
+#include <optional>
+
+/// What money, formats and typed numbers share: a number's text taken apart into its digits.
+namespace detalle
+{
+struct Digitos
+{
+    bool negativo = false;
+    QByteArray enteros;   ///< ASCII digits before the mark, no leading zeros
+    QByteArray decimales; ///< ASCII digits after it
+};
+
+/// A number as a person types it: outer blanks, a sign, digits or well-formed groups of thousands ("1.234.567"), and a
+/// decimal comma. Nothing when the text is anything else, or has no digit.
+[[nodiscard]] std::optional<Digitos> desarmarTecleado(QStringView texto);
+/// The same for a file's number: no groups, and one "." or "," as the decimal mark.
+[[nodiscard]] std::optional<Digitos> desarmarDeArchivo(QStringView texto);
+/// The nearest 32-bit float; nothing when it does not fit.
+[[nodiscard]] std::optional<float> aFlotante(const Digitos& digitos);
+} // namespace detalle

@@ -1,0 +1,232 @@
+#include "platform/data/preparada.h"
+
+#include <cstring>
+
+namespace
+{
+bool soloBlancos(std::string_view texto)
+{
+    return texto.find_first_not_of(" \t\r\n;") == std::string_view::npos;
+}
+
+void enlazarTexto(sqlite3_stmt* sentencia, int numero, std::string_view texto)
+{
+    // A null address would bind a Null.
+    const char* inicio = texto.data() == nullptr ? "" : texto.data();
+    sqlite3_bind_text64(sentencia, numero, inicio, texto.size(), SQLITE_STATIC, SQLITE_UTF8);
+}
+} // namespace
+
+detalle::Columnas::Columnas(sqlite3_stmt* sentencia)
+{
+    const int cantidad = sqlite3_column_count(sentencia);
+    for (int i = 0; i < cantidad; ++i)
+    {
+        const char* tipo = sqlite3_column_decltype(sentencia, i);
+        columnas.push_back({sqlite3_column_name(sentencia, i), tipo == nullptr ? "" : tipo});
+    }
+}
+
+int detalle::Columnas::numero(const char* nombre) const
+{
+    for (std::size_t n = 0; n < m_usadas.size(); ++n)
+    {
+        const Usada& usada = m_usadas[m_proxima];
+        m_proxima = m_proxima + 1 < m_usadas.size() ? m_proxima + 1 : 0;
+        if (usada.direccion == nombre && std::strcmp(usada.texto.c_str(), nombre) == 0)
+        {
+            return usada.numero;
+        }
+    }
+    const int cual = buscar(nombre);
+    constexpr std::size_t limite = 64; // names made at run time must not pile up
+    if (m_usadas.size() < limite)
+    {
+        m_usadas.push_back({nombre, nombre, cual});
+        m_proxima = 0;
+    }
+    return cual;
+}
+
+int detalle::Columnas::buscar(const char* nombre) const
+{
+    for (std::size_t i = 0; i < columnas.size(); ++i)
+    {
+        if (qstricmp(columnas[i].nombre.c_str(), nombre) == 0)
+        {
+            return static_cast<int>(i);
+        }
+    }
+    throw ErrorDeEjecucion(ErrorDeEjecucion::ColumnaDesconocida, QString::fromUtf8(nombre));
+}
+
+detalle::Preparada::Preparada(sqlite3* base, std::string_view texto)
+    : sql(texto)
+{
+    const char* resto = nullptr;
+    const int codigo = sqlite3_prepare_v3(base, sql.c_str(), static_cast<int>(sql.size()) + 1,
+                                          SQLITE_PREPARE_PERSISTENT, &sentencia, &resto);
+    if (codigo != SQLITE_OK)
+    {
+        throw errorDeBase(base);
+    }
+    if (sentencia == nullptr || !soloBlancos(resto))
+    {
+        cerrar();
+        throw errorDeBase(SQLITE_MISUSE, QStringLiteral("se espera una sola sentencia"));
+    }
+}
+
+void detalle::Preparada::cerrar()
+{
+    sqlite3_finalize(sentencia);
+    sentencia = nullptr;
+    if (m_otra)
+    {
+        m_otra->cerrar();
+    }
+}
+
+detalle::Preparada& detalle::Preparada::libre()
+{
+    if (sentencia == nullptr)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::ObjetoNoEstablecido);
+    }
+    if (!enUso)
+    {
+        return *this;
+    }
+    if (!m_otra)
+    {
+        m_otra = std::make_unique<Preparada>(sqlite3_db_handle(sentencia), sql);
+    }
+    return m_otra->libre();
+}
+
+void detalle::Preparada::enlazar(const Valor* valores, std::size_t cantidad)
+{
+    if (static_cast<int>(cantidad) != sqlite3_bind_parameter_count(sentencia))
+    {
+        throw errorDeBase(SQLITE_RANGE, QStringLiteral("la cantidad de valores no es la de la sentencia"));
+    }
+    for (std::size_t i = 0; i < cantidad; ++i)
+    {
+        const int numero = static_cast<int>(i) + 1;
+        switch (valores[i].clase())
+        {
+        case Valor::Clase::Nulo:
+            sqlite3_bind_null(sentencia, numero);
+            break;
+        case Valor::Clase::Entero:
+            sqlite3_bind_int64(sentencia, numero, valores[i].entero());
+            break;
+        case Valor::Clase::Texto:
+            enlazarTexto(sentencia, numero, valores[i].texto());
+            break;
+        }
+    }
+}
+
+bool detalle::Preparada::paso()
+{
+    if (sentencia == nullptr)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::ObjetoNoEstablecido); // a visitor closed the connection
+    }
+    const int codigo = sqlite3_step(sentencia);
+    if (codigo == SQLITE_ROW)
+    {
+        return true;
+    }
+    if (codigo != SQLITE_DONE)
+    {
+        throw errorDeBase(sqlite3_db_handle(sentencia));
+    }
+    return false;
+}
+
+const std::shared_ptr<const detalle::Columnas>& detalle::Preparada::columnas()
+{
+    const int preparaciones = sqlite3_stmt_status(sentencia, SQLITE_STMTSTATUS_REPREPARE, 0);
+    if (!m_columnas || preparaciones != m_preparaciones)
+    {
+        m_columnas = std::make_shared<const Columnas>(sentencia);
+        m_preparaciones = preparaciones;
+    }
+    return m_columnas;
+}
+
+int Sentencia::ejecutarCon(const Valor* valores, std::size_t cantidad)
+{
+    const std::shared_ptr<detalle::Preparada> viva = m_preparada;
+    detalle::Preparada& preparada = viva->libre();
+    const detalle::Uso uso(preparada);
+    preparada.enlazar(valores, cantidad);
+    while (preparada.paso())
+    {
+    }
+    sqlite3* base = sqlite3_db_handle(preparada.sentencia);
+    return sqlite3_stmt_readonly(preparada.sentencia) != 0 ? 0 : sqlite3_changes(base);
+}
+
+bool Sentencia::recorrerCon(const Valor* valores, std::size_t cantidad,
+                            const std::function<bool(const Fila&)>& visitante)
+{
+    const std::shared_ptr<detalle::Preparada> viva = m_preparada;
+    detalle::Preparada& preparada = viva->libre();
+    const detalle::Uso uso(preparada);
+    preparada.enlazar(valores, cantidad);
+    if (!preparada.paso())
+    {
+        return false;
+    }
+    const std::shared_ptr<const detalle::Columnas> columnas = preparada.columnas();
+    Fila fila;
+    fila.m_columnas = columnas.get();
+    fila.m_viva = &preparada;
+    while (visitante(fila) && preparada.paso())
+    {
+    }
+    return true;
+}
+
+Recordset Sentencia::consultarCon(const Valor* valores, std::size_t cantidad)
+{
+    const std::shared_ptr<detalle::Preparada> viva = m_preparada;
+    detalle::Preparada& preparada = viva->libre();
+    const detalle::Uso uso(preparada);
+    preparada.enlazar(valores, cantidad);
+    Recordset copia;
+    if (!preparada.paso())
+    {
+        copia.m_columnas = preparada.columnas();
+        return copia;
+    }
+    copia.m_columnas = preparada.columnas();
+    sqlite3_stmt* sentencia = preparada.sentencia;
+    const int ancho = static_cast<int>(copia.m_columnas->columnas.size());
+    do
+    {
+        for (int i = 0; i < ancho; ++i)
+        {
+            switch (sqlite3_column_type(sentencia, i))
+            {
+            case SQLITE_NULL:
+                copia.m_celdas.push_back({Valor::Clase::Nulo, 0, 0});
+                break;
+            case SQLITE_INTEGER:
+                copia.m_celdas.push_back({Valor::Clase::Entero, sqlite3_column_int64(sentencia, i), 0});
+                break;
+            default:
+                const auto* texto = reinterpret_cast<const char*>(sqlite3_column_text(sentencia, i));
+                const auto largo = static_cast<std::size_t>(sqlite3_column_bytes(sentencia, i));
+                copia.m_celdas.push_back(
+                    {Valor::Clase::Texto, static_cast<qint64>(copia.m_textos.size()), static_cast<qint64>(largo)});
+                copia.m_textos.append(texto == nullptr ? "" : texto, largo);
+            }
+        }
+        ++copia.m_filas;
+    } while (preparada.paso());
+    return copia;
+}
