@@ -8,7 +8,7 @@ function(subsistema nombre)
 endfunction()
 
 function(parte_de_subsistema destino carpeta enlaces qt)
-  file(GLOB fuentes CONFIGURE_DEPENDS ${carpeta}/*.cpp ${carpeta}/*.h ${carpeta}/*.ui)
+  file(GLOB fuentes CONFIGURE_DEPENDS ${carpeta}/*.cpp ${carpeta}/*.h ${carpeta}/*.ui ${carpeta}/*.qrc)
   file(GLOB unidades CONFIGURE_DEPENDS ${carpeta}/*.cpp)
   if(unidades)
     add_library(${destino} STATIC ${fuentes})

@@ -1,24 +1,31 @@
 #pragma once
 
 #include <QIcon>
+#include <QPalette>
 #include <QString>
 
 class QApplication;
-class QGridLayout;
+class QPainter;
+class QRect;
 class QWidget;
 
 /// The program's one look: Fusion, one light palette, the Spanish standard texts, the application's icon.
 namespace Estilo
 {
 void aplicar(QApplication& aplicacion);
+[[nodiscard]] QPalette paleta();
 /// A line drawing of the program's family: "nueva", "copiar", "eliminar", "grabar", "cancelar", "buscar", ...
+/// Sharp at every size; grey while its control is disabled. An unknown name gives a null icon.
 [[nodiscard]] QIcon icono(const QString& nombre);
-/// Puts icon and accent on a screen's buttons by their objectName prefix-free list, and marks the main one.
+[[nodiscard]] QIcon iconoDelPrograma();
+/// Puts its icon on a button, and marks the screen's main one with the accent colour. Works on buttons of every kind.
 void boton(QWidget* boton, const QString& icono, bool principal = false);
-/// Fields that only show: flat, on the tinted ground, out of the tab order.
+/// Fields that only show: flat, on the tinted ground, out of the tab order (a click lets their text be copied).
 void soloMuestra(QWidget* campo);
-/// A warning label: dark red with its icon. Returns nothing; the label's text is the caller's.
+/// A warning label: dark red with its icon before the text. The label's text is the caller's, and may change.
 void advertencia(QWidget* etiqueta);
 /// Tabular figures, right-aligned.
 void importe(QWidget* campo);
+/// The main window's picture, filling `zona` without distortion; its lower edge always shows.
+void pintarFondo(QPainter& pintor, const QRect& zona);
 } // namespace Estilo

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/screens/grilla.h"
+
+// Values and texts of a grid's cells, by the kind of their column. No widget here.
+
+/// Turns a value given by program into the column's own type; an invalid QVariant when it cannot.
+[[nodiscard]] QVariant valorDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor);
+/// As it is shown.
+[[nodiscard]] QString textoDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor);
+/// As it stands in an editor: amounts without thousands separators.
+[[nodiscard]] QString textoParaEditar(const ColumnaDeGrilla& columna, const QVariant& valor);
+[[nodiscard]] bool celdaVacia(const QVariant& valor);
+
+/// What a person typed into a cell: its value (invalid for an empty cell), or the message that refuses it.
+struct LecturaDeCelda
+{
+    QVariant valor;
+    QString error;
+};
+[[nodiscard]] LecturaDeCelda leerCelda(const ColumnaDeGrilla& columna, const QString& texto);
