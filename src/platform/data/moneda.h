@@ -19,6 +19,9 @@ public:
     [[nodiscard]] static Moneda deTexto(const QString& texto);
     /// The nearest ten-thousandth of a binary number, halves to even. Throws 6 for NaN, infinities and overflow.
     [[nodiscard]] static Moneda deFlotante(double valor);
+    /// The amount that TextoSimple shows for a 32-bit float: its seven most significant digits, and of those what fits
+    /// in four decimals, halves to even. 1234567.8 is 1234568. Throws 6 for NaN, infinities and overflow.
+    [[nodiscard]] static Moneda deSimple(float valor);
 
     [[nodiscard]] constexpr std::int64_t diezMilesimos() const { return m_valor; }
     [[nodiscard]] double aDoble() const { return static_cast<double>(m_valor) / 10000.0; }

@@ -1,0 +1,213 @@
+#include "exchange/archivo_ddjj.h"
+
+#include "exchange/renglon.h"
+#include "platform/data/archivos.h"
+#include "platform/data/conexion.h"
+#include "platform/data/directorio_programa.h"
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/data/formato.h"
+
+#include <QDir>
+
+namespace
+{
+constexpr int canal = 1;
+/// Employees between two calls of the progress.
+constexpr qint64 tramo = 256;
+
+constexpr Campo camposEmpresa[] = {
+    {Campo::Texto, "Razon", 45},     {Campo::Texto, "Fantasia", 40},      {Campo::Texto, "Calle", 30},
+    {Campo::Numero, "Numero", 5},    {Campo::Texto, "NroLocal", 6},       {Campo::Texto, "Piso", 3},
+    {Campo::Texto, "Depto", 3},      {Campo::Texto, "CodPos", 8},         {Campo::Texto, "Localidad", 50},
+    {Campo::Numero, "Provincia", 2}, {Campo::Texto, "Telefono", 30},      {Campo::Texto, "Fax", 30},
+    {Campo::Texto, "Rubro", 10},     {Campo::Texto, "Contacto", 50},      {Campo::Texto, "Web", 35},
+    {Campo::Texto, "EMail", 35},     {Campo::Texto, "Estudio", 50},       {Campo::Texto, "Est_Domicilio", 50},
+    {Campo::Texto, "Est_CodPos", 8}, {Campo::Texto, "Est_Localidad", 30}, {Campo::Texto, "Est_Telefono", 30},
+    {Campo::Texto, "Est_Email", 35},
+};
+
+constexpr Campo camposResponsable[] = {
+    {Campo::Texto, "AyN", 40}, {Campo::Texto, "Domicilio", 30}, {Campo::Texto, "Localidad", 15},
+    {Campo::Crudo, "TipoDoc"}, {Campo::Numero, "NroDoc", 8},
+};
+
+constexpr Campo camposSucursal[] = {
+    {Campo::Numero, "ID", 8},       {Campo::Texto, "Sucursal", 10}, {Campo::Texto, "Domicilio", 50},
+    {Campo::Numero, "Numero", 5},   {Campo::Texto, "CodPos", 8},    {Campo::Texto, "Localidad", 50},
+    {Campo::Texto, "Telefono", 30},
+};
+
+// Where no text stands for a Null, the field is left out and the rest of the line moves left: the reader knows it so.
+constexpr Campo camposEmpleado[] = {
+    {Campo::Crudo, "Cuil"},
+    {Campo::Texto, "AyN", 40},
+    {Campo::Crudo, "TipoDoc"},
+    {Campo::Numero, "NroDoc", 8},
+    {Campo::Crudo, "Sexo", 1, " "},
+    {Campo::Texto, "Calle", 40},
+    {Campo::Numero, "Numero", 5},
+    {Campo::Texto, "Piso", 3},
+    {Campo::Texto, "Depto", 3},
+    {Campo::Texto, "CodPos", 8},
+    {Campo::Texto, "Localidad", 30},
+    {Campo::Numero, "Provincia", 2, "  "},
+    {Campo::Texto, "Telefono", 20},
+    {Campo::Fecha, "Nacio", 8, "00000000"},
+    {Campo::Crudo, "EstCivil", 1, " "},
+    {Campo::SiNo, "Afiliado", 1},
+    {Campo::Importe, "Sueldo", 7},
+    {Campo::Importe, "Imponible", 7},
+    {Campo::Numero, "Categoria", 2, "  "},
+    {Campo::Fecha, "Ingreso", 8, "00000000"},
+    {Campo::Fecha, "Egreso", 8, "00000000"},
+    {Campo::Numero, "Sucursal", 8},
+    {Campo::Crudo, "QHoras"},
+    {Campo::Importe, "ART100", 7},
+    {Campo::Importe, "ART101A", 7},
+    {Campo::Importe, "ART101B", 7},
+    {Campo::Numero, "Familiares", 2},
+    {Campo::Importe, "Acuerdo", 7},
+};
+/// In the place of the second agreement sum, which does not go out. Always with a point.
+constexpr std::string_view finDeEmpleado = "0000000.00";
+
+constexpr Campo camposFamiliar[] = {
+    {Campo::Crudo, "CUIL"},
+    {Campo::Numero, "Familiar", 2},
+    {Campo::Texto, "AyN", 30},
+    {Campo::Crudo, "TipoDoc"},
+    {Campo::Numero, "NroDoc", 8},
+    {Campo::Crudo, "Sexo"},
+    {Campo::Fecha, "Nacio", 8, "00000000"},
+};
+
+/// A screen's number with two digits; what is no number stays as it is.
+QString dosDigitos(const QString& texto)
+{
+    bool numero = false;
+    const int valor = texto.toInt(&numero);
+    return numero ? Formato(valor, u"00") : texto;
+}
+
+int numeroDeSecuencia(const QString& texto)
+{
+    bool numero = false;
+    const int valor = texto.toInt(&numero);
+    if (!numero)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, QStringLiteral("secuencia"));
+    }
+    return valor;
+}
+
+void imprimir(const Renglon& renglon)
+{
+    Archivos::imprimir(canal, renglon.bytes());
+}
+
+void escribirEmpresa(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglon& renglon)
+{
+    const Recordset empresas = conexion.consultar("SELECT * FROM Empresas WHERE CUIT = ?", datos.cuit);
+    const Fila empresa = empresas.primera();
+    renglon.empezar('0');
+    renglon.agregar(empresa.utf8("Cuit"));
+    for (const QString& deLaPantalla : {datos.anio, dosDigitos(datos.mes), dosDigitos(datos.secuencia)})
+    {
+        renglon.agregar(deLaPantalla.toStdString());
+    }
+    renglon.agregar(empresa, camposEmpresa);
+    imprimir(renglon);
+}
+
+/// One line a row.
+void escribirFilas(Sentencia consulta, const QString& clave, char tipo, std::span<const Campo> campos, Renglon& renglon)
+{
+    consulta.recorrer(
+        [&](const Fila& fila)
+        {
+            renglon.empezar(tipo);
+            renglon.agregar(fila, campos);
+            imprimir(renglon);
+        },
+        clave);
+}
+
+void escribirEmpleados(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglon& renglon,
+                       const std::function<void(qint64 hecho, qint64 total)>& aviso)
+{
+    Sentencia familiares = conexion.preparar("SELECT * FROM Empleados_Familiares WHERE CUIL = ?");
+    qint64 escritos = 0;
+    const auto escribirFamiliar = [&](const Fila& familiar)
+    {
+        renglon.empezar('4');
+        renglon.agregar(familiar, camposFamiliar);
+        imprimir(renglon);
+    };
+    const auto escribirEmpleado = [&](const Fila& empleado)
+    {
+        renglon.empezar('3');
+        renglon.agregar(empleado, camposEmpleado);
+        renglon.agregar(finDeEmpleado);
+        imprimir(renglon);
+        familiares.recorrer(escribirFamiliar, empleado.utf8("Cuil"));
+        if (++escritos % tramo == 0 && aviso)
+        {
+            aviso(escritos, 0);
+        }
+    };
+    conexion.recorrer("SELECT * FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", escribirEmpleado,
+                      datos.cuit, datos.periodo, numeroDeSecuencia(datos.secuencia));
+}
+
+void escribirArchivo(Conexion& conexion, const DatosArchivoDDJJ& datos, const QString& nombre,
+                     const std::function<void(qint64 hecho, qint64 total)>& aviso)
+{
+    Archivos::abrirParaEscribir(canal, rutaArchivoDDJJ(nombre));
+    Renglon renglon;
+    escribirEmpresa(conexion, datos, renglon);
+    escribirFilas(conexion.preparar("SELECT * FROM Empresas_Responsables WHERE CUIT = ?"), datos.cuit, '1',
+                  camposResponsable, renglon);
+    escribirFilas(conexion.preparar("SELECT * FROM Empresas_Sucursales WHERE CUIT = ?"), datos.cuit, '2',
+                  camposSucursal, renglon);
+    escribirEmpleados(conexion, datos, renglon, aviso);
+    Archivos::cerrar(canal);
+}
+
+void cerrarTrasUnaFalla()
+{
+    try
+    {
+        Archivos::cerrar(canal);
+    }
+    catch (const ErrorDeEjecucion&)
+    {
+        // The failure that brought us here is the one to tell.
+    }
+}
+} // namespace
+
+QString nombreArchivoDDJJ(const DatosArchivoDDJJ& datos)
+{
+    return datos.cuit + u' ' + datos.anio + u'-' + dosDigitos(datos.mes) + u' ' + dosDigitos(datos.secuencia) +
+           QStringLiteral(".txt");
+}
+
+QString rutaArchivoDDJJ(const QString& nombreArchivo)
+{
+    return QDir::toNativeSeparators(QDir(DirectorioPrograma()).filePath(nombreArchivo));
+}
+
+void GrabarArchivoDDJJ(Conexion& conexion, const DatosArchivoDDJJ& datos, QString& nombreArchivo,
+                       const std::function<void(qint64 hecho, qint64 total)>& aviso)
+{
+    nombreArchivo = nombreArchivoDDJJ(datos);
+    try
+    {
+        escribirArchivo(conexion, datos, nombreArchivo, aviso);
+    }
+    catch (...)
+    {
+        cerrarTrasUnaFalla();
+        throw;
+    }
+}

@@ -1,0 +1,279 @@
+#include "exchange/importacion.h"
+
+#include "exchange/linea_de_nomina.h"
+#include "platform/data/archivos.h"
+#include "platform/data/conexion.h"
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/data/formato.h"
+
+namespace
+{
+constexpr int canal = 1;
+/// Lines between two calls of the progress.
+constexpr int tramo = 256;
+constexpr int jornadaCompleta = 200;
+constexpr int jornadaReducida = 100;
+
+/// Contributions of a line, in single precision from step to step, so that they agree cent by cent with those of
+/// other copies of the file.
+struct AportesDeLinea
+{
+    Moneda art100;
+    Moneda art101; ///< each of the two
+};
+
+AportesDeLinea calcular(float imponible, float acuerdo, int horas, bool afiliado)
+{
+    const float base = imponible + acuerdo;
+    const float factor = horas == jornadaCompleta ? 1.0F : 2.0F;
+    AportesDeLinea aportes;
+    aportes.art100 = Moneda::deSimple(Redondear2(2.0F * base / 100.0F));
+    if (afiliado)
+    {
+        aportes.art101 = Moneda::deSimple(Redondear2(base * factor / 100.0F));
+    }
+    return aportes;
+}
+
+void recortar(std::string& texto)
+{
+    texto.erase(texto.find_last_not_of(' ') + 1);
+    texto.erase(0, std::min(texto.find_first_not_of(' '), texto.size()));
+}
+
+/// One run: its statements, its buffers and its counts.
+class Importacion
+{
+public:
+    Importacion(Conexion& conexion, const ClaveDDJJ& clave);
+    void tomarAfip(const LineaDeNomina& linea);
+    void tomarBrivo(const LineaDeNomina& linea);
+    [[nodiscard]] ResultadoImportacion resultado() const { return m_resultado; }
+
+private:
+    [[nodiscard]] bool yaEsta();
+    void tomarEmpleado(const LineaDeNomina& linea, int tipoDoc, int nroDoc, int sexo);
+    void tomarFamiliar(const LineaDeNomina& linea, int familiar, int tipoDoc, int nroDoc, int sexo);
+    /// ID of the branch with the code of the line, blanks included; 0 when the company has none such.
+    [[nodiscard]] qint64 sucursal(const LineaDeNomina& linea);
+
+    Valor m_cuit;
+    Valor m_periodo;
+    Valor m_secuencia;
+    Sentencia m_buscarEmpleado;
+    Sentencia m_insertarAfip;
+    Sentencia m_insertarBrivo;
+    Sentencia m_buscarSucursal;
+    Sentencia m_buscarFamiliar;
+    Sentencia m_insertarFamiliar;
+    std::string m_cuil;
+    std::string m_ayn;
+    std::string m_aynGuardado;
+    std::string m_calle;
+    std::string m_piso;
+    std::string m_depto;
+    std::string m_codPos;
+    std::string m_localidad;
+    std::string m_telefono;
+    std::string m_codigo;
+    ResultadoImportacion m_resultado;
+};
+
+Importacion::Importacion(Conexion& conexion, const ClaveDDJJ& clave)
+    : m_cuit(clave.cuit)
+    , m_periodo(clave.periodo)
+    , m_secuencia(clave.secuencia)
+    , m_buscarEmpleado(conexion.preparar(
+          "SELECT * FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?"))
+    , m_insertarAfip(conexion.preparar(
+          "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Sueldo, Imponible, "
+          "Afiliado, QHoras, ART100, ART101A, ART101B, Familiares, Sexo, Provincia, Acuerdo, Acuerdo2) "
+          "VALUES (?, ?, ?, ?, ?, 1, ?, ?, ?, 1, ?, ?, ?, ?, ?, NULL, 1, ?, 0)"))
+    , m_insertarBrivo(conexion.preparar(
+          "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Sexo, Calle, Numero, "
+          "Piso, Depto, CodPos, Localidad, Provincia, Telefono, Nacio, EstCivil, Afiliado, Sueldo, Imponible, "
+          "Categoria, Ingreso, Egreso, Sucursal, QHoras, ART100, ART101A, ART101B, Familiares, Acuerdo, Acuerdo2) "
+          "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?, 0)"))
+    , m_buscarSucursal(conexion.preparar("SELECT ID FROM Empresas_Sucursales WHERE Cuit = ? AND Sucursal = ?"))
+    // A Null date never equals another, so such a person is inserted again at each run; nor does a name of more than
+    // 30 characters equal the stored one. Both are known and kept.
+    , m_buscarFamiliar(conexion.preparar("SELECT * FROM Empleados_Familiares WHERE CUIL = ? AND Familiar = ? "
+                                         "AND AyN = ? AND TipoDoc = ? AND NroDoc = ? AND Sexo = ? AND Nacio = ?"))
+    , m_insertarFamiliar(
+          conexion.preparar("INSERT INTO Empleados_Familiares (CUIL, Familiar, AyN, TipoDoc, NroDoc, Sexo, Nacio) "
+                            "VALUES (?, ?, ?, ?, ?, ?, ?)"))
+{
+}
+
+bool Importacion::yaEsta()
+{
+    return m_buscarEmpleado.hay(m_cuit, m_periodo, m_secuencia, m_cuil);
+}
+
+void Importacion::tomarAfip(const LineaDeNomina& linea)
+{
+    linea.cuil(m_cuil);
+    const int nroDoc = linea.entero(3, 8, "NroDoc");
+    linea.textoSinApostrofos(12, 30, m_ayn);
+    recortar(m_ayn);
+    const float sueldo = linea.importe(70, 11, "Sueldo");
+    const float imponible = linea.importe(81, 11, "Imponible");
+    if (yaEsta())
+    {
+        return;
+    }
+    const int familiares = (linea.trozo(42, 1) == "T" ? 1 : 0) + linea.entero(43, 2, "Familiares");
+    const int horas = linea.trozo(58, 3) == "001" ? jornadaReducida : jornadaCompleta;
+    const float acuerdo = std::max(sueldo - imponible, 0.0F);
+    const AportesDeLinea aportes = calcular(imponible, acuerdo, horas, true);
+    ++m_resultado.titulares;
+    m_insertarAfip.ejecutar(m_cuit, m_periodo, m_secuencia, m_cuil, m_ayn, nroDoc, Moneda::deSimple(sueldo),
+                            Moneda::deSimple(imponible), horas, aportes.art100, aportes.art101, aportes.art101,
+                            familiares, Moneda::deSimple(acuerdo));
+}
+
+void Importacion::tomarBrivo(const LineaDeNomina& linea)
+{
+    linea.cuil(m_cuil);
+    const int familiar = linea.entero(12, 1, "Familiar");
+    linea.textoSinApostrofos(13, 40, m_ayn);
+    const int tipoDoc = linea.entero(53, 1, "TipoDoc");
+    const int nroDoc = linea.entero(54, 8, "NroDoc");
+    const int sexo = linea.entero(62, 1, "Sexo");
+    if (familiar != 0)
+    {
+        tomarFamiliar(linea, familiar, tipoDoc, nroDoc, sexo);
+    }
+    else
+    {
+        tomarEmpleado(linea, tipoDoc, nroDoc, sexo);
+    }
+}
+
+void Importacion::tomarEmpleado(const LineaDeNomina& linea, int tipoDoc, int nroDoc, int sexo)
+{
+    const int estCivil = linea.entero(182, 1, "EstCivil");
+    const bool afiliado = linea.trozo(183, 1) != "N";
+    const float sueldo = linea.importe(184, 9, "Sueldo");
+    const float imponible = linea.importe(193, 9, "Imponible");
+    const int categoria = linea.entero(202, 2, "Categoria");
+    const int horas = linea.entero(230, 1, "QHoras") == 8 ? jornadaCompleta : jornadaReducida;
+    const float acuerdo = linea.importe(231, 9, "Acuerdo") + linea.importe(240, 9, "Acuerdo");
+    if (yaEsta())
+    {
+        return;
+    }
+    const AportesDeLinea aportes = calcular(imponible, acuerdo, horas, afiliado);
+    const qint64 idSucursal = sucursal(linea);
+    linea.textoSinApostrofos(71, 40, m_calle);
+    const int numero = linea.enteroOBlanco(111, 5, "Numero").value_or(0);
+    linea.texto(116, 3, m_piso);
+    linea.texto(119, 3, m_depto);
+    linea.texto(122, 8, m_codPos);
+    linea.texto(130, 30, m_localidad);
+    const std::optional<int> provincia = linea.enteroOBlanco(160, 2, "Provincia");
+    linea.texto(162, 20, m_telefono);
+    ++m_resultado.titulares;
+    m_insertarBrivo.ejecutar(m_cuit, m_periodo, m_secuencia, m_cuil, m_ayn, tipoDoc, nroDoc, sexo, m_calle, numero,
+                             m_piso, m_depto, m_codPos, m_localidad, provincia, m_telefono, linea.fecha(63, "Nacio"),
+                             estCivil, afiliado, Moneda::deSimple(sueldo), Moneda::deSimple(imponible), categoria,
+                             linea.fecha(204, "Ingreso"), linea.fecha(212, "Egreso"), idSucursal, horas, aportes.art100,
+                             aportes.art101, aportes.art101, Moneda::deSimple(acuerdo));
+}
+
+void Importacion::tomarFamiliar(const LineaDeNomina& linea, int familiar, int tipoDoc, int nroDoc, int sexo)
+{
+    if (!yaEsta())
+    {
+        return;
+    }
+    const QDate nacio = linea.fecha(63, "Nacio");
+    if (m_buscarFamiliar.hay(m_cuil, familiar, m_ayn, tipoDoc, nroDoc, sexo, nacio))
+    {
+        return;
+    }
+    linea.textoSinApostrofos(13, 30, m_aynGuardado);
+    m_insertarFamiliar.ejecutar(m_cuil, familiar, m_aynGuardado, tipoDoc, nroDoc, sexo, nacio);
+    ++m_resultado.familiares;
+}
+
+qint64 Importacion::sucursal(const LineaDeNomina& linea)
+{
+    linea.texto(220, 10, m_codigo);
+    qint64 id = 0;
+    if (!m_codigo.empty())
+    {
+        m_buscarSucursal.recorrer(
+            [&](const Fila& fila)
+            {
+                id = fila.entero("ID");
+                return false;
+            },
+            m_cuit, m_codigo);
+    }
+    return id;
+}
+
+void tomarLinea(Importacion& importacion, const LineaDeNomina& linea, FormatoDeNomina formato, int numero)
+{
+    try
+    {
+        if (formato == FormatoDeNomina::AfipSijp)
+        {
+            importacion.tomarAfip(linea);
+        }
+        else
+        {
+            importacion.tomarBrivo(linea);
+        }
+    }
+    catch (const FallaDeCampo& falla)
+    {
+        throw ErrorDeEjecucion(static_cast<ErrorDeEjecucion::Numero>(falla.numero),
+                               QStringLiteral("línea %1, campo %2").arg(numero).arg(QLatin1String(falla.campo)));
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        throw ErrorDeEjecucion(error.numero(), QStringLiteral("%1: línea %2").arg(error.descripcion()).arg(numero));
+    }
+}
+} // namespace
+
+ResultadoImportacion importarNomina(Conexion& conexion, const ClaveDDJJ& clave, const QString& ruta,
+                                    FormatoDeNomina formato,
+                                    const std::function<void(qint64 hecho, qint64 total)>& aviso)
+{
+    Transaccion transaccion(conexion);
+    Archivos::abrirParaLeer(canal, ruta);
+    Importacion importacion(conexion, clave);
+    QByteArrayView bytes;
+    for (int numero = 1; Archivos::leerLinea(canal, bytes); ++numero)
+    {
+        tomarLinea(importacion, LineaDeNomina(bytes), formato, numero);
+        if (numero % tramo == 0 && aviso)
+        {
+            aviso(Archivos::posicion(canal), Archivos::largo(canal));
+        }
+    }
+    Archivos::cerrar(canal);
+    transaccion.confirmar();
+    return importacion.resultado();
+}
+
+QString mensajeDeImportacion(const ResultadoImportacion& resultado, FormatoDeNomina formato)
+{
+    if (resultado.titulares == 0)
+    {
+        return QStringLiteral("No se ha actualizado ningún Registro.  Por favor, verifique los datos ingresados.");
+    }
+    if (formato == FormatoDeNomina::AfipSijp)
+    {
+        return QStringLiteral("Se han ingresado %1 Registros Titulares.  Por favor, complete los datos faltantes.")
+            .arg(resultado.titulares);
+    }
+    return QStringLiteral(
+               "Se han ingresado %1 Registros Titulares y %2 Registros Familiares.  Por favor, verifique los "
+               "datos importados.")
+        .arg(resultado.titulares)
+        .arg(resultado.familiares);
+}

@@ -1,0 +1,134 @@
+#include "exchange/linea_de_nomina.h"
+
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/data/formato.h"
+#include "platform/data/windows1252.h"
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+constexpr std::size_t anchoMaximo = 16;
+constexpr int anioMinimo = 100;
+
+[[noreturn]] void noCoincide(const char* campo)
+{
+    throw FallaDeCampo{ErrorDeEjecucion::NoCoincidenTipos, campo};
+}
+
+bool esDigito(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+bool soloDe(std::string_view texto, char c)
+{
+    return texto.find_first_not_of(c) == std::string_view::npos;
+}
+
+std::string_view sinBlancosAlrededor(std::string_view texto)
+{
+    const std::size_t desde = texto.find_first_not_of(' ');
+    return desde == std::string_view::npos ? std::string_view()
+                                           : texto.substr(desde, texto.find_last_not_of(' ') - desde + 1);
+}
+
+/// Of at most nine digits, so that it fits.
+int numeroDe(std::string_view digitos, const char* campo)
+{
+    if (digitos.empty() || !std::all_of(digitos.begin(), digitos.end(), esDigito))
+    {
+        noCoincide(campo);
+    }
+    int numero = 0;
+    for (const char digito : digitos)
+    {
+        numero = numero * 10 + (digito - '0');
+    }
+    return numero;
+}
+} // namespace
+
+std::string_view LineaDeNomina::trozo(std::size_t posicion, std::size_t ancho) const
+{
+    return posicion > m_bytes.size() ? std::string_view() : m_bytes.substr(posicion - 1, ancho);
+}
+
+void LineaDeNomina::texto(std::size_t posicion, std::size_t ancho, std::string& destino) const
+{
+    destino.clear();
+    agregarUtf8(destino, trozo(posicion, ancho));
+}
+
+void LineaDeNomina::textoSinApostrofos(std::size_t posicion, std::size_t ancho, std::string& destino) const
+{
+    texto(posicion, ancho, destino);
+    std::replace(destino.begin(), destino.end(), '\'', ' ');
+}
+
+int LineaDeNomina::entero(std::size_t posicion, std::size_t ancho, const char* campo) const
+{
+    return numeroDe(trozo(posicion, ancho), campo);
+}
+
+std::optional<int> LineaDeNomina::enteroOBlanco(std::size_t posicion, std::size_t ancho, const char* campo) const
+{
+    const std::string_view leido = trozo(posicion, ancho);
+    if (leido.size() == ancho && soloDe(leido, ' '))
+    {
+        return std::nullopt;
+    }
+    return numeroDe(sinBlancosAlrededor(leido), campo);
+}
+
+float LineaDeNomina::importe(std::size_t posicion, std::size_t ancho, const char* campo) const
+{
+    std::array<char16_t, anchoMaximo> caracteres{};
+    qsizetype cuantos = 0;
+    for (const char c : trozo(posicion, std::min(ancho, anchoMaximo)))
+    {
+        if (c != ' ')
+        {
+            caracteres.at(static_cast<std::size_t>(cuantos++)) = static_cast<unsigned char>(c);
+        }
+    }
+    try
+    {
+        return LeerImporteDeArchivo(QStringView(caracteres.data(), cuantos));
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        throw FallaDeCampo{error.numero(), campo};
+    }
+}
+
+QDate LineaDeNomina::fecha(std::size_t posicion, const char* campo) const
+{
+    const std::string_view leida = trozo(posicion, 8);
+    if (leida.size() == 8 && (soloDe(leida, ' ') || soloDe(leida, '0')))
+    {
+        return {};
+    }
+    if (leida.size() != 8)
+    {
+        noCoincide(campo);
+    }
+    const int anio = numeroDe(leida.substr(4, 4), campo);
+    const QDate fecha(anio, numeroDe(leida.substr(2, 2), campo), numeroDe(leida.substr(0, 2), campo));
+    if (!fecha.isValid() || anio < anioMinimo)
+    {
+        noCoincide(campo);
+    }
+    return fecha;
+}
+
+void LineaDeNomina::cuil(std::string& destino) const
+{
+    destino.clear();
+    agregarUtf8(destino, trozo(1, 2));
+    destino += '-';
+    agregarUtf8(destino, trozo(3, 8));
+    destino += '-';
+    agregarUtf8(destino, trozo(11, 1));
+}
