@@ -1,0 +1,67 @@
+#include "declarations/ciclo_ddjj.h"
+
+#include "platform/data/conexion.h"
+
+namespace
+{
+constexpr int primerAnio = 2006;
+}
+
+std::optional<QDate> proponerPeriodo(std::optional<QDate> ultimo)
+{
+    if (!ultimo)
+    {
+        return std::nullopt;
+    }
+    return ultimo->addMonths(1);
+}
+
+std::optional<RechazoDePeriodo> comprobarPeriodo(const QString& anio, const QString& mes)
+{
+    if (anio.isEmpty())
+    {
+        return RechazoDePeriodo{QStringLiteral("Debe ingresar el Año correspondiente a la Declaración Jurada."), false,
+                                CampoDePeriodo::Anio};
+    }
+    if (anio.toInt() < primerAnio)
+    {
+        return RechazoDePeriodo{QStringLiteral("Por favor verifique el Año ingresado.  El mismo no es Válido."), true,
+                                CampoDePeriodo::Anio};
+    }
+    if (mes.isEmpty())
+    {
+        return RechazoDePeriodo{QStringLiteral("Debe ingresar el Mes correspondiente a la Declaración Jurada."), false,
+                                CampoDePeriodo::Mes};
+    }
+    if (const int numero = mes.toInt(); numero < 1 || numero > 12)
+    {
+        return RechazoDePeriodo{QStringLiteral("Verifique el Mes ingresado.  El mismo es incorrecto."), false,
+                                CampoDePeriodo::Mes};
+    }
+    return std::nullopt;
+}
+
+int crearDeclaracion(Conexion& conexion, const QString& cuit, QDate periodo, QDate hoy)
+{
+    Transaccion transaccion(conexion);
+    const std::optional<qint64> ultima =
+        conexion
+            .consultar("SELECT Max(Secuencia) AS UltSecuencia FROM DDJJ WHERE Cuit = ? AND Periodo = ?", cuit, periodo)
+            .primera()
+            .enteroONulo("UltSecuencia");
+    const int secuencia = ultima ? static_cast<int>(*ultima + 1) : 0;
+    conexion.ejecutar("INSERT INTO DDJJ (Cuit, Periodo, Secuencia, Fecha) VALUES (?, ?, ?, ?)", cuit, periodo,
+                      secuencia, hoy);
+    transaccion.confirmar();
+    return secuencia;
+}
+
+void eliminarDeclaracion(Conexion& conexion, const ClaveDDJJ& clave)
+{
+    Transaccion transaccion(conexion);
+    conexion.ejecutar("DELETE FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
+                      clave.periodo, clave.secuencia);
+    conexion.ejecutar("DELETE FROM DDJJ WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit, clave.periodo,
+                      clave.secuencia);
+    transaccion.confirmar();
+}

@@ -1,0 +1,21 @@
+#include "declarations/lista_ddjj.h"
+
+#include "platform/data/conexion.h"
+
+std::vector<ClaveDDJJ> listarDeclaraciones(Conexion& conexion, const QString& cuit)
+{
+    std::vector<ClaveDDJJ> declaraciones;
+    conexion.recorrer(
+        "SELECT Periodo, Secuencia FROM DDJJ WHERE Cuit = ? ORDER BY Periodo DESC, Secuencia DESC",
+        [&](const Fila& fila) {
+            declaraciones.push_back({cuit, fila.fecha("Periodo"), static_cast<int>(fila.entero("Secuencia"))});
+        },
+        cuit);
+    return declaraciones;
+}
+
+bool tieneNomina(Conexion& conexion, const ClaveDDJJ& clave)
+{
+    return conexion.hay("SELECT Cuil FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
+                        clave.periodo, clave.secuencia);
+}
