@@ -1,3 +1,10 @@
 #include "registro.h"
 
-void registrarPantallas() {}
+#include "declarations/screens/ddjj.h"
+#include "platform/screens/navegacion.h"
+
+void registrarPantallas()
+{
+    auto& navegacion = Navegacion::instancia();
+    navegacion.registrar(QStringLiteral("DDJJ"), [] { return new DDJJ; });
+}

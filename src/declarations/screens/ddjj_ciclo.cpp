@@ -1,0 +1,85 @@
+#include "companies/screens/eleccion_empresa.h"
+#include "core/rutinas.h"
+#include "declarations/ciclo_ddjj.h"
+#include "declarations/screens/ddjj.h"
+#include "platform/data/formato.h"
+#include "platform/data/reloj.h"
+#include "platform/screens/campo_mascara.h"
+#include "platform/screens/grilla.h"
+#include "platform/screens/mensajes.h"
+#include "ui_ddjj.h"
+
+void DDJJ::cmdNueva_Click()
+{
+    if (!exigirEmpresa())
+    {
+        return;
+    }
+    LimpiarDatos(true);
+    std::optional<QDate> ultimo;
+    if (ui->vsDDJJ->filas() > 0)
+    {
+        ultimo = LeerPeriodo(ui->vsDDJJ->texto(1, 1));
+    }
+    if (const auto propuesto = proponerPeriodo(ultimo))
+    {
+        ui->txtAnio->setText(QString::number(propuesto->year()));
+        ui->txtMes->setText(QString::number(propuesto->month()));
+    }
+    Habilitar(false);
+    ui->SSTab1->setCurrentIndex(0);
+    habilitarPaginas(false);
+    ui->txtAnio->setFocus();
+    ui->txtAnio->selectAll();
+}
+
+void DDJJ::cmdGrabar_Click()
+{
+    if (const auto rechazo = comprobarPeriodo(ui->txtAnio->text(), ui->txtMes->text()))
+    {
+        MsgBox(rechazo->texto, rechazo->grave ? Caja::Exclamacion : Caja::Informacion);
+        auto* const campo = rechazo->campo == CampoDePeriodo::Anio ? ui->txtAnio : ui->txtMes;
+        campo->setFocus();
+        campo->selectAll();
+        return;
+    }
+    PeriodoSel = QDate(ui->txtAnio->text().toInt(), ui->txtMes->text().toInt(), 1);
+    mostrarSecuencia(crearDeclaracion(Rutinas::Conexion, m_eleccion->cuit(), PeriodoSel, Reloj::Hoy()));
+    Habilitar(true);
+    habilitarPaginas(true);
+    CargarDeclaraciones();
+    ui->cmdNomina->setFocus(); // the roster comes next
+}
+
+void DDJJ::cmdCancelar_Click()
+{
+    LimpiarDatos(true);
+    Habilitar(true);
+    habilitarPaginas(true);
+    ui->cmdNueva->setFocus();
+}
+
+void DDJJ::cmdEliminar_Click()
+{
+    if (!exigirEmpresa())
+    {
+        return;
+    }
+    if (!hayDeclaracion())
+    {
+        MsgBox(
+            QStringLiteral("Debe seleccionar primero la Declaración Jurada a Eliminar, haciendo un click en la misma."),
+            Caja::Informacion);
+        return;
+    }
+    if (!Preguntar(QStringLiteral("Esta seguro de desea ELIMINAR la Declaración Jurada Seleccionada?")) ||
+        !Preguntar(QStringLiteral(
+            "Se Eliminaran todos los datos relacionados con la Declaración Jurada Actual.  Es Correcto?")))
+    {
+        return;
+    }
+    eliminarDeclaracion(Rutinas::Conexion, clave());
+    MsgBox(QStringLiteral("La Declaración Jurada ha sido Eliminada."), Caja::Exclamacion);
+    LimpiarDatos(true);
+    CargarDeclaraciones();
+}
