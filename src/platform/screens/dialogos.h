@@ -3,6 +3,8 @@
 #include <QString>
 #include <functional>
 
+class QPrinter;
+
 /// The doors to the system's dialogs and programs, each replaceable by tests and the robot.
 
 struct PedidoDeArchivo
@@ -25,6 +27,9 @@ void reemplazarDialogoCarpeta(std::function<QString(const QString& titulo, const
 /// The printer set-up dialog; the reports use the printer as it leaves it.
 void ConfigurarImpresora();
 void reemplazarConfigurarImpresora(std::function<void()> atiende);
+/// The printer and page set-up as the dialog left them, the system's default printer until then. Lives as long as the
+/// application.
+[[nodiscard]] QPrinter& impresoraActual();
 
 /// Opens an address or a file with the system's own program; false when that cannot be done.
 bool AbrirEnlace(const QString& direccion);

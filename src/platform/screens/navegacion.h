@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -10,7 +11,6 @@
 class Pantalla;
 class QMainWindow;
 class QMdiArea;
-class QMdiSubWindow;
 
 /// Opens screens by name. A modeless screen is a child of the main window, one of each; a modal one stops all others.
 class Navegacion : public QObject
@@ -38,16 +38,31 @@ public:
     [[nodiscard]] bool cerrarTodas();
     /// Text for the status bar.
     void avisar(const QString& texto);
+    /// What avisar() was given, the last hundred texts.
+    [[nodiscard]] const QStringList& avisos() const;
+    /// What opens the help: told the page of the screen at work, an empty text when there is none.
+    void fijarAyuda(std::function<void(const QString& pagina)> abrir);
+    /// Opens the help as F1 does.
+    void ayuda();
     /// The main window when there is one.
     [[nodiscard]] QMainWindow* ventana() const;
+
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 Q_SIGNALS:
     void aviso(const QString& texto);
     void cambioDePantalla();
 
 private:
+    struct Interno;
     Navegacion();
     ~Navegacion() override;
-    struct Interno;
+    /// A screen made and loaded; none when it is not registered or closed itself meanwhile.
+    Pantalla* cargada(const QString& nombre);
+    void agregarHija(Pantalla* pantalla);
+    /// Runs activar() on the child that has become the active one.
+    void revisarActiva();
+    void pedirRevision();
+
     std::unique_ptr<Interno> m_interno;
 };

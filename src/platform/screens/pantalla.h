@@ -35,6 +35,7 @@ Q_SIGNALS:
     void pideCerrar();
 
 protected:
+    void closeEvent(QCloseEvent* evento) override;
     /// Binds a signal to a handler (member function or callable, with the signal's arguments or with none).
     template <class Emisor, class... A, class Base, class Manejador>
     void conectar(Emisor* emisor, void (Base::*senal)(A...), Manejador manejador)
@@ -86,6 +87,9 @@ protected:
 
 private:
     friend class Navegacion;
+    friend class VentanaModal;
+    /// Asks descargar(), once; true when the screen is unloaded.
+    bool pedirCierre();
     template <class R, class C, class... P>
     C* propio(R (C::*)(P...))
     {
@@ -104,4 +108,5 @@ private:
         }
     }
     bool m_cerrada = false;
+    bool m_preguntando = false;
 };

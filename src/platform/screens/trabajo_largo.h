@@ -18,6 +18,8 @@ public:
     /// The same as a function, for the rules.
     [[nodiscard]] std::function<void(qint64 hecho, qint64 total)> aviso();
     [[nodiscard]] static bool enCurso();
+    /// Milliseconds before the progress shows; 500 unless a test says otherwise.
+    static void fijarDemora(int milisegundos);
 
 private:
     struct Interno;

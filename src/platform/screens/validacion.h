@@ -1,9 +1,15 @@
 #pragma once
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <vector>
+
+class QKeyEvent;
+class QMouseEvent;
+class QWheelEvent;
 
 /// Leaving checks of all fields and the rule that Enter acts as Tab: one filter over the whole application.
 /// A field whose check refuses keeps the focus with its text selected, and the click or key that would have left it is
@@ -16,8 +22,11 @@ public:
     /// The application's filter, made at the first call and owned by the application.
     static Validacion& instancia();
 
-    /// `puedeDejar` is called when the user leaves `campo`; false keeps him there. It may show a message box. A check
-    /// that moves the focus itself (setFocus on another field) and returns true is obeyed: its move stands.
+    /// `puedeDejar` is called when the user leaves `campo`, which may be any widget that takes the focus; false keeps
+    /// him there. It may show a message box. A check that moves the focus itself (setFocus on another field) and
+    /// returns true is obeyed: its move stands, and the click or key that left the field is swallowed. Several checks
+    /// of one field run in the order in which they were bound, up to the first that refuses. A field that is hidden or
+    /// disabled checks nothing.
     void alDejar(QWidget* campo, std::function<bool()> puedeDejar);
     /// A grid's editor: `guardar` stores its value after a check that passed on a click or a shortcut.
     void alDejarEditor(QWidget* editor, std::function<bool()> puedeDejar, std::function<void()> guardar);
@@ -36,5 +45,44 @@ public:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
+    /// How a field is being left, and what came of it.
+    enum class Gesto
+    {
+        Tecla,
+        Otro
+    };
+    enum class Salida
+    {
+        Libre,
+        Rechazada,
+        YaMovida
+    };
+    struct Chequeo
+    {
+        std::vector<std::function<bool()>> puedeDejar;
+        std::function<void()> guardar;
+    };
+
     Validacion();
+    Salida dejar(QWidget* campo, Gesto gesto);
+    void volver(QWidget* campo);
+    [[nodiscard]] bool ocupada(const QWidget* campo) const;
+    Chequeo& chequeoDe(QWidget* campo);
+    bool alPulsar(QObject* ventana, QMouseEvent* evento);
+    bool alSoltar(QObject* ventana);
+    bool alGirar(QObject* ventana, const QWheelEvent* evento);
+    bool alTeclear(QObject* objeto, QKeyEvent* evento);
+    bool alEntrar(QWidget* campo);
+    bool alAtajo(QObject* destino);
+    void alPerderFoco(QWidget* campo, Qt::FocusReason motivo);
+    void chequearTarde(QWidget* campo);
+
+    QHash<const QObject*, Chequeo> m_chequeos;
+    std::vector<QPointer<QWidget>> m_enChequeo; ///< fields whose check is running, the innermost last
+    QPointer<QWidget> m_paso;                   ///< passed its check just now; its loss of focus checks nothing
+    QString m_pasoTexto;
+    bool m_volviendo = false;
+    const QEvent* m_tabPropio = nullptr;
+    QPointer<QObject> m_tragadoEn; ///< window whose press was swallowed; its release goes the same way
+    quint64 m_tragadoA = 0;        ///< ms, time stamp of that press
 };

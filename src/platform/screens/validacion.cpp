@@ -1,0 +1,485 @@
+#include "platform/screens/validacion.h"
+
+#include "platform/screens/mensajes.h"
+#include "platform/screens/pantalla.h"
+#include "platform/screens/trabajo_largo.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QRadioButton>
+#include <QStyleHints>
+#include <QTabBar>
+#include <QWheelEvent>
+
+namespace
+{
+int pausas = 0;
+
+template <class Clase>
+Clase* antepasado(QObject* objeto)
+{
+    for (; objeto != nullptr; objeto = objeto->parent())
+    {
+        if (auto* hallado = qobject_cast<Clase*>(objeto))
+        {
+            return hallado;
+        }
+    }
+    return nullptr;
+}
+
+/// What the user entered, to tell whether it changed since a check passed.
+QString contenido(const QWidget* campo)
+{
+    if (const auto* linea = qobject_cast<const QLineEdit*>(campo))
+    {
+        return linea->displayText();
+    }
+    if (const auto* lista = qobject_cast<const QComboBox*>(campo))
+    {
+        return lista->currentText();
+    }
+    if (const auto* numero = qobject_cast<const QAbstractSpinBox*>(campo))
+    {
+        return numero->text();
+    }
+    if (const auto* tilde = qobject_cast<const QAbstractButton*>(campo))
+    {
+        return tilde->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
+    }
+    return {};
+}
+
+void seleccionar(QWidget* campo)
+{
+    if (auto* linea = qobject_cast<QLineEdit*>(campo))
+    {
+        linea->selectAll();
+    }
+    else if (auto* lista = qobject_cast<QComboBox*>(campo); lista != nullptr && lista->lineEdit() != nullptr)
+    {
+        lista->lineEdit()->selectAll();
+    }
+    else if (auto* numero = qobject_cast<QAbstractSpinBox*>(campo))
+    {
+        numero->selectAll();
+    }
+}
+
+QWidget* superficie(const QObject* ventana)
+{
+    const QWidgetList todas = QApplication::topLevelWidgets();
+    for (QWidget* candidata : todas)
+    {
+        if (candidata->windowHandle() == ventana)
+        {
+            return candidata;
+        }
+    }
+    return nullptr;
+}
+
+/// The field at work in a window. Just after a box nothing has the focus yet, and the window remembers its own.
+QWidget* campoEn(const QWidget* ventana)
+{
+    QWidget* campo = QApplication::focusWidget();
+    if (campo == nullptr)
+    {
+        campo = ventana->focusWidget();
+    }
+    return campo != nullptr && campo->window() == ventana ? campo : nullptr;
+}
+
+/// The buttons that a maximised child puts into the menu bar close or resize it: they leave no field.
+bool esMarco(const QWidget* destino)
+{
+    for (; destino != nullptr; destino = destino->parentWidget())
+    {
+        if (destino->inherits("QMdi::ControllerWidget") || destino->inherits("QMdi::ControlLabel"))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// True when a press at this place leaves the field: the place takes the focus, or acts on a press.
+bool sacaDe(const QWidget* campo, QWidget* destino, QPoint enVentana)
+{
+    if (!destino->isEnabled() || esMarco(destino))
+    {
+        return false;
+    }
+    for (QWidget* parte = destino; parte != nullptr; parte = parte->parentWidget())
+    {
+        const QPoint lugar = parte->mapFrom(parte->window(), enVentana);
+        if (qobject_cast<QMdiSubWindow*>(parte) != nullptr)
+        {
+            return !parte->isAncestorOf(campo); // its own frame moves or closes it; another's brings that one forward
+        }
+        if (const auto* menu = qobject_cast<QMenuBar*>(parte))
+        {
+            return menu->actionAt(lugar) != nullptr;
+        }
+        if (const auto* paginas = qobject_cast<QTabBar*>(parte))
+        {
+            return paginas->tabAt(lugar) >= 0 && paginas->tabAt(lugar) != paginas->currentIndex();
+        }
+        if (qobject_cast<QAbstractButton*>(parte) != nullptr || qobject_cast<QAbstractItemView*>(parte) != nullptr ||
+            (parte->focusPolicy() & Qt::ClickFocus) != 0)
+        {
+            return true;
+        }
+        if (parte->isWindow())
+        {
+            break;
+        }
+    }
+    return false;
+}
+
+bool esEnter(const QKeyEvent& evento)
+{
+    return (evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter) &&
+           (evento.modifiers() & ~Qt::KeypadModifier) == 0;
+}
+
+bool esTab(const QKeyEvent& evento)
+{
+    return evento.key() == Qt::Key_Tab || evento.key() == Qt::Key_Backtab;
+}
+
+/// The keys by which a grid's one-line editor is left.
+bool dejaEditor(const QWidget* editor, const QKeyEvent& evento)
+{
+    if (esTab(evento) || esEnter(evento))
+    {
+        return true;
+    }
+    const int tecla = evento.key();
+    return qobject_cast<const QLineEdit*>(editor) != nullptr &&
+           (tecla == Qt::Key_Up || tecla == Qt::Key_Down || tecla == Qt::Key_PageUp || tecla == Qt::Key_PageDown);
+}
+
+bool entraComoTab(const QWidget* campo)
+{
+    return qobject_cast<const QLineEdit*>(campo) != nullptr || qobject_cast<const QComboBox*>(campo) != nullptr ||
+           qobject_cast<const QCheckBox*>(campo) != nullptr || qobject_cast<const QRadioButton*>(campo) != nullptr ||
+           qobject_cast<const QAbstractSpinBox*>(campo) != nullptr || qobject_cast<const QTabBar*>(campo) != nullptr;
+}
+} // namespace
+
+Validacion::Pausa::Pausa()
+{
+    ++pausas;
+}
+
+Validacion::Pausa::~Pausa()
+{
+    --pausas;
+}
+
+Validacion::Validacion()
+    : QObject(qApp)
+{
+    qApp->installEventFilter(this);
+}
+
+Validacion& Validacion::instancia()
+{
+    static QPointer<Validacion> unica;
+    if (unica.isNull())
+    {
+        unica = new Validacion;
+    }
+    return *unica;
+}
+
+Validacion::Chequeo& Validacion::chequeoDe(QWidget* campo)
+{
+    if (!m_chequeos.contains(campo))
+    {
+        connect(campo, &QObject::destroyed, this, [this](const QObject* ido) { m_chequeos.remove(ido); });
+    }
+    return m_chequeos[campo];
+}
+
+void Validacion::alDejar(QWidget* campo, std::function<bool()> puedeDejar)
+{
+    chequeoDe(campo).puedeDejar.push_back(std::move(puedeDejar));
+}
+
+void Validacion::alDejarEditor(QWidget* editor, std::function<bool()> puedeDejar, std::function<void()> guardar)
+{
+    Chequeo& chequeo = chequeoDe(editor);
+    chequeo.puedeDejar.push_back(std::move(puedeDejar));
+    chequeo.guardar = std::move(guardar);
+}
+
+bool Validacion::intentarDejar()
+{
+    QWidget* campo = QApplication::focusWidget();
+    if (campo == nullptr && QApplication::activeWindow() != nullptr)
+    {
+        campo = QApplication::activeWindow()->focusWidget();
+    }
+    return dejar(campo, Gesto::Otro) != Salida::Rechazada;
+}
+
+bool Validacion::ocupada(const QWidget* campo) const
+{
+    // A check that opens a modal screen leaves the fields of that screen checked.
+    return !m_enChequeo.empty() && (m_enChequeo.back().isNull() || m_enChequeo.back()->window() == campo->window());
+}
+
+Validacion::Salida Validacion::dejar(QWidget* campo, Gesto gesto)
+{
+    const auto hallado = m_chequeos.constFind(campo);
+    if (campo == nullptr || hallado == m_chequeos.constEnd() || pausas > 0 || ocupada(campo) || !campo->isEnabled() ||
+        !campo->isVisible())
+    {
+        return Salida::Libre;
+    }
+    const Chequeo chequeo = *hallado; // a check may bind others
+    const QPointer<QWidget> vivo = campo;
+    const QPointer<QWidget> ventana = campo->window();
+    m_enChequeo.emplace_back(campo);
+    const bool puede =
+        std::all_of(chequeo.puedeDejar.begin(), chequeo.puedeDejar.end(), [](const auto& prueba) { return prueba(); });
+    m_enChequeo.pop_back();
+    if (vivo.isNull() || ventana.isNull())
+    {
+        return puede ? Salida::Libre : Salida::Rechazada;
+    }
+    if (!puede)
+    {
+        volver(campo);
+        return Salida::Rechazada;
+    }
+    m_paso = campo;
+    m_pasoTexto = contenido(campo);
+    if (ventana->focusWidget() != nullptr && ventana->focusWidget() != campo)
+    {
+        return Salida::YaMovida;
+    }
+    if (gesto == Gesto::Otro && chequeo.guardar)
+    {
+        chequeo.guardar();
+    }
+    return Salida::Libre;
+}
+
+void Validacion::volver(QWidget* campo)
+{
+    if (!campo->isVisible() || !campo->isEnabled())
+    {
+        return;
+    }
+    m_paso = nullptr;
+    m_volviendo = true; // the field that gives the focus back has not been left by the user
+    campo->window()->activateWindow();
+    campo->setFocus(Qt::OtherFocusReason);
+    seleccionar(campo);
+    m_volviendo = false;
+}
+
+bool Validacion::eventFilter(QObject* objeto, QEvent* evento)
+{
+    switch (evento->type())
+    {
+    // At the window: when a filter sees a widget's press, the application has moved the focus already.
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        return objeto->isWindowType() && alPulsar(objeto, static_cast<QMouseEvent*>(evento));
+    case QEvent::MouseButtonRelease:
+        return objeto->isWindowType() && alSoltar(objeto);
+    case QEvent::Wheel:
+        return objeto->isWindowType() && alGirar(objeto, static_cast<QWheelEvent*>(evento));
+    case QEvent::KeyPress:
+        return evento != m_tabPropio && alTeclear(objeto, static_cast<QKeyEvent*>(evento));
+    case QEvent::Shortcut:
+        return alAtajo(objeto);
+    case QEvent::FocusIn:
+        if (objeto == m_paso)
+        {
+            m_paso = nullptr;
+        }
+        return false;
+    case QEvent::FocusOut:
+        if (m_chequeos.contains(objeto))
+        {
+            alPerderFoco(static_cast<QWidget*>(objeto), static_cast<QFocusEvent*>(evento)->reason());
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool Validacion::alPulsar(QObject* ventana, QMouseEvent* evento)
+{
+    // The rest of a double click whose first press was swallowed goes the same way, without a second box.
+    const bool sigueAlTragado =
+        m_tragadoEn == ventana && (evento->type() == QEvent::MouseButtonDblClick ||
+                                   evento->timestamp() - m_tragadoA <
+                                       static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval()));
+    if (sigueAlTragado)
+    {
+        return true;
+    }
+    m_tragadoEn = nullptr;
+    QWidget* superior = QApplication::activePopupWidget() == nullptr ? superficie(ventana) : nullptr;
+    QWidget* campo = superior != nullptr ? campoEn(superior) : nullptr;
+    if (campo == nullptr)
+    {
+        return false;
+    }
+    const QPoint lugar = evento->position().toPoint();
+    QWidget* destino = superior->childAt(lugar);
+    if (destino == nullptr || destino == campo || campo->isAncestorOf(destino) || !sacaDe(campo, destino, lugar))
+    {
+        return false;
+    }
+    if (dejar(campo, Gesto::Otro) == Salida::Libre)
+    {
+        return false;
+    }
+    m_tragadoEn = ventana;
+    m_tragadoA = evento->timestamp();
+    return true;
+}
+
+bool Validacion::alSoltar(QObject* ventana)
+{
+    // A release without its press still counts as a click for a grid whose row was clicked before. The mark stays for
+    // the second press of a double click.
+    return m_tragadoEn == ventana;
+}
+
+bool Validacion::alGirar(QObject* ventana, const QWheelEvent* evento)
+{
+    QWidget* superior = QApplication::activePopupWidget() == nullptr ? superficie(ventana) : nullptr;
+    QWidget* campo = superior != nullptr ? campoEn(superior) : nullptr;
+    QWidget* destino = superior != nullptr ? superior->childAt(evento->position().toPoint()) : nullptr;
+    for (; campo != nullptr && destino != nullptr && destino != campo; destino = destino->parentWidget())
+    {
+        if (destino->isEnabled() && (destino->focusPolicy() & Qt::WheelFocus) == Qt::WheelFocus)
+        {
+            return dejar(campo, Gesto::Otro) != Salida::Libre;
+        }
+    }
+    return false;
+}
+
+bool Validacion::alTeclear(QObject* objeto, QKeyEvent* evento)
+{
+    if (objeto != QApplication::focusWidget() || QApplication::activePopupWidget() != nullptr)
+    {
+        return false;
+    }
+    auto* campo = static_cast<QWidget*>(objeto);
+    if (antepasado<QAbstractItemView>(campo) != nullptr)
+    {
+        // A grid walks its cells by itself; here its editor is only checked.
+        return m_chequeos.contains(campo) && dejaEditor(campo, *evento) && dejar(campo, Gesto::Tecla) != Salida::Libre;
+    }
+    if (esTab(*evento))
+    {
+        return dejar(campo, Gesto::Tecla) != Salida::Libre;
+    }
+    const bool deLaCasa = m_chequeos.contains(campo) || antepasado<Pantalla>(campo) != nullptr;
+    return esEnter(*evento) && deLaCasa && alEntrar(campo);
+}
+
+bool Validacion::alEntrar(QWidget* campo)
+{
+    if (!entraComoTab(campo))
+    {
+        auto* boton = qobject_cast<QAbstractButton*>(campo);
+        if (boton != nullptr)
+        {
+            boton->click();
+        }
+        return boton != nullptr;
+    }
+    if (dejar(campo, Gesto::Tecla) == Salida::Libre)
+    {
+        QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+        m_tabPropio = &tab;
+        QCoreApplication::sendEvent(campo, &tab);
+        m_tabPropio = nullptr;
+    }
+    return true;
+}
+
+bool Validacion::alAtajo(QObject* destino)
+{
+    QWidget* campo = QApplication::focusWidget();
+    if (campo == nullptr && QApplication::activeWindow() != nullptr)
+    {
+        campo = QApplication::activeWindow()->focusWidget();
+    }
+    const auto* rotulo = qobject_cast<QLabel*>(destino);
+    if (campo == nullptr || destino == campo || (rotulo != nullptr && rotulo->buddy() == campo))
+    {
+        return false;
+    }
+    // The system menu of a child window moves or closes it.
+    if (qobject_cast<QAction*>(destino) != nullptr && antepasado<Pantalla>(destino) == nullptr &&
+        antepasado<QMdiSubWindow>(destino) != nullptr)
+    {
+        return false;
+    }
+    return dejar(campo, Gesto::Otro) != Salida::Libre;
+}
+
+void Validacion::alPerderFoco(QWidget* campo, Qt::FocusReason motivo)
+{
+    if (motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason || pausas > 0 || m_volviendo ||
+        ocupada(campo))
+    {
+        return;
+    }
+    if (m_paso == campo && m_pasoTexto == contenido(campo))
+    {
+        m_paso = nullptr;
+        return;
+    }
+    // What moved the focus goes on first: code, the Alt key, a group of options walked by its arrows.
+    QMetaObject::invokeMethod(
+        this,
+        [this, vivo = QPointer<QWidget>(campo)]
+        {
+            if (!vivo.isNull())
+            {
+                chequearTarde(vivo);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void Validacion::chequearTarde(QWidget* campo)
+{
+    const QWidget* foco = QApplication::focusWidget();
+    if (foco == campo || (foco != nullptr && campo->isAncestorOf(foco)) || hayCajaAbierta() || TrabajoLargo::enCurso())
+    {
+        return;
+    }
+    const QPointer<QWidget> vivo = campo;
+    dejar(campo, Gesto::Otro);
+    if (!vivo.isNull() && m_paso == campo)
+    {
+        m_paso = nullptr; // it has lost the focus already
+    }
+}

@@ -1,0 +1,133 @@
+#include "apoyo/cajas_de_prueba.h"
+
+#include <gtest/gtest.h>
+
+const char* nombreDe(Caja clase)
+{
+    switch (clase)
+    {
+    case Caja::Informacion:
+        return "informacion";
+    case Caja::Exclamacion:
+        return "exclamacion";
+    case Caja::Critico:
+        return "critico";
+    case Caja::Pregunta:
+        return "pregunta";
+    case Caja::Simple:
+        break;
+    }
+    return "simple";
+}
+
+CajasDePrueba::CajasDePrueba()
+{
+    reemplazarCajas([this](const DatosDeCaja& datos) { return atender(datos); });
+    reemplazarDialogoArchivo(
+        [this](const PedidoDeArchivo& pedido)
+        {
+            m_archivosPedidos.push_back(pedido);
+            return sacar(m_archivos, "file", pedido.titulo);
+        });
+    reemplazarDialogoCarpeta([this](const QString& titulo, const QString&)
+                             { return sacar(m_carpetas, "folder", titulo); });
+}
+
+CajasDePrueba::~CajasDePrueba()
+{
+    reemplazarCajas({});
+    reemplazarDialogoArchivo({});
+    reemplazarDialogoCarpeta({});
+    for (const Esperada& esperada : m_esperadas)
+    {
+        ADD_FAILURE() << "box that never came: " << nombreDe(esperada.datos.clase) << " \""
+                      << esperada.datos.texto.toStdString() << '"';
+    }
+    if (!m_archivos.empty() || !m_carpetas.empty())
+    {
+        ADD_FAILURE() << "dialog answers left over: " << m_archivos.size() << " of files, " << m_carpetas.size()
+                      << " of folders";
+    }
+}
+
+CajasDePrueba& CajasDePrueba::espera(Caja clase, const QString& texto, bool respuesta)
+{
+    m_esperadas.push_back({{clase, texto, {}}, true, respuesta});
+    return *this;
+}
+
+CajasDePrueba& CajasDePrueba::esperaQueDiga(Caja clase, const QString& parte, bool respuesta)
+{
+    m_esperadas.push_back({{clase, parte, {}}, false, respuesta});
+    return *this;
+}
+
+CajasDePrueba& CajasDePrueba::esperaPregunta(const QString& texto, bool respuesta)
+{
+    return espera(Caja::Pregunta, texto, respuesta);
+}
+
+CajasDePrueba& CajasDePrueba::archivo(const QString& ruta)
+{
+    m_archivos.push_back(ruta);
+    return *this;
+}
+
+CajasDePrueba& CajasDePrueba::carpeta(const QString& ruta)
+{
+    m_carpetas.push_back(ruta);
+    return *this;
+}
+
+QStringList CajasDePrueba::textos() const
+{
+    QStringList lista;
+    for (const DatosDeCaja& datos : m_vistas)
+    {
+        lista.append(datos.texto);
+    }
+    return lista;
+}
+
+std::size_t CajasDePrueba::pendientes() const
+{
+    return m_esperadas.size() + m_archivos.size() + m_carpetas.size();
+}
+
+bool CajasDePrueba::atender(const DatosDeCaja& datos)
+{
+    m_vistas.push_back(datos);
+    if (m_esperadas.empty())
+    {
+        ADD_FAILURE() << "box that nobody expected: " << nombreDe(datos.clase) << " \"" << datos.texto.toStdString()
+                      << '"';
+        return false;
+    }
+    const Esperada esperada = m_esperadas.front();
+    m_esperadas.pop_front();
+    const bool mismoTexto =
+        esperada.entera ? datos.texto == esperada.datos.texto : datos.texto.contains(esperada.datos.texto);
+    if (datos.clase != esperada.datos.clase || !mismoTexto)
+    {
+        ADD_FAILURE() << "another box than expected: " << nombreDe(datos.clase) << " \"" << datos.texto.toStdString()
+                      << "\" instead of " << nombreDe(esperada.datos.clase) << " \""
+                      << esperada.datos.texto.toStdString() << '"';
+    }
+    if (m_alVer)
+    {
+        m_alVer(datos);
+    }
+    return datos.clase != Caja::Pregunta || esperada.respuesta;
+}
+
+QString CajasDePrueba::sacar(std::deque<QString>& cola, const char* que, const QString& titulo)
+{
+    if (cola.empty())
+    {
+        ADD_FAILURE() << que << " dialog that nobody expected: \"" << titulo.toStdString() << '"';
+        return {};
+    }
+    QString respuesta = cola.front();
+    cola.pop_front();
+    return respuesta;
+}

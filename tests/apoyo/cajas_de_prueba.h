@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/screens/dialogos.h"
+#include "platform/screens/mensajes.h"
+
+#include <QString>
+#include <QStringList>
+#include <deque>
+#include <functional>
+#include <vector>
+
+/// Answers the program's boxes and dialogs while it lives. Boxes are expected in their order; one that nobody expected,
+/// or that differs, fails the test at once with its text, and an expected one that never came fails it at the end.
+class CajasDePrueba
+{
+public:
+    CajasDePrueba();
+    ~CajasDePrueba();
+    CajasDePrueba(const CajasDePrueba&) = delete;
+    CajasDePrueba& operator=(const CajasDePrueba&) = delete;
+
+    /// A box of this kind with exactly this text. `respuesta` counts for questions.
+    CajasDePrueba& espera(Caja clase, const QString& texto, bool respuesta = true);
+    /// A box whose text contains `parte`.
+    CajasDePrueba& esperaQueDiga(Caja clase, const QString& parte, bool respuesta = true);
+    CajasDePrueba& esperaPregunta(const QString& texto, bool respuesta);
+    /// The answer of the next file dialog; an empty text cancels it. A dialog with no answer queued fails the test.
+    CajasDePrueba& archivo(const QString& ruta);
+    CajasDePrueba& carpeta(const QString& ruta);
+    /// Run with each expected box, before it is answered.
+    void alVer(std::function<void(const DatosDeCaja&)> haz) { m_alVer = std::move(haz); }
+
+    /// All boxes so far, the unexpected ones included.
+    [[nodiscard]] const std::vector<DatosDeCaja>& vistas() const { return m_vistas; }
+    [[nodiscard]] QStringList textos() const;
+    [[nodiscard]] const std::vector<PedidoDeArchivo>& archivosPedidos() const { return m_archivosPedidos; }
+    /// Boxes and dialogs expected that have not come yet.
+    [[nodiscard]] std::size_t pendientes() const;
+
+private:
+    struct Esperada
+    {
+        DatosDeCaja datos;
+        bool entera = true;
+        bool respuesta = true;
+    };
+    bool atender(const DatosDeCaja& datos);
+    static QString sacar(std::deque<QString>& cola, const char* que, const QString& titulo);
+
+    std::deque<Esperada> m_esperadas;
+    std::deque<QString> m_archivos;
+    std::deque<QString> m_carpetas;
+    std::vector<DatosDeCaja> m_vistas;
+    std::vector<PedidoDeArchivo> m_archivosPedidos;
+    std::function<void(const DatosDeCaja&)> m_alVer;
+};
+
+/// The kind's name, for the reports of failures.
+[[nodiscard]] const char* nombreDe(Caja clase);
