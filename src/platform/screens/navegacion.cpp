@@ -8,7 +8,6 @@
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QScreen>
-#include <QStatusBar>
 #include <QTimer>
 #include <map>
 
@@ -44,7 +43,6 @@ struct Navegacion::Interno
 namespace
 {
 constexpr qsizetype maximoDeAvisos = 100;
-constexpr int milisegundosDelAviso = 10000;
 constexpr int milisegundosDeEspera = 50;
 } // namespace
 
@@ -298,11 +296,7 @@ void Navegacion::avisar(const QString& texto)
     {
         m_interno->avisos.removeFirst();
     }
-    if (!m_interno->ventana.isNull())
-    {
-        m_interno->ventana->statusBar()->showMessage(texto, milisegundosDelAviso);
-    }
-    Q_EMIT aviso(texto);
+    Q_EMIT aviso(texto); // the main window shows it
 }
 
 const QStringList& Navegacion::avisos() const
