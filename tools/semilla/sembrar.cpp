@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QStringList>
+#include <filesystem>
 
 namespace
 {
@@ -156,7 +157,7 @@ void sembrar(const QString& carpeta, const QString& destino)
         llenar(temporal, QDir(carpeta));
         Conexion::comprobar(temporal);
         Archivos::asegurarEnDisco(temporal);
-        Archivos::reemplazar(temporal, destino);
+        std::filesystem::rename(temporal.toStdU16String(), destino.toStdU16String());
         QFile::remove(candado);
     }
     catch (...)
