@@ -1,43 +1,137 @@
 #include "platform/data/archivos.h"
 
 #include "platform/data/error_de_ejecucion.h"
+#include "platform/data/errores_de_archivo.h"
 #include "platform/data/sistema.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QUuid>
 #include <cerrno>
+#include <vector>
 
 namespace
 {
-[[noreturn]] void fallar(int error, const QString& ruta)
+using detalle::Operacion;
+
+/// The errno value of a failure of the standard library's file functions, 0 for none.
+int comoErrno(const std::error_code& error)
 {
-    const QString nativa = QDir::toNativeSeparators(ruta);
-    switch (error)
+    return error ? error.default_error_condition().value() : 0;
+}
+
+void exigir(int error, const QString& ruta, Operacion operacion = Operacion::Completa)
+{
+    if (error != 0)
     {
-    case ENOENT:
-        throw ErrorDeEjecucion(QFileInfo(QFileInfo(ruta).absolutePath()).isDir() ? ErrorDeEjecucion::ArchivoNoEncontrado
-                                                                                 : ErrorDeEjecucion::RutaNoEncontrada,
-                               nativa);
-    case ENOSPC:
-#ifdef EDQUOT
-    case EDQUOT:
-#endif
-        throw ErrorDeEjecucion(ErrorDeEjecucion::DiscoLleno, nativa);
-    case EBUSY:
-    case ETXTBSY:
-        throw ErrorDeEjecucion(ErrorDeEjecucion::EnUso, nativa);
-    case ENOTDIR:
-        throw ErrorDeEjecucion(ErrorDeEjecucion::RutaNoEncontrada, nativa);
-    default:
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, nativa);
+        detalle::fallarArchivo(error, ruta, operacion);
+    }
+}
+
+QString carpetaDe(const QString& ruta)
+{
+    return QFileInfo(ruta).absolutePath();
+}
+
+/// Copies the bytes into the new file `destino` and flushes it.
+void copiarBytes(const QString& origen, const QString& destino)
+{
+    const sistema::Archivo lee = sistema::abrir(origen, "rb");
+    exigir(lee ? 0 : errno, origen);
+    sistema::Archivo escribe = sistema::abrir(destino, "wbx");
+    exigir(escribe ? 0 : errno, destino);
+    std::vector<char> bloque(256UL * 1024);
+    while (const std::size_t leidos = std::fread(bloque.data(), 1, bloque.size(), lee.get()))
+    {
+        exigir(std::fwrite(bloque.data(), 1, leidos, escribe.get()) == leidos ? 0 : errno, destino);
+    }
+    exigir(std::ferror(lee.get()) == 0 ? 0 : errno, origen);
+    exigir(std::fclose(escribe.release()) == 0 ? 0 : errno, destino);
+    exigir(sistema::asegurarArchivo(destino), destino);
+}
+
+/// The new file is as open to others as the one whose place it takes.
+void heredarPermisos(const QString& de, const QString& a)
+{
+    std::error_code error;
+    const std::filesystem::file_status estado = std::filesystem::status(sistema::nativa(de), error);
+    if (!error && std::filesystem::exists(estado))
+    {
+        std::filesystem::permissions(sistema::nativa(a), estado.permissions(), error);
     }
 }
 } // namespace
 
+bool Archivos::existe(const QString& ruta)
+{
+    return QFileInfo::exists(ruta);
+}
+
+void Archivos::copiar(const QString& origen, const QString& destino)
+{
+    if (!QFileInfo(origen).isFile())
+    {
+        exigir(QFileInfo(origen).isDir() ? EISDIR : ENOENT, origen);
+    }
+    std::error_code distintos;
+    if (std::filesystem::equivalent(sistema::nativa(origen), sistema::nativa(destino), distintos) && !distintos)
+    {
+        exigir(EBUSY, destino);
+    }
+    exigir(QFileInfo(destino).isDir() ? EISDIR : 0, destino);
+    const QString temporal = destino + u'.' + QUuid::createUuid().toString(QUuid::Id128) + QStringLiteral(".tmp");
+    try
+    {
+        copiarBytes(origen, temporal);
+        reemplazar(temporal, destino);
+    }
+    catch (...)
+    {
+        std::error_code ignorado;
+        std::filesystem::remove(sistema::nativa(temporal), ignorado);
+        throw;
+    }
+}
+
+void Archivos::reemplazar(const QString& origen, const QString& destino)
+{
+    exigir(QFileInfo::exists(origen) ? 0 : ENOENT, origen);
+    heredarPermisos(destino, origen);
+    std::error_code error;
+    std::filesystem::rename(sistema::nativa(origen), sistema::nativa(destino), error);
+    exigir(comoErrno(error), destino);
+    // The file is in its place; that the folder could not be flushed as well undoes nothing.
+    static_cast<void>(sistema::asegurarCarpeta(carpetaDe(destino)));
+}
+
+void Archivos::renombrar(const QString& origen, const QString& destino)
+{
+    exigir(QFileInfo::exists(origen) ? 0 : ENOENT, origen);
+    exigir(QFileInfo::exists(destino) ? EEXIST : 0, destino);
+    std::error_code error;
+    std::filesystem::rename(sistema::nativa(origen), sistema::nativa(destino), error);
+    exigir(comoErrno(error), destino);
+}
+
+void Archivos::borrar(const QString& ruta)
+{
+    exigir(QFileInfo(ruta).isDir() ? ENOENT : 0, ruta);
+    std::error_code error;
+    const bool estaba = std::filesystem::remove(sistema::nativa(ruta), error);
+    exigir(comoErrno(error), ruta);
+    exigir(estaba ? 0 : ENOENT, ruta);
+}
+
+void Archivos::crearCarpeta(const QString& ruta)
+{
+    exigir(QFileInfo::exists(ruta) ? EEXIST : 0, ruta, Operacion::Canal);
+    std::error_code error;
+    std::filesystem::create_directory(sistema::nativa(ruta), error);
+    exigir(comoErrno(error), ruta, Operacion::Canal);
+}
+
 void Archivos::asegurarEnDisco(const QString& ruta)
 {
-    if (const int error = sistema::asegurarEnDisco(ruta))
-    {
-        fallar(error, ruta);
-    }
+    exigir(sistema::asegurarArchivo(ruta), ruta);
+    exigir(sistema::asegurarCarpeta(carpetaDe(ruta)), carpetaDe(ruta));
 }

@@ -4,16 +4,17 @@
 #include <QString>
 
 /// Files as the program sees them: numbered text channels in Windows-1252, and whole-file operations.
-/// Everything fails with ErrorDeEjecucion: 53 not found, 55 channel already open, 61 disk full, 70 in use or not
-/// permitted, 75 exists or no access, 76 no such folder.
+/// Everything fails with ErrorDeEjecucion: 52 channel not open, 53 not found, 54 channel open the other way, 55 channel
+/// already open, 57 the disk fails, 61 disk full, 70 in use or (whole files) not permitted, 75 exists or (channels and
+/// folders) no access, 76 no such folder.
 namespace Archivos
 {
 /// Opens file number `canal` (1 to 511) to read or, emptying it, to write. The number stays open until cerrar(),
 /// whatever happens in between; opening it again fails with 55.
 void abrirParaLeer(int canal, const QString& ruta);
 void abrirParaEscribir(int canal, const QString& ruta);
-/// Next line without its end: CR LF, LF or CR. Bytes as they stand in the file. The view of the bytes is good until
-/// the next call for the channel. False at the end of the file.
+/// Next line without its end: CR LF, LF or CR; 14 for one of more than a mebibyte. Bytes as they stand in the file. The
+/// view of the bytes is good until the next call for the channel. False at the end of the file.
 [[nodiscard]] bool leerLinea(int canal, QByteArrayView& linea);
 /// Bytes read so far and in all, for the progress shown to the user.
 [[nodiscard]] qint64 posicion(int canal);
@@ -29,9 +30,10 @@ void cerrarTodos();
 
 [[nodiscard]] bool existe(const QString& ruta);
 /// Copies under a temporary name in the target's folder, flushes, and renames: the target is the old file or the whole
-/// copy, never a part. A file onto itself fails with 70.
+/// copy, never a part. A file onto itself fails with 70. Not for a database that this process has open: on POSIX,
+/// closing the copy's descriptor would drop the database's locks.
 void copiar(const QString& origen, const QString& destino);
-/// Puts `origen` in the place of `destino` in one step; `destino` may exist.
+/// Puts `origen` in the place of `destino` in one step; `destino` may exist, and then hands on its permissions.
 void reemplazar(const QString& origen, const QString& destino);
 /// `destino` must not exist (else 58 is told as 75).
 void renombrar(const QString& origen, const QString& destino);

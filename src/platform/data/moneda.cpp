@@ -75,7 +75,7 @@ Moneda Moneda::deEntero(std::int64_t pesos)
 
 Moneda Moneda::deTexto(const QString& texto)
 {
-    const auto digitos = detalle::desarmarTecleado(texto);
+    const auto digitos = detalle::desarmarTexto(texto);
     if (!digitos)
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos);

@@ -14,8 +14,8 @@ public:
     /// Whole pesos.
     [[nodiscard]] static Moneda deEntero(std::int64_t pesos);
     /// Amount typed by a person or stored in a file: "," is the decimal mark, a "." groups thousands when a comma
-    /// follows it or when three digits do (see LeerNumero). Past the fourth decimal, halves go to the even digit.
-    /// Throws ErrorDeEjecucion 13 when the text is no number.
+    /// follows it or when three digits do (see LeerNumero), and a power of ten as TextoSimple writes it may end it.
+    /// Past the fourth decimal, halves go to the even digit. Throws ErrorDeEjecucion 13 when the text is no number.
     [[nodiscard]] static Moneda deTexto(const QString& texto);
     /// The nearest ten-thousandth of a binary number, halves to even. Throws 6 for NaN, infinities and overflow.
     [[nodiscard]] static Moneda deFlotante(double valor);

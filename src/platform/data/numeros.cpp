@@ -1,7 +1,8 @@
 #include "platform/data/numeros.h"
 
+#include <QString>
 #include <charconv>
-#include <cmath>
+#include <cstdlib>
 
 namespace
 {
@@ -53,6 +54,16 @@ bool tomarGrupos(QStringView& texto, QByteArray& enteros)
     return true;
 }
 
+QByteArray sinCerosDelante(const QByteArray& digitos)
+{
+    qsizetype ceros = 0;
+    while (ceros < digitos.size() && digitos[ceros] == '0')
+    {
+        ++ceros;
+    }
+    return digitos.sliced(ceros);
+}
+
 std::optional<detalle::Digitos> desarmar(QStringView texto, bool conGrupos, QStringView marcas)
 {
     texto = texto.trimmed();
@@ -72,12 +83,7 @@ std::optional<detalle::Digitos> desarmar(QStringView texto, bool conGrupos, QStr
     {
         return std::nullopt;
     }
-    qsizetype ceros = 0;
-    while (ceros < digitos.enteros.size() && digitos.enteros[ceros] == '0')
-    {
-        ++ceros;
-    }
-    digitos.enteros.remove(0, ceros);
+    digitos.enteros = sinCerosDelante(digitos.enteros);
     return digitos;
 }
 } // namespace
@@ -85,6 +91,37 @@ std::optional<detalle::Digitos> desarmar(QStringView texto, bool conGrupos, QStr
 std::optional<detalle::Digitos> detalle::desarmarTecleado(QStringView texto)
 {
     return desarmar(texto, true, u",");
+}
+
+std::optional<detalle::Digitos> detalle::desarmarTexto(QStringView texto)
+{
+    const qsizetype e = texto.indexOf(u'E');
+    auto digitos = desarmarTecleado(e < 0 ? texto : texto.first(e));
+    if (e < 0 || !digitos)
+    {
+        return digitos;
+    }
+    bool esNumero = false;
+    const int exponente = texto.sliced(e + 1).trimmed().toInt(&esNumero);
+    constexpr int limite = 60; // past what a float's text can hold
+    if (!esNumero || exponente < -limite || exponente > limite)
+    {
+        return std::nullopt;
+    }
+    const int cifras = std::abs(exponente);
+    if (exponente > 0)
+    {
+        digitos->decimales = digitos->decimales.leftJustified(cifras, '0');
+        digitos->enteros = sinCerosDelante(digitos->enteros + digitos->decimales.first(cifras));
+        digitos->decimales.remove(0, cifras);
+    }
+    else
+    {
+        digitos->enteros = digitos->enteros.rightJustified(cifras, '0');
+        digitos->decimales.prepend(digitos->enteros.last(cifras));
+        digitos->enteros.chop(cifras);
+    }
+    return digitos;
 }
 
 std::optional<detalle::Digitos> detalle::desarmarDeArchivo(QStringView texto)

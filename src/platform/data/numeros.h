@@ -17,6 +17,8 @@ struct Digitos
 /// A number as a person types it: outer blanks, a sign, digits or well-formed groups of thousands ("1.234.567"), and a
 /// decimal comma. Nothing when the text is anything else, or has no digit.
 [[nodiscard]] std::optional<Digitos> desarmarTecleado(QStringView texto);
+/// The same for what TextoSimple gives, which may end in a power of ten ("1,234568E+07").
+[[nodiscard]] std::optional<Digitos> desarmarTexto(QStringView texto);
 /// The same for a file's number: no groups, and one "." or "," as the decimal mark.
 [[nodiscard]] std::optional<Digitos> desarmarDeArchivo(QStringView texto);
 /// The nearest 32-bit float; nothing when it does not fit.

@@ -1,86 +1,60 @@
 #include "platform/data/sistema.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <cerrno>
+#include <string>
 
 #ifdef _WIN32
 
 #define NOMINMAX
 #include <windows.h>
 
-namespace
-{
-int comoErrno(DWORD error)
-{
-    switch (error)
-    {
-    case ERROR_SUCCESS:
-        return 0;
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-        return ENOENT;
-    case ERROR_ACCESS_DENIED:
-    case ERROR_WRITE_PROTECT:
-        return EACCES;
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-        return EBUSY;
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-        return ENOSPC;
-    case ERROR_FILE_EXISTS:
-    case ERROR_ALREADY_EXISTS:
-        return EEXIST;
-    case ERROR_NOT_SAME_DEVICE:
-        return EXDEV;
-    default:
-        return EIO;
-    }
-}
-} // namespace
-
-sistema::RutaNativa sistema::nativa(const QString& ruta)
+std::filesystem::path sistema::nativa(const QString& ruta)
 {
     return ruta.toStdWString();
 }
 
-int sistema::ultimoError()
+sistema::Archivo sistema::abrir(const QString& ruta, const char* modo)
 {
-    return comoErrno(GetLastError());
+    const std::wstring ancho = QString::fromLatin1(modo).toStdWString() + L"N"; // N: not inherited
+    Archivo archivo(_wfopen(nativa(ruta).c_str(), ancho.c_str()));
+    if (archivo)
+    {
+        std::setvbuf(archivo.get(), nullptr, _IONBF, 0);
+    }
+    return archivo;
 }
 
-int sistema::asegurarEnDisco(const QString& ruta)
+int sistema::asegurarArchivo(const QString& ruta)
 {
     const HANDLE archivo = CreateFileW(nativa(ruta).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (archivo == INVALID_HANDLE_VALUE)
     {
-        return ultimoError();
+        return std::error_code(static_cast<int>(GetLastError()), std::system_category())
+            .default_error_condition()
+            .value();
     }
-    const int error = FlushFileBuffers(archivo) != 0 ? 0 : ultimoError();
+    const bool hecho = FlushFileBuffers(archivo) != 0;
     CloseHandle(archivo);
-    return error;
+    return hecho ? 0 : EIO;
 }
 
-int sistema::reemplazar(const QString& origen, const QString& destino)
+int sistema::asegurarCarpeta(const QString& /*ruta*/)
 {
-    const BOOL hecho = MoveFileExW(nativa(origen).c_str(), nativa(destino).c_str(),
-                                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-    return hecho != 0 ? 0 : ultimoError();
+    return 0;
 }
 
 #else
 
-#include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace
 {
-int volcar(const std::string& ruta)
+int volcar(const QString& ruta)
 {
-    const int descriptor = ::open(ruta.c_str(), O_RDONLY | O_CLOEXEC);
+    const int descriptor = ::open(sistema::nativa(ruta).c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0)
     {
         return errno;
@@ -91,29 +65,30 @@ int volcar(const std::string& ruta)
 }
 } // namespace
 
-sistema::RutaNativa sistema::nativa(const QString& ruta)
+std::filesystem::path sistema::nativa(const QString& ruta)
 {
     return QFile::encodeName(ruta).toStdString();
 }
 
-int sistema::ultimoError()
+sistema::Archivo sistema::abrir(const QString& ruta, const char* modo)
 {
-    return errno;
-}
-
-int sistema::asegurarEnDisco(const QString& ruta)
-{
-    if (const int error = volcar(nativa(ruta)))
+    Archivo archivo(std::fopen(nativa(ruta).c_str(), (std::string(modo) + 'e').c_str())); // e: closed on exec
+    if (archivo)
     {
-        return error;
+        std::setvbuf(archivo.get(), nullptr, _IONBF, 0);
     }
-    const int error = volcar(nativa(QFileInfo(ruta).absolutePath()));
-    return error == EINVAL ? 0 : error; // some network folders cannot be flushed
+    return archivo;
 }
 
-int sistema::reemplazar(const QString& origen, const QString& destino)
+int sistema::asegurarArchivo(const QString& ruta)
 {
-    return std::rename(nativa(origen).c_str(), nativa(destino).c_str()) == 0 ? 0 : errno;
+    return volcar(ruta);
+}
+
+int sistema::asegurarCarpeta(const QString& ruta)
+{
+    const int error = volcar(ruta);
+    return error == EINVAL ? 0 : error; // some network folders cannot be flushed
 }
 
 #endif

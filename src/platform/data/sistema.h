@@ -1,25 +1,28 @@
 #pragma once
 
 #include <QString>
-#include <string>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
 
-/// The few calls that each operating system names differently.
+/// The few calls that each operating system names differently. Failures are told as errno values.
 namespace sistema
 {
-#ifdef _WIN32
-using RutaNativa = std::wstring;
-#else
-using RutaNativa = std::string;
-#endif
 /// A path as the system's own calls take it.
-[[nodiscard]] RutaNativa nativa(const QString& ruta);
+[[nodiscard]] std::filesystem::path nativa(const QString& ruta);
 
-/// The last failure of the C library or the system, as an errno value.
-[[nodiscard]] int ultimoError();
+struct CierraArchivo
+{
+    void operator()(std::FILE* archivo) const noexcept { std::fclose(archivo); }
+};
+using Archivo = std::unique_ptr<std::FILE, CierraArchivo>;
 
-/// Both give 0, or the errno value of the failure.
-/// Flushes a closed file, and the folder's entry for it where the system wants that told, to the disk.
-[[nodiscard]] int asegurarEnDisco(const QString& ruta);
-/// Puts `origen` in the place of `destino` in one step, whether `destino` exists or not.
-[[nodiscard]] int reemplazar(const QString& origen, const QString& destino);
+/// fopen for any path, without a buffer of its own and not handed on to processes that are started. Null with errno set
+/// when it fails.
+[[nodiscard]] Archivo abrir(const QString& ruta, const char* modo);
+
+/// Flushes a closed file to the disk; 0, or the errno value of the failure.
+[[nodiscard]] int asegurarArchivo(const QString& ruta);
+/// Flushes a folder's list of files to the disk, where the system wants that told.
+[[nodiscard]] int asegurarCarpeta(const QString& ruta);
 } // namespace sistema
