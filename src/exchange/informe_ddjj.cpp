@@ -1,0 +1,144 @@
+#include "exchange/informe_ddjj.h"
+
+#include "platform/data/conexion.h"
+
+namespace
+{
+void prepararDeclaracion(Conexion& conexion, const ClaveDDJJ& clave, qint64 indice)
+{
+    conexion.ejecutar("INSERT INTO RptEmpleados (Indice, Tipo, Sucursal_Cod, AyN, Cuil, Ingreso, Categoria, QHoras, "
+                      "Imponible, Art100, Art101A, Art101B, Egreso, Acuerdo, Acuerdo2) "
+                      "SELECT ?, 0, DDJJ_Empleados.Sucursal, DDJJ_Empleados.AyN, DDJJ_Empleados.Cuil, "
+                      "DDJJ_Empleados.Ingreso, Categorias.Nombre, DDJJ_Empleados.QHoras, DDJJ_Empleados.Imponible, "
+                      "DDJJ_Empleados.ART100, DDJJ_Empleados.ART101A, DDJJ_Empleados.ART101B, DDJJ_Empleados.Egreso, "
+                      "DDJJ_Empleados.Acuerdo, DDJJ_Empleados.Acuerdo2 FROM DDJJ_Empleados "
+                      "LEFT JOIN Categorias ON DDJJ_Empleados.Categoria = Categorias.Codigo "
+                      "WHERE DDJJ_Empleados.CUIT = ? AND DDJJ_Empleados.Periodo = ? AND DDJJ_Empleados.Secuencia = ?",
+                      indice, clave.cuit, clave.periodo, clave.secuencia);
+    // From the branch's ID to its code.
+    conexion.ejecutar("UPDATE RptEmpleados SET Sucursal = Sucursales.Sucursal FROM Empresas_Sucursales AS Sucursales "
+                      "WHERE RptEmpleados.Sucursal_Cod = Sucursales.ID AND RptEmpleados.Indice = ?",
+                      indice);
+    conexion.ejecutar("INSERT INTO RptEmpleados (Indice, Tipo, Sucursal, Calle, Numero, CodPos, Localidad, Telefono) "
+                      "SELECT ?, 1, Sucursal, Domicilio, Numero, CodPos, Localidad, Telefono FROM Empresas_Sucursales "
+                      "WHERE Cuit = ? ORDER BY Localidad, Domicilio, Numero",
+                      indice, clave.cuit);
+}
+
+std::optional<std::string_view> textoONulo(const Fila& fila, const char* columna)
+{
+    return fila.esNulo(columna) ? std::nullopt : std::optional(fila.utf8(columna));
+}
+
+/// A Null document number is compared and not tested for Null, so it does not count as missing.
+bool incompleto(const Fila& fila)
+{
+    return fila.esNulo("Nombre_Doc") || fila.enteroONulo("NroDoc") == qint64{0} || fila.esNulo("Sexo") ||
+           fila.esNulo("Nacio") || fila.esNulo("Nombre_Est") || fila.esNulo("Nombre_Cat") || fila.esNulo("Ingreso");
+}
+
+void prepararIncompletos(Conexion& conexion, const ClaveDDJJ& clave, qint64 indice)
+{
+    Sentencia insertar =
+        conexion.preparar("INSERT INTO RptEmpleados (Indice, AyN, Cuil, TipoDoc, NroDoc, Sexo, Nacio, "
+                          "EstCivil, Categoria, Ingreso, Tipo) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, NULL)");
+    conexion.recorrer(
+        "SELECT DDJJ_Empleados.AyN, DDJJ_Empleados.Cuil, Documentos.Nombre AS Nombre_Doc, DDJJ_Empleados.NroDoc, "
+        "DDJJ_Empleados.Sexo, DDJJ_Empleados.Nacio, EstadoCivil.Nombre AS Nombre_Est, Categorias.Nombre AS Nombre_Cat, "
+        "DDJJ_Empleados.Ingreso FROM DDJJ_Empleados "
+        "LEFT JOIN Categorias ON DDJJ_Empleados.Categoria = Categorias.Codigo "
+        "LEFT JOIN Documentos ON DDJJ_Empleados.TipoDoc = Documentos.Codigo "
+        "LEFT JOIN EstadoCivil ON DDJJ_Empleados.EstCivil = EstadoCivil.Codigo "
+        "WHERE DDJJ_Empleados.CUIT = ? AND DDJJ_Empleados.Periodo = ? AND DDJJ_Empleados.Secuencia = ? "
+        "ORDER BY DDJJ_Empleados.Cuil",
+        [&](const Fila& fila)
+        {
+            if (incompleto(fila))
+            {
+                insertar.ejecutar(indice, fila.utf8("AyN"), fila.utf8("Cuil"), textoONulo(fila, "Nombre_Doc"),
+                                  fila.enteroONulo("NroDoc"), fila.enteroONulo("Sexo"), fila.fecha("Nacio"),
+                                  textoONulo(fila, "Nombre_Est"), textoONulo(fila, "Nombre_Cat"),
+                                  fila.fecha("Ingreso"));
+            }
+        },
+        clave.cuit, clave.periodo, clave.secuencia);
+}
+
+/// Street, then what has a value of number (unless 0), premises, floor and flat.
+QString domicilio(const Fila& empresa)
+{
+    QString texto = empresa.texto("Calle");
+    if (const qint64 numero = empresa.enteroONulo("Numero").value_or(0); numero != 0)
+    {
+        texto += QLatin1Char(' ') + QString::number(numero);
+    }
+    for (const char* columna : {"NroLocal", "Piso", "Depto"})
+    {
+        if (const QString parte = empresa.texto(columna); !parte.isEmpty())
+        {
+            texto += QLatin1Char(' ') + parte;
+        }
+    }
+    return texto;
+}
+
+QString entreParentesis(const QString& texto)
+{
+    return QLatin1Char('(') + texto + QLatin1Char(')');
+}
+} // namespace
+
+bool hayNomina(Conexion& conexion, const ClaveDDJJ& clave)
+{
+    return conexion.hay("SELECT 1 FROM DDJJ_Empleados WHERE CUIT = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
+                        clave.periodo, clave.secuencia);
+}
+
+void prepararInforme(Conexion& conexion, const ClaveDDJJ& clave, qint64 indice, InformeDDJJ cual)
+{
+    Transaccion transaccion(conexion);
+    if (cual == InformeDDJJ::Declaracion)
+    {
+        prepararDeclaracion(conexion, clave, indice);
+    }
+    else
+    {
+        prepararIncompletos(conexion, clave, indice);
+    }
+    transaccion.confirmar();
+}
+
+ValoresDeInforme valoresDeInforme(const Fila& empresa, const ClaveDDJJ& clave, qint64 indice, const QString& mes,
+                                  const QString& anio, InformeDDJJ cual)
+{
+    ValoresDeInforme valores{
+        {QStringLiteral("Indice"), indice},   {QStringLiteral("Empresa"), empresa.texto("Razon")},
+        {QStringLiteral("CUIT"), clave.cuit}, {QStringLiteral("Mes"), mes},
+        {QStringLiteral("Anio"), anio},
+    };
+    if (cual != InformeDDJJ::Declaracion)
+    {
+        return valores;
+    }
+    const auto agregar = [&](const char* nombre, const QString& texto) {
+        valores.push_back({QString::fromLatin1(nombre), texto});
+    };
+    agregar("Domicilio", domicilio(empresa));
+    agregar("Localidad", entreParentesis(empresa.texto("CodPos")) + QLatin1Char(' ') + empresa.texto("Localidad"));
+    agregar("Telefono", empresa.texto("Telefono"));
+    agregar("Actividad", empresa.texto("Nombre"));
+    agregar("EMail", empresa.texto("Email"));
+    agregar("Estudio", empresa.texto("Estudio"));
+    agregar("Estudio_Domicilio", empresa.texto("Est_Domicilio"));
+    agregar("Estudio_CodPos", entreParentesis(empresa.texto("Est_CodPos")));
+    agregar("Estudio_Localidad", empresa.texto("Est_Localidad"));
+    agregar("Estudio_Telefono", empresa.texto("Est_Telefono"));
+    agregar("Estudio_EMail", empresa.texto("Est_EMail"));
+    return valores;
+}
+
+QString archivoDeInforme(InformeDDJJ cual)
+{
+    return cual == InformeDDJJ::DatosIncompletos ? QStringLiteral("RptDDJJ_Incompleto.rpt")
+                                                 : QStringLiteral("RptDDJJ.rpt");
+}

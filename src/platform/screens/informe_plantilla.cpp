@@ -1,0 +1,315 @@
+#include "platform/screens/informe_plantilla.h"
+
+#include "platform/data/conexion.h"
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/data/formato.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QXmlStreamReader>
+
+namespace
+{
+/// Reads the layout element by element and takes the text of the parts from the file as it stands.
+class Lector
+{
+public:
+    explicit Lector(const QString& ruta)
+        : m_nombre(QFileInfo(ruta).fileName())
+    {
+        QFile archivo(ruta);
+        if (!archivo.open(QIODevice::ReadOnly))
+        {
+            throw ErrorDeEjecucion(ErrorDeEjecucion::ArchivoNoEncontrado, m_nombre);
+        }
+        m_texto = QString::fromUtf8(archivo.readAll());
+        m_xml.addData(m_texto);
+        m_plantilla.carpeta = QFileInfo(ruta).absolutePath();
+        m_plantilla.pagina = QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(12, 12, 12, 12),
+                                         QPageLayout::Millimeter);
+    }
+
+    PlantillaDeInforme leer()
+    {
+        while (!m_xml.atEnd())
+        {
+            if (m_xml.readNext() == QXmlStreamReader::StartElement)
+            {
+                elemento();
+            }
+        }
+        if (m_xml.hasError())
+        {
+            fallar(m_xml.errorString());
+        }
+        if (m_plantilla.bandas.empty())
+        {
+            fallar(QStringLiteral("no tiene contenido"));
+        }
+        return std::move(m_plantilla);
+    }
+
+private:
+    [[noreturn]] void fallar(const QString& causa) const
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
+                               QStringLiteral("el informe %1 no es válido, línea %2: %3")
+                                   .arg(m_nombre)
+                                   .arg(m_xml.lineNumber())
+                                   .arg(causa));
+    }
+
+    QString atributo(const char* nombre) const { return m_xml.attributes().value(QLatin1String(nombre)).toString(); }
+
+    QStringList lista(const char* nombre) const { return atributo(nombre).split(QLatin1Char(' '), Qt::SkipEmptyParts); }
+
+    /// Goes to the end of the element and gives what stands between its tags.
+    QString interior()
+    {
+        const qint64 desde = m_xml.characterOffset();
+        qint64 hasta = desde;
+        for (int nivel = 1; nivel > 0 && !m_xml.atEnd();)
+        {
+            hasta = m_xml.characterOffset();
+            switch (m_xml.readNext())
+            {
+            case QXmlStreamReader::StartElement:
+                ++nivel;
+                break;
+            case QXmlStreamReader::EndElement:
+                --nivel;
+                break;
+            default:
+                break;
+            }
+        }
+        return m_texto.mid(desde, hasta - desde);
+    }
+
+    void elemento()
+    {
+        const QString nombre = m_xml.name().toString();
+        if (nombre == QLatin1String("title"))
+        {
+            m_plantilla.titulo = m_xml.readElementText();
+        }
+        else if (nombre == QLatin1String("meta"))
+        {
+            meta();
+        }
+        else if (nombre == QLatin1String("script"))
+        {
+            consulta();
+        }
+        else if (nombre == QLatin1String("style"))
+        {
+            m_plantilla.estilo = interior();
+        }
+        else if (nombre == QLatin1String("header"))
+        {
+            m_plantilla.encabezado = interior().toStdString();
+        }
+        else if (nombre == QLatin1String("footer"))
+        {
+            m_plantilla.pie = interior().toStdString();
+        }
+        else if (nombre == QLatin1String("section"))
+        {
+            m_plantilla.bandas.push_back({{}, interior().toStdString(), {}, {}});
+        }
+        else if (nombre == QLatin1String("table"))
+        {
+            tabla();
+        }
+    }
+
+    void meta()
+    {
+        const QString contenido = atributo("content");
+        if (atributo("name") == QLatin1String("papel") && contenido.contains(QLatin1String("apaisado")))
+        {
+            m_plantilla.pagina.setOrientation(QPageLayout::Landscape);
+        }
+        if (atributo("name") == QLatin1String("margenes"))
+        {
+            const QStringList mm = contenido.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+            if (mm.size() != 4)
+            {
+                fallar(QStringLiteral("los márgenes son cuatro"));
+            }
+            m_plantilla.pagina.setMargins({mm[3].toDouble(), mm[0].toDouble(), mm[1].toDouble(), mm[2].toDouble()});
+        }
+    }
+
+    void consulta()
+    {
+        ConsultaDeInforme consulta{atributo("id"), {}, lista("importes"), lista("fechas"), lista("si")};
+        consulta.sql = m_xml.readElementText().trimmed().toStdString();
+        m_plantilla.consultas.push_back(std::move(consulta));
+    }
+
+    /// The row is what stands between <tbody> and </tbody>; what stands before is repeated on each page.
+    void tabla()
+    {
+        BandaDeInforme banda;
+        banda.filas = atributo("filas");
+        QString atributos;
+        for (const QXmlStreamAttribute& a : m_xml.attributes())
+        {
+            atributos += QStringLiteral(" %1=\"%2\"").arg(a.name(), a.value().toString().toHtmlEscaped());
+        }
+        const QString todo = interior();
+        const qsizetype cuerpo = todo.indexOf(QLatin1String("<tbody>"));
+        const qsizetype fin = todo.indexOf(QLatin1String("</tbody>"));
+        if (cuerpo < 0 || fin < cuerpo)
+        {
+            fallar(QStringLiteral("la tabla %1 no tiene tbody").arg(banda.filas));
+        }
+        banda.apertura = (QStringLiteral("<table") + atributos + QLatin1Char('>') + todo.left(cuerpo)).toStdString();
+        banda.html = todo.mid(cuerpo + 7, fin - cuerpo - 7).trimmed().toStdString();
+        banda.cierre = "</table>";
+        m_plantilla.bandas.push_back(std::move(banda));
+    }
+
+    QString m_nombre;
+    QString m_texto;
+    QXmlStreamReader m_xml;
+    PlantillaDeInforme m_plantilla;
+};
+
+enum class Clase
+{
+    Texto,
+    Importe,
+    Fecha,
+    Condicion,
+};
+
+std::string celda(const Fila& fila, const char* columna, Clase clase)
+{
+    if (fila.esNulo(columna))
+    {
+        return {};
+    }
+    switch (clase)
+    {
+    case Clase::Importe:
+        return Formato(fila.moneda(columna), u"#,##0.00").toStdString();
+    case Clase::Fecha:
+        return Formato(fila.fecha(columna), u"DD/MM/YYYY").toStdString();
+    case Clase::Condicion:
+        return fila.entero(columna) != 0 ? "1" : std::string();
+    case Clase::Texto:
+        break;
+    }
+    return std::string(fila.utf8(columna));
+}
+
+FilasDeInforme ejecutar(Conexion& base, const ConsultaDeInforme& consulta, std::optional<qint64> indice)
+{
+    FilasDeInforme salida;
+    std::vector<Clase> clases;
+    const auto leerFila = [&](const Fila& fila)
+    {
+        if (clases.empty())
+        {
+            for (int c = 0; c < fila.columnas(); ++c)
+            {
+                const QString nombre = fila.nombre(c);
+                salida.columnas.push_back(nombre.toStdString());
+                clases.push_back(consulta.importes.contains(nombre)      ? Clase::Importe
+                                 : consulta.fechas.contains(nombre)      ? Clase::Fecha
+                                 : consulta.condiciones.contains(nombre) ? Clase::Condicion
+                                                                         : Clase::Texto);
+                salida.condicion.push_back(clases.back() == Clase::Condicion);
+            }
+        }
+        std::vector<std::string> valores;
+        valores.reserve(clases.size());
+        for (std::size_t c = 0; c < clases.size(); ++c)
+        {
+            valores.push_back(celda(fila, salida.columnas[c].c_str(), clases[c]));
+        }
+        salida.filas.push_back(std::move(valores));
+    };
+    if (consulta.sql.find(":Indice") == std::string::npos)
+    {
+        base.recorrer(consulta.sql, leerFila);
+    }
+    else
+    {
+        base.recorrer(consulta.sql, leerFila, indice);
+    }
+    return salida;
+}
+
+std::optional<qint64> indiceDe(const ValoresDeInforme& valores)
+{
+    for (const ValorDeInforme& valor : valores)
+    {
+        if (valor.nombre == QLatin1String("Indice") && std::holds_alternative<qint64>(valor.valor))
+        {
+            return std::get<qint64>(valor.valor);
+        }
+    }
+    return std::nullopt;
+}
+} // namespace
+
+PlantillaDeInforme PlantillaDeInforme::leer(const QString& ruta)
+{
+    return Lector(ruta).leer();
+}
+
+DatosDeInforme DatosDeInforme::leer(const PlantillaDeInforme& plantilla, const QString& base, ValoresDeInforme valores)
+{
+    DatosDeInforme datos;
+    datos.valores = std::move(valores);
+    if (plantilla.consultas.empty())
+    {
+        return datos;
+    }
+    Conexion conexion;
+    conexion.abrir(base, Conexion::Modo::SoloLectura);
+    const std::optional<qint64> indice = indiceDe(datos.valores);
+    for (const ConsultaDeInforme& consulta : plantilla.consultas)
+    {
+        datos.conjuntos.emplace(consulta.nombre, ejecutar(conexion, consulta, indice));
+    }
+    return datos;
+}
+
+kainjow::mustache::data DatosDeInforme::objeto() const
+{
+    using kainjow::mustache::data;
+    data objeto{data::type::object};
+    for (const ValorDeInforme& valor : valores)
+    {
+        objeto.set(valor.nombre.toStdString(), data(textoDeValor(valor).toStdString()));
+    }
+    return objeto;
+}
+
+QString textoDeValor(const ValorDeInforme& valor)
+{
+    struct Textos
+    {
+        QString operator()(const QString& texto) const { return texto; }
+        QString operator()(qint64 numero) const { return QString::number(numero); }
+        QString operator()(Moneda importe) const { return Formato(importe, u"#,##0.00"); }
+        QString operator()(QDate fecha) const { return Formato(fecha, u"DD/MM/YYYY"); }
+    };
+    return std::visit(Textos(), valor.valor);
+}
+
+std::string rellenar(const std::string& trozo, const kainjow::mustache::data& datos)
+{
+    kainjow::mustache::mustache plantilla(trozo);
+    if (!plantilla.is_valid())
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
+                               QStringLiteral("el informe no es válido: ") +
+                                   QString::fromStdString(plantilla.error_message()));
+    }
+    return plantilla.render(datos);
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/data/valor_informe.h"
+
+#include <QMarginsF>
+#include <QPageLayout>
+#include <QString>
+#include <QStringList>
+#include <kainjow/mustache.hpp>
+#include <map>
+#include <string>
+#include <vector>
+
+/// A report layout: a well-formed HTML text with Mustache tags.
+///
+///   <html><head>
+///     <title>Window title</title>
+///     <meta name="papel" content="A4"/>               or "A4 apaisado"
+///     <meta name="margenes" content="10 12 10 12"/>   mm: top, right, bottom, left
+///     <script type="consulta" id="Empleados" importes="Imponible" fechas="Ingreso" si="EsTotal">SELECT ... =
+///     :Indice</script> <style>...</style>
+///   </head><body>
+///     <header>...</header>                            drawn at the top of every page
+///     <section>...</section>                          never cut; as many as wanted
+///     <table filas="Empleados"><thead>...</thead><tbody>one row of the set</tbody></table>
+///     <footer>... {{Pagina}} / {{Paginas}}</footer>   drawn at the foot of every page
+///   </body></html>
+///
+/// Tags are the report's named values; inside a table's body the columns of its row set as well. A row set can also be
+/// walked inside a section by {{#Name}}...{{/Name}}. Everything is escaped. A table's head stands again on each page,
+/// and no row is cut. A section or a row whose class is "junto" is kept on the page of what follows it.
+struct ConsultaDeInforme
+{
+    QString nombre;
+    std::string sql; ///< with at most one parameter, :Indice
+    QStringList importes;
+    QStringList fechas;
+    QStringList condiciones; ///< columns that are true unless 0 or Null
+};
+
+struct BandaDeInforme
+{
+    QString filas;        ///< name of the row set of a table; empty for a section
+    std::string html;     ///< a section whole; the body of one row of a table
+    std::string apertura; ///< a table's tag and head, before its first row
+    std::string cierre;   ///< after its last row
+};
+
+struct PlantillaDeInforme
+{
+    QString titulo;
+    QPageLayout pagina;
+    QString estilo;
+    QString carpeta; ///< where its pictures lie
+    std::string encabezado;
+    std::string pie;
+    std::vector<ConsultaDeInforme> consultas;
+    std::vector<BandaDeInforme> bandas;
+
+    /// Throws ErrorDeEjecucion 53 when the file is missing and 13, naming file and line, when it does not parse.
+    [[nodiscard]] static PlantillaDeInforme leer(const QString& ruta);
+};
+
+/// One row set as text to print.
+struct FilasDeInforme
+{
+    std::vector<std::string> columnas;
+    std::vector<bool> condicion; ///< by column
+    std::vector<std::vector<std::string>> filas;
+};
+
+/// What fills a layout.
+struct DatosDeInforme
+{
+    ValoresDeInforme valores;
+    std::map<QString, FilasDeInforme> conjuntos;
+
+    /// Runs the layout's queries over a read-only connection to `base`, with the value "Indice" bound where one is
+    /// asked.
+    [[nodiscard]] static DatosDeInforme leer(const PlantillaDeInforme& plantilla, const QString& base,
+                                             ValoresDeInforme valores);
+    /// The named values and row sets as a Mustache object.
+    [[nodiscard]] kainjow::mustache::data objeto() const;
+};
+
+/// The text of a value: amounts "#,##0.00", dates "DD/MM/YYYY".
+[[nodiscard]] QString textoDeValor(const ValorDeInforme& valor);
+/// Fills a piece of a layout. Throws ErrorDeEjecucion 13 when its tags do not parse.
+[[nodiscard]] std::string rellenar(const std::string& trozo, const kainjow::mustache::data& datos);
