@@ -77,5 +77,6 @@ ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const
         agregarActa(valores, boleta, textos);
         break;
     }
+    valores.push_back({QStringLiteral("Fecha"), boleta.fecha});
     return valores;
 }

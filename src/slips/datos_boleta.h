@@ -14,7 +14,7 @@ struct TextosDeBoleta
     QString numero;   ///< the slip number
 };
 
-/// The named values of the slip report, by index: nine common ones, then those of the kind. Reads the schema version
-/// and, for contributions, head counts and remunerations of the declaration at hand. Amounts are exact; the layout's
-/// engine formats them.
+/// The named values of the slip report, by index: nine common ones, then those of the kind, the date of payment last.
+/// Reads the schema version and, for contributions, head counts and remunerations of the declaration at hand. Amounts
+/// are exact; the layout's engine formats them.
 [[nodiscard]] ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const TextosDeBoleta& textos);

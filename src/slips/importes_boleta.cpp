@@ -37,10 +37,15 @@ Moneda importeDeCampo(const QString& texto)
     return Moneda::deTexto(texto).redondeada(2);
 }
 
-QString importeParaEditar(const QString& texto)
+QString importeSinSigno(const QString& texto)
 {
     QString despojado = texto;
-    despojado.remove(QStringLiteral("$ ")).remove(QLatin1Char('.'));
+    return despojado.remove(QStringLiteral("$ ")).remove(QLatin1Char('.'));
+}
+
+QString importeParaEditar(const QString& texto)
+{
+    const QString despojado = importeSinSigno(texto);
     const std::optional<float> valor = LeerNumero(despojado);
     return valor && *valor == 0.0F ? QString() : despojado;
 }

@@ -26,6 +26,8 @@ struct AportesDeBoleta
 /// What a typed amount comes to: rounded to two decimals, halves to even. Throws 13 for what is no number.
 [[nodiscard]] Moneda importeDeCampo(const QString& texto);
 
+/// The text of an amount field without "$ " and thousands' dots before its comma.
+[[nodiscard]] QString importeSinSigno(const QString& texto);
 /// An amount field on entry: without "$ " and thousands' dots, and empty when it comes to 0.
 [[nodiscard]] QString importeParaEditar(const QString& texto);
 

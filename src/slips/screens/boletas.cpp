@@ -1,0 +1,434 @@
+#include "slips/screens/boletas.h"
+
+#include "core/rutinas.h"
+#include "core/screens/validar.h"
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/data/formato.h"
+#include "platform/data/reloj.h"
+#include "platform/screens/estilo.h"
+#include "platform/screens/mensajes.h"
+#include "platform/screens/navegacion.h"
+#include "platform/screens/trabajo_largo.h"
+#include "slips/pagos.h"
+#include "ui_boletas.h"
+
+#include <QFocusEvent>
+
+using Rutinas::CuitActual;
+using Rutinas::ModoAbrir;
+
+namespace
+{
+const QString fuenteDeBarras = QStringLiteral("PF Interleaved 2 of 5");
+constexpr int sinLimite = 32767;
+constexpr int largoDeImporte = 10;
+constexpr QStringView conSigno = u"$ #,##0.00";
+constexpr QStringView sinSigno = u"#,##0.00";
+
+/// Shows an amount with its mask: longer than what may be typed.
+void mostrarImporte(QLineEdit* campo, const QString& texto)
+{
+    campo->setMaxLength(sinLimite);
+    campo->setText(texto);
+    campo->setCursorPosition(0);
+}
+
+QString textoDeImporte(Moneda importe)
+{
+    return importe.textoPlano().replace(QLatin1Char('.'), QLatin1Char(','));
+}
+} // namespace
+
+Boletas::Boletas(QWidget* padre)
+    : Pantalla(QStringLiteral("Boletas"), padre)
+    , ui(std::make_unique<Ui::Boletas>())
+{
+    ui->setupUi(this);
+    txtDias = {ui->txtDias_0, ui->txtDias_1, ui->txtDias_2};
+    txtInteres = {ui->txtInteres_0, ui->txtInteres_1, ui->txtInteres_2};
+    txtTotal = {ui->txtTotal_0, ui->txtTotal_1, ui->txtTotal_2};
+    armarCampos();
+    armarEventos();
+}
+
+Boletas::~Boletas() = default;
+
+void Boletas::armarCampos()
+{
+    ui->MaskFecha->setClase(CampoMascara::Fecha);
+    ui->vsActas->setColumnas({{ColumnaDeGrilla::Fija, QStringLiteral("Fecha"), 90},
+                              {ColumnaDeGrilla::Fija, QStringLiteral("Nº Acta"), 90, 0, {}, true},
+                              {ColumnaDeGrilla::Fija, QStringLiteral("Cuota"), 70, 0, {}, true},
+                              {ColumnaDeGrilla::Decimal, QStringLiteral("Importe"), -1},
+                              {ColumnaDeGrilla::Fija, QString(), 0}});
+    for (QLineEdit* campo : txtDias)
+    {
+        soloDigitos(campo);
+        campo->installEventFilter(this);
+    }
+    for (QLineEdit* campo : txtInteres)
+    {
+        soloImporte(campo);
+        Estilo::importe(campo);
+        campo->installEventFilter(this);
+    }
+    soloDigitos(ui->txtActa);
+    soloDigitos(ui->txtCuota);
+    soloImporte(ui->txtImporte);
+    Estilo::importe(ui->txtImporte);
+    ui->txtImporte->installEventFilter(this);
+    for (QLineEdit* campo : {ui->txtArt100, ui->txtArt101A, ui->txtArt101B, txtTotal[0], txtTotal[1], txtTotal[2]})
+    {
+        Estilo::soloMuestra(campo);
+        Estilo::importe(campo);
+    }
+    for (QLineEdit* campo : {ui->txtCuit, ui->txtRazon, ui->txtDomicilio, ui->txtAnio_0, ui->txtMes_0,
+                             ui->txtSecuencia_0, ui->txtAnio_1, ui->txtMes_1, ui->txtSecuencia_1})
+    {
+        Estilo::soloMuestra(campo);
+    }
+    Estilo::boton(ui->cmdBoletas, QStringLiteral("boleta"), true);
+    Estilo::boton(ui->cmdBuscar, QStringLiteral("buscar"));
+    Estilo::boton(ui->cmdEliminar, QStringLiteral("eliminar"));
+}
+
+void Boletas::armarEventos()
+{
+    conectar(ui->cmbConcepto, &QComboBox::activated, &Boletas::cmbConcepto_Click);
+    conectar(ui->cmdBuscar, &QPushButton::clicked, &Boletas::cmdBuscar_Click);
+    conectar(ui->cmdEliminar, &QPushButton::clicked, &Boletas::cmdEliminar_Click);
+    conectar(ui->cmdBoletas, &QPushButton::clicked, &Boletas::cmdBoletas_Click);
+    conectar(ui->vsActas, &Grilla::clic, &Boletas::vsActas_Click);
+    conectar(ui->vsActas, &Grilla::dejarCelda, &Boletas::vsActas_LeaveCell);
+    alDejar(ui->MaskFecha, &Boletas::MaskFecha_Validate);
+    for (int indice = 0; indice < 3; ++indice)
+    {
+        alDejar(txtInteres[static_cast<std::size_t>(indice)], [this, indice] { return txtInteres_Validate(indice); });
+    }
+    alDejar(ui->txtImporte, &Boletas::txtImporte_Validate);
+}
+
+int Boletas::tipo() const
+{
+    return ModoAbrir <= 2 ? ModoAbrir : 0;
+}
+
+void Boletas::cargar()
+{
+    for (QGroupBox* marco : {ui->fraPeriodo_0, ui->fraPeriodo_1, ui->fraPeriodo_2})
+    {
+        marco->hide();
+    }
+    if (IsFont(fuenteDeBarras))
+    {
+        FuenteInstalada = true;
+    }
+    else
+    {
+        // A font that cannot be added shows nothing: the slip then prints without its bars.
+        m_fuenteAgregada = Fuentes::agregar(Rutinas::RutaApp + QStringLiteral("PF_I2OF5.ttf"));
+    }
+}
+
+bool Boletas::descargar()
+{
+    m_fuenteAgregada.reset();
+    return true;
+}
+
+QString Boletas::empresaEnCurso() const
+{
+    return ui->txtRazon->text();
+}
+
+bool Boletas::IsFont(const QString& nombre)
+{
+    Puntero::ocupado();
+    const bool hay = Fuentes::hay(nombre);
+    Puntero::normal();
+    return hay;
+}
+
+void Boletas::activar()
+{
+    InteresBoleta = {};
+    ImporteTotal = Moneda();
+    if (ModoAbrir == 0 || ModoAbrir == 1)
+    {
+        prepararDeclaracion();
+    }
+    if (ModoAbrir == 2 && !prepararActa())
+    {
+        cerrar();
+        return;
+    }
+    ui->MaskFecha->setFecha(Reloj::Hoy());
+    CalcularAportes();
+    Q_EMIT Navegacion::instancia().cambioDePantalla();
+}
+
+void Boletas::prepararDeclaracion()
+{
+    // Each activation adds the entries once more.
+    ui->cmbConcepto->addItems({QStringLiteral("APORTES DEL PERIODO"), QStringLiteral("INTERESES DEL PERIODO")});
+    ui->txtCuit->setText(CuitActual);
+    CargarEmpresa();
+    const QString anio = QString::number(Rutinas::PeriodoActual.year());
+    const QString mes = QString::number(Rutinas::PeriodoActual.month());
+    const QString secuencia = QString::number(Rutinas::SecuenciaActual);
+    for (auto [campoAnio, campoMes, campoSecuencia] : {std::tuple(ui->txtAnio_0, ui->txtMes_0, ui->txtSecuencia_0),
+                                                       std::tuple(ui->txtAnio_1, ui->txtMes_1, ui->txtSecuencia_1)})
+    {
+        campoAnio->setText(anio);
+        campoMes->setText(mes);
+        campoSecuencia->setText(secuencia);
+    }
+    ui->cmbConcepto->setCurrentIndex(ModoAbrir);
+    cmbConcepto_Click();
+    ui->fraTipo->setEnabled(false);
+    mostrarMarco(ModoAbrir);
+}
+
+bool Boletas::prepararActa()
+{
+    const int posicion = ui->cmbConcepto->currentIndex();
+    ui->cmbConcepto->addItems(
+        {QStringLiteral("PAGO DE ACTAS - C.O.L.U."), QStringLiteral("PAGO DE ACTAS - SEGURO DE SEPELIO")});
+    ui->cmbConcepto->setCurrentIndex(posicion);
+    if (CuitActual.isEmpty() && !elegirEmpresaDeActa())
+    {
+        return false;
+    }
+    ui->txtCuit->setText(CuitActual);
+    CargarEmpresa();
+    mostrarMarco(2);
+    return true;
+}
+
+bool Boletas::elegirEmpresaDeActa()
+{
+    // Two rows are enough to know.
+    const Recordset empresas = Rutinas::Conexion.consultar("SELECT Cuit FROM Empresas LIMIT 2");
+    if (empresas.vacio())
+    {
+        MsgBox(QStringLiteral("DEBE INGRESAR PRIMERO LOS DATOS DE LA EMPRESA CORRESPONDIENTE."), Caja::Exclamacion);
+        return false;
+    }
+    if (empresas.cantidad() == 1)
+    {
+        CuitActual = empresas.primera().texto("Cuit");
+        return true;
+    }
+    Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpresa"));
+    return !CuitActual.isEmpty();
+}
+
+void Boletas::mostrarMarco(int cual)
+{
+    ui->fraPeriodo_0->setVisible(cual == 0);
+    ui->fraPeriodo_1->setVisible(cual == 1);
+    ui->fraPeriodo_2->setVisible(cual == 2);
+}
+
+void Boletas::CargarEmpresa()
+{
+    const Recordset filas = Rutinas::Conexion.consultar("SELECT * FROM Empresas WHERE CUIT = ?", ui->txtCuit->text());
+    const Fila empresa = filas.primera();
+    ui->txtRazon->setText(empresa.texto("Razon"));
+    ui->txtDomicilio->setText(domicilioDeBoleta(
+        empresa.texto("Calle"), empresa.enteroONulo("Numero").value_or(0), empresa.texto("NroLocal"),
+        empresa.texto("Piso"), empresa.texto("Depto"), empresa.texto("CodPos"), empresa.texto("Localidad")));
+    for (QLineEdit* campo : {ui->txtRazon, ui->txtDomicilio})
+    {
+        campo->setCursorPosition(0);
+        campo->setToolTip(campo->text());
+    }
+    if (ModoAbrir == 2)
+    {
+        CargarActas();
+    }
+}
+
+void Boletas::CalcularAportes()
+{
+    if (ModoAbrir != 0)
+    {
+        return;
+    }
+    m_aportes =
+        calcularAportesDeBoleta(Rutinas::Conexion, {CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual});
+    if (m_aportes.menorQueOriginal)
+    {
+        MsgBox(
+            QStringLiteral(
+                "Verifique los datos ingresados en la Rectificativa.  Los mismos no pueden ser menores al Original."),
+            Caja::Informacion);
+        ui->cmdBoletas->setEnabled(false);
+    }
+    ui->txtArt100->setText(Formato(m_aportes.art100, sinSigno));
+    ui->txtArt101A->setText(Formato(m_aportes.art101A, sinSigno));
+    ui->txtArt101B->setText(Formato(m_aportes.art101B, sinSigno));
+    ImporteTotal = m_aportes.subTotal() + InteresBoleta[0];
+    txtTotal[0]->setText(Formato(ImporteTotal, sinSigno));
+}
+
+void Boletas::CalcularTotal()
+{
+    if (ModoAbrir == 0 || ModoAbrir == 1)
+    {
+        const bool aportes = ui->cmbConcepto->currentIndex() == 0;
+        ImporteTotal = aportes ? m_aportes.subTotal() + InteresBoleta[0] : InteresBoleta[1];
+        txtTotal[aportes ? 0 : 1]->setText(Formato(ImporteTotal, conSigno));
+    }
+    else if (ModoAbrir == 2)
+    {
+        ImporteTotal = ImporteActa + InteresBoleta[2];
+        txtTotal[2]->setText(Formato(ImporteTotal, conSigno));
+    }
+}
+
+void Boletas::CargarActas()
+{
+    if (ui->txtCuit->text().isEmpty())
+    {
+        ui->vsActas->setFilas(0);
+    }
+    else
+    {
+        std::vector<std::vector<QVariant>> filas;
+        for (const PagoDeActa& pago :
+             listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), ui->cmbConcepto->currentIndex()))
+        {
+            filas.push_back({Formato(pago.fecha, u"DD/MM/YY"), pago.nroActa, pago.cuota,
+                             QVariant::fromValue(pago.importe), pago.pago});
+        }
+        ui->vsActas->cargar(std::move(filas));
+    }
+    PagoElegido = 0;
+}
+
+void Boletas::cmbConcepto_Click()
+{
+    ui->fraPeriodo_2->setTitle(ui->cmbConcepto->currentText());
+    CargarActas();
+}
+
+void Boletas::cmdBuscar_Click()
+{
+    Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpresa"));
+    if (!CuitActual.isEmpty())
+    {
+        ui->txtCuit->setText(CuitActual);
+        CargarEmpresa();
+        Q_EMIT Navegacion::instancia().cambioDePantalla();
+    }
+}
+
+void Boletas::cmdEliminar_Click()
+{
+    if (PagoElegido == 0 || !Preguntar(QStringLiteral("Esta seguro de desea ELIMINAR el Pago seleccionado?")))
+    {
+        return;
+    }
+    eliminarPago(Rutinas::Conexion, PagoElegido);
+    MsgBox(QStringLiteral("El Pago ha sido Eliminado."), Caja::Exclamacion);
+    CargarActas();
+}
+
+bool Boletas::MaskFecha_Validate()
+{
+    return ui->MaskFecha->vacio() || Rutinas::ValidarFecha(*ui->MaskFecha);
+}
+
+bool Boletas::txtInteres_Validate(int indice)
+{
+    const auto i = static_cast<std::size_t>(indice);
+    QLineEdit* campo = txtInteres[i];
+    const QString texto = campo->text().isEmpty() ? QStringLiteral("0") : importeSinSigno(campo->text());
+    if (!Rutinas::VerificarNumero(texto))
+    {
+        return false;
+    }
+    InteresBoleta[i] = importeDeCampo(texto);
+    mostrarImporte(campo, InteresBoleta[i] == Moneda() ? QString() : Formato(InteresBoleta[i], conSigno));
+    CalcularTotal();
+    return true;
+}
+
+bool Boletas::txtImporte_Validate()
+{
+    const QString texto =
+        ui->txtImporte->text().isEmpty() ? QStringLiteral("0") : importeSinSigno(ui->txtImporte->text());
+    if (!Rutinas::VerificarNumero(texto))
+    {
+        return false;
+    }
+    ImporteActa = importeDeCampo(texto);
+    mostrarImporte(ui->txtImporte, Formato(ImporteActa, conSigno));
+    CalcularTotal();
+    return true;
+}
+
+bool Boletas::eventFilter(QObject* objeto, QEvent* evento)
+{
+    if (evento->type() == QEvent::FocusIn)
+    {
+        const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
+        auto* campo = qobject_cast<QLineEdit*>(objeto);
+        if (campo != nullptr && motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason)
+        {
+            const bool esDias = std::find(txtDias.begin(), txtDias.end(), campo) != txtDias.end();
+            esDias ? txtDias_GotFocus(campo) : campoImporte_GotFocus(campo);
+        }
+    }
+    return Pantalla::eventFilter(objeto, evento);
+}
+
+void Boletas::campoImporte_GotFocus(QLineEdit* campo)
+{
+    if (!campo->text().isEmpty())
+    {
+        campo->setText(importeParaEditar(campo->text()));
+    }
+    campo->setMaxLength(campo == ui->txtImporte || campo == txtInteres[2] ? largoDeImporte : sinLimite);
+}
+
+void Boletas::txtDias_GotFocus(QLineEdit* campo)
+{
+    if (!campo->text().isEmpty() && campo->text().toInt() == 0)
+    {
+        campo->clear();
+    }
+}
+
+void Boletas::cargarFila(int fila)
+{
+    ui->vsActas->pintarTodo(Grilla::blanco);
+    ui->vsActas->pintarFila(fila, Grilla::amarillo);
+    PagoElegido = static_cast<qint32>(ui->vsActas->entero(5, fila));
+    const PagoGuardado pago = cargarPago(Rutinas::Conexion, PagoElegido);
+    const auto i = static_cast<std::size_t>(tipo());
+    txtDias[i]->setText(pago.dias == 0 ? QString() : QString::number(pago.dias));
+    mostrarImporte(txtInteres[i], pago.interes == Moneda() ? QString() : textoDeImporte(pago.interes));
+    ui->txtActa->setText(QString::number(pago.nroActa));
+    ui->txtCuota->setText(QString::number(pago.cuota));
+    mostrarImporte(ui->txtImporte, textoDeImporte(pago.importe - pago.interes));
+    (void)txtInteres_Validate(2);
+    (void)txtImporte_Validate();
+}
+
+void Boletas::vsActas_Click(int, int fila)
+{
+    if (fila != 0)
+    {
+        cargarFila(fila);
+    }
+}
+
+void Boletas::vsActas_LeaveCell(int, int, int nuevaColumna, int nuevaFila)
+{
+    if (nuevaColumna != -1 || nuevaFila != -1)
+    {
+        vsActas_Click(nuevaColumna, nuevaFila);
+    }
+}
