@@ -33,6 +33,12 @@ void mostrarImporte(QLineEdit* campo, const QString& texto)
     campo->setCursorPosition(0);
 }
 
+/// What a field holds, as it was typed or as the program masked it.
+QString sinMascara(const QString& texto)
+{
+    return texto.startsWith(QLatin1String("$ ")) ? importeSinSigno(texto) : texto;
+}
+
 QString textoDeImporte(Moneda importe)
 {
     return importe.textoPlano().replace(QLatin1Char('.'), QLatin1Char(','));
@@ -344,7 +350,7 @@ bool Boletas::txtInteres_Validate(int indice)
 {
     const auto i = static_cast<std::size_t>(indice);
     QLineEdit* campo = txtInteres[i];
-    const QString texto = campo->text().isEmpty() ? QStringLiteral("0") : importeSinSigno(campo->text());
+    const QString texto = campo->text().isEmpty() ? QStringLiteral("0") : sinMascara(campo->text());
     if (!Rutinas::VerificarNumero(texto))
     {
         return false;
@@ -357,8 +363,7 @@ bool Boletas::txtInteres_Validate(int indice)
 
 bool Boletas::txtImporte_Validate()
 {
-    const QString texto =
-        ui->txtImporte->text().isEmpty() ? QStringLiteral("0") : importeSinSigno(ui->txtImporte->text());
+    const QString texto = ui->txtImporte->text().isEmpty() ? QStringLiteral("0") : sinMascara(ui->txtImporte->text());
     if (!Rutinas::VerificarNumero(texto))
     {
         return false;
