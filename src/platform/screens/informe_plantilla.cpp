@@ -215,7 +215,7 @@ FilasDeInforme ejecutar(Conexion& base, const ConsultaDeInforme& consulta, std::
         {
             for (int c = 0; c < fila.columnas(); ++c)
             {
-                const QString nombre = fila.nombre(c);
+                const QString nombre = QString::fromUtf8(fila.nombre(c));
                 salida.columnas.push_back(nombre.toStdString());
                 clases.push_back(consulta.importes.contains(nombre)      ? Clase::Importe
                                  : consulta.fechas.contains(nombre)      ? Clase::Fecha
