@@ -23,7 +23,7 @@ DEBAJO = {
 # Each road to the outside has one file; everybody else goes through its function.
 PUERTAS = {
     r"\bQMessageBox\b": {"platform/screens/mensajes.cpp"},
-    r"\bQ(File|Print|PageSetup|Input)Dialog\b": {"platform/screens/dialogos.cpp", "platform/screens/informe_vista.cpp"},
+    r"\bQ(File|Print|PageSetup|Input)Dialog\b": {"platform/screens/dialogos.cpp", "platform/screens/impresion.cpp"},
     r"\bQDesktopServices\b": {"platform/screens/dialogos.cpp", "platform/screens/correo.cpp"},
     r"\bcurrent(DateTime|Date|Time)\b": {"platform/data/reloj.cpp"},
     r"\bapplicationDirPath\b": {"platform/data/directorio_programa.cpp"},

@@ -5,6 +5,7 @@
 #include "platform/screens/dialogos.h"
 #include "platform/screens/error_fatal.h"
 #include "platform/screens/estilo.h"
+#include "platform/screens/impresion.h"
 #include "platform/screens/mensajes.h"
 #include "platform/screens/trabajo_largo.h"
 
@@ -307,5 +308,37 @@ void VistaDeInforme::pedirPdf()
     catch (const ErrorDeEjecucion& error)
     {
         MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion()).arg(error.numero()));
+    }
+}
+
+void VistaDeInforme::imprimir()
+{
+    PedidoDeImpresion pedido;
+    if (!PedirImpresion(m_hojas->paginas().cantidad(), pedido))
+    {
+        return;
+    }
+    QPrinter& impresora = impresoraActual();
+    impresora.setPageLayout(m_hojas->paginas().pagina());
+    impresora.setFullPage(true);
+    impresora.setDocName(windowTitle());
+    try
+    {
+        pintarEn(impresora, pedido.desde - 1, pedido.hasta - 1);
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion()).arg(error.numero()));
+    }
+}
+
+void VistaDeInforme::configurarPagina()
+{
+    QPageLayout pagina = m_hojas->paginas().pagina();
+    if (PedirPagina(pagina))
+    {
+        const TrabajoLargo trabajo(QStringLiteral("Preparando el informe"));
+        m_hojas->paginas().setPagina(pagina);
+        m_hojas->rehacer();
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/screens/fuentes.h"
 #include "platform/screens/informe_paginas.h"
 
 #include <QAbstractScrollArea>
@@ -58,6 +59,7 @@ private:
     void pintarEn(QPrinter& impresora, int desde, int hasta);
     void actualizar();
 
+    std::vector<std::shared_ptr<Fuentes::Agregada>> m_fuentes = Fuentes::enUso(); ///< its pages are drawn later
     HojasDeInforme* m_hojas;
     QLabel* m_numero;
     QAction* m_primera = nullptr;
