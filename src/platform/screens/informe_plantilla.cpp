@@ -202,7 +202,7 @@ std::string celda(const Fila& fila, const char* columna, Clase clase)
     case Clase::Texto:
         break;
     }
-    return std::string(fila.utf8(columna));
+    return fila.texto(columna).toStdString();
 }
 
 FilasDeInforme ejecutar(Conexion& base, const ConsultaDeInforme& consulta, std::optional<qint64> indice)

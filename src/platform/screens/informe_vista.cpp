@@ -16,6 +16,7 @@
 #include <QPrinter>
 #include <QScrollBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <cmath>
 
 namespace
@@ -47,7 +48,7 @@ void HojasDeInforme::ajustarBarras()
 {
     const QSizeF hoja = tamanoDeHoja();
     const int alto = static_cast<int>(std::ceil((hoja.height() + separacion) * m_paginas.cantidad() + separacion));
-    const int ancho = static_cast<int>(std::ceil(hoja.width() + 2 * separacion));
+    const int ancho = static_cast<int>(std::floor(hoja.width() + 2 * separacion));
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(0, alto - viewport()->height()));
     horizontalScrollBar()->setPageStep(viewport()->width());
@@ -192,42 +193,41 @@ void VistaDeInforme::armarBarra()
     auto* barra = addToolBar(QStringLiteral("Informe"));
     barra->setObjectName(QStringLiteral("barraInforme"));
     barra->setMovable(false);
-    barra->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const auto agregar =
-        [&](const char* nombre, const QString& texto, const QString& icono, QKeySequence tecla, auto accion)
+    barra->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    const auto agregar = [&](const char* nombre, const char* texto, const char* icono, QKeySequence tecla, auto accion)
     {
-        QAction* entrada = barra->addAction(Estilo::icono(icono), texto);
+        QAction* entrada = barra->addAction(Estilo::icono(QLatin1String(icono)), QString::fromUtf8(texto));
         entrada->setObjectName(QLatin1String(nombre));
         entrada->setShortcut(tecla);
-        entrada->setToolTip(texto);
+        entrada->setToolTip(entrada->text());
         connect(entrada, &QAction::triggered, this, [accion] { protegido(accion); });
         return entrada;
     };
-    agregar("cmdImprimir", QStringLiteral("Imprimir"), QStringLiteral("impresora"), QKeySequence::Print,
-            [this] { imprimir(); });
-    agregar("cmdPagina", QStringLiteral("Configurar página"), QStringLiteral("pagina"), {},
-            [this] { configurarPagina(); });
-    agregar("cmdPdf", QStringLiteral("Guardar PDF"), QStringLiteral("pdf"), QKeySequence::Save, [this] { pedirPdf(); });
+    // Only what a clerk looks for first carries its caption, so that the bar fits a small screen.
+    const auto conTexto = [&](QAction* entrada)
+    {
+        auto* boton = qobject_cast<QToolButton*>(barra->widgetForAction(entrada));
+        boton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    };
+    const auto mover = [this](int hojas) { m_hojas->irA(m_hojas->hojaActual() + hojas); };
+    conTexto(agregar("cmdImprimir", "Imprimir", "impresora", QKeySequence::Print, [this] { imprimir(); }));
+    conTexto(agregar("cmdPagina", "Configurar página", "pagina", {}, [this] { configurarPagina(); }));
+    conTexto(agregar("cmdPdf", "Guardar PDF", "pdf", QKeySequence::Save, [this] { pedirPdf(); }));
     barra->addSeparator();
-    m_primera =
-        agregar("cmdPrimera", QStringLiteral("Primera"), QStringLiteral("primero"), {}, [this] { m_hojas->irA(0); });
-    m_anterior = agregar("cmdAnterior", QStringLiteral("Anterior"), QStringLiteral("anterior"), {},
-                         [this] { m_hojas->irA(m_hojas->hojaActual() - 1); });
+    m_primera = agregar("cmdPrimera", "Primera página", "primero", {}, [this] { m_hojas->irA(0); });
+    m_anterior = agregar("cmdAnterior", "Página anterior", "anterior", {}, [mover] { mover(-1); });
     barra->addWidget(m_numero);
-    m_siguiente = agregar("cmdSiguiente", QStringLiteral("Siguiente"), QStringLiteral("siguiente"), {},
-                          [this] { m_hojas->irA(m_hojas->hojaActual() + 1); });
-    m_ultima = agregar("cmdUltima", QStringLiteral("Última"), QStringLiteral("ultimo"), {},
+    m_siguiente = agregar("cmdSiguiente", "Página siguiente", "siguiente", {}, [mover] { mover(1); });
+    m_ultima = agregar("cmdUltima", "Última página", "ultimo", {},
                        [this] { m_hojas->irA(m_hojas->paginas().cantidad() - 1); });
     barra->addSeparator();
-    agregar("cmdAcercar", QStringLiteral("Acercar"), QStringLiteral("zoom_mas"), QKeySequence::ZoomIn,
+    agregar("cmdAcercar", "Acercar", "zoom_mas", QKeySequence::ZoomIn,
             [this] { m_hojas->setZoom(m_hojas->zoom() * pasoDeZoom); });
-    agregar("cmdAlejar", QStringLiteral("Alejar"), QStringLiteral("zoom_menos"), QKeySequence::ZoomOut,
+    agregar("cmdAlejar", "Alejar", "zoom_menos", QKeySequence::ZoomOut,
             [this] { m_hojas->setZoom(m_hojas->zoom() / pasoDeZoom); });
-    agregar("cmdAncho", QStringLiteral("Ajustar al ancho"), QStringLiteral("pagina"), {},
-            [this] { m_hojas->ajustarAlAncho(); });
+    conTexto(agregar("cmdAncho", "Ancho", "pagina", {}, [this] { m_hojas->ajustarAlAncho(); }));
     barra->addSeparator();
-    agregar("cmdCerrar", QStringLiteral("Cerrar"), QStringLiteral("salir"), QKeySequence(Qt::Key_Escape),
-            [this] { close(); });
+    conTexto(agregar("cmdCerrar", "Cerrar", "salir", QKeySequence(Qt::Key_Escape), [this] { close(); }));
 }
 
 void VistaDeInforme::actualizar()
