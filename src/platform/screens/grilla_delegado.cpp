@@ -4,6 +4,7 @@
 #include "platform/screens/mensajes.h"
 #include "platform/screens/validacion.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -399,7 +400,9 @@ bool Grilla::Delegado::eventFilter(QObject* objeto, QEvent* evento)
         // A box, another window or the editor's own list takes the focus for a while only. A text that cannot be stored
         // stays: the leaving check tells so and brings the focus back.
         const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
-        if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason &&
+        const QWidget* foco = QApplication::focusWidget();
+        const bool enSuLista = foco != nullptr && editor->isAncestorOf(foco);
+        if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason && !enSuLista &&
             leerCelda(columna(m_celda), textoDelEditor(editor)).error.isEmpty())
         {
             guardar(editor);
