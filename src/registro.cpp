@@ -1,5 +1,8 @@
 #include "registro.h"
 
+#include "companies/screens/buscar_empresa.h"
+#include "companies/screens/buscar_rubro.h"
+#include "companies/screens/empresas.h"
 #include "declarations/screens/ddjj.h"
 #include "platform/screens/navegacion.h"
 #include "slips/screens/boletas.h"
@@ -7,6 +10,9 @@
 void registrarPantallas()
 {
     auto& navegacion = Navegacion::instancia();
+    navegacion.registrar(QStringLiteral("Empresas"), [] { return new Empresas; });
+    navegacion.registrar(QStringLiteral("BuscarEmpresa"), [] { return new BuscarEmpresa; });
+    navegacion.registrar(QStringLiteral("BuscarRubro"), [] { return new BuscarRubro; });
     navegacion.registrar(QStringLiteral("DDJJ"), [] { return new DDJJ; });
     navegacion.registrar(QStringLiteral("Boletas"), [] { return new Boletas; });
 }

@@ -1,0 +1,32 @@
+#include "companies/busqueda_empresa.h"
+
+#include "companies/contiene.h"
+#include "platform/data/conexion.h"
+
+#include <string>
+
+std::vector<EmpresaHallada> buscarEmpresas(Conexion& conexion, const QString& cuit, const QString& nombre)
+{
+    std::string sql = "SELECT Cuit, Razon FROM Empresas WHERE Cuit IS NOT NULL";
+    std::vector<Valor> valores;
+    if (cuit != QStringLiteral("__-________-_"))
+    {
+        sql += " AND Cuit = ?";
+        valores.emplace_back(cuit);
+    }
+    if (!nombre.isEmpty())
+    {
+        sql += " AND Razon LIKE ? ESCAPE '\\'";
+        valores.emplace_back(contiene(nombre));
+    }
+    sql += nombre.isEmpty() ? " ORDER BY Razon" : " ORDER BY Cuit";
+
+    std::vector<EmpresaHallada> halladas;
+    conexion.preparar(sql).recorrerCon(valores.data(), valores.size(),
+                                       [&](const Fila& fila)
+                                       {
+                                           halladas.push_back({fila.texto("Cuit"), fila.texto("Razon")});
+                                           return true;
+                                       });
+    return halladas;
+}

@@ -1,0 +1,73 @@
+#include "companies/responsables.h"
+
+#include "companies/catalogos.h"
+#include "platform/data/conexion.h"
+#include "platform/data/error_de_ejecucion.h"
+
+namespace
+{
+bool sinDocumento(const FilaResponsable& fila)
+{
+    return fila.nroDoc.value_or(0) == 0;
+}
+
+bool enBlanco(const FilaResponsable& fila)
+{
+    return fila.ayn.isEmpty() && sinDocumento(fila) && fila.domicilio.isEmpty() && fila.localidad.isEmpty();
+}
+
+bool incompleta(const FilaResponsable& fila)
+{
+    return fila.ayn.isEmpty() || fila.tipoDoc.isEmpty() || sinDocumento(fila);
+}
+
+void insertar(Conexion& conexion, const QString& cuit, const FilaResponsable& fila)
+{
+    const auto tipoDoc = codigoDe(conexion, Catalogo::Documentos, fila.tipoDoc);
+    if (!tipoDoc)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro,
+                               QStringLiteral("No existe el tipo de documento %1").arg(fila.tipoDoc));
+    }
+    conexion.ejecutar("INSERT INTO Empresas_Responsables (CUIT, AyN, Domicilio, Localidad, TipoDoc, NroDoc) "
+                      "VALUES (?, ?, ?, ?, ?, ?)",
+                      cuit, fila.ayn, fila.domicilio, fila.localidad, *tipoDoc, fila.nroDoc);
+}
+} // namespace
+
+std::vector<FilaResponsable> cargarResponsables(Conexion& conexion, const QString& cuit)
+{
+    std::vector<FilaResponsable> filas;
+    conexion.recorrer(
+        "SELECT Empresas_Responsables.AyN, Documentos.Nombre AS Nombre_DOC, Empresas_Responsables.NroDoc, "
+        "Empresas_Responsables.Domicilio, Empresas_Responsables.Localidad "
+        "FROM Empresas_Responsables INNER JOIN Documentos ON Empresas_Responsables.TipoDoc = Documentos.Codigo "
+        "WHERE Empresas_Responsables.CUIT = ? "
+        "ORDER BY Empresas_Responsables.AyN",
+        [&](const Fila& fila)
+        {
+            filas.push_back({fila.texto("AyN"), fila.texto("Nombre_DOC"), fila.enteroONulo("NroDoc"),
+                             fila.texto("Domicilio"), fila.texto("Localidad")});
+        },
+        cuit);
+    return filas;
+}
+
+std::optional<QString> guardarResponsables(Conexion& conexion, const QString& cuit,
+                                           const std::vector<FilaResponsable>& filas)
+{
+    conexion.ejecutar("DELETE FROM Empresas_Responsables WHERE CUIT = ?", cuit);
+    for (const FilaResponsable& fila : filas)
+    {
+        if (enBlanco(fila))
+        {
+            continue;
+        }
+        if (incompleta(fila))
+        {
+            return QStringLiteral("Los datos de los Responsables están incompletos.  Por favor, verifique los mismos.");
+        }
+        insertar(conexion, cuit, fila);
+    }
+    return std::nullopt;
+}

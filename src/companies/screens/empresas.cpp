@@ -1,0 +1,294 @@
+#include "companies/screens/empresas.h"
+
+#include "companies/catalogos.h"
+#include "companies/lista_empresas.h"
+#include "core/rutinas.h"
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/screens/mensajes.h"
+#include "platform/screens/navegacion.h"
+#include "ui_empresas.h"
+
+namespace
+{
+std::vector<qint64> codigosDe(const std::vector<EntradaDeCatalogo>& entradas)
+{
+    std::vector<qint64> codigos;
+    codigos.reserve(entradas.size());
+    for (const EntradaDeCatalogo& entrada : entradas)
+    {
+        codigos.push_back(entrada.codigo);
+    }
+    return codigos;
+}
+} // namespace
+
+Empresas::Empresas(QWidget* padre)
+    : Pantalla(QStringLiteral("Empresas"), padre)
+    , ui(std::make_unique<Ui::Empresas>())
+{
+    ui->setupUi(this);
+    prepararCampos();
+    prepararGrillas();
+    prepararBotones();
+}
+
+Empresas::~Empresas() = default;
+
+void Empresas::cargar()
+{
+    TituloBase = windowTitle();
+    const auto provincias = leerCatalogo(Rutinas::Conexion, Catalogo::Provincias);
+    ui->cmbProvincia->addItems(nombresDe(provincias));
+    ui->cmbProvincia->setCurrentIndex(-1);
+    CodigosProvincia = codigosDe(provincias);
+    const auto documentos = leerCatalogo(Rutinas::Conexion, Catalogo::Documentos);
+    ui->vsResponsables->setOpciones(2, nombresDe(documentos));
+    CodigosDocumento = codigosDe(documentos);
+    ActivarDatos(false);
+    if (const auto cuit = cuitDeUnicaEmpresa(Rutinas::Conexion))
+    {
+        ui->MaskCuit->setText(*cuit);
+        MostrarEmpresa();
+    }
+}
+
+void Empresas::ActivarDatos(bool estado)
+{
+    // The focus wanders while controls go grey: nothing is left by the user.
+    const Validacion::Pausa pausa;
+    for (QWidget* control : {static_cast<QWidget*>(ui->fraDatos), static_cast<QWidget*>(ui->CmdCancela),
+                             static_cast<QWidget*>(ui->CmdActualiza)})
+    {
+        control->setEnabled(estado);
+    }
+    for (QWidget* control : {ui->CmdABM_0, ui->CmdABM_1, ui->CmdABM_2, ui->CmdABM_3, ui->cmdSalir})
+    {
+        control->setEnabled(!estado);
+    }
+    // A company on view has a CUIT that the test of a new one refuses: Tab goes past it, a click goes there.
+    ui->MaskCuit->setFocusPolicy(estado ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void Empresas::mostrarTitulo(const QString& cola)
+{
+    setWindowTitle(TituloBase + cola);
+}
+
+void Empresas::CmdABM_Click(int indice)
+{
+    switch (indice)
+    {
+    case 0:
+        alta();
+        break;
+    case 1:
+        modificar();
+        break;
+    case 2:
+        eliminar();
+        break;
+    default:
+        buscar();
+        break;
+    }
+}
+
+void Empresas::alta()
+{
+    ActivarDatos(true);
+    LimpiarEmpresa();
+    for (Grilla* grilla : {ui->vsSucursales, ui->vsResponsables})
+    {
+        grilla->setFilas(1);
+        grilla->setFilaActual(1);
+        grilla->setCambiada(false);
+    }
+    mostrarTitulo(QStringLiteral(" / INGRESO"));
+    ui->MaskCuit->setEnabled(true);
+    ui->MaskCuit->setFocus();
+}
+
+void Empresas::modificar()
+{
+    if (ui->MaskCuit->vacio())
+    {
+        MsgBox(QStringLiteral("Debe indicar la Empresa a Modificar."), Caja::Informacion);
+        return;
+    }
+    ActivarDatos(true);
+    mostrarTitulo(QStringLiteral(" / MODIFICACION"));
+    ui->MaskCuit->setEnabled(false);
+    for (Grilla* grilla : {ui->vsSucursales, ui->vsResponsables})
+    {
+        grilla->setFilas(grilla->filas() + 1);
+        grilla->setFilaActual(grilla->filas());
+        grilla->setCambiada(false);
+    }
+    ui->txtRazon->setFocus();
+}
+
+void Empresas::eliminar()
+{
+    if (ui->MaskCuit->vacio())
+    {
+        MsgBox(QStringLiteral("Debe indicar la Empresa a Eliminar.  Haga un click en el mismo."), Caja::Informacion);
+        return;
+    }
+    const QString cuit = ui->MaskCuit->text();
+    ImpedimentoDeBaja impedimento = impedimentoDeBaja(Rutinas::Conexion, cuit);
+    if (impedimento == ImpedimentoDeBaja::Ninguno)
+    {
+        if (!Preguntar(QStringLiteral("Esta seguro de desea ELIMINAR esta EMPRESA?")))
+        {
+            return;
+        }
+        impedimento = eliminarEmpresa(Rutinas::Conexion, cuit);
+    }
+    switch (impedimento)
+    {
+    case ImpedimentoDeBaja::Declaraciones:
+        MsgBox(QStringLiteral("La Empresa seleccionada no se puede Eliminar por tener DD.JJ. Presentadas."),
+               Caja::Critico);
+        break;
+    case ImpedimentoDeBaja::Pagos:
+        MsgBox(QStringLiteral("La Empresa seleccionada no se puede Eliminar por tener Pagos Realizados."),
+               Caja::Critico);
+        break;
+    case ImpedimentoDeBaja::Ninguno:
+        MsgBox(QStringLiteral("LA EMPRESA HA SIDO ELIMINADA."), Caja::Informacion);
+        LimpiarEmpresa();
+        break;
+    }
+}
+
+void Empresas::buscar()
+{
+    // A dialog closed without a choice leaves the company that was current before.
+    Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpresa"));
+    if (!Rutinas::CuitActual.isEmpty())
+    {
+        ui->MaskCuit->setText(Rutinas::CuitActual);
+        MostrarEmpresa();
+    }
+}
+
+void Empresas::cmdSalir_Click()
+{
+    cerrar();
+}
+
+void Empresas::CmdCancela_Click()
+{
+    if (!Preguntar(QStringLiteral("Esta seguro de desea Cancelar los Datos ingresados?")))
+    {
+        return;
+    }
+    mostrarTitulo();
+    ActivarDatos(false);
+    LimpiarEmpresa();
+}
+
+void Empresas::cmdRubro_Click()
+{
+    Rutinas::TextoDevuelto.clear();
+    Navegacion::instancia().mostrarModal(QStringLiteral("BuscarRubro"));
+    if (!Rutinas::TextoDevuelto.isEmpty())
+    {
+        ui->txtCodRubro->setText(Rutinas::TextoDevuelto);
+        BuscarNombreRubro();
+        ui->txtContacto->setFocus();
+    }
+}
+
+bool Empresas::BuscarNombreRubro()
+{
+    const auto nombre = nombreDeRubro(Rutinas::Conexion, ui->txtCodRubro->text());
+    if (!nombre)
+    {
+        MsgBox(QStringLiteral("Verifique el Código ingresado.  El mismo es inexistente."), Caja::Exclamacion);
+        ui->txtCodRubro->setFocus();
+        return false;
+    }
+    ui->txtNomRubro->setText(*nombre);
+    return true;
+}
+
+bool Empresas::txtCodRubro_LostFocus()
+{
+    if (ui->txtCodRubro->text().isEmpty())
+    {
+        ui->txtNomRubro->clear();
+        return true;
+    }
+    return BuscarNombreRubro();
+}
+
+bool Empresas::MaskCuit_LostFocus()
+{
+    if (!ui->MaskCuit->isEnabled() || ui->MaskCuit->vacio())
+    {
+        return true;
+    }
+    const ExamenDeCuit examen = examinarCuitNuevo(Rutinas::Conexion, ui->MaskCuit->text());
+    switch (examen.estado)
+    {
+    case ExamenDeCuit::Incorrecto:
+        MsgBox(QStringLiteral("Verifique el Nro. de Cuit ingresado, el mismo es incorrecto."), Caja::Informacion);
+        return false;
+    case ExamenDeCuit::Existente:
+        MsgBox(QStringLiteral("Verifique los datos de la Empresa.  El Nro. de CUIT ya se encuentra en la Base de "
+                              "Empresas: '") +
+                   examen.razon + QStringLiteral("'."),
+               Caja::Critico);
+        return false;
+    case ExamenDeCuit::Bueno:
+        break;
+    }
+    return true;
+}
+
+void Empresas::CmdActualiza_Click()
+{
+    if (!ui->vsSucursales->confirmarEdicion() || !ui->vsResponsables->confirmarEdicion())
+    {
+        return;
+    }
+    EntradaEmpresa entrada = entradaTipeada();
+    if (revisarFaltas(entrada) && Preguntar(QStringLiteral("Esta seguro de desea Grabar los Datos ingresados?")))
+    {
+        grabar(entrada);
+    }
+}
+
+bool Empresas::revisarFaltas(EntradaEmpresa& entrada)
+{
+    const auto falta = revisarEmpresa(entrada.empresa, ui->cmbProvincia->currentIndex() != -1);
+    ui->txtNumero->setText(entrada.empresa.numero);
+    if (falta)
+    {
+        MsgBox(falta->texto, Caja::Informacion);
+        campo(falta->campo)->setFocus();
+    }
+    return !falta;
+}
+
+void Empresas::grabar(const EntradaEmpresa& entrada)
+{
+    try
+    {
+        if (const auto rechazo = guardarEmpresa(Rutinas::Conexion, entrada))
+        {
+            MsgBox(*rechazo, Caja::Exclamacion);
+            return;
+        }
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        MsgBox(QString::number(error.numero()) + QLatin1Char(' ') + error.descripcion());
+        return;
+    }
+    ActivarDatos(false);
+    mostrarTitulo();
+    ui->CmdABM_0->setFocus();
+    Q_EMIT Navegacion::instancia().cambioDePantalla();
+}
