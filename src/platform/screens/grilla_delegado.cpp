@@ -4,6 +4,7 @@
 #include "platform/screens/mensajes.h"
 #include "platform/screens/validacion.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -98,6 +99,17 @@ bool tocado(const QWidget* editor, const QModelIndex& celda)
     }
     const QString elegido = textoDelEditor(editor);
     return !elegido.isEmpty() && elegido != celda.data(Qt::EditRole).toString();
+}
+
+/// In the editor or in the list that it drops down, which is a window of its own.
+bool focoEn(const QWidget* editor)
+{
+    const QWidget* foco = QApplication::focusWidget();
+    while (foco != nullptr && foco != editor)
+    {
+        foco = foco->parentWidget();
+    }
+    return foco != nullptr;
 }
 
 constexpr QColor marcoDeCelda{0x14, 0x3f, 0x5e};
@@ -399,7 +411,7 @@ bool Grilla::Delegado::eventFilter(QObject* objeto, QEvent* evento)
         // A box, another window or the editor's own list takes the focus for a while only. A text that cannot be stored
         // stays: the leaving check tells so and brings the focus back.
         const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
-        if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason &&
+        if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason && !focoEn(editor) &&
             leerCelda(columna(m_celda), textoDelEditor(editor)).error.isEmpty())
         {
             guardar(editor);
