@@ -38,13 +38,20 @@ auto traducir(const A& accion)
     }
 }
 
-void exigirPropia(SQLite::Database& base)
+/// Reads the file's head and its tables, which rolls back what a killed process left half done.
+void exigirPropia(SQLite::Database& base, const QString& ruta)
 {
     const int hallado = base.execAndGet("PRAGMA application_id").getInt();
     base.execAndGet("SELECT count(*) FROM sqlite_schema").getInt();
     if (hallado != idDePrograma)
     {
         throw ErrorDeEjecucion(SQLITE_NOTADB, QStringLiteral("El archivo no es una base de datos de este programa"));
+    }
+    // SQLite itself sees that pages are missing, but not that the last one is short.
+    const qint64 paginas = base.execAndGet("PRAGMA page_count").getInt64();
+    if (QFileInfo(ruta).size() < paginas * base.execAndGet("PRAGMA page_size").getInt64())
+    {
+        throw detalle::errorDeBase(SQLITE_CORRUPT, {});
     }
 }
 
@@ -66,7 +73,7 @@ std::unique_ptr<SQLite::Database> abrirBase(const QString& ruta, int modo)
             sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
             sqlite3_db_config(manija, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
             detalle::registrarEspanol(manija);
-            exigirPropia(*base);
+            exigirPropia(*base, ruta);
             return base;
         });
 }

@@ -169,21 +169,20 @@ bool redondearDigitos(QByteArray& digitos, qsizetype cuantos)
 /// The seven first digits of a positive float and the power of ten of the first one.
 std::pair<QByteArray, int> sieteDigitos(float magnitud)
 {
-    int exponente = static_cast<int>(std::floor(std::log10(magnitud)));
+    const double exacta = magnitud;
+    int exponente = static_cast<int>(std::floor(std::log10(exacta)));
+    const auto unidades = [&] { return exacta * potencias.at(static_cast<std::size_t>(6 - exponente)); };
     if (exponente >= -6 && exponente <= 6)
     {
-        // 24 bits times a power of ten up to 10^12 is exact in a double.
-        double unidades =
-            std::round(static_cast<double>(magnitud) * potencias.at(static_cast<std::size_t>(6 - exponente)));
-        if (unidades < 1e6 && exponente > -6) // the logarithm came out one too high
+        // 24 bits times a power of ten up to 10^12 is exact in a double; the logarithm may be one too high.
+        if (unidades() < 1e6 && exponente > -6)
         {
             --exponente;
-            unidades =
-                std::round(static_cast<double>(magnitud) * potencias.at(static_cast<std::size_t>(6 - exponente)));
         }
-        if (unidades >= 1e6 && unidades < 1e7)
+        const double redondas = std::round(unidades());
+        if (unidades() >= 1e6 && redondas < 1e7)
         {
-            return {QByteArray::number(static_cast<qint64>(unidades)), exponente};
+            return {QByteArray::number(static_cast<qint64>(redondas)), exponente};
         }
     }
     QByteArray texto = cientificoExacto(magnitud);

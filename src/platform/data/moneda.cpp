@@ -104,10 +104,10 @@ Moneda Moneda::deFlotante(double valor)
     {
         desborda();
     }
+    const double perdido = std::fma(valor, 10000.0, -escalado); // what the product rounded away
     double redondo = std::nearbyint(escalado);
-    // nearbyint takes a half to the even digit; what the product lost tells whether it is a true half.
-    const double perdido = std::fma(valor, 10000.0, -escalado);
     const double resto = escalado - redondo;
+    // A half that nearbyint saw may have been one only after the product was rounded.
     if (resto == 0.5 && perdido > 0)
     {
         redondo += 1;
@@ -116,11 +116,10 @@ Moneda Moneda::deFlotante(double valor)
     {
         redondo -= 1;
     }
-    if (!(redondo >= -0x1p63 && redondo < 0x1p63))
-    {
-        desborda();
-    }
-    return Moneda(static_cast<std::int64_t>(redondo));
+    // From 2^53 on a double holds even numbers only, and the rest lies in what was lost.
+    const bool grande = std::abs(escalado) >= 0x1p53;
+    return Moneda(
+        sumar(static_cast<std::int64_t>(redondo), grande ? static_cast<std::int64_t>(std::nearbyint(perdido)) : 0));
 }
 
 Moneda Moneda::redondeada(int decimales) const

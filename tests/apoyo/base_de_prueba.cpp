@@ -1,0 +1,106 @@
+#include "apoyo/base_de_prueba.h"
+
+#include "platform/data/archivos.h"
+#include "platform/data/directorio_programa.h"
+
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+struct BaseDePrueba::Publicas
+{
+    Conexion conexion;
+    QString rutaApp;
+    QString cuitActual;
+    QString empresaActual;
+    QDate periodoActual;
+    quint8 secuenciaActual = 0;
+    QString cuilElegido;
+    qint32 sucursalElegida = 0;
+    quint8 modoAbrir = 0;
+    QString textoDevuelto;
+    quint8 formatoImportar = 0;
+    qint32 cantidadEmpleados = 0;
+    qint32 cantidadAfiliados = 0;
+    bool boletaEmitida = false;
+
+    /// Changes the program's variables for these.
+    void intercambiar()
+    {
+        std::swap(conexion, Rutinas::Conexion);
+        std::swap(rutaApp, Rutinas::RutaApp);
+        std::swap(cuitActual, Rutinas::CuitActual);
+        std::swap(empresaActual, Rutinas::EmpresaActual);
+        std::swap(periodoActual, Rutinas::PeriodoActual);
+        std::swap(secuenciaActual, Rutinas::SecuenciaActual);
+        std::swap(cuilElegido, Rutinas::CuilElegido);
+        std::swap(sucursalElegida, Rutinas::SucursalElegida);
+        std::swap(modoAbrir, Rutinas::ModoAbrir);
+        std::swap(textoDevuelto, Rutinas::TextoDevuelto);
+        std::swap(formatoImportar, Rutinas::FormatoImportar);
+        std::swap(cantidadEmpleados, Rutinas::CantidadEmpleados);
+        std::swap(cantidadAfiliados, Rutinas::CantidadAfiliados);
+        std::swap(boletaEmitida, Rutinas::BoletaEmitida);
+    }
+};
+
+BaseDePrueba::BaseDePrueba()
+    : m_anteriores(std::make_unique<Publicas>())
+{
+    if (!QFile::copy(QStringLiteral(BASE_SEMBRADA), rutaBase()))
+    {
+        throw std::runtime_error("no seed database at " BASE_SEMBRADA);
+    }
+    QFile::setPermissions(rutaBase(), QFile::ReadOwner | QFile::WriteOwner);
+    m_anteriores->intercambiar();
+    reemplazarDirectorioPrograma(m_carpeta.path());
+    Rutinas::RutaApp = DirectorioPrograma() + QDir::separator();
+    Rutinas::Conexion.abrir(rutaBase());
+}
+
+BaseDePrueba::~BaseDePrueba()
+{
+    try
+    {
+        Archivos::cerrarTodos();
+    }
+    catch (const std::exception& error)
+    {
+        ADD_FAILURE() << "a channel could not be closed: " << error.what();
+    }
+    Rutinas::Conexion.cerrar();
+    m_anteriores->intercambiar();
+    reemplazarDirectorioPrograma({});
+}
+
+void agregar(Conexion& conexion, const EmpresaDePrueba& e)
+{
+    conexion.ejecutar("INSERT INTO Empresas (CUIT, Razon, Calle, Numero, CodPos, Localidad, Provincia) "
+                      "VALUES (?, ?, ?, ?, ?, ?, ?)",
+                      e.cuit, e.razon, e.calle, e.numero, e.codPos, e.localidad, e.provincia);
+}
+
+qint64 agregar(Conexion& conexion, const SucursalDePrueba& s)
+{
+    conexion.ejecutar("INSERT INTO Empresas_Sucursales (CUIT, Sucursal, Domicilio, Numero, Localidad) "
+                      "VALUES (?, ?, ?, ?, ?)",
+                      s.cuit, s.sucursal, s.domicilio, s.numero, s.localidad);
+    return conexion.ultimoNumero();
+}
+
+void agregar(Conexion& conexion, const DeclaracionDePrueba& d)
+{
+    conexion.ejecutar("INSERT INTO DDJJ (Cuit, Periodo, Secuencia, Fecha) VALUES (?, ?, ?, ?)", d.cuit, d.periodo,
+                      d.secuencia, d.fecha);
+}
+
+void agregar(Conexion& conexion, const EmpleadoDePrueba& e)
+{
+    conexion.ejecutar("INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Sexo, "
+                      "Provincia, Nacio, EstCivil, Afiliado, Sueldo, Imponible, Categoria, Ingreso, Egreso, Sucursal, "
+                      "QHoras, ART100, ART101A, ART101B, Acuerdo, Acuerdo2, Familiares) "
+                      "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
+                      e.cuit, e.periodo, e.secuencia, e.cuil, e.ayn, e.tipoDoc, e.nroDoc, e.sexo, e.provincia, e.nacio,
+                      e.estCivil, e.afiliado, e.imponible + e.acuerdo, e.imponible, e.categoria, e.ingreso, e.egreso,
+                      e.sucursal, e.qHoras, e.art100, e.art101A, e.art101B, e.acuerdo, e.acuerdo2, e.familiares);
+}

@@ -1,0 +1,69 @@
+#include "apoyo/hijo.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <iostream>
+
+namespace
+{
+constexpr const char* variable = "ALTOVERDE_RUTA_DEL_HIJO";
+const QByteArray marca = "### ";
+} // namespace
+
+Hijo::Hijo(const QString& prueba, const QString& ruta)
+{
+    QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    entorno.insert(QString::fromLatin1(variable), ruta);
+    m_proceso.setProcessEnvironment(entorno);
+    m_proceso.setProcessChannelMode(QProcess::MergedChannels);
+    m_proceso.start(QCoreApplication::applicationFilePath(),
+                    {QStringLiteral("--gtest_also_run_disabled_tests"), QStringLiteral("--gtest_filter=") + prueba});
+    QByteArray todo;
+    while (m_dicho.isEmpty() && (m_proceso.canReadLine() || m_proceso.waitForReadyRead(-1)))
+    {
+        while (m_dicho.isEmpty() && m_proceso.canReadLine())
+        {
+            const QByteArray linea = m_proceso.readLine();
+            todo += linea;
+            if (linea.startsWith(marca))
+            {
+                m_dicho = QString::fromUtf8(linea.sliced(marca.size()).trimmed());
+            }
+        }
+    }
+    EXPECT_FALSE(m_dicho.isEmpty()) << "the child ended early:\n" << todo.constData();
+}
+
+Hijo::~Hijo()
+{
+    matar();
+}
+
+bool Hijo::seguir()
+{
+    m_proceso.write("\n");
+    m_proceso.closeWriteChannel();
+    m_proceso.waitForFinished(-1);
+    const bool paso = m_proceso.exitStatus() == QProcess::NormalExit && m_proceso.exitCode() == 0;
+    EXPECT_TRUE(paso) << m_proceso.readAll().constData();
+    return paso;
+}
+
+void Hijo::matar()
+{
+    m_proceso.kill();
+    m_proceso.waitForFinished(-1);
+}
+
+QString hijo::ruta()
+{
+    return qEnvironmentVariable(variable);
+}
+
+void hijo::listoYEsperar(const QString& dicho)
+{
+    std::cout << marca.constData() << dicho.toStdString() << std::endl;
+    std::string linea;
+    std::getline(std::cin, linea);
+}
