@@ -8,11 +8,25 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+namespace
+{
+/// Puts the cursor back where the screen's load left it: a screen that moves into its window forgets it.
+void devolverFoco(const QPointer<QWidget>& inicial)
+{
+    if (!inicial.isNull())
+    {
+        inicial->setFocus();
+    }
+}
+} // namespace
+
 VentanaHija::VentanaHija(Pantalla* pantalla)
     : m_pantalla(pantalla)
 {
+    const QPointer<QWidget> inicial = pantalla->focusWidget();
     setAttribute(Qt::WA_DeleteOnClose);
     setWidget(pantalla);
+    devolverFoco(inicial);
     setObjectName(QStringLiteral("hija_") + pantalla->objectName());
     setWindowTitle(pantalla->windowTitle());
     connect(pantalla, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
@@ -44,11 +58,13 @@ VentanaModal::VentanaModal(Pantalla* pantalla, QWidget* padre)
     : QDialog(padre, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint)
     , m_pantalla(pantalla)
 {
+    const QPointer<QWidget> inicial = pantalla->focusWidget();
     setWindowModality(Qt::ApplicationModal);
     setObjectName(QStringLiteral("modal_") + pantalla->objectName());
     auto* disposicion = new QVBoxLayout(this);
     disposicion->setContentsMargins(0, 0, 0, 0);
     disposicion->addWidget(pantalla);
+    devolverFoco(inicial);
     setWindowTitle(pantalla->windowTitle());
     setWindowIcon(pantalla->windowIcon());
     connect(pantalla, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);

@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
-#include <memory>
 
 FiltroDeEntrada::FiltroDeEntrada(QLineEdit* campo, std::function<QChar(QChar)> alTeclear,
                                  std::function<void(QLineEdit*, const QString&)> alPegar)
@@ -87,11 +86,18 @@ void FiltroDeEntrada::pegar()
 
 void FiltroDeEntrada::mostrarMenu(QPoint global)
 {
-    const std::unique_ptr<QMenu> menu(m_campo->createStandardContextMenu());
-    if (auto* accion = menu->findChild<QAction*>(QStringLiteral("edit-paste")))
-    {
-        accion->disconnect(SIGNAL(triggered(bool)));
-        connect(accion, &QAction::triggered, this, &FiltroDeEntrada::pegar);
-    }
-    menu->exec(global);
+    // The field's own menu would paste past the filter.
+    const bool edita = !m_campo->isReadOnly();
+    const bool hayMarcado = m_campo->hasSelectedText();
+    QMenu menu(m_campo);
+    const auto agregar = [&](const QString& nombre, bool vale, auto hace)
+    { menu.addAction(nombre, m_campo, hace)->setEnabled(vale); };
+    agregar(QStringLiteral("&Deshacer"), edita && m_campo->isUndoAvailable(), &QLineEdit::undo);
+    menu.addSeparator();
+    agregar(QStringLiteral("Cor&tar"), edita && hayMarcado, &QLineEdit::cut);
+    agregar(QStringLiteral("&Copiar"), hayMarcado, &QLineEdit::copy);
+    agregar(QStringLiteral("&Pegar"), edita && !QApplication::clipboard()->text().isEmpty(), [this] { pegar(); });
+    menu.addSeparator();
+    agregar(QStringLiteral("&Seleccionar todo"), !m_campo->displayText().isEmpty(), &QLineEdit::selectAll);
+    menu.exec(global);
 }

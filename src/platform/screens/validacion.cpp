@@ -106,7 +106,8 @@ bool esMarco(const QWidget* destino)
 {
     for (; destino != nullptr; destino = destino->parentWidget())
     {
-        if (destino->inherits("QMdi::ControllerWidget") || destino->inherits("QMdi::ControlLabel"))
+        const QLatin1String clase(destino->metaObject()->className()); // private ones: inherits() knows them not
+        if (clase == QLatin1String("QMdi::ControllerWidget") || clase == QLatin1String("QMdi::ControlLabel"))
         {
             return true;
         }
