@@ -4,6 +4,10 @@
 #include "companies/screens/buscar_rubro.h"
 #include "companies/screens/empresas.h"
 #include "declarations/screens/ddjj.h"
+#include "maintenance/screens/acercade.h"
+#include "maintenance/screens/backup.h"
+#include "maintenance/screens/depurar.h"
+#include "maintenance/screens/version.h"
 #include "platform/screens/navegacion.h"
 #include "slips/screens/boletas.h"
 
@@ -14,5 +18,9 @@ void registrarPantallas()
     navegacion.registrar(QStringLiteral("BuscarEmpresa"), [] { return new BuscarEmpresa; });
     navegacion.registrar(QStringLiteral("BuscarRubro"), [] { return new BuscarRubro; });
     navegacion.registrar(QStringLiteral("DDJJ"), [] { return new DDJJ; });
+    navegacion.registrar(QStringLiteral("Backup"), [] { return new Backup; });
+    navegacion.registrar(QStringLiteral("Depurar"), [] { return new Depurar; });
+    navegacion.registrar(QStringLiteral("Acercade"), [] { return new Acercade; });
+    navegacion.registrar(QStringLiteral("Version"), [] { return new Version; });
     navegacion.registrar(QStringLiteral("Boletas"), [] { return new Boletas; });
 }

@@ -1,6 +1,6 @@
 #include "companies/empresa.h"
 
-#include "companies/lista_empresas.h"
+#include "core/lista_empresas.h"
 #include "core/rutinas.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"

@@ -1,7 +1,7 @@
 #include "companies/screens/empresas.h"
 
 #include "companies/catalogos.h"
-#include "companies/lista_empresas.h"
+#include "core/lista_empresas.h"
 #include "core/rutinas.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/mensajes.h"

@@ -1,7 +1,8 @@
 #include "core/screens/area_principal.h"
 
+#include "platform/screens/estilo.h"
+
 #include <QPainter>
-#include <QSvgRenderer>
 
 AreaPrincipal::AreaPrincipal(QWidget* padre)
     : QMdiArea(padre)
@@ -10,27 +11,17 @@ AreaPrincipal::AreaPrincipal(QWidget* padre)
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 }
 
-void AreaPrincipal::paintEvent(QPaintEvent* evento)
+void AreaPrincipal::paintEvent(QPaintEvent*)
 {
     const QSize tamano = viewport()->size();
-    if (m_tamanoDelFondo != tamano)
+    if (m_fondo.isNull() || m_tamanoDelFondo != tamano)
     {
-        // Drawn once a size; the picture covers the whole area and keeps its proportions.
+        // Drawn once a size.
         m_tamanoDelFondo = tamano;
-        QSvgRenderer dibujo(QStringLiteral(":/fondo.svg"));
-        dibujo.setAspectRatioMode(Qt::KeepAspectRatioByExpanding);
-        const qreal escala = devicePixelRatioF();
-        m_fondo = QPixmap(tamano * escala);
-        m_fondo.setDevicePixelRatio(escala);
-        m_fondo.fill(palette().color(QPalette::Window));
+        m_fondo = QPixmap(tamano * devicePixelRatioF());
+        m_fondo.setDevicePixelRatio(devicePixelRatioF());
         QPainter pintor(&m_fondo);
-        QSizeF medida = dibujo.defaultSize();
-        medida.scale(tamano, Qt::KeepAspectRatioByExpanding);
-        const QPointF origen((tamano.width() - medida.width()) / 2, (tamano.height() - medida.height()) / 2);
-        dibujo.render(&pintor, QRectF(origen, medida));
+        Estilo::pintarFondo(pintor, QRect(QPoint(), tamano));
     }
-    QPainter pintor(viewport());
-    pintor.drawPixmap(0, 0, m_fondo);
-    pintor.end();
-    Q_UNUSED(evento);
+    QPainter(viewport()).drawPixmap(0, 0, m_fondo);
 }

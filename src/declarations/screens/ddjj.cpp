@@ -1,6 +1,6 @@
 #include "declarations/screens/ddjj.h"
 
-#include "companies/screens/eleccion_empresa.h"
+#include "core/screens/eleccion_empresa.h"
 #include "core/rutinas.h"
 #include "declarations/lista_ddjj.h"
 #include "declarations/totales_ddjj.h"

@@ -1,4 +1,4 @@
-#include "companies/screens/eleccion_empresa.h"
+#include "core/screens/eleccion_empresa.h"
 #include "core/rutinas.h"
 #include "declarations/lista_ddjj.h"
 #include "declarations/screens/ddjj.h"

@@ -1,6 +1,6 @@
-#include "companies/screens/eleccion_empresa.h"
+#include "core/screens/eleccion_empresa.h"
 
-#include "companies/lista_empresas.h"
+#include "core/lista_empresas.h"
 #include "core/rutinas.h"
 #include "platform/screens/campo_mascara.h"
 #include "platform/screens/error_fatal.h"

@@ -1,4 +1,4 @@
-#include "companies/lista_empresas.h"
+#include "core/lista_empresas.h"
 
 #include "platform/data/conexion.h"
 

@@ -1,0 +1,27 @@
+#include "maintenance/screens/acercade.h"
+
+#include "configuracion.h"
+#include "core/rutinas.h"
+#include "maintenance/screens/rotulos.h"
+#include "platform/screens/estilo.h"
+#include "ui_acercade.h"
+
+Acercade::Acercade(QWidget* padre)
+    : Pantalla(QStringLiteral("Acercade"), padre)
+    , ui(std::make_unique<Ui::Acercade>())
+{
+    ui->setupUi(this);
+    ui->Image1->setPixmap(Estilo::iconoDelPrograma().pixmap(96, 96));
+    rotuloDePrograma(ui->Label1);
+    ui->Label4_0->setText(QString::fromUtf8(configuracion::web));
+    ui->Label4_1->setText(QString::fromUtf8(configuracion::correoSoporte));
+    ui->Label4_2->setText(QString::fromUtf8(configuracion::telefonoSoporte));
+}
+
+Acercade::~Acercade() = default;
+
+void Acercade::cargar()
+{
+    const QString version = Rutinas::Conexion.consultar("SELECT * FROM Parametros").primera().texto("Version");
+    ui->lblVersion->setText(QStringLiteral("Versión: ") + version);
+}

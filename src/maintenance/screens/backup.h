@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/screens/pantalla.h"
+
+#include <memory>
+
+class ErrorDeEjecucion;
+namespace Ui
+{
+class Backup;
+}
+
+/// Copies the whole database to a dated folder, and brings a copy back over it.
+class Backup : public Pantalla
+{
+    Q_OBJECT
+public:
+    explicit Backup(QWidget* padre = nullptr);
+    ~Backup() override;
+
+    void cargar() override;
+
+private:
+    void SSTab1_Click();
+    void cmdExaminar_Click();
+    void cmdOK_Click();
+    void cmdSalir_Click();
+    void resguardarBase();
+    void restaurarBase();
+    [[nodiscard]] bool puedeRestaurar();
+    void informarFalla(const ErrorDeEjecucion& error);
+
+    std::unique_ptr<Ui::Backup> ui;
+    QString CarpetaCopia;
+};

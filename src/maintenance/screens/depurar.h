@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/screens/pantalla.h"
+
+#include <QDate>
+#include <memory>
+
+class EleccionEmpresa;
+namespace Ui
+{
+class Depurar;
+}
+
+/// Deletes all declarations of a company up to a month.
+class Depurar : public Pantalla
+{
+    Q_OBJECT
+public:
+    explicit Depurar(QWidget* padre = nullptr);
+    ~Depurar() override;
+
+    void cargar() override;
+    [[nodiscard]] QString empresaEnCurso() const override;
+
+private:
+    void CargarPeriodos();
+    void vsDDJJ_Click(int columna, int fila);
+    void vsDDJJ_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
+    void elegirFila(int fila);
+    void cmdEliminar_Click();
+
+    std::unique_ptr<Ui::Depurar> ui;
+    EleccionEmpresa* m_eleccion;
+    QDate PeriodoHasta; ///< the limit; the fields only show it
+};

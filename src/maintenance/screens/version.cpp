@@ -1,0 +1,79 @@
+#include "maintenance/screens/version.h"
+
+#include "configuracion.h"
+#include "maintenance/screens/rotulos.h"
+#include "platform/screens/dialogos.h"
+#include "platform/screens/estilo.h"
+#include "ui_version.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+
+Version::Version(QWidget* padre)
+    : Pantalla(QStringLiteral("Version"), padre)
+    , ui(std::make_unique<Ui::Version>())
+{
+    ui->setupUi(this);
+    ui->Image1->setPixmap(Estilo::iconoDelPrograma().pixmap(96, 96));
+    rotuloDePrograma(ui->Label1);
+    ui->lblLink->setText(QString::fromUtf8(configuracion::enlaceVersion));
+    ui->lblLink->setCursor(Qt::PointingHandCursor);
+    ui->lblLink->setFocusPolicy(Qt::StrongFocus);
+    ui->lblLink->setAccessibleName(QStringLiteral("Enlace a la nueva versión"));
+    ui->lblLink->setMouseTracking(true);
+    ui->lblLink->installEventFilter(this);
+    setMouseTracking(true);
+    colorDelEnlace(false);
+}
+
+Version::~Version() = default;
+
+void Version::cargar()
+{
+    ui->lblVersion->setVisible(!ui->lblVersion->text().isEmpty());
+    ui->lblLink->setVisible(!ui->lblLink->text().isEmpty());
+}
+
+bool Version::eventFilter(QObject* objeto, QEvent* evento)
+{
+    switch (evento->type())
+    {
+    case QEvent::MouseMove:
+    case QEvent::Enter:
+        colorDelEnlace(true);
+        break;
+    case QEvent::Leave:
+        colorDelEnlace(false);
+        break;
+    case QEvent::MouseButtonRelease:
+        protegido([this] { lblLink_Click(); });
+        break;
+    case QEvent::KeyPress:
+        if (const int tecla = static_cast<QKeyEvent*>(evento)->key(); tecla == Qt::Key_Return || tecla == Qt::Key_Space)
+        {
+            protegido([this] { lblLink_Click(); });
+        }
+        break;
+    default:
+        break;
+    }
+    return Pantalla::eventFilter(objeto, evento);
+}
+
+void Version::mouseMoveEvent(QMouseEvent* evento)
+{
+    colorDelEnlace(false);
+    Pantalla::mouseMoveEvent(evento);
+}
+
+void Version::lblLink_Click()
+{
+    AbrirEnlace(ui->lblLink->text());
+}
+
+void Version::colorDelEnlace(bool encima)
+{
+    QPalette paleta = ui->lblLink->palette();
+    paleta.setColor(QPalette::WindowText, encima ? QColor(255, 0, 0) : QColor(0, 0, 255));
+    ui->lblLink->setPalette(paleta);
+}
