@@ -59,7 +59,9 @@ void Backup::SSTab1_Click()
 
 void Backup::cmdExaminar_Click()
 {
-    ui->txtOrigen_1->setText(DialogoArchivo({QStringLiteral("Seleccione la Base de Datos a Recuperar")}));
+    PedidoDeArchivo pedido;
+    pedido.titulo = QStringLiteral("Seleccione la Base de Datos a Recuperar");
+    ui->txtOrigen_1->setText(DialogoArchivo(pedido));
 }
 
 void Backup::cmdSalir_Click()
