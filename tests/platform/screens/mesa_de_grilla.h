@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apoyo/entrada.h"
 #include "platform/screens/grilla.h"
 
 #include <QApplication>
@@ -53,53 +54,20 @@ struct MesaDeGrilla
 
     void mostrar()
     {
-        ventana.show();
-        ventana.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&ventana));
+        Entrada::activar(ventana);
         antes->setFocus();
     }
 
-    /// Through the window, as a real mouse: the leaving checks sit there.
-    void pulsar(QWidget* control, QPoint lugar, bool doble = false)
-    {
-        const QPoint enVentana = control->mapTo(&ventana, lugar);
-        if (doble)
-        {
-            QTest::mouseDClick(ventana.windowHandle(), Qt::LeftButton, Qt::NoModifier, enVentana);
-        }
-        else
-        {
-            QTest::mouseClick(ventana.windowHandle(), Qt::LeftButton, Qt::NoModifier, enVentana);
-        }
-        QTest::lastMouseTimestamp += 5000; // or the next press would be the second one of a double click
-        QCoreApplication::processEvents();
-    }
     [[nodiscard]] QPoint centro(int columna, int fila) const
     {
         return grilla->visualRect(grilla->model()->index(fila - 1, columna - 1)).center();
     }
-    void celda(int columna, int fila) { pulsar(grilla->viewport(), centro(columna, fila)); }
-    void doble(int columna, int fila) { pulsar(grilla->viewport(), centro(columna, fila), true); }
+    void celda(int columna, int fila) { Entrada::pulsar(*grilla->viewport(), centro(columna, fila)); }
+    void doble(int columna, int fila) { Entrada::pulsarDosVeces(*grilla->viewport(), centro(columna, fila)); }
     void cabeza(int columna)
     {
         QWidget* tira = grilla->horizontalHeader()->viewport();
-        pulsar(tira, QPoint(grilla->columnViewportPosition(columna - 1) + 20, tira->height() / 2));
-    }
-    /// To whatever has the focus, as a real keyboard.
-    static void tecla(Qt::Key codigo, Qt::KeyboardModifiers con = Qt::NoModifier)
-    {
-        ASSERT_NE(QApplication::focusWidget(), nullptr);
-        QTest::keyClick(QApplication::focusWidget(), codigo, con);
-        QCoreApplication::processEvents();
-    }
-    static void escribir(const QString& texto)
-    {
-        for (const QChar c : texto)
-        {
-            ASSERT_NE(QApplication::focusWidget(), nullptr);
-            QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
-        }
-        QCoreApplication::processEvents();
+        Entrada::pulsar(*tira, QPoint(grilla->columnViewportPosition(columna - 1) + 20, tira->height() / 2));
     }
     QString tomarEventos()
     {

@@ -45,8 +45,8 @@ protected:
     void poner(int columna, int fila, const QString& que)
     {
         m.celda(columna, fila);
-        MesaDeGrilla::escribir(que);
-        MesaDeGrilla::tecla(Qt::Key_Return);
+        Entrada::escribir(que);
+        Entrada::tecla(Qt::Key_Return);
     }
 };
 
@@ -88,12 +88,12 @@ TEST_F(EdicionDeGrilla, LasFijasNoSeEditan)
 {
     m.doble(Nombre, 1);
     EXPECT_FALSE(g.editando());
-    MesaDeGrilla::escribir(QStringLiteral("x"));
+    Entrada::escribir(QStringLiteral("x"));
     EXPECT_FALSE(g.editando());
     g.setEditable(false);
     m.doble(Apellido, 1);
-    MesaDeGrilla::escribir(QStringLiteral("x"));
-    MesaDeGrilla::tecla(Qt::Key_F2);
+    Entrada::escribir(QStringLiteral("x"));
+    Entrada::tecla(Qt::Key_F2);
     EXPECT_FALSE(g.editando());
     EXPECT_FALSE(g.cambiada());
 }
@@ -101,16 +101,16 @@ TEST_F(EdicionDeGrilla, LasFijasNoSeEditan)
 TEST_F(EdicionDeGrilla, F2YDobleClicAbrenLaCelda)
 {
     m.celda(Sueldo, 1);
-    MesaDeGrilla::tecla(Qt::Key_F2);
+    Entrada::tecla(Qt::Key_F2);
     auto* linea = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     ASSERT_NE(linea, nullptr);
     EXPECT_EQ(linea->text(), QStringLiteral("1234,50")) << "no dots to edit around";
     EXPECT_EQ(linea->accessibleName(), QStringLiteral("Sueldo"));
-    MesaDeGrilla::tecla(Qt::Key_Return);
+    Entrada::tecla(Qt::Key_Return);
     EXPECT_FALSE(g.cambiada()) << "nothing was typed";
     m.doble(Apellido, 1);
     EXPECT_TRUE(g.editando());
-    MesaDeGrilla::escribir(QStringLiteral("Gil"));
+    Entrada::escribir(QStringLiteral("Gil"));
     m.celda(Apellido, 3);
     EXPECT_EQ(texto(Apellido), "Gil") << "a click elsewhere stores";
     EXPECT_EQ(g.filaActual(), 3);
@@ -144,8 +144,8 @@ TEST_F(EdicionDeGrilla, LasTeclasQueGuardan)
         SCOPED_TRACE(caso.tecla);
         g.setValor(caso.columna, caso.fila, QVariant());
         m.celda(caso.columna, caso.fila);
-        MesaDeGrilla::escribir(QStringLiteral("77"));
-        MesaDeGrilla::tecla(caso.tecla);
+        Entrada::escribir(QStringLiteral("77"));
+        Entrada::tecla(caso.tecla);
         EXPECT_EQ(texto(caso.columna, caso.fila), "77");
         EXPECT_FALSE(g.editando());
         EXPECT_EQ(g.columnaActual(), caso.columnaDespues);
@@ -157,23 +157,23 @@ TEST_F(EdicionDeGrilla, LasTeclasQueGuardan)
 TEST_F(EdicionDeGrilla, EnterPasaALaFilaSiguiente)
 {
     m.celda(Afiliado, 1);
-    MesaDeGrilla::tecla(Qt::Key_Return);
+    Entrada::tecla(Qt::Key_Return);
     EXPECT_EQ(g.filaActual(), 2);
     EXPECT_EQ(g.columnaActual(), Parentesco) << "the fixed column is passed over";
     m.celda(Afiliado, 3);
-    MesaDeGrilla::tecla(Qt::Key_Return);
+    Entrada::tecla(Qt::Key_Return);
     EXPECT_TRUE(m.boton->hasFocus()) << "after the last cell it leads out";
 }
 
 TEST_F(EdicionDeGrilla, EscapeDejaElValorQueHabia)
 {
     m.celda(Sueldo, 1);
-    MesaDeGrilla::escribir(QStringLiteral("9"));
-    MesaDeGrilla::tecla(Qt::Key_Escape);
+    Entrada::escribir(QStringLiteral("9"));
+    Entrada::tecla(Qt::Key_Escape);
     EXPECT_EQ(texto(Sueldo), "1.234,50");
     EXPECT_FALSE(g.cambiada());
     EXPECT_TRUE(g.hasFocus());
-    MesaDeGrilla::tecla(Qt::Key_Escape);
+    Entrada::tecla(Qt::Key_Escape);
     EXPECT_FALSE(g.editando());
 }
 
@@ -200,7 +200,7 @@ TEST_F(EdicionDeGrilla, UnTextoRechazadoDejaElEditor)
             cajas.espera(Caja::Informacion, QString::fromUtf8(caso.mensaje));
             const QString habia = g.texto(caso.columna, 1);
             m.celda(caso.columna, 1);
-            MesaDeGrilla::escribir(QString::fromLatin1(caso.escrito));
+            Entrada::escribir(QString::fromLatin1(caso.escrito));
             const QString como = QString::fromLatin1(salida);
             if (como == QStringLiteral("clic"))
             {
@@ -208,11 +208,11 @@ TEST_F(EdicionDeGrilla, UnTextoRechazadoDejaElEditor)
             }
             else if (como == QStringLiteral("boton"))
             {
-                m.pulsar(m.boton, m.boton->rect().center());
+                Entrada::pulsar(*m.boton);
             }
             else if (como == QStringLiteral("atajo"))
             {
-                MesaDeGrilla::tecla(Qt::Key_G, Qt::AltModifier);
+                Entrada::tecla(Qt::Key_G, Qt::AltModifier);
             }
             else if (como == QStringLiteral("codigo"))
             {
@@ -220,7 +220,7 @@ TEST_F(EdicionDeGrilla, UnTextoRechazadoDejaElEditor)
             }
             else
             {
-                MesaDeGrilla::tecla(como == QStringLiteral("Enter") ? Qt::Key_Return
+                Entrada::tecla(como == QStringLiteral("Enter") ? Qt::Key_Return
                                     : como == QStringLiteral("Tab") ? Qt::Key_Tab
                                                                     : Qt::Key_Down);
             }
@@ -230,7 +230,7 @@ TEST_F(EdicionDeGrilla, UnTextoRechazadoDejaElEditor)
             auto* linea = qobject_cast<QLineEdit*>(QApplication::focusWidget());
             ASSERT_NE(linea, nullptr);
             EXPECT_TRUE(linea->hasSelectedText());
-            MesaDeGrilla::tecla(Qt::Key_Escape);
+            Entrada::tecla(Qt::Key_Escape);
             EXPECT_EQ(g.texto(caso.columna, 1), habia);
         }
     }
@@ -251,14 +251,14 @@ TEST_F(EdicionDeGrilla, LosBotonesActuanSobreLoGuardado)
                 QObject::connect(m.boton, &QPushButton::clicked, &g, [&] { visto = texto(Sueldo, 2); });
             g.setValor(Sueldo, 2, QVariant());
             m.celda(Sueldo, 2);
-            MesaDeGrilla::escribir(QStringLiteral("50"));
+            Entrada::escribir(QStringLiteral("50"));
             if (conTecla)
             {
-                MesaDeGrilla::tecla(Qt::Key_G, Qt::AltModifier);
+                Entrada::tecla(Qt::Key_G, Qt::AltModifier);
             }
             else
             {
-                m.pulsar(m.boton, m.boton->rect().center());
+                Entrada::pulsar(*m.boton);
             }
             EXPECT_TRUE(QTest::qWaitFor([&] { return m.pulsado == antes + 1; }));
             EXPECT_EQ(visto, "50,00");
@@ -272,15 +272,15 @@ TEST_F(EdicionDeGrilla, ElCodigoConfirmaOCancela)
 {
     EXPECT_TRUE(g.confirmarEdicion());
     m.celda(Sueldo, 1);
-    MesaDeGrilla::escribir(QStringLiteral("8"));
+    Entrada::escribir(QStringLiteral("8"));
     EXPECT_TRUE(g.confirmarEdicion());
     EXPECT_EQ(texto(Sueldo), "8,00");
-    MesaDeGrilla::escribir(QStringLiteral("9"));
+    Entrada::escribir(QStringLiteral("9"));
     g.setEnabled(false);
     EXPECT_FALSE(g.editando());
     g.setEnabled(true);
     m.celda(Sueldo, 1);
-    MesaDeGrilla::escribir(QStringLiteral("9"));
+    Entrada::escribir(QStringLiteral("9"));
     g.cargar({});
     EXPECT_FALSE(g.editando());
     EXPECT_EQ(g.filas(), 0);
@@ -289,7 +289,7 @@ TEST_F(EdicionDeGrilla, ElCodigoConfirmaOCancela)
 TEST_F(EdicionDeGrilla, UnaCajaNoCierraElEditor)
 {
     m.celda(Apellido, 1);
-    MesaDeGrilla::escribir(QStringLiteral("Gi"));
+    Entrada::escribir(QStringLiteral("Gi"));
     {
         QWidget otra;
         otra.show();
@@ -299,8 +299,8 @@ TEST_F(EdicionDeGrilla, UnaCajaNoCierraElEditor)
     }
     m.ventana.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m.ventana));
-    MesaDeGrilla::escribir(QStringLiteral("l"));
-    MesaDeGrilla::tecla(Qt::Key_Return);
+    Entrada::escribir(QStringLiteral("l"));
+    Entrada::tecla(Qt::Key_Return);
     EXPECT_EQ(texto(Apellido), "Gil");
 }
 
@@ -310,9 +310,9 @@ TEST_F(EdicionDeGrilla, BorrarElTextoVaciaLaCelda)
     {
         poner(columna, 1, columna == Nacio ? QStringLiteral("01012000") : QStringLiteral("1"));
         m.celda(columna, 1);
-        MesaDeGrilla::tecla(Qt::Key_F2);
-        MesaDeGrilla::tecla(Qt::Key_Delete); // in an editor it is the text's own key
-        MesaDeGrilla::tecla(Qt::Key_Return);
+        Entrada::tecla(Qt::Key_F2);
+        Entrada::tecla(Qt::Key_Delete); // in an editor it is the text's own key
+        Entrada::tecla(Qt::Key_Return);
         EXPECT_TRUE(g.celdaVacia(columna, 1)) << columna;
     }
 }
@@ -325,15 +325,15 @@ TEST_F(EdicionDeGrilla, ListaConElTeclado)
     poner(Parentesco, 2, QStringLiteral("cony"));
     EXPECT_EQ(texto(Parentesco, 2), "Conyuge");
     m.celda(Parentesco, 2);
-    MesaDeGrilla::escribir(QStringLiteral("h"));
-    MesaDeGrilla::tecla(Qt::Key_Up);
-    MesaDeGrilla::tecla(Qt::Key_Up);
+    Entrada::escribir(QStringLiteral("h"));
+    Entrada::tecla(Qt::Key_Up);
+    Entrada::tecla(Qt::Key_Up);
     EXPECT_TRUE(g.editando()) << "the arrows stay in the list";
     EXPECT_EQ(g.filaActual(), 2);
-    MesaDeGrilla::tecla(Qt::Key_Return);
+    Entrada::tecla(Qt::Key_Return);
     EXPECT_EQ(texto(Parentesco, 2), "Concubino");
     m.celda(Parentesco, 3);
-    MesaDeGrilla::escribir(QStringLiteral("z"));
+    Entrada::escribir(QStringLiteral("z"));
     m.celda(Apellido, 3);
     EXPECT_TRUE(g.celdaVacia(Parentesco, 3)) << "nothing was chosen";
     EXPECT_FALSE(g.filaCambiada(3));
@@ -342,7 +342,7 @@ TEST_F(EdicionDeGrilla, ListaConElTeclado)
 TEST_F(EdicionDeGrilla, ListaAbierta)
 {
     m.celda(Parentesco, 1);
-    MesaDeGrilla::tecla(Qt::Key_F2);
+    Entrada::tecla(Qt::Key_F2);
     ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
     auto* lista = g.findChild<QComboBox*>();
     ASSERT_NE(lista, nullptr);
@@ -359,11 +359,11 @@ TEST_F(EdicionDeGrilla, ListaConUnValorDeOtraEpoca)
 {
     g.setValor(Parentesco, 1, QStringLiteral("Tutor"));
     m.celda(Parentesco, 1);
-    MesaDeGrilla::tecla(Qt::Key_F2);
+    Entrada::tecla(Qt::Key_F2);
     ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() == nullptr; }));
-    MesaDeGrilla::tecla(Qt::Key_Return);
+    Entrada::tecla(Qt::Key_Return);
     EXPECT_EQ(texto(Parentesco), "Tutor");
     EXPECT_FALSE(g.cambiada());
 }
@@ -373,12 +373,12 @@ TEST_F(EdicionDeGrilla, Tildes)
     m.celda(Afiliado, 1);
     EXPECT_TRUE(g.tilde(Afiliado, 1));
     EXPECT_TRUE(m.tomarEventos().endsWith(QStringLiteral("editada 7,1; clic 7,1")));
-    MesaDeGrilla::tecla(Qt::Key_Space);
+    Entrada::tecla(Qt::Key_Space);
     EXPECT_FALSE(g.tilde(Afiliado, 1));
     EXPECT_TRUE(g.cambiada());
     g.setEditable(false);
     m.celda(Afiliado, 1);
-    MesaDeGrilla::tecla(Qt::Key_Space);
+    Entrada::tecla(Qt::Key_Space);
     EXPECT_FALSE(g.tilde(Afiliado, 1));
 }
 
@@ -386,10 +386,10 @@ TEST_F(EdicionDeGrilla, BajarDesdeElEditorAgregaLaFila)
 {
     g.setTeclasDeFila([this] { return !g.celdaVacia(Documento, g.filas()); }, {});
     m.celda(Documento, 3);
-    MesaDeGrilla::tecla(Qt::Key_Down);
+    Entrada::tecla(Qt::Key_Down);
     EXPECT_EQ(g.filas(), 3);
-    MesaDeGrilla::escribir(QStringLiteral("12"));
-    MesaDeGrilla::tecla(Qt::Key_Down);
+    Entrada::escribir(QStringLiteral("12"));
+    Entrada::tecla(Qt::Key_Down);
     EXPECT_EQ(g.filas(), 4) << "the text was stored before the screen was asked";
     EXPECT_EQ(g.filaActual(), 4);
     EXPECT_EQ(g.columnaActual(), Parentesco) << "where the new row is typed from";
@@ -398,13 +398,13 @@ TEST_F(EdicionDeGrilla, BajarDesdeElEditorAgregaLaFila)
 TEST_F(EdicionDeGrilla, PegarUnImporteConPuntos)
 {
     m.celda(Sueldo, 2);
-    MesaDeGrilla::tecla(Qt::Key_F2);
+    Entrada::tecla(Qt::Key_F2);
     auto* linea = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     ASSERT_NE(linea, nullptr);
     linea->insert(QStringLiteral("$ 1.234,5"));
     linea->setModified(true);
     EXPECT_EQ(linea->text(), QStringLiteral("1.234,5"));
-    MesaDeGrilla::tecla(Qt::Key_Return);
+    Entrada::tecla(Qt::Key_Return);
     EXPECT_EQ(texto(Sueldo, 2), "1.234,50");
 }
 } // namespace

@@ -59,7 +59,7 @@ TEST_F(EventosDeGrilla, FueraDeLasFilasNoHayEventos)
     m.celda(1, 2);
     m.tomarEventos();
     const QPoint vacio(40, g.viewport()->height() - 5);
-    m.pulsar(g.viewport(), vacio, true);
+    Entrada::pulsarDosVeces(*g.viewport(), vacio);
     QTest::mouseClick(m.ventana.windowHandle(), Qt::RightButton, {}, g.viewport()->mapTo(&m.ventana, m.centro(1, 1)));
     EXPECT_EQ(m.tomarEventos(), QString());
     EXPECT_EQ(g.filaActual(), 2);
@@ -81,17 +81,17 @@ TEST_F(EventosDeGrilla, ArrastrarNoRecorreLasFilas)
 
 TEST_F(EventosDeGrilla, TecladoSoloDejaCeldas)
 {
-    MesaDeGrilla::tecla(Qt::Key_Tab);
+    Entrada::tecla(Qt::Key_Tab);
     ASSERT_TRUE(g.hasFocus());
     EXPECT_EQ(g.filaActual(), 0) << "entering chooses nothing";
     EXPECT_EQ(m.tomarEventos(), QString());
-    MesaDeGrilla::tecla(Qt::Key_Down);
-    MesaDeGrilla::tecla(Qt::Key_Down);
-    MesaDeGrilla::tecla(Qt::Key_Right);
-    MesaDeGrilla::tecla(Qt::Key_End, Qt::ControlModifier);
-    MesaDeGrilla::tecla(Qt::Key_Down);
+    Entrada::tecla(Qt::Key_Down);
+    Entrada::tecla(Qt::Key_Down);
+    Entrada::tecla(Qt::Key_Right);
+    Entrada::tecla(Qt::Key_End, Qt::ControlModifier);
+    Entrada::tecla(Qt::Key_Down);
     EXPECT_EQ(m.tomarEventos(), QStringLiteral("dejar 1,1,1,1; dejar 1,1,1,2; dejar 1,2,3,2; dejar 3,2,3,3"));
-    MesaDeGrilla::tecla(Qt::Key_Tab);
+    Entrada::tecla(Qt::Key_Tab);
     EXPECT_TRUE(m.boton->hasFocus()) << "Tab leads out";
     EXPECT_EQ(m.tomarEventos(), QStringLiteral("dejar 3,3,-1,-1"));
 }
@@ -100,7 +100,7 @@ TEST_F(EventosDeGrilla, ElFocoQueSeVaAOtroControl)
 {
     m.celda(1, 2);
     m.tomarEventos();
-    m.pulsar(m.boton, m.boton->rect().center());
+    Entrada::pulsar(*m.boton);
     EXPECT_EQ(m.tomarEventos(), QStringLiteral("dejar 1,2,-1,-1"));
     EXPECT_EQ(m.pulsado, 1);
     EXPECT_EQ(g.filaActual(), 2) << "the row stays chosen";
@@ -133,7 +133,7 @@ TEST_F(EventosDeGrilla, ElManejadorPuedeRecargarLaGrilla)
                                            });
     m.celda(1, 3);
     EXPECT_EQ(m.tomarEventos(), QStringLiteral("dejar 1,1,1,3")) << "the row clicked is gone: no click on it";
-    MesaDeGrilla::tecla(Qt::Key_Down);
+    Entrada::tecla(Qt::Key_Down);
     EXPECT_EQ(g.filas(), 1);
     EXPECT_EQ(g.filaActual(), 0);
     QObject::disconnect(conexion);
@@ -175,13 +175,13 @@ TEST_F(EventosDeGrilla, ElManejadorPuedeCerrarLaPantalla)
 TEST_F(EventosDeGrilla, EnterEnUnaListaQueNoSeEdita)
 {
     m.celda(1, 2);
-    MesaDeGrilla::tecla(Qt::Key_Return);
+    Entrada::tecla(Qt::Key_Return);
     EXPECT_TRUE(m.boton->hasFocus()) << "as Tab";
     QString entradas;
     QObject::connect(&g, &Grilla::entrar, &m.ventana,
                      [&](int c, int f) { entradas += QStringLiteral("%1,%2 ").arg(c).arg(f); });
     m.celda(1, 3);
-    MesaDeGrilla::tecla(Qt::Key_Enter, Qt::KeypadModifier);
+    Entrada::tecla(Qt::Key_Enter, Qt::KeypadModifier);
     EXPECT_EQ(entradas, QStringLiteral("1,3 "));
     EXPECT_TRUE(g.hasFocus());
 }
@@ -197,35 +197,35 @@ TEST_F(EventosDeGrilla, TeclasDeFila)
                           return fila != 2;
                       });
     m.celda(3, 3);
-    MesaDeGrilla::tecla(Qt::Key_Down);
-    MesaDeGrilla::tecla(Qt::Key_Insert);
+    Entrada::tecla(Qt::Key_Down);
+    Entrada::tecla(Qt::Key_Insert);
     EXPECT_EQ(g.filas(), 3) << "the screen did not want one";
     admite = true;
     m.tomarEventos();
-    MesaDeGrilla::tecla(Qt::Key_Down);
+    Entrada::tecla(Qt::Key_Down);
     EXPECT_EQ(m.tomarEventos(), QStringLiteral("dejar 3,3,1,4"));
-    MesaDeGrilla::tecla(Qt::Key_Insert);
+    Entrada::tecla(Qt::Key_Insert);
     EXPECT_EQ(m.tomarEventos(), QStringLiteral("dejar 1,4,1,5"));
     EXPECT_EQ(g.filas(), 5);
     EXPECT_FALSE(g.cambiada());
-    MesaDeGrilla::tecla(Qt::Key_Up);
-    MesaDeGrilla::tecla(Qt::Key_Insert);
+    Entrada::tecla(Qt::Key_Up);
+    Entrada::tecla(Qt::Key_Insert);
     EXPECT_EQ(g.filas(), 5) << "on the last row only";
 
     g.setFilaActual(2);
-    MesaDeGrilla::tecla(Qt::Key_Delete);
+    Entrada::tecla(Qt::Key_Delete);
     EXPECT_EQ(g.filas(), 5) << "refused by the screen";
     EXPECT_FALSE(g.cambiada());
     g.setFilaActual(1);
     m.tomarEventos();
-    MesaDeGrilla::tecla(Qt::Key_Delete);
+    Entrada::tecla(Qt::Key_Delete);
     EXPECT_EQ(g.filas(), 4);
     EXPECT_TRUE(g.cambiada());
     EXPECT_EQ(g.texto(1, 1), QStringLiteral("2024/02"));
     EXPECT_EQ(g.filaActual(), 1);
     EXPECT_EQ(quitadas, (QList<int>{2, 1}));
     g.setFilas(1);
-    MesaDeGrilla::tecla(Qt::Key_Delete);
+    Entrada::tecla(Qt::Key_Delete);
     EXPECT_EQ(g.filas(), 1) << "one row always stays";
     EXPECT_TRUE(g.celdaVacia(1, 1));
     EXPECT_EQ(g.filaActual(), 1);
