@@ -113,6 +113,7 @@ bool focoEn(const QWidget* editor)
 }
 
 constexpr QColor marcoDeCelda{0x14, 0x3f, 0x5e};
+constexpr QColor bordeDeTilde{0xb0, 0xbb, 0xc4};
 constexpr QColor amarilloInactivo{0xf4, 0xf1, 0xb8};
 } // namespace
 
@@ -161,6 +162,7 @@ void Grilla::Delegado::paint(QPainter* pintor, const QStyleOptionViewItem& opcio
     if (columna(celda).clase == ColumnaDeGrilla::Tilde)
     {
         QStyleOptionViewItem marca = pintada;
+        marca.palette.setColor(QPalette::Window, bordeDeTilde); // its outline is drawn a shade darker
         marca.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
         marca.state |= celda.data(Qt::CheckStateRole).toInt() == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
         const QStyle* estilo = m_grilla->style();

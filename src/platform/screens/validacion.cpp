@@ -150,6 +150,17 @@ bool sacaDe(const QWidget* campo, QWidget* destino, QPoint enVentana)
     return false;
 }
 
+/// In the field, in a part of it, or in the list that it drops down, which is a window of its own.
+bool tieneElFoco(const QWidget* campo)
+{
+    const QWidget* foco = QApplication::focusWidget();
+    while (foco != nullptr && foco != campo)
+    {
+        foco = foco->parentWidget();
+    }
+    return foco != nullptr;
+}
+
 bool esEnter(const QKeyEvent& evento)
 {
     return (evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter) &&
@@ -472,8 +483,7 @@ void Validacion::alPerderFoco(QWidget* campo, Qt::FocusReason motivo)
 
 void Validacion::chequearTarde(QWidget* campo)
 {
-    const QWidget* foco = QApplication::focusWidget();
-    if (foco == campo || (foco != nullptr && campo->isAncestorOf(foco)) || hayCajaAbierta() || TrabajoLargo::enCurso())
+    if (tieneElFoco(campo) || hayCajaAbierta() || TrabajoLargo::enCurso())
     {
         return;
     }
