@@ -28,7 +28,7 @@ constexpr Campo camposEmpresa[] = {
 
 constexpr Campo camposResponsable[] = {
     {Campo::Texto, "AyN", 40}, {Campo::Texto, "Domicilio", 30}, {Campo::Texto, "Localidad", 15},
-    {Campo::Crudo, "TipoDoc"}, {Campo::Numero, "NroDoc", 8},
+    {Campo::Numero, "TipoDoc", 1}, {Campo::Numero, "NroDoc", 8},
 };
 
 constexpr Campo camposSucursal[] = {
@@ -41,9 +41,9 @@ constexpr Campo camposSucursal[] = {
 constexpr Campo camposEmpleado[] = {
     {Campo::Crudo, "Cuil"},
     {Campo::Texto, "AyN", 40},
-    {Campo::Crudo, "TipoDoc"},
+    {Campo::Numero, "TipoDoc", 1},
     {Campo::Numero, "NroDoc", 8},
-    {Campo::Crudo, "Sexo", 1, " "},
+    {Campo::Numero, "Sexo", 1, " "},
     {Campo::Texto, "Calle", 40},
     {Campo::Numero, "Numero", 5},
     {Campo::Texto, "Piso", 3},
@@ -53,7 +53,7 @@ constexpr Campo camposEmpleado[] = {
     {Campo::Numero, "Provincia", 2, "  "},
     {Campo::Texto, "Telefono", 20},
     {Campo::Fecha, "Nacio", 8, "00000000"},
-    {Campo::Crudo, "EstCivil", 1, " "},
+    {Campo::Numero, "EstCivil", 1, " "},
     {Campo::SiNo, "Afiliado", 1},
     {Campo::Importe, "Sueldo", 7},
     {Campo::Importe, "Imponible", 7},
@@ -61,7 +61,7 @@ constexpr Campo camposEmpleado[] = {
     {Campo::Fecha, "Ingreso", 8, "00000000"},
     {Campo::Fecha, "Egreso", 8, "00000000"},
     {Campo::Numero, "Sucursal", 8},
-    {Campo::Crudo, "QHoras"},
+    {Campo::Numero, "QHoras", 1},
     {Campo::Importe, "ART100", 7},
     {Campo::Importe, "ART101A", 7},
     {Campo::Importe, "ART101B", 7},
@@ -75,9 +75,9 @@ constexpr Campo camposFamiliar[] = {
     {Campo::Crudo, "CUIL"},
     {Campo::Numero, "Familiar", 2},
     {Campo::Texto, "AyN", 30},
-    {Campo::Crudo, "TipoDoc"},
+    {Campo::Numero, "TipoDoc", 1},
     {Campo::Numero, "NroDoc", 8},
-    {Campo::Crudo, "Sexo"},
+    {Campo::Numero, "Sexo", 1},
     {Campo::Fecha, "Nacio", 8, "00000000"},
 };
 

@@ -13,8 +13,8 @@ struct Campo
     enum Clase
     {
         Texto,   ///< padded with blanks or cut to `ancho` characters; a Null is all blanks
-        Crudo,   ///< as the column stands
-        Numero,  ///< whole number with at least `ancho` digits
+        Crudo,   ///< text as the column has it
+        Numero,  ///< whole number with at least `ancho` digits; 1 is the number as it stands
         Importe, ///< amount with at least `ancho` digits, a comma and two decimals, halves away from zero
         Fecha,   ///< MMDDYYYY
         SiNo,    ///< "1" for true, else "0"
@@ -42,7 +42,7 @@ private:
     void agregarTexto(std::string_view utf8, std::size_t ancho);
     void agregarNumero(bool negativo, quint64 magnitud, std::size_t ancho);
     void agregarImporte(qint64 diezMilesimos, std::size_t ancho);
-    void agregarFecha(const Fila& fila, const char* columna);
+    void agregarFecha(std::string_view guardada, const Campo& campo);
 
     std::string m_bytes;
 };

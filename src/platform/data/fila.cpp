@@ -1,7 +1,6 @@
 #include "platform/data/preparada.h"
 
 #include <charconv>
-#include <cstdio>
 
 namespace
 {
@@ -18,11 +17,13 @@ bool leerEntero(std::string_view texto, N& numero)
     return fin.ec == std::errc() && fin.ptr == texto.data() + texto.size();
 }
 
-QByteArray escribir(const char* formato, int a, int b, int c)
+/// Writes `n`, not negative, over the `ancho` bytes from `desde` on.
+void ponerDigitos(QByteArray& texto, qsizetype desde, qsizetype ancho, int n)
 {
-    std::array<char, 40> texto{};
-    const int largo = std::snprintf(texto.data(), texto.size(), formato, a, b, c);
-    return {texto.data(), largo};
+    for (qsizetype i = desde + ancho; i-- > desde; n /= 10)
+    {
+        texto[i] = static_cast<char>('0' + n % 10);
+    }
 }
 } // namespace
 
@@ -34,20 +35,32 @@ Valor::Valor(const QString& texto)
 
 Valor::Valor(QDate fecha)
 {
-    if (fecha.isValid())
+    if (!fecha.isValid())
     {
-        m_clase = Clase::Texto;
-        m_propio = escribir("%04d-%02d-%02d", fecha.year(), fecha.month(), fecha.day());
+        return;
     }
+    if (fecha.year() < 0 || fecha.year() > 9999)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos);
+    }
+    m_clase = Clase::Texto;
+    m_propio = QByteArrayLiteral("0000-00-00");
+    ponerDigitos(m_propio, 0, 4, fecha.year());
+    ponerDigitos(m_propio, 5, 2, fecha.month());
+    ponerDigitos(m_propio, 8, 2, fecha.day());
 }
 
 Valor::Valor(QTime hora)
 {
-    if (hora.isValid())
+    if (!hora.isValid())
     {
-        m_clase = Clase::Texto;
-        m_propio = escribir("%02d:%02d:%02d", hora.hour(), hora.minute(), hora.second());
+        return;
     }
+    m_clase = Clase::Texto;
+    m_propio = QByteArrayLiteral("00:00:00");
+    ponerDigitos(m_propio, 0, 2, hora.hour());
+    ponerDigitos(m_propio, 3, 2, hora.minute());
+    ponerDigitos(m_propio, 6, 2, hora.second());
 }
 
 Fila::Celda Fila::celda(const char* columna) const

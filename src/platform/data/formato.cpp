@@ -245,6 +245,32 @@ std::optional<QDate> fechaValida(int anio, int mes, int dia)
     const QDate fecha(anio, mes, dia);
     return fecha.isValid() && anio >= 100 ? std::optional(fecha) : std::nullopt;
 }
+/// Digits with at most one mark among them, few enough that nothing can overflow or vanish: the amounts of a file by
+/// the thousand. Nothing for any other text, which need not be wrong.
+std::optional<float> leerImporteCorto(QStringView texto)
+{
+    std::array<char, 24> limpio{};
+    const auto cabe = static_cast<qsizetype>(limpio.size());
+    if (texto.isEmpty() || texto.size() > cabe || texto.front() < u'0' || texto.front() > u'9')
+    {
+        return std::nullopt;
+    }
+    int marcas = 0;
+    for (qsizetype i = 0; i < texto.size(); ++i)
+    {
+        const char16_t c = texto[i].unicode();
+        const bool marca = c == u'.' || c == u',';
+        marcas += marca ? 1 : 0;
+        if (marcas > 1 || (!marca && (c < u'0' || c > u'9')))
+        {
+            return std::nullopt;
+        }
+        limpio.at(static_cast<std::size_t>(i)) = marca ? '.' : static_cast<char>(c);
+    }
+    float valor = 0;
+    std::from_chars(limpio.data(), limpio.data() + texto.size(), valor);
+    return valor;
+}
 } // namespace
 
 QString Formato(Moneda valor, QStringView patron)
@@ -364,6 +390,10 @@ std::optional<float> LeerNumero(QStringView texto)
 
 float LeerImporteDeArchivo(QStringView texto)
 {
+    if (const auto valor = leerImporteCorto(texto))
+    {
+        return *valor;
+    }
     const auto digitos = detalle::desarmarDeArchivo(texto);
     if (!digitos)
     {
