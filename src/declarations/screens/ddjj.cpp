@@ -4,6 +4,7 @@
 #include "core/rutinas.h"
 #include "declarations/lista_ddjj.h"
 #include "declarations/totales_ddjj.h"
+#include "exchange/screens/ftp_class.h"
 #include "platform/data/formato.h"
 #include "platform/screens/campo_mascara.h"
 #include "platform/screens/estilo.h"

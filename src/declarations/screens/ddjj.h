@@ -7,6 +7,7 @@
 #include <memory>
 
 class EleccionEmpresa;
+class FTP_Class;
 class QLineEdit;
 struct SumasDDJJ;
 namespace Ui
@@ -61,8 +62,12 @@ private:
     void cmdInformes_Click(int indice);
     void abrirConNomina(const QString& pantalla);
     void publicarDeclaracion();
+
+    // Reports and sending: ddjj_envio.cpp
     void ImprimirInforme(int indice);
     void EnviarDDJJPorFtp(bool Avisar);
+    void ConectarServidorFtp();
+    void EnviarDDJJPorCorreo();
 
     // Files: ddjj_archivos.cpp
     void cmdImportar_Click();
@@ -83,4 +88,6 @@ private:
     QDate PeriodoSel; ///< of the selected declaration
     bool DatosCompletos = false;
     QString ArchivoDDJJ; ///< name of the declaration's text file
+    std::unique_ptr<FTP_Class> FtpDDJJ;
+    bool FtpConectado = false; ///< the last attempt to connect succeeded
 };

@@ -117,16 +117,3 @@ void DDJJ::cmdInformes_Click(int indice)
         ImprimirInforme(indice);
     }
 }
-
-void DDJJ::ImprimirInforme(int /*indice*/)
-{
-    if (exigirNomina())
-    {
-        Navegacion::instancia().avisar(QStringLiteral("Los informes todavía no están disponibles."));
-    }
-}
-
-void DDJJ::EnviarDDJJPorFtp(bool /*Avisar*/)
-{
-    Navegacion::instancia().avisar(QStringLiteral("El envío de la Declaración Jurada todavía no está disponible."));
-}
