@@ -1,0 +1,45 @@
+#include "base.h"
+
+#include "falla.h"
+#include "platform/data/conexion.h"
+
+#include <QStringList>
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+#include <string_view>
+
+namespace
+{
+int comparar(void*, int largoA, const void* a, int largoB, const void* b)
+{
+    return compararEspanol({static_cast<const char*>(a), static_cast<std::size_t>(largoA)},
+                           {static_cast<const char*>(b), static_cast<std::size_t>(largoB)});
+}
+} // namespace
+
+QString consultarBase(const QString& ruta, const QString& sql)
+{
+    try
+    {
+        constexpr int esperaEnMs = 10'000;
+        SQLite::Database base(ruta.toStdString(), SQLite::OPEN_READONLY, esperaEnMs);
+        sqlite3_create_collation(base.getHandle(), "espanol", SQLITE_UTF8, nullptr, comparar);
+        SQLite::Statement consulta(base, sql.toStdString());
+        QStringList filas;
+        while (consulta.executeStep())
+        {
+            QStringList valores;
+            for (int columna = 0; columna < consulta.getColumnCount(); ++columna)
+            {
+                const SQLite::Column valor = consulta.getColumn(columna);
+                valores += valor.isNull() ? QStringLiteral("Null") : QString::fromStdString(valor.getString());
+            }
+            filas += valores.join(u'|');
+        }
+        return filas.join(u';');
+    }
+    catch (const SQLite::Exception& error)
+    {
+        throw Falla(QStringLiteral("la consulta falla: %1").arg(QString::fromUtf8(error.what())));
+    }
+}

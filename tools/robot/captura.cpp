@@ -1,0 +1,92 @@
+#include "captura.h"
+
+#include "controles.h"
+#include "falla.h"
+
+#include <QtWidgets>
+
+namespace
+{
+constexpr int altoDelTitulo = 28;
+constexpr int margen = 8;
+
+/// From the bottom to the top.
+QWidgetList ventanasEnOrden()
+{
+    QWidgetList lista;
+    for (QWidget* ventana : QApplication::topLevelWidgets())
+    {
+        const bool propia = ventana->windowType() == Qt::Window || ventana->windowType() == Qt::Dialog;
+        if (ventana->isVisible() && propia)
+        {
+            lista += ventana;
+        }
+    }
+    const auto altura = [](const QWidget* ventana)
+    {
+        int alto = 0;
+        for (const QWidget* padre = ventana; padre->parentWidget() != nullptr; padre = padre->parentWidget()->window())
+        {
+            ++alto;
+        }
+        const bool arriba = ventana == QApplication::activeModalWidget();
+        return std::tuple(ventana != controles::ventanaPrincipal(), arriba, ventana->isModal(), alto);
+    };
+    std::stable_sort(lista.begin(), lista.end(),
+                     [&](const QWidget* a, const QWidget* b) { return altura(a) < altura(b); });
+    return lista;
+}
+
+/// Without a display nothing draws the frame of a window.
+QRect conMarco(const QWidget* ventana)
+{
+    return ventana->geometry().adjusted(0, -altoDelTitulo, 0, 0);
+}
+
+void pintar(QPainter& pintor, QWidget* ventana)
+{
+    const QRect marco = conMarco(ventana);
+    const QRect titulo(marco.topLeft(), QSize(marco.width(), altoDelTitulo));
+    const bool activa = ventana == controles::ventanaActual()->window();
+    pintor.fillRect(titulo, activa ? QColor(0x2f, 0x4a, 0x68) : QColor(0x8a, 0x97, 0xa6));
+    pintor.setPen(Qt::white);
+    const QRect dentro = titulo.adjusted(margen, 0, -margen, 0);
+    pintor.drawText(dentro, Qt::AlignVCenter | Qt::AlignLeft,
+                    pintor.fontMetrics().elidedText(ventana->windowTitle(), Qt::ElideRight, dentro.width()));
+    pintor.drawPixmap(ventana->geometry().topLeft(), ventana->grab());
+    pintor.setPen(QColor(0x2f, 0x4a, 0x68));
+    pintor.drawRect(marco.adjusted(0, 0, -1, -1));
+}
+} // namespace
+
+QImage retratar()
+{
+    const QWidgetList ventanas = ventanasEnOrden();
+    QRect todo;
+    for (const QWidget* ventana : ventanas)
+    {
+        todo = todo.united(conMarco(ventana));
+    }
+    if (todo.isEmpty())
+    {
+        return {};
+    }
+    QImage cuadro(todo.size(), QImage::Format_RGB32);
+    cuadro.fill(Qt::white);
+    QPainter pintor(&cuadro);
+    pintor.translate(-todo.topLeft());
+    for (QWidget* ventana : ventanas)
+    {
+        pintar(pintor, ventana);
+    }
+    return cuadro;
+}
+
+void capturar(const QString& ruta)
+{
+    QDir().mkpath(QFileInfo(ruta).absolutePath());
+    if (!retratar().save(ruta, "PNG"))
+    {
+        throw Falla(QStringLiteral("no se puede grabar %1").arg(ruta));
+    }
+}

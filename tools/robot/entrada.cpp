@@ -1,0 +1,145 @@
+#include "entrada.h"
+
+#include "controles.h"
+#include "falla.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+namespace entrada
+{
+namespace
+{
+QWindow* ventanaConFoco()
+{
+    if (QWindow* ventana = QGuiApplication::focusWindow())
+    {
+        return ventana;
+    }
+    for (const QWidget* posible : {QApplication::activePopupWidget(), QApplication::activeModalWidget(),
+                                   QApplication::activeWindow(), static_cast<QWidget*>(controles::ventanaPrincipal())})
+    {
+        if (posible != nullptr && posible->windowHandle() != nullptr)
+        {
+            return posible->windowHandle();
+        }
+    }
+    throw Falla(QStringLiteral("ninguna ventana recibe el teclado"));
+}
+
+/// Scrolls the control into view, as a person does who sees a part of it.
+void aLaVista(QWidget* control)
+{
+    for (QWidget* parte = control->parentWidget(); parte != nullptr; parte = parte->parentWidget())
+    {
+        if (auto* rollo = qobject_cast<QScrollArea*>(parte))
+        {
+            rollo->ensureWidgetVisible(control);
+        }
+    }
+}
+
+/// A list or menu left open closes before something else is clicked.
+void cerrarListasAbiertas(const QWidget* destino)
+{
+    constexpr int masQueSuficiente = 10;
+    for (int i = 0; i < masQueSuficiente; ++i)
+    {
+        const QWidget* abierta = QApplication::activePopupWidget();
+        if (abierta == nullptr || abierta == destino->window())
+        {
+            return;
+        }
+        tecla(Qt::Key_Escape);
+    }
+}
+
+/// A tick or option is clicked on its mark: the rest of a wide one does not answer.
+QPoint centroDe(const QWidget* control)
+{
+    QStyleOptionButton opcion;
+    opcion.initFrom(control);
+    if (qobject_cast<const QCheckBox*>(control) != nullptr)
+    {
+        return control->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &opcion, control).center();
+    }
+    if (qobject_cast<const QRadioButton*>(control) != nullptr)
+    {
+        return control->style()->subElementRect(QStyle::SE_RadioButtonIndicator, &opcion, control).center();
+    }
+    return control->rect().center();
+}
+} // namespace
+
+void clic(QWidget* control)
+{
+    clic(control, centroDe(control));
+}
+
+void clic(QWidget* control, QPoint lugar)
+{
+    cerrarListasAbiertas(control);
+    aLaVista(control);
+    QWidget* ventana = control->window();
+    const QPoint enVentana = control->mapTo(ventana, lugar);
+    const QWidget* encima = ventana->childAt(enVentana);
+    const bool libre = encima == control || control->isAncestorOf(encima) || (encima == nullptr && control == ventana);
+    if (ventana->windowHandle() == nullptr || !ventana->rect().contains(enVentana))
+    {
+        throw Falla(QStringLiteral("«%1» queda fuera de la ventana").arg(control->objectName()));
+    }
+    if (!libre)
+    {
+        throw Falla(
+            QStringLiteral("«%1» está tapado por «%2»")
+                .arg(control->objectName(),
+                     encima == nullptr || encima->objectName().isEmpty()
+                         ? QString::fromLatin1((encima == nullptr ? ventana : encima)->metaObject()->className())
+                         : encima->objectName()));
+    }
+    QTest::mouseMove(ventana->windowHandle(), enVentana);
+    QTest::mouseClick(ventana->windowHandle(), Qt::LeftButton, Qt::NoModifier, enVentana);
+}
+
+void dobleClic(QWidget* control, QPoint lugar, const std::function<bool()>& sigue)
+{
+    const QPointer<QWidget> vivo = control;
+    clic(control, lugar);
+    if (!vivo.isNull() && vivo->isVisible() && sigue())
+    {
+        // Each click sets the clock of the simulated mouse forward, so that two clicks are never taken for a double one.
+        QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;
+        QTest::mouseClick(control->window()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          control->mapTo(control->window(), lugar));
+    }
+}
+
+void tecla(Qt::Key tecla, Qt::KeyboardModifiers modificadores)
+{
+    QTest::keyClick(ventanaConFoco(), tecla, modificadores);
+}
+
+void escribir(const QString& texto)
+{
+    for (const char32_t codigo : texto.toUcs4())
+    {
+        if (codigo < 0x80)
+        {
+            QTest::keyClick(ventanaConFoco(), static_cast<char>(codigo));
+            continue;
+        }
+        QTest::sendKeyEvent(QTest::Click, ventanaConFoco(), Qt::Key_unknown, QString::fromUcs4(&codigo, 1),
+                            Qt::NoModifier);
+    }
+}
+
+bool tieneFoco(const QWidget* control)
+{
+    const QWidget* foco = QApplication::focusWidget();
+    if (foco == nullptr)
+    {
+        foco = control->window()->focusWidget(); // just after a box the window only remembers it
+    }
+    return foco != nullptr && (foco == control || control->isAncestorOf(foco) || control->focusProxy() == foco);
+}
+} // namespace entrada
