@@ -41,7 +41,10 @@ Grilla::Grilla(QWidget* padre)
 
 Grilla::~Grilla()
 {
-    m_silencio = true; // the views below still move their current cell while they go
+    // The classes below still lose the focus and their current cell while they go.
+    m_silencio = true;
+    disconnect(qApp, nullptr, this, nullptr);
+    cancelarEdicion();
 }
 
 // ---- rows and cells

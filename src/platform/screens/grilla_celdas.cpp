@@ -215,6 +215,22 @@ QString textoParaEditar(const ColumnaDeGrilla& columna, const QVariant& valor)
     return textoDeCelda(columna, valor);
 }
 
+QString admitidosEnCelda(const ColumnaDeGrilla& columna)
+{
+    const QString cifras = columna.minimo < 0 ? QStringLiteral("0123456789-") : QStringLiteral("0123456789");
+    switch (columna.clase)
+    {
+    case ColumnaDeGrilla::Entero:
+        return cifras;
+    case ColumnaDeGrilla::Decimal:
+        return cifras + QStringLiteral(",.");
+    case ColumnaDeGrilla::Fecha:
+        return QStringLiteral("0123456789/");
+    default:
+        return {};
+    }
+}
+
 bool celdaVacia(const QVariant& valor)
 {
     return !valor.isValid() || (valor.typeId() == QMetaType::QString && valor.toString().isEmpty()) ||

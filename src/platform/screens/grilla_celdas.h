@@ -10,6 +10,8 @@
 [[nodiscard]] QString textoDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor);
 /// As it stands in an editor: amounts without thousands separators.
 [[nodiscard]] QString textoParaEditar(const ColumnaDeGrilla& columna, const QVariant& valor);
+/// The characters that can be typed or pasted into a cell; empty: any.
+[[nodiscard]] QString admitidosEnCelda(const ColumnaDeGrilla& columna);
 [[nodiscard]] bool celdaVacia(const QVariant& valor);
 
 /// What a person typed into a cell: its value (invalid for an empty cell), or the message that refuses it.

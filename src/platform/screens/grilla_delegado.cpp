@@ -39,24 +39,40 @@ private:
     QString m_admitidos;
 };
 
-/// One-line editor; in amounts the dot key types a comma.
+/// One-line editor. A key that its column does not admit changes nothing, not even a selected text; in amounts the dot
+/// key types a comma.
 class TextoDeCelda : public QLineEdit
 {
 public:
-    using QLineEdit::QLineEdit;
-    bool puntoEsComa = false;
+    TextoDeCelda(const ColumnaDeGrilla& columna, QWidget* padre)
+        : QLineEdit(padre)
+        , m_admitidos(admitidosEnCelda(columna))
+        , m_puntoEsComa(columna.clase == ColumnaDeGrilla::Decimal)
+    {
+        setFrame(false);
+    }
 
 protected:
     void keyPressEvent(QKeyEvent* evento) override
     {
-        if (puntoEsComa && evento->text() == QLatin1String("."))
+        const QString escrito = evento->text();
+        if (m_puntoEsComa && escrito == QLatin1String("."))
         {
             insert(QStringLiteral(","));
             setModified(true);
             return;
         }
-        QLineEdit::keyPressEvent(evento);
+        const bool ajena = !m_admitidos.isEmpty() && !escrito.isEmpty() && escrito.at(0).isPrint() &&
+                           !m_admitidos.contains(escrito.at(0));
+        if (!ajena)
+        {
+            QLineEdit::keyPressEvent(evento);
+        }
     }
+
+private:
+    QString m_admitidos;
+    bool m_puntoEsComa;
 };
 
 /// List editor that tells a choice made in the open list from a move by key in the closed one.
@@ -184,9 +200,7 @@ void Grilla::Delegado::paint(QPainter* pintor, const QStyleOptionViewItem& opcio
 
 QWidget* Grilla::Delegado::editorDeTexto(QWidget* padre, const ColumnaDeGrilla& columna) const
 {
-    auto* linea = new TextoDeCelda(padre);
-    linea->setFrame(false);
-    const QString signo = columna.minimo < 0 ? QStringLiteral("-") : QString();
+    auto* linea = new TextoDeCelda(columna, padre);
     switch (columna.clase)
     {
     case ColumnaDeGrilla::Texto:
@@ -196,13 +210,9 @@ QWidget* Grilla::Delegado::editorDeTexto(QWidget* padre, const ColumnaDeGrilla& 
         }
         break;
     case ColumnaDeGrilla::Entero:
-        linea->setValidator(new FiltroDeCelda(QStringLiteral("0123456789") + signo, linea));
-        linea->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        break;
     case ColumnaDeGrilla::Decimal:
-        linea->setValidator(new FiltroDeCelda(QStringLiteral("0123456789,.") + signo, linea));
+        linea->setValidator(new FiltroDeCelda(admitidosEnCelda(columna), linea));
         linea->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        linea->puntoEsComa = true;
         break;
     case ColumnaDeGrilla::Fecha:
         linea->setInputMask(QStringLiteral("00/00/0000;_"));

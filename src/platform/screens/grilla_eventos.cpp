@@ -210,13 +210,14 @@ bool Grilla::tecla(QKeyEvent* evento)
     }
     if (m_editable && escribe(*evento))
     {
-        if (actual.isValid())
+        const QString admitidos = actual.isValid() ? admitidosEnCelda(m_modelo->columna(actual.column())) : QString();
+        if (actual.isValid() && (admitidos.isEmpty() || admitidos.contains(evento->text().at(0))))
         {
             edit(actual, AnyKeyPressed, evento);
         }
         return true; // no jumping about by letters where cells are typed into
     }
-    return codigo == Qt::Key_Delete || codigo == Qt::Key_Backspace; // their control characters would start an editor
+    return false;
 }
 
 bool Grilla::teclaDeFila(int codigo)

@@ -396,6 +396,46 @@ TEST_F(EdicionDeGrilla, BajarDesdeElEditorAgregaLaFila)
     EXPECT_EQ(g.columnaActual(), Parentesco) << "where the new row is typed from";
 }
 
+TEST_F(EdicionDeGrilla, UnaTeclaAjenaNoTocaLoQueHay)
+{
+    for (const int columna : {Documento, Sueldo, Nacio})
+    {
+        g.setValor(columna, 1, columna == Nacio ? QVariant(QDate(1980, 3, 5)) : QVariant(55));
+        const std::string habia = texto(columna);
+        m.celda(columna, 1);
+        Entrada::escribir(QStringLiteral("x-"));
+        EXPECT_FALSE(g.editando()) << "a letter opens no number";
+        Entrada::tecla(Qt::Key_F2);
+        Entrada::escribir(QStringLiteral("x- "));
+        Entrada::tecla(Qt::Key_Return);
+        EXPECT_EQ(texto(columna), habia);
+    }
+    m.celda(Sueldo, 1);
+    Entrada::tecla(Qt::Key_Delete);
+    Entrada::tecla(Qt::Key_Backspace);
+    EXPECT_FALSE(g.editando());
+    EXPECT_FALSE(g.cambiada());
+}
+
+TEST(EdicionDeGrillaQueSeVa, ConLaCeldaAbierta)
+{
+    for (const char* escrito : {"5", "100000000"})
+    {
+        MesaDeGrilla m;
+        m.grilla->setColumnas({{C::Entero, QStringLiteral("Documento"), 100, 99999999}});
+        m.grilla->setEditable(true);
+        m.grilla->setFilas(2);
+        m.mostrar();
+        m.celda(1, 2);
+        Entrada::escribir(QString::fromLatin1(escrito));
+        ASSERT_TRUE(m.grilla->editando());
+        m.tomarEventos();
+        delete m.grilla;
+        QCoreApplication::processEvents();
+        EXPECT_EQ(m.tomarEventos(), QString()) << "no event, no box, nothing stored";
+    }
+}
+
 TEST_F(EdicionDeGrilla, PegarUnImporteConPuntos)
 {
     m.celda(Sueldo, 2);
