@@ -237,6 +237,11 @@ struct TransporteFtp::Interno
     }
 };
 
+TransporteFtp::TransporteFtp()
+    : TransporteFtp(Limites())
+{
+}
+
 TransporteFtp::TransporteFtp(Limites limites)
     : m_interno(std::make_unique<Interno>())
 {
