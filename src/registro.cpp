@@ -9,7 +9,6 @@
 #include "maintenance/screens/depurar.h"
 #include "maintenance/screens/version.h"
 #include "platform/screens/navegacion.h"
-#include "roster/screens/empleados.h"
 #include "slips/screens/boletas.h"
 
 void registrarPantallas()
@@ -23,6 +22,5 @@ void registrarPantallas()
     navegacion.registrar(QStringLiteral("Depurar"), [] { return new Depurar; });
     navegacion.registrar(QStringLiteral("Acercade"), [] { return new Acercade; });
     navegacion.registrar(QStringLiteral("Version"), [] { return new Version; });
-    navegacion.registrar(QStringLiteral("Empleados"), [] { return new Empleados; });
     navegacion.registrar(QStringLiteral("Boletas"), [] { return new Boletas; });
 }

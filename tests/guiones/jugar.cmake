@@ -1,0 +1,98 @@
+# Plays one acceptance script in a fresh copy of the installation. Its comment lines of these forms say what it needs:
+#   # base: 1.0          the database as it was at this version
+#   # sql: ARCHIVO       statements run on the database first
+#   # datos: CARPETA     its files are copied into the program's folder
+#   # borrar: ARCHIVO    not there when the program starts
+#   # ftp: COMO          with an FTP server of its own: si, cerrado, rechaza, sin_carpeta
+#   # salida: N          exit status of the robot, 0 unless told
+#   # despues: GUION     another start of the program in the same folder
+# Paths are relative to the script. Files in X.esperado/ beside X.guion must have come out equal, byte by byte; what lies
+# in X.esperado/ftp/ is compared with what the FTP server received.
+cmake_minimum_required(VERSION 3.25)
+
+set(PROGRAMA ${TRABAJO}/programa)
+set(FTP ${TRABAJO}/ftp)
+
+# The values of a script's "# clave: valor" lines, as a list.
+function(cabecera guion clave salida)
+  file(STRINGS ${guion} lineas ENCODING UTF-8)
+  set(valores)
+  foreach(linea IN LISTS lineas)
+    if(linea MATCHES "^# *${clave}: *(.*[^ ]) *$")
+      list(APPEND valores ${CMAKE_MATCH_1})
+    endif()
+  endforeach()
+  set(${salida} ${valores} PARENT_SCOPE)
+endfunction()
+
+function(correr)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE estado)
+  if(NOT estado EQUAL 0)
+    message(FATAL_ERROR "${ARGN}: ${estado}")
+  endif()
+endfunction()
+
+function(preparar guion)
+  get_filename_component(carpeta ${guion} DIRECTORY)
+  file(REMOVE_RECURSE ${TRABAJO})
+  file(COPY ${INSTALACION}/ DESTINATION ${PROGRAMA}
+    PATTERN Altoverde EXCLUDE PATTERN Altoverde.exe EXCLUDE PATTERN Copias EXCLUDE PATTERN *.ldb EXCLUDE)
+  file(COPY ${BASE} DESTINATION ${PROGRAMA})
+  cabecera(${guion} base versiones)
+  cabecera(${guion} sql sentencias)
+  cabecera(${guion} datos datos)
+  cabecera(${guion} borrar sobran)
+  foreach(version IN LISTS versiones)
+    correr(${PREPARAR} ${PROGRAMA}/DBBrivo.mdb --version ${version})
+  endforeach()
+  foreach(archivo IN LISTS sentencias)
+    correr(${PREPARAR} ${PROGRAMA}/DBBrivo.mdb --sql ${carpeta}/${archivo})
+  endforeach()
+  foreach(dato IN LISTS datos)
+    file(COPY ${carpeta}/${dato}/ DESTINATION ${PROGRAMA})
+  endforeach()
+  foreach(archivo IN LISTS sobran)
+    file(REMOVE_RECURSE ${PROGRAMA}/${archivo})
+  endforeach()
+endfunction()
+
+function(jugar guion)
+  cabecera(${guion} salida esperado)
+  cabecera(${guion} ftp ftp)
+  if(NOT esperado)
+    set(esperado 0)
+  endif()
+  set(orden ${ROBOT} ${guion} --en ${PROGRAMA} --foto ${TRABAJO}/falla.png)
+  if(ftp)
+    set(orden ${PYTHON} ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/con_ftp.py ${ftp} ${FTP} ${orden})
+  endif()
+  message("--- ${guion}")
+  execute_process(COMMAND ${orden} RESULT_VARIABLE estado)
+  if(NOT estado STREQUAL esperado)
+    message(FATAL_ERROR "${guion}: exit status ${estado}, expected ${esperado} (picture: ${TRABAJO}/falla.png)")
+  endif()
+  cabecera(${guion} despues siguientes)
+  get_filename_component(carpeta ${guion} DIRECTORY)
+  foreach(siguiente IN LISTS siguientes)
+    jugar(${carpeta}/${siguiente})
+  endforeach()
+endfunction()
+
+function(comparar guion)
+  string(REGEX REPLACE "\\.guion$" ".esperado" esperados ${guion})
+  file(GLOB_RECURSE archivos RELATIVE ${esperados} ${esperados}/*)
+  foreach(archivo IN LISTS archivos)
+    set(producido ${PROGRAMA}/${archivo})
+    if(archivo MATCHES "^ftp/")
+      set(producido ${TRABAJO}/${archivo})
+    endif()
+    execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${esperados}/${archivo} ${producido} RESULT_VARIABLE distinto)
+    if(distinto)
+      message(FATAL_ERROR "${producido} is not ${esperados}/${archivo}")
+    endif()
+  endforeach()
+endfunction()
+
+preparar(${GUION})
+jugar(${GUION})
+comparar(${GUION})
