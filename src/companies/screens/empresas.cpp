@@ -54,19 +54,22 @@ void Empresas::cargar()
 
 void Empresas::ActivarDatos(bool estado)
 {
-    // The focus wanders while controls go grey: nothing is left by the user.
+    const std::initializer_list<QWidget*> deEdicion{ui->fraDatos, ui->CmdCancela, ui->CmdActualiza};
+    const std::initializer_list<QWidget*> deConsulta{ui->CmdABM_0, ui->CmdABM_1, ui->CmdABM_2, ui->CmdABM_3,
+                                                     ui->cmdSalir};
+    const auto habilitar = [](std::initializer_list<QWidget*> controles, bool si)
+    {
+        for (QWidget* control : controles)
+        {
+            control->setEnabled(si);
+        }
+    };
+    // What has the focus goes grey last, when there is somewhere else to go: nothing is left by the user.
     const Validacion::Pausa pausa;
-    for (QWidget* control : {static_cast<QWidget*>(ui->fraDatos), static_cast<QWidget*>(ui->CmdCancela),
-                             static_cast<QWidget*>(ui->CmdActualiza)})
-    {
-        control->setEnabled(estado);
-    }
-    for (QWidget* control : {ui->CmdABM_0, ui->CmdABM_1, ui->CmdABM_2, ui->CmdABM_3, ui->cmdSalir})
-    {
-        control->setEnabled(!estado);
-    }
     // A company on view has a CUIT that the test of a new one refuses: Tab goes past it, a click goes there.
     ui->MaskCuit->setFocusPolicy(estado ? Qt::StrongFocus : Qt::ClickFocus);
+    habilitar(estado ? deEdicion : deConsulta, true);
+    habilitar(estado ? deConsulta : deEdicion, false);
 }
 
 void Empresas::mostrarTitulo(const QString& cola)
@@ -186,6 +189,7 @@ void Empresas::CmdCancela_Click()
     mostrarTitulo();
     ActivarDatos(false);
     LimpiarEmpresa();
+    ui->CmdABM_0->setFocus();
 }
 
 void Empresas::cmdRubro_Click()
