@@ -3,12 +3,16 @@
 #include "companies/screens/buscar_empresa.h"
 #include "companies/screens/buscar_rubro.h"
 #include "companies/screens/empresas.h"
+#include "declarations/screens/buscar_ddjj.h"
 #include "declarations/screens/ddjj.h"
 #include "maintenance/screens/acercade.h"
 #include "maintenance/screens/backup.h"
 #include "maintenance/screens/depurar.h"
 #include "maintenance/screens/version.h"
 #include "platform/screens/navegacion.h"
+#include "roster/screens/buscar_empleado.h"
+#include "roster/screens/buscar_sucursal.h"
+#include "roster/screens/ddjj_sueldos.h"
 #include "slips/screens/boletas.h"
 
 void registrarPantallas()
@@ -18,6 +22,10 @@ void registrarPantallas()
     navegacion.registrar(QStringLiteral("BuscarEmpresa"), [] { return new BuscarEmpresa; });
     navegacion.registrar(QStringLiteral("BuscarRubro"), [] { return new BuscarRubro; });
     navegacion.registrar(QStringLiteral("DDJJ"), [] { return new DDJJ; });
+    navegacion.registrar(QStringLiteral("BuscarDDJJ"), [] { return new BuscarDDJJ; });
+    navegacion.registrar(QStringLiteral("DDJJ_Sueldos"), [] { return new DDJJ_Sueldos; });
+    navegacion.registrar(QStringLiteral("BuscarEmpleado"), [] { return new BuscarEmpleado; });
+    navegacion.registrar(QStringLiteral("BuscarSucursal"), [] { return new BuscarSucursal; });
     navegacion.registrar(QStringLiteral("Backup"), [] { return new Backup; });
     navegacion.registrar(QStringLiteral("Depurar"), [] { return new Depurar; });
     navegacion.registrar(QStringLiteral("Acercade"), [] { return new Acercade; });

@@ -1,7 +1,7 @@
 #include "companies/screens/buscar_empresa.h"
 
 #include "companies/busqueda_empresa.h"
-#include "companies/screens/tecla_soltada.h"
+#include "platform/screens/tecla_soltada.h"
 #include "core/rutinas.h"
 #include "ui_buscar_empresa.h"
 

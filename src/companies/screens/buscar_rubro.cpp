@@ -1,7 +1,7 @@
 #include "companies/screens/buscar_rubro.h"
 
 #include "companies/busqueda_rubro.h"
-#include "companies/screens/tecla_soltada.h"
+#include "platform/screens/tecla_soltada.h"
 #include "core/rutinas.h"
 #include "ui_buscar_rubro.h"
 

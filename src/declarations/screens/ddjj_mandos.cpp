@@ -1,6 +1,7 @@
 #include "core/screens/eleccion_empresa.h"
 #include "core/rutinas.h"
 #include "declarations/lista_ddjj.h"
+#include "declarations/copia_ddjj.h"
 #include "declarations/screens/ddjj.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/campo_mascara.h"
@@ -61,6 +62,18 @@ void DDJJ::cmdCopiar_Click()
     }
     publicarDeclaracion();
     Navegacion::instancia().mostrarModal(QStringLiteral("BuscarDDJJ"));
+    const FuenteDeCopia fuente{Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+    if (fuente.periodo == PeriodoSel && fuente.secuencia == ui->txtSecuencia->text().toInt())
+    {
+        return; // the dialog was cancelled
+    }
+    if (!Preguntar(QStringLiteral("Esta seguro que desea copiar desde la DDJJ seleccionada?")))
+    {
+        return;
+    }
+    copiarNomina(Rutinas::Conexion, clave(), fuente);
+    MsgBox(QStringLiteral("La Declaración Jurada se ha copiada con éxito."), Caja::Informacion);
+    MostrarDDJJ();
 }
 
 void DDJJ::cmdBoletas_Click(int indice)

@@ -1,4 +1,4 @@
-#include "companies/screens/tecla_soltada.h"
+#include "platform/screens/tecla_soltada.h"
 
 #include <QKeyEvent>
 

@@ -1,0 +1,117 @@
+#include "declarations/screens/buscar_ddjj.h"
+
+#include "core/rutinas.h"
+#include "declarations/copia_ddjj.h"
+#include "exchange/informe_ddjj.h"
+#include "platform/data/formato.h"
+#include "platform/screens/estilo.h"
+#include "platform/screens/grilla.h"
+#include "platform/screens/mensajes.h"
+#include "ui_buscar_ddjj.h"
+
+namespace
+{
+ClaveDDJJ destino()
+{
+    return {Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+}
+} // namespace
+
+BuscarDDJJ::BuscarDDJJ(QWidget* padre)
+    : Pantalla(QStringLiteral("BuscarDDJJ"), padre)
+    , ui(std::make_unique<Ui::BuscarDDJJ>())
+{
+    ui->setupUi(this);
+    ui->vsDDJJ->setColumnas({
+        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Periodo"), .ancho = -1},
+        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Sec"), .ancho = 60, .derecha = true},
+    });
+    for (QLineEdit* campo :
+         {ui->txtEmpresa, ui->txtCuit, ui->txtPeriodo_0, ui->txtSecuencia_0, ui->txtPeriodo_1, ui->txtSecuencia_1})
+    {
+        Estilo::soloMuestra(campo);
+    }
+    Estilo::advertencia(ui->lblRecuerde);
+    Estilo::boton(ui->cmdAceptar, QStringLiteral("aceptar"), true);
+    Estilo::boton(ui->cmdCancelar, QStringLiteral("cancelar"));
+    conectar(ui->vsDDJJ, &Grilla::clic, &BuscarDDJJ::vsDDJJ_Click);
+    conectar(ui->vsDDJJ, &Grilla::dejarCelda, &BuscarDDJJ::vsDDJJ_LeaveCell);
+    conectar(ui->cmdAceptar, &QPushButton::clicked, [this] { cmdAceptar_Click(); });
+    conectar(ui->cmdCancelar, &QPushButton::clicked, [this] { cmdCancelar_Click(); });
+}
+
+BuscarDDJJ::~BuscarDDJJ() = default;
+
+void BuscarDDJJ::cargar()
+{
+    ui->txtEmpresa->setText(Rutinas::EmpresaActual);
+    ui->txtCuit->setText(Rutinas::CuitActual);
+    ui->txtPeriodo_0->setText(Formato(Rutinas::PeriodoActual, u"YYYY/MM"));
+    ui->txtSecuencia_0->setText(QString::number(Rutinas::SecuenciaActual));
+    llenarLista();
+    mostrarAdvertencia();
+}
+
+void BuscarDDJJ::llenarLista()
+{
+    std::vector<std::vector<QVariant>> filas;
+    for (const FuenteDeCopia& fuente : fuentesDeCopia(Rutinas::Conexion, destino()))
+    {
+        filas.push_back({Formato(fuente.periodo, u"YYYY/MM"), qlonglong{fuente.secuencia}});
+        PeriodoFuente = fuente.periodo;
+    }
+    ui->vsDDJJ->cargar(std::move(filas));
+}
+
+void BuscarDDJJ::mostrarAdvertencia()
+{
+    const bool hay = hayNomina(Rutinas::Conexion, destino());
+    ui->lblRecuerde->setVisible(hay);
+    ui->lblRecuerde->setText(hay ? QStringLiteral("Recuerde que la Declaración Jurada del Periodo: ") +
+                                       ui->txtPeriodo_0->text() + QStringLiteral(" - ") + ui->txtSecuencia_0->text() +
+                                       QStringLiteral("  tiene Empleados ingresados.  Los mismos serán eliminados con "
+                                                      "la presente operación.")
+                                 : QString());
+}
+
+void BuscarDDJJ::elegirFila(int fila)
+{
+    ui->vsDDJJ->pintarTodo(Grilla::blanco);
+    ui->vsDDJJ->pintarFila(fila, Grilla::amarillo);
+    PeriodoFuente = LeerPeriodo(ui->vsDDJJ->texto(1, fila)).value_or(QDate());
+    ui->txtPeriodo_1->setText(Formato(PeriodoFuente, u"YYYY/MM"));
+    ui->txtSecuencia_1->setText(ui->vsDDJJ->texto(2, fila));
+}
+
+void BuscarDDJJ::vsDDJJ_Click(int, int fila)
+{
+    if (fila != 0)
+    {
+        elegirFila(fila);
+    }
+}
+
+void BuscarDDJJ::vsDDJJ_LeaveCell(int, int fila, int, int nuevaFila)
+{
+    if (fila != 0 && nuevaFila != -1)
+    {
+        elegirFila(nuevaFila);
+    }
+}
+
+void BuscarDDJJ::cmdAceptar_Click()
+{
+    if (ui->txtPeriodo_1->text().isEmpty())
+    {
+        MsgBox(QStringLiteral("Debe seleccionar el Periodo correspondiente."), Caja::Informacion);
+        return;
+    }
+    Rutinas::PeriodoActual = PeriodoFuente;
+    Rutinas::SecuenciaActual = static_cast<quint8>(ui->txtSecuencia_1->text().toInt());
+    cerrar();
+}
+
+void BuscarDDJJ::cmdCancelar_Click()
+{
+    cerrar();
+}

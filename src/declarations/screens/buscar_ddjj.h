@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/screens/pantalla.h"
+
+#include <QDate>
+#include <memory>
+
+namespace Ui
+{
+class BuscarDDJJ;
+}
+
+/// Picks the declaration from which a roster is copied. The public variables describe the target when it opens and,
+/// once accepted, the source; cancelled they are untouched.
+class BuscarDDJJ : public Pantalla
+{
+    Q_OBJECT
+public:
+    explicit BuscarDDJJ(QWidget* padre = nullptr);
+    ~BuscarDDJJ() override;
+
+    void cargar() override;
+
+private:
+    void llenarLista();
+    void mostrarAdvertencia();
+    void elegirFila(int fila);
+    void vsDDJJ_Click(int columna, int fila);
+    void vsDDJJ_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
+    void cmdAceptar_Click();
+    void cmdCancelar_Click();
+
+    std::unique_ptr<Ui::BuscarDDJJ> ui;
+    QDate PeriodoFuente;
+};

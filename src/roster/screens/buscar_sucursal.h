@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/screens/pantalla.h"
+
+#include <memory>
+
+namespace Ui
+{
+class BuscarSucursal;
+}
+
+/// The branches of the current company. A double click puts a branch's ID into Rutinas::SucursalElegida; closed any
+/// other way it leaves that as it was.
+class BuscarSucursal : public Pantalla
+{
+    Q_OBJECT
+public:
+    explicit BuscarSucursal(QWidget* padre = nullptr);
+    ~BuscarSucursal() override;
+
+    void cargar() override;
+
+private:
+    void CargarSucursales();
+    void vsGrilla_DblClick(int columna, int fila);
+
+    std::unique_ptr<Ui::BuscarSucursal> ui;
+};

@@ -1,0 +1,147 @@
+#include "roster/screens/ddjj_sueldos.h"
+
+#include "core/rutinas.h"
+#include "platform/data/error_de_ejecucion.h"
+#include "platform/data/formato.h"
+#include "platform/screens/estilo.h"
+#include "platform/screens/grilla.h"
+#include "platform/screens/mensajes.h"
+#include "platform/screens/trabajo_largo.h"
+#include "roster/sueldos.h"
+#include "ui_ddjj_sueldos.h"
+
+namespace
+{
+constexpr qint64 importeMaximo = 9'999'999; // and 99 cents
+constexpr int columnaSueldo = 4;
+constexpr int columnaAcuerdo = 5;
+} // namespace
+
+DDJJ_Sueldos::DDJJ_Sueldos(QWidget* padre)
+    : Pantalla(QStringLiteral("DDJJ_Sueldos"), padre)
+    , ui(std::make_unique<Ui::DDJJ_Sueldos>())
+{
+    ui->setupUi(this);
+    ui->vsSueldos->setColumnas({
+        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("C.U.I.L."), .ancho = 120},
+        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Apellido y Nombre"), .ancho = -1},
+        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Categoría"), .ancho = 160},
+        {.clase = ColumnaDeGrilla::Decimal, .titulo = QStringLiteral("Sueldo"), .ancho = 120, .maximo = importeMaximo},
+        {.clase = ColumnaDeGrilla::Decimal, .titulo = QStringLiteral("Acuerdo"), .ancho = 120, .maximo = importeMaximo},
+    });
+    ui->vsSueldos->setEditable(true);
+    for (QLineEdit* campo : {ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia})
+    {
+        Estilo::soloMuestra(campo);
+    }
+    Estilo::boton(ui->cmdGrabar, QStringLiteral("grabar"), true);
+    Estilo::boton(ui->cmdCancelar, QStringLiteral("cancelar"));
+    Estilo::boton(ui->cmdSalir, QStringLiteral("salir"));
+    conectar(ui->vsSueldos, &Grilla::dejarCelda, &DDJJ_Sueldos::vsSueldos_LeaveCell);
+    conectar(ui->cmdGrabar, &QPushButton::clicked, [this] { cmdGrabar_Click(); });
+    conectar(ui->cmdCancelar, &QPushButton::clicked, [this] { cmdCancelar_Click(); });
+    conectar(ui->cmdSalir, &QPushButton::clicked, [this] { cmdSalir_Click(); });
+}
+
+DDJJ_Sueldos::~DDJJ_Sueldos() = default;
+
+void DDJJ_Sueldos::cargar()
+{
+    m_clave = {Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+    ui->txtCuit->setText(m_clave.cuit);
+    ui->txtRazonSocial->setText(Rutinas::EmpresaActual);
+    ui->txtPeriodo->setText(Formato(m_clave.periodo, u"YYYY/MM"));
+    ui->txtSecuencia->setText(QString::number(m_clave.secuencia));
+    CargarSueldos();
+}
+
+void DDJJ_Sueldos::CargarSueldos()
+{
+    std::vector<std::vector<QVariant>> filas;
+    for (const FilaSueldo& fila : cargarSueldos(Rutinas::Conexion, m_clave))
+    {
+        filas.push_back(
+            {fila.cuil, fila.ayn, fila.categoria, QVariant::fromValue(fila.sueldo), QVariant::fromValue(fila.acuerdo)});
+    }
+    ui->vsSueldos->cargar(std::move(filas));
+    ui->vsSueldos->setCambiada(false);
+}
+
+void DDJJ_Sueldos::vsSueldos_LeaveCell(int, int fila, int, int nuevaFila)
+{
+    if (nuevaFila != -1)
+    {
+        ui->vsSueldos->pintarFila(fila, Grilla::blanco);
+        ui->vsSueldos->pintarFila(nuevaFila, Grilla::amarillo);
+    }
+}
+
+void DDJJ_Sueldos::cmdGrabar_Click()
+{
+    if (!Preguntar(QStringLiteral("Esta seguro de desea ACTUALIZAR los Sueldos de los Empleados?")))
+    {
+        return;
+    }
+    try
+    {
+        grabar();
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        MsgBox(QString::number(error.numero()) + QLatin1Char(' ') + error.descripcion());
+    }
+}
+
+void DDJJ_Sueldos::grabar()
+{
+    if (!ui->vsSueldos->cambiada())
+    {
+        MsgBox(QStringLiteral("No se han actualizado los Datos por no modificarse ningún Registro."),
+               Caja::Informacion);
+        return;
+    }
+    std::vector<FilaSueldo> filas;
+    for (int fila = 1; fila <= ui->vsSueldos->filas(); ++fila)
+    {
+        filas.push_back({ui->vsSueldos->texto(1, fila),
+                         {},
+                         {},
+                         ui->vsSueldos->importe(columnaSueldo, fila),
+                         ui->vsSueldos->importe(columnaAcuerdo, fila)});
+    }
+    int cantidad = 0;
+    {
+        const TrabajoLargo trabajo(QStringLiteral("Actualizando los sueldos"));
+        cantidad = actualizarSueldos(Rutinas::Conexion, m_clave, filas);
+    }
+    // The screen shows what was saved: an amount goes to the database with seven significant digits.
+    for (int fila = 1; fila <= ui->vsSueldos->filas(); ++fila)
+    {
+        const FilaSueldo& guardada = filas[static_cast<std::size_t>(fila - 1)];
+        ui->vsSueldos->setValor(columnaSueldo, fila, QVariant::fromValue(guardada.sueldo));
+        ui->vsSueldos->setValor(columnaAcuerdo, fila, QVariant::fromValue(guardada.acuerdo));
+    }
+    ui->vsSueldos->setCambiada(false);
+    MsgBox(cantidad > 0
+               ? textoActualizaciones(cantidad)
+               : QStringLiteral("Verifique las modificaciones realizadas.  No se ha Actualizado ningún Registro."),
+           Caja::Informacion);
+}
+
+void DDJJ_Sueldos::cmdCancelar_Click()
+{
+    if (ui->vsSueldos->cambiada() &&
+        Preguntar(QStringLiteral("Esta seguro de desea CANCELAR las Modificaciones Realizadas?")))
+    {
+        CargarSueldos();
+    }
+}
+
+void DDJJ_Sueldos::cmdSalir_Click()
+{
+    if (!ui->vsSueldos->cambiada() ||
+        Preguntar(QStringLiteral("Esta seguro de desea SALIR sin Actualizar las Modificaciones Efectuadas?")))
+    {
+        cerrar();
+    }
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/clave_ddjj.h"
+#include "platform/screens/pantalla.h"
+
+#include <memory>
+
+namespace Ui
+{
+class DDJJ_Sueldos;
+}
+
+/// Wages and agreement sums of a whole roster in one grid. Saving computes the contributions of each changed row by
+/// the bulk rule.
+class DDJJ_Sueldos : public Pantalla
+{
+    Q_OBJECT
+public:
+    explicit DDJJ_Sueldos(QWidget* padre = nullptr);
+    ~DDJJ_Sueldos() override;
+
+    void cargar() override;
+
+private:
+    void CargarSueldos();
+    void vsSueldos_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
+    void cmdGrabar_Click();
+    void cmdCancelar_Click();
+    void cmdSalir_Click();
+    void grabar();
+
+    std::unique_ptr<Ui::DDJJ_Sueldos> ui;
+    ClaveDDJJ m_clave;
+};
