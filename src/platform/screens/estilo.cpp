@@ -10,8 +10,8 @@
 #include <QLocale>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QProxyStyle>
 #include <QStyle>
-#include <QStyleFactory>
 #include <QSvgRenderer>
 #include <QTextEdit>
 #include <QTranslator>
@@ -32,6 +32,35 @@ constexpr QColor letra{0x1b, 0x24, 0x2c};
 constexpr QColor letraApagada{0x5b, 0x65, 0x6e};
 constexpr QColor fondoVentana{0xf3, 0xf5, 0xf7};
 constexpr QColor fondoApagado{0xe2, 0xe6, 0xe9};
+
+constexpr QColor ocre{0x8a, 0x5a, 0x00};
+
+/// Fusion, with the program's own drawings in the message boxes.
+class EstiloDelPrograma : public QProxyStyle
+{
+public:
+    EstiloDelPrograma()
+        : QProxyStyle(QStringLiteral("Fusion"))
+    {
+    }
+
+    QIcon standardIcon(StandardPixmap cual, const QStyleOption* opcion, const QWidget* control) const override
+    {
+        switch (cual)
+        {
+        case SP_MessageBoxQuestion:
+            return iconoDeTrazos(QStringLiteral("ayuda"), acento, acento);
+        case SP_MessageBoxInformation:
+            return iconoDeTrazos(QStringLiteral("acerca"), acento, acento);
+        case SP_MessageBoxWarning:
+            return iconoDeTrazos(QStringLiteral("advertencia"), ocre, ocre);
+        case SP_MessageBoxCritical:
+            return iconoDeTrazos(QStringLiteral("cancelar"), rojoOscuro, rojoOscuro);
+        default:
+            return QProxyStyle::standardIcon(cual, opcion, control);
+        }
+    }
+};
 
 void marcar(QWidget* control, const char* propiedad)
 {
@@ -122,7 +151,7 @@ void Estilo::aplicar(QApplication& aplicacion)
     {
         QCoreApplication::installTranslator(textos);
     }
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new EstiloDelPrograma);
     QApplication::setPalette(paleta());
     QFile hoja(QStringLiteral(":/estilo/estilo.css"));
     if (hoja.open(QIODevice::ReadOnly))
