@@ -16,6 +16,7 @@ BaseTemporal::BaseTemporal()
     EXPECT_TRUE(QFile::copy(QStringLiteral(BASE_SEMBRADA), base));
     EXPECT_TRUE(QFile::setPermissions(base, QFile::ReadOwner | QFile::WriteOwner));
     Rutinas::Conexion.abrir(base);
+    Rutinas::Conexion.ejecutar("PRAGMA synchronous=OFF"); // no test waits for the disk
 }
 
 BaseTemporal::~BaseTemporal()
