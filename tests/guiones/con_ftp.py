@@ -9,7 +9,7 @@ import subprocess
 import sys
 import threading
 
-USUARIO = CLAVE = "ddjj"
+USUARIO, CLAVE = "administrador", "KT-marcados"
 
 
 def atender(como: str, carpeta: pathlib.Path):

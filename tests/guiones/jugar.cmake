@@ -35,8 +35,9 @@ endfunction()
 function(preparar guion)
   get_filename_component(carpeta ${guion} DIRECTORY)
   file(REMOVE_RECURSE ${TRABAJO})
-  file(COPY ${INSTALACION}/ DESTINATION ${PROGRAMA}
-    PATTERN Altoverde EXCLUDE PATTERN Altoverde.exe EXCLUDE PATTERN Copias EXCLUDE PATTERN *.ldb EXCLUDE)
+  file(GLOB piezas ${INSTALACION}/*)
+  list(FILTER piezas EXCLUDE REGEX "/(Altoverde(\\.exe)?|Copias|[^/]*\\.(ldb|mdb))$") # what a start there has left, too
+  file(COPY ${piezas} DESTINATION ${PROGRAMA})
   file(COPY ${BASE} DESTINATION ${PROGRAMA})
   cabecera(${guion} base versiones)
   cabecera(${guion} sql sentencias)

@@ -1,24 +1,15 @@
 #include "apoyo/version_anterior.h"
-#include "platform/data/conexion.h"
+#include "base.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QStringList>
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <cstdio>
 #include <exception>
-#include <sqlite3.h>
 #include <stdexcept>
 
 namespace
 {
-int comparar(void*, int largoA, const void* a, int largoB, const void* b)
-{
-    return compararEspanol({static_cast<const char*>(a), static_cast<std::size_t>(largoA)},
-                           {static_cast<const char*>(b), static_cast<std::size_t>(largoB)});
-}
-
-/// One transaction: thousands of rows cost what one does.
 void correr(const QString& base, const QString& ruta)
 {
     QFile archivo(ruta);
@@ -26,11 +17,7 @@ void correr(const QString& base, const QString& ruta)
     {
         throw std::runtime_error(ruta.toStdString() + ": " + archivo.errorString().toStdString());
     }
-    SQLite::Database conexion(base.toStdString(), SQLite::OPEN_READWRITE);
-    sqlite3_create_collation(conexion.getHandle(), "espanol", SQLITE_UTF8, nullptr, comparar);
-    SQLite::Transaction transaccion(conexion);
-    conexion.exec(archivo.readAll().toStdString());
-    transaccion.commit();
+    ejecutarEnBase(base, archivo.readAll().toStdString());
 }
 } // namespace
 

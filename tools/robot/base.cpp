@@ -15,6 +15,12 @@ int comparar(void*, int largoA, const void* a, int largoB, const void* b)
     return compararEspanol({static_cast<const char*>(a), static_cast<std::size_t>(largoA)},
                            {static_cast<const char*>(b), static_cast<std::size_t>(largoB)});
 }
+
+/// Text columns are declared with the program's own order of names.
+void enEspanol(SQLite::Database& base)
+{
+    sqlite3_create_collation(base.getHandle(), "espanol", SQLITE_UTF8, nullptr, comparar);
+}
 } // namespace
 
 QString consultarBase(const QString& ruta, const QString& sql)
@@ -23,7 +29,7 @@ QString consultarBase(const QString& ruta, const QString& sql)
     {
         constexpr int esperaEnMs = 10'000;
         SQLite::Database base(ruta.toStdString(), SQLite::OPEN_READONLY, esperaEnMs);
-        sqlite3_create_collation(base.getHandle(), "espanol", SQLITE_UTF8, nullptr, comparar);
+        enEspanol(base);
         SQLite::Statement consulta(base, sql.toStdString());
         QStringList filas;
         while (consulta.executeStep())
@@ -41,5 +47,21 @@ QString consultarBase(const QString& ruta, const QString& sql)
     catch (const SQLite::Exception& error)
     {
         throw Falla(QStringLiteral("la consulta falla: %1").arg(QString::fromUtf8(error.what())));
+    }
+}
+
+void ejecutarEnBase(const QString& ruta, const std::string& sql)
+{
+    try
+    {
+        SQLite::Database base(ruta.toStdString(), SQLite::OPEN_READWRITE);
+        enEspanol(base);
+        SQLite::Transaction transaccion(base);
+        base.exec(sql);
+        transaccion.commit();
+    }
+    catch (const SQLite::Exception& error)
+    {
+        throw Falla(QStringLiteral("la base no admite las sentencias: %1").arg(QString::fromUtf8(error.what())));
     }
 }

@@ -163,6 +163,7 @@ int main(int cantidad, char** valores)
     }
     QApplication aplicacion(cantidad, valores);
     configuracion.reset();
+    QApplication::setCursorFlashTime(0); // the same picture whenever it is taken
     Estilo::aplicar(aplicacion);
     reemplazarDirectorioPrograma(QDir::toNativeSeparators(carpeta.absoluteFilePath()));
     reemplazarServidorFtp(pedido.ftp);

@@ -251,6 +251,10 @@ void Robot::ejecutar(std::size_t paso, const std::function<void()>& accion)
     {
         fallar(paso, falla.motivo());
     }
+    catch (const std::exception& error) // of the program, called directly: its own handlers let none out
+    {
+        fallar(paso, QString::fromUtf8(error.what()));
+    }
     m_niveles.pop_back();
 }
 
