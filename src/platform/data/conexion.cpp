@@ -167,6 +167,8 @@ void Conexion::abrir(const QString& ruta, Modo modo)
             {
                 nuevo->base->exec("PRAGMA journal_mode=DELETE");
                 nuevo->base->exec("PRAGMA synchronous=FULL");
+                // An import stays in memory until it is confirmed, so that other copies can read meanwhile.
+                nuevo->base->exec("PRAGMA cache_size=-32768");
             });
     }
     m_interno = std::move(nuevo);

@@ -94,6 +94,10 @@ Fila::Celda Fila::celda(const char* columna) const
 
 bool Fila::esNulo(const char* columna) const
 {
+    if (m_viva != nullptr)
+    {
+        return sqlite3_column_type(m_viva->sentencia, m_columnas->numero(columna)) == SQLITE_NULL;
+    }
     return celda(columna).clase == Valor::Clase::Nulo;
 }
 
@@ -114,6 +118,14 @@ std::optional<qint64> Fila::enteroONulo(const char* columna) const
 
 qint64 Fila::entero(const char* columna) const
 {
+    if (m_viva != nullptr)
+    {
+        const int cual = m_columnas->numero(columna);
+        if (sqlite3_column_type(m_viva->sentencia, cual) == SQLITE_INTEGER)
+        {
+            return sqlite3_column_int64(m_viva->sentencia, cual);
+        }
+    }
     const auto numero = enteroONulo(columna);
     if (!numero)
     {

@@ -3,9 +3,11 @@
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/numeros.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <string>
 
 namespace
 {
@@ -15,9 +17,9 @@ struct Patron
     QStringView prefijo;
     QStringView sufijo;
     bool grupos = false;
-    int enterosMinimos = 0;
-    int decimalesMinimos = 0;
-    int decimalesMaximos = 0;
+    std::size_t enterosMinimos = 0;
+    std::size_t decimalesMinimos = 0;
+    std::size_t decimalesMaximos = 0;
 };
 
 bool esDePatron(QChar c)
@@ -61,49 +63,59 @@ Patron leerPatron(QStringView texto)
     return patron;
 }
 
-/// Decimal digits of a number without its sign, as many decimals as the pattern may show.
+/// Decimal digits of a number without its sign, as many decimals as the pattern may show. Short texts, which a
+/// std::string holds without allocating.
 struct Numero
 {
     bool negativo = false;
-    QByteArray enteros; // no leading zeros
-    QByteArray decimales;
+    std::string enteros; // no leading zeros
+    std::string decimales;
 };
+
+bool esCero(const Numero& numero)
+{
+    return numero.enteros.empty() && numero.decimales.find_first_not_of('0') == std::string::npos;
+}
 
 QString armar(Numero numero, const Patron& patron)
 {
-    while (numero.decimales.size() > patron.decimalesMinimos && numero.decimales.endsWith('0'))
+    while (numero.decimales.size() > patron.decimalesMinimos && numero.decimales.back() == '0')
     {
-        numero.decimales.chop(1);
+        numero.decimales.pop_back();
     }
-    const bool cero = numero.enteros.isEmpty() && numero.decimales.count('0') == numero.decimales.size();
+    const bool conSigno = numero.negativo && !esCero(numero);
+    if (numero.enteros.size() < patron.enterosMinimos)
+    {
+        numero.enteros.insert(0, patron.enterosMinimos - numero.enteros.size(), '0');
+    }
     QString texto;
-    if (numero.negativo && !cero)
+    texto.reserve(patron.prefijo.size() + patron.sufijo.size() +
+                  static_cast<qsizetype>(2 + numero.enteros.size() * 4 / 3 + numero.decimales.size()));
+    if (conSigno)
     {
         texto += u'-';
     }
     texto += patron.prefijo;
-    const qsizetype ceros = std::max<qsizetype>(0, patron.enterosMinimos - numero.enteros.size());
-    const qsizetype largo = ceros + numero.enteros.size();
-    for (qsizetype i = 0; i < largo; ++i)
+    for (std::size_t faltan = numero.enteros.size(); faltan > 0; --faltan)
     {
-        if (patron.grupos && i > 0 && (largo - i) % 3 == 0)
+        if (patron.grupos && faltan < numero.enteros.size() && faltan % 3 == 0)
         {
             texto += u'.';
         }
-        texto += i < ceros ? QChar(u'0') : QChar(QLatin1Char(numero.enteros[i - ceros]));
+        texto += QLatin1Char(numero.enteros[numero.enteros.size() - faltan]);
     }
-    if (!numero.decimales.isEmpty())
+    if (!numero.decimales.empty())
     {
         texto += u',';
-        texto += QLatin1String(numero.decimales);
+        texto += QLatin1String(numero.decimales.data(), static_cast<qsizetype>(numero.decimales.size()));
     }
     texto += patron.sufijo;
     return texto;
 }
 
-QByteArray sinCeros(quint64 n)
+std::string sinCeros(quint64 n)
 {
-    return n == 0 ? QByteArray() : QByteArray::number(n);
+    return n == 0 ? std::string() : std::to_string(n);
 }
 
 quint64 magnitud(qint64 n)
@@ -112,15 +124,15 @@ quint64 magnitud(qint64 n)
 }
 
 /// A whole number of units of the given number of decimals.
-Numero deUnidades(bool negativo, quint64 unidades, int decimales)
+Numero deUnidades(bool negativo, quint64 unidades, std::size_t decimales)
 {
-    Numero numero{negativo, QByteArray::number(unidades).rightJustified(decimales, '0'), {}};
-    numero.decimales = numero.enteros.last(decimales);
-    numero.enteros.chop(decimales);
-    if (numero.enteros == "0")
+    Numero numero{negativo, sinCeros(unidades), {}};
+    if (numero.enteros.size() < decimales)
     {
-        numero.enteros.clear();
+        numero.enteros.insert(0, decimales - numero.enteros.size(), '0');
     }
+    numero.decimales = numero.enteros.substr(numero.enteros.size() - decimales);
+    numero.enteros.resize(numero.enteros.size() - decimales);
     return numero;
 }
 
@@ -134,22 +146,27 @@ void exigirFinito(float valor)
 
 constexpr std::array<double, 13> potencias = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12};
 
-/// All digits of a float's binary value. It has no more than 112 that count.
-QByteArray cientificoExacto(float magnitud)
+/// All digits of a positive float's binary value, and the power of ten of the first. No more than 112 of them count.
+std::pair<std::string, int> digitosExactos(float magnitud)
 {
     std::array<char, 160> texto{};
     const auto fin = std::to_chars(texto.data(), texto.data() + texto.size(), static_cast<double>(magnitud),
                                    std::chars_format::scientific, 120);
-    return {texto.data(), fin.ptr - texto.data()};
+    std::string digitos(texto.data(), fin.ptr); // d.ddd...e+xx
+    const std::size_t e = digitos.find('e');
+    const int exponente = std::stoi(digitos.substr(e + 1));
+    digitos.resize(e);
+    digitos.erase(1, 1);
+    return {digitos, exponente};
 }
 
-/// Rounds `digitos` to its first `cuantos`, halves away from zero; true when a digit was carried out at the front
-/// (then the digits stand for ten times as much).
-bool redondearDigitos(QByteArray& digitos, qsizetype cuantos)
+/// Rounds `digitos` to its first seven, halves away from zero; true when all of them were nines, and the result is ten
+/// times as much.
+bool redondearASiete(std::string& digitos)
 {
-    const bool sube = cuantos < digitos.size() && digitos[cuantos] >= '5';
-    digitos.truncate(cuantos);
-    for (qsizetype i = cuantos; sube && i-- > 0;)
+    const bool sube = digitos[7] >= '5';
+    digitos.resize(7);
+    for (std::size_t i = 7; sube && i-- > 0;)
     {
         if (digitos[i] != '9')
         {
@@ -160,14 +177,13 @@ bool redondearDigitos(QByteArray& digitos, qsizetype cuantos)
     }
     if (sube)
     {
-        digitos.prepend('1');
-        digitos.truncate(std::max<qsizetype>(cuantos, 1));
+        digitos[0] = '1';
     }
     return sube;
 }
 
 /// The seven first digits of a positive float and the power of ten of the first one.
-std::pair<QByteArray, int> sieteDigitos(float magnitud)
+std::pair<std::string, int> sieteDigitos(float magnitud)
 {
     const double exacta = magnitud;
     int exponente = static_cast<int>(std::floor(std::log10(exacta)));
@@ -182,19 +198,12 @@ std::pair<QByteArray, int> sieteDigitos(float magnitud)
         const double redondas = std::round(unidades());
         if (unidades() >= 1e6 && redondas < 1e7)
         {
-            return {QByteArray::number(static_cast<qint64>(redondas)), exponente};
+            return {std::to_string(static_cast<qint64>(redondas)), exponente};
         }
     }
-    QByteArray texto = cientificoExacto(magnitud);
-    const qsizetype e = texto.indexOf('e');
-    exponente = texto.sliced(e + 1).toInt();
-    QByteArray digitos = texto.first(e);
-    digitos.remove(1, 1);
-    if (redondearDigitos(digitos, 7))
-    {
-        ++exponente;
-    }
-    return {digitos, exponente};
+    auto [digitos, potencia] = digitosExactos(magnitud);
+    potencia += redondearASiete(digitos) ? 1 : 0;
+    return {digitos, potencia};
 }
 
 /// Two digits of `n`, or as many as it has.
@@ -277,48 +286,47 @@ QString Formato(Moneda valor, QStringView patron)
 {
     const Patron leido = leerPatron(patron);
     quint64 unidades = magnitud(valor.diezMilesimos());
-    int decimales = 4;
+    std::size_t decimales = 4;
     if (leido.decimalesMaximos < 4)
     {
-        const auto unidad = static_cast<quint64>(potencias.at(static_cast<std::size_t>(4 - leido.decimalesMaximos)));
+        const auto unidad = static_cast<quint64>(potencias.at(4 - leido.decimalesMaximos));
         unidades = unidades / unidad + (unidades % unidad >= unidad / 2 ? 1 : 0);
         decimales = leido.decimalesMaximos;
     }
     Numero numero = deUnidades(valor < Moneda(), unidades, decimales);
     numero.decimales.append(leido.decimalesMaximos - decimales, '0');
-    return armar(numero, leido);
+    return armar(std::move(numero), leido);
 }
 
 QString Formato(qint64 valor, QStringView patron)
 {
     const Patron leido = leerPatron(patron);
-    return armar({valor < 0, sinCeros(magnitud(valor)), QByteArray(leido.decimalesMaximos, '0')}, leido);
+    return armar({valor < 0, sinCeros(magnitud(valor)), std::string(leido.decimalesMaximos, '0')}, leido);
 }
 
 QString Formato(float valor, QStringView patron)
 {
     exigirFinito(valor);
     const Patron leido = leerPatron(patron);
-    const int decimales = std::min(leido.decimalesMaximos, 12);
+    const std::size_t decimales = std::min<std::size_t>(leido.decimalesMaximos, 12);
     const double entero = std::abs(static_cast<double>(valor));
-    const double unidades = entero * potencias.at(static_cast<std::size_t>(decimales));
+    const double unidades = entero * potencias.at(decimales); // exact: 24 bits and 28
     Numero numero;
     if (unidades < 0x1p53)
     {
         numero = deUnidades(std::signbit(valor), static_cast<quint64>(std::round(unidades)), decimales);
-        numero.decimales.append(leido.decimalesMaximos - decimales, '0');
     }
     else
     {
-        std::array<char, 64> texto{};
-        const auto fin =
-            std::to_chars(texto.data(), texto.data() + texto.size(), entero, std::chars_format::fixed, decimales);
-        const QByteArray digitos(texto.data(), fin.ptr - texto.data());
-        const qsizetype punto = decimales > 0 ? digitos.indexOf('.') : digitos.size();
-        numero = {std::signbit(valor), digitos.first(punto), digitos.sliced(std::min(punto + 1, digitos.size()))};
-        numero.decimales.append(leido.decimalesMaximos - decimales, '0');
+        std::array<char, 64> texto{}; // as large as it is, it has no more than twelve decimals
+        const auto fin = std::to_chars(texto.data(), texto.data() + texto.size(), entero, std::chars_format::fixed,
+                                       static_cast<int>(decimales));
+        const std::string digitos(texto.data(), fin.ptr);
+        const std::size_t punto = std::min(digitos.find('.'), digitos.size());
+        numero = {std::signbit(valor), digitos.substr(0, punto), digitos.substr(std::min(punto + 1, digitos.size()))};
     }
-    return armar(numero, leido);
+    numero.decimales.append(leido.decimalesMaximos - decimales, '0');
+    return armar(std::move(numero), leido);
 }
 
 QString Formato(QDate fecha, QStringView patron)
@@ -415,36 +423,33 @@ QString TextoSimple(float valor)
         return QStringLiteral("0");
     }
     auto [digitos, exponente] = sieteDigitos(std::abs(valor));
-    while (digitos.size() > 1 && digitos.endsWith('0'))
-    {
-        digitos.chop(1);
-    }
-    QByteArray texto = std::signbit(valor) ? "-" : "";
-    const qsizetype decimales = digitos.size() - 1 - exponente;
+    digitos.resize(digitos.find_last_not_of('0') + 1);
+    const int decimales = static_cast<int>(digitos.size()) - 1 - exponente;
+    std::string texto = std::signbit(valor) ? "-" : "";
     if (exponente > 6 || decimales > 7)
     {
-        texto += digitos.first(1);
+        texto += digitos[0];
         if (digitos.size() > 1)
         {
-            texto += ',' + digitos.sliced(1);
+            texto += ',';
+            texto.append(digitos, 1);
         }
         texto += exponente < 0 ? "E-" : "E+";
-        texto += QByteArray::number(std::abs(exponente)).rightJustified(2, '0');
+        texto += std::abs(exponente) < 10 ? "0" : "";
+        texto += std::to_string(std::abs(exponente));
     }
-    else if (exponente < 0)
+    else if (decimales <= 0)
     {
-        texto += "0," + QByteArray(-exponente - 1, '0') + digitos;
+        texto += digitos.append(static_cast<std::size_t>(-decimales), '0');
     }
     else
     {
-        digitos = digitos.leftJustified(exponente + 1, '0');
-        texto += digitos.first(exponente + 1);
-        if (decimales > 0)
-        {
-            texto += ',' + digitos.sliced(exponente + 1);
-        }
+        digitos.insert(0, static_cast<std::size_t>(std::max(0, -exponente)), '0');
+        const std::size_t enteros = digitos.size() - static_cast<std::size_t>(decimales);
+        texto.append(digitos, 0, enteros) += ',';
+        texto.append(digitos, enteros);
     }
-    return QString::fromLatin1(texto);
+    return QString::fromLatin1(texto.data(), static_cast<qsizetype>(texto.size()));
 }
 
 float Redondear2(float valor)

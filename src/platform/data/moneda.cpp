@@ -47,7 +47,7 @@ std::int64_t conDigito(std::int64_t negativo, char digito)
 }
 
 /// Do the digits past the fourth decimal round away from zero, when the digit before them is odd or even?
-bool redondeaHaciaAfuera(const QByteArray& decimales, bool impar)
+bool redondeaHaciaAfuera(const std::string& decimales, bool impar)
 {
     if (decimales.size() <= 4 || decimales[4] < '5')
     {
@@ -57,7 +57,7 @@ bool redondeaHaciaAfuera(const QByteArray& decimales, bool impar)
     {
         return true;
     }
-    for (qsizetype i = 5; i < decimales.size(); ++i)
+    for (std::size_t i = 5; i < decimales.size(); ++i)
     {
         if (decimales[i] != '0')
         {
@@ -85,7 +85,7 @@ Moneda Moneda::deTexto(const QString& texto)
     {
         negativo = conDigito(negativo, c);
     }
-    for (qsizetype i = 0; i < 4; ++i)
+    for (std::size_t i = 0; i < 4; ++i)
     {
         negativo = conDigito(negativo, i < digitos->decimales.size() ? digitos->decimales[i] : '0');
     }

@@ -1,6 +1,7 @@
 #include "platform/data/numeros.h"
 
 #include <QString>
+#include <algorithm>
 #include <charconv>
 #include <cstdlib>
 
@@ -12,7 +13,7 @@ bool esDigito(QChar c)
 }
 
 /// Takes the digits at the front of `texto` into `destino`.
-void tomarDigitos(QStringView& texto, QByteArray& destino)
+void tomarDigitos(QStringView& texto, std::string& destino)
 {
     qsizetype n = 0;
     while (n < texto.size() && esDigito(texto[n]))
@@ -35,16 +36,16 @@ bool tomarSigno(QStringView& texto)
 }
 
 /// Takes the groups ".ddd" at the front; false when a dot stands before anything but three digits.
-bool tomarGrupos(QStringView& texto, QByteArray& enteros)
+bool tomarGrupos(QStringView& texto, std::string& enteros)
 {
-    if (texto.startsWith(u'.') && (enteros.isEmpty() || enteros.size() > 3))
+    if (texto.startsWith(u'.') && (enteros.empty() || enteros.size() > 3))
     {
         return false;
     }
     while (texto.startsWith(u'.'))
     {
         texto = texto.sliced(1);
-        const qsizetype antes = enteros.size();
+        const std::size_t antes = enteros.size();
         tomarDigitos(texto, enteros);
         if (enteros.size() - antes != 3)
         {
@@ -54,14 +55,9 @@ bool tomarGrupos(QStringView& texto, QByteArray& enteros)
     return true;
 }
 
-QByteArray sinCerosDelante(const QByteArray& digitos)
+void quitarCerosDelante(std::string& digitos)
 {
-    qsizetype ceros = 0;
-    while (ceros < digitos.size() && digitos[ceros] == '0')
-    {
-        ++ceros;
-    }
-    return digitos.sliced(ceros);
+    digitos.erase(0, std::min(digitos.find_first_not_of('0'), digitos.size()));
 }
 
 std::optional<detalle::Digitos> desarmar(QStringView texto, bool conGrupos, QStringView marcas)
@@ -79,11 +75,11 @@ std::optional<detalle::Digitos> desarmar(QStringView texto, bool conGrupos, QStr
         texto = texto.sliced(1);
         tomarDigitos(texto, digitos.decimales);
     }
-    if (!texto.isEmpty() || (digitos.enteros.isEmpty() && digitos.decimales.isEmpty()))
+    if (!texto.isEmpty() || (digitos.enteros.empty() && digitos.decimales.empty()))
     {
         return std::nullopt;
     }
-    digitos.enteros = sinCerosDelante(digitos.enteros);
+    quitarCerosDelante(digitos.enteros);
     return digitos;
 }
 } // namespace
@@ -108,18 +104,22 @@ std::optional<detalle::Digitos> detalle::desarmarTexto(QStringView texto)
     {
         return std::nullopt;
     }
-    const int cifras = std::abs(exponente);
+    const auto cifras = static_cast<std::size_t>(std::abs(exponente));
+    std::string& enteros = digitos->enteros;
+    std::string& decimales = digitos->decimales;
     if (exponente > 0)
     {
-        digitos->decimales = digitos->decimales.leftJustified(cifras, '0');
-        digitos->enteros = sinCerosDelante(digitos->enteros + digitos->decimales.first(cifras));
-        digitos->decimales.remove(0, cifras);
+        decimales.resize(std::max(decimales.size(), cifras), '0');
+        enteros += decimales.substr(0, cifras);
+        decimales.erase(0, cifras);
+        quitarCerosDelante(enteros);
     }
     else
     {
-        digitos->enteros = digitos->enteros.rightJustified(cifras, '0');
-        digitos->decimales.prepend(digitos->enteros.last(cifras));
-        digitos->enteros.chop(cifras);
+        enteros.insert(0, cifras, '0');
+        decimales.insert(0, enteros, enteros.size() - cifras, cifras);
+        enteros.resize(enteros.size() - cifras);
+        quitarCerosDelante(enteros);
     }
     return digitos;
 }
@@ -131,12 +131,17 @@ std::optional<detalle::Digitos> detalle::desarmarDeArchivo(QStringView texto)
 
 std::optional<float> detalle::aFlotante(const Digitos& digitos)
 {
-    const QByteArray texto = '0' + digitos.enteros + '.' + digitos.decimales + '0';
+    std::string texto = digitos.enteros.empty() ? "0" : digitos.enteros;
+    if (!digitos.decimales.empty())
+    {
+        texto += '.';
+        texto += digitos.decimales;
+    }
     float valor = 0;
-    const auto fin = std::from_chars(texto.constData(), texto.constData() + texto.size(), valor);
+    const auto fin = std::from_chars(texto.data(), texto.data() + texto.size(), valor);
     if (fin.ec == std::errc::result_out_of_range)
     {
-        if (!digitos.enteros.isEmpty())
+        if (!digitos.enteros.empty())
         {
             return std::nullopt; // too large; without whole digits it is only too near to zero
         }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QByteArray>
 #include <QStringView>
 #include <optional>
+#include <string>
 
 /// What money, formats and typed numbers share: a number's text taken apart into its digits.
 namespace detalle
@@ -10,8 +10,8 @@ namespace detalle
 struct Digitos
 {
     bool negativo = false;
-    QByteArray enteros;   ///< ASCII digits before the mark, no leading zeros
-    QByteArray decimales; ///< ASCII digits after it
+    std::string enteros;   ///< ASCII digits before the mark, no leading zeros
+    std::string decimales; ///< ASCII digits after it
 };
 
 /// A number as a person types it: outer blanks, a sign, digits or well-formed groups of thousands ("1.234.567"), and a

@@ -3,6 +3,7 @@
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
 
+#include <cstring>
 #include <sqlite3.h>
 #include <string>
 #include <utility>
@@ -24,7 +25,19 @@ struct Columnas
     std::vector<Columna> columnas;
 
     explicit Columnas(sqlite3_stmt* sentencia);
-    [[nodiscard]] int numero(const char* nombre) const;
+    [[nodiscard]] int numero(const char* nombre) const
+    {
+        if (m_proxima < m_usadas.size())
+        {
+            const Usada& usada = m_usadas[m_proxima];
+            if (usada.direccion == nombre && std::strcmp(usada.texto.c_str(), nombre) == 0)
+            {
+                m_proxima = m_proxima + 1 < m_usadas.size() ? m_proxima + 1 : 0;
+                return usada.numero;
+            }
+        }
+        return buscarUsada(nombre);
+    }
 
 private:
     /// A name that was asked for once. The address finds it again without a search; the text is compared all the same,
@@ -35,6 +48,7 @@ private:
         std::string texto;
         int numero;
     };
+    [[nodiscard]] int buscarUsada(const char* nombre) const;
     [[nodiscard]] int buscar(const char* nombre) const;
     mutable std::vector<Usada> m_usadas;
     mutable std::size_t m_proxima = 0; // rows are read in the same order one after the other

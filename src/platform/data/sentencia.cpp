@@ -1,7 +1,5 @@
 #include "platform/data/preparada.h"
 
-#include <cstring>
-
 namespace
 {
 bool soloBlancos(std::string_view texto)
@@ -27,15 +25,14 @@ detalle::Columnas::Columnas(sqlite3_stmt* sentencia)
     }
 }
 
-int detalle::Columnas::numero(const char* nombre) const
+int detalle::Columnas::buscarUsada(const char* nombre) const
 {
-    for (std::size_t n = 0; n < m_usadas.size(); ++n)
+    for (std::size_t i = 0; i < m_usadas.size(); ++i)
     {
-        const Usada& usada = m_usadas[m_proxima];
-        m_proxima = m_proxima + 1 < m_usadas.size() ? m_proxima + 1 : 0;
-        if (usada.direccion == nombre && std::strcmp(usada.texto.c_str(), nombre) == 0)
+        if (m_usadas[i].direccion == nombre && m_usadas[i].texto == nombre)
         {
-            return usada.numero;
+            m_proxima = i + 1 < m_usadas.size() ? i + 1 : 0;
+            return m_usadas[i].numero;
         }
     }
     const int cual = buscar(nombre);
@@ -206,6 +203,7 @@ Recordset Sentencia::consultarCon(const Valor* valores, std::size_t cantidad)
     copia.m_columnas = preparada.columnas();
     sqlite3_stmt* sentencia = preparada.sentencia;
     const int ancho = static_cast<int>(copia.m_columnas->columnas.size());
+    copia.m_celdas.reserve(copia.m_columnas->columnas.size());
     do
     {
         for (int i = 0; i < ancho; ++i)
