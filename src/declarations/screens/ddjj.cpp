@@ -11,6 +11,7 @@
 #include "platform/screens/grilla.h"
 #include "platform/screens/mensajes.h"
 #include "platform/screens/navegacion.h"
+#include "platform/screens/validacion.h"
 #include "ui_ddjj.h"
 
 namespace
@@ -41,6 +42,9 @@ DDJJ::~DDJJ() = default;
 
 void DDJJ::vestir()
 {
+    // A page that goes while it holds the focus would pass it through the first field of the screen, which is left at
+    // once and then checked.
+    ui->SSTab1->tabBar()->setFocusPolicy(Qt::StrongFocus);
     Estilo::boton(ui->cmdNueva, QStringLiteral("nueva"), true);
     Estilo::boton(ui->cmdCopiar, QStringLiteral("copiar"));
     Estilo::boton(ui->cmdEliminar, QStringLiteral("eliminar"));
@@ -69,6 +73,9 @@ void DDJJ::vestir()
         Estilo::soloMuestra(campo);
         Estilo::importe(campo);
     }
+    QPalette tenue = ui->lineaAportes->palette();
+    tenue.setColor(QPalette::WindowText, tenue.color(QPalette::Mid));
+    ui->lineaAportes->setPalette(tenue);
     for (auto* etiqueta : {ui->lblIncompleto, ui->lblJornada})
     {
         Estilo::advertencia(etiqueta);
@@ -119,7 +126,7 @@ void DDJJ::cargar()
         return;
     }
     Habilitar(true);
-    ui->SSTab1->setCurrentIndex(0);
+    mostrarPagina(ui->pagDDJJ);
 }
 
 void DDJJ::activar()
@@ -183,8 +190,15 @@ ClaveDDJJ DDJJ::clave() const
     return {m_eleccion->cuit(), PeriodoSel, ui->txtSecuencia->text().toInt()};
 }
 
+void DDJJ::mostrarPagina(QWidget* pagina)
+{
+    const Validacion::Pausa pausa; // what holds the focus goes with its page
+    ui->SSTab1->setCurrentWidget(pagina);
+}
+
 void DDJJ::Habilitar(bool ControlStatus)
 {
+    const Validacion::Pausa pausa; // what is disabled hands the focus on
     QWidget* const alRecorrer[] = {ui->fraEmpresa,   ui->fraDDJJ_0,   ui->cmdNueva,     ui->cmdEliminar,
                                    ui->cmdCopiar,    ui->cmdImportar, ui->cmdBoletas_0, ui->cmdBoletas_1,
                                    ui->cmdBoletas_2, ui->cmdNomina,   ui->cmdSueldos};

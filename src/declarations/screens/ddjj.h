@@ -38,6 +38,7 @@ private:
     void conectarMandos();
     void Habilitar(bool ControlStatus);
     void habilitarPaginas(bool si);
+    void mostrarPagina(QWidget* pagina);
     void LimpiarDatos(bool Todo);
     void CargarDeclaraciones();
     void MostrarDDJJ();

@@ -27,7 +27,7 @@ void DDJJ::cmdNueva_Click()
         ui->txtMes->setText(QString::number(propuesto->month()));
     }
     Habilitar(false);
-    ui->SSTab1->setCurrentIndex(0);
+    mostrarPagina(ui->pagDDJJ);
     habilitarPaginas(false);
     ui->txtAnio->setFocus();
     ui->txtAnio->selectAll();

@@ -87,7 +87,7 @@ void DDJJ::cmdBoletas_Click(int indice)
     }
     if ((indice == aportes || indice == envio) && !exigirNomina())
     {
-        ui->SSTab1->setCurrentWidget(ui->pagDDJJ); // where the button lies
+        mostrarPagina(ui->pagDDJJ); // where the button lies
         ui->cmdNomina->setFocus();
         return;
     }
