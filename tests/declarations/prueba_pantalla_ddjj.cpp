@@ -80,6 +80,8 @@ TEST(PantallaDDJJConUna, LaEligeAlAbrirYNoSeleccionaNada)
 TEST_F(PantallaDDJJ, CuitYNombreSeSiguen)
 {
     mesa.abrir();
+    EXPECT_FALSE(mesa.control<QLabel>("lblIncompleto").isVisible());
+    EXPECT_FALSE(mesa.control<QLabel>("lblJornada").isVisible());
     EXPECT_EQ(-1, mesa.control<QComboBox>("cmbEmpresa").currentIndex());
     mesa.escribir("MaskCuit", "30123456781");
     Entrada::tecla(Qt::Key_Tab);

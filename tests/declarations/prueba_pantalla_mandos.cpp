@@ -71,14 +71,14 @@ TEST_F(MandosDDJJ, LaNominaSeAbreSobreLaDeclaracionYAlVolverSeSuma)
 {
     abrirYElegir();
     mesa.registrarFugaz(QStringLiteral("Empleados"),
-                             [&]
-                             {
-                                 EXPECT_EQ(cuitUno, Rutinas::CuitActual);
-                                 EXPECT_EQ(QStringLiteral("Del Norte"), Rutinas::EmpresaActual);
-                                 EXPECT_EQ(mayo, Rutinas::PeriodoActual);
-                                 EXPECT_EQ(1, Rutinas::SecuenciaActual);
-                                 agregarEmpleado(c, clave, {.imponible = "12,5"});
-                             });
+                        [&]
+                        {
+                            EXPECT_EQ(cuitUno, Rutinas::CuitActual);
+                            EXPECT_EQ(QStringLiteral("Del Norte"), Rutinas::EmpresaActual);
+                            EXPECT_EQ(mayo, Rutinas::PeriodoActual);
+                            EXPECT_EQ(1, Rutinas::SecuenciaActual);
+                            agregarEmpleado(c, clave, {.imponible = "12,5"});
+                        });
     mesa.pulsar("cmdNomina");
     EXPECT_EQ(QStringLiteral("$ 12,50"), mesa.texto("txtImporte(0)"));
 }
@@ -135,11 +135,11 @@ TEST_F(MandosDDJJ, ImportaYMuestraLosTotales)
                              "001" + QByteArray(9, ' ') + "    1200,00" + "    1000,00";
     const QString archivo = mesa.escribirArchivo(QStringLiteral("nomina.txt"), linea + "\r\n");
     mesa.registrarFugaz(QStringLiteral("Importar"),
-                             [&]
-                             {
-                                 Rutinas::TextoDevuelto = archivo;
-                                 Rutinas::FormatoImportar = 0;
-                             });
+                        [&]
+                        {
+                            Rutinas::TextoDevuelto = archivo;
+                            Rutinas::FormatoImportar = 0;
+                        });
     abrirYElegir();
     mesa.cajas.espera(Caja::Exclamacion, QStringLiteral("Se han ingresado 1 Registros Titulares.  Por favor, "
                                                         "complete los datos faltantes."));

@@ -1,7 +1,7 @@
 #include "declarations/screens/ddjj.h"
 
-#include "core/screens/eleccion_empresa.h"
 #include "core/rutinas.h"
+#include "core/screens/eleccion_empresa.h"
 #include "declarations/lista_ddjj.h"
 #include "declarations/totales_ddjj.h"
 #include "exchange/screens/ftp_class.h"
@@ -83,6 +83,7 @@ void DDJJ::vestir()
         QSizePolicy politica = etiqueta->sizePolicy();
         politica.setRetainSizeWhenHidden(true);
         etiqueta->setSizePolicy(politica);
+        etiqueta->hide();
     }
 }
 

@@ -1,5 +1,5 @@
-#include "core/screens/eleccion_empresa.h"
 #include "core/rutinas.h"
+#include "core/screens/eleccion_empresa.h"
 #include "declarations/lista_ddjj.h"
 #include "declarations/copia_ddjj.h"
 #include "declarations/screens/ddjj.h"
