@@ -4,11 +4,13 @@
 #include "datos_ddjj.h"
 #include "declarations/screens/ddjj.h"
 #include "mesa_ddjj.h"
+#include "platform/data/servidor_ftp.h"
 #include "platform/screens/campo_mascara.h"
 #include "platform/screens/grilla.h"
 #include "platform/screens/navegacion.h"
 
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
@@ -205,18 +207,21 @@ TEST_F(PantallaDDJJ, LaSecuenciaDeTresCifrasSeVeEntera)
     EXPECT_EQ(QStringLiteral("2009/05 10"), mesa.filas().value(0));
 }
 
-TEST_F(PantallaDDJJ, ABoletaEmitidaPreguntaUnaVez)
+TEST_F(PantallaDDJJ, ABoletaEmitidaPreguntaUnaVezYEnviaSiempre)
 {
     abrirConNorte();
     mesa.pulsarFila(2);
+    reemplazarServidorFtp(QStringLiteral("127.0.0.1:1")); // nobody listens: the file stays as the trace of the attempt
+    const QString archivo = mesa.base.ruta(QStringLiteral("30-12345678-1 2009-05 00.txt"));
     for (const bool respuesta : {false, true})
     {
-        const auto avisos = Navegacion::instancia().avisos().size();
         Rutinas::BoletaEmitida = true;
         mesa.cajas.esperaPregunta(QStringLiteral("Debe enviar la Declaración Jurada correspondiente?"), respuesta);
         MesaDDJJ::pantalla()->activar();
         EXPECT_FALSE(Rutinas::BoletaEmitida);
+        EXPECT_TRUE(QFile::remove(archivo));
         MesaDDJJ::pantalla()->activar();
-        EXPECT_EQ(avisos + 1, Navegacion::instancia().avisos().size()); // sent whatever the answer
+        EXPECT_FALSE(QFile::exists(archivo));
     }
+    reemplazarServidorFtp({});
 }
