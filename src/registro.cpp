@@ -5,6 +5,7 @@
 #include "companies/screens/empresas.h"
 #include "declarations/screens/buscar_ddjj.h"
 #include "declarations/screens/ddjj.h"
+#include "exchange/screens/importar.h"
 #include "maintenance/screens/acercade.h"
 #include "maintenance/screens/backup.h"
 #include "maintenance/screens/depurar.h"
@@ -22,6 +23,7 @@ void registrarPantallas()
     navegacion.registrar(QStringLiteral("BuscarEmpresa"), [] { return new BuscarEmpresa; });
     navegacion.registrar(QStringLiteral("BuscarRubro"), [] { return new BuscarRubro; });
     navegacion.registrar(QStringLiteral("DDJJ"), [] { return new DDJJ; });
+    navegacion.registrar(QStringLiteral("Importar"), [] { return new Importar; });
     navegacion.registrar(QStringLiteral("BuscarDDJJ"), [] { return new BuscarDDJJ; });
     navegacion.registrar(QStringLiteral("DDJJ_Sueldos"), [] { return new DDJJ_Sueldos; });
     navegacion.registrar(QStringLiteral("BuscarEmpleado"), [] { return new BuscarEmpleado; });

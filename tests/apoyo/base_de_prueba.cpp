@@ -73,6 +73,21 @@ BaseDePrueba::~BaseDePrueba()
     reemplazarDirectorioPrograma({});
 }
 
+QByteArray BaseDePrueba::leer(const QString& nombre) const
+{
+    QFile archivo(ruta(nombre));
+    EXPECT_TRUE(archivo.open(QIODevice::ReadOnly)) << nombre.toStdString();
+    return archivo.readAll();
+}
+
+QString BaseDePrueba::escribir(const QString& nombre, const QByteArray& contenido) const
+{
+    QFile archivo(ruta(nombre));
+    EXPECT_TRUE(archivo.open(QIODevice::WriteOnly)) << nombre.toStdString();
+    EXPECT_EQ(contenido.size(), archivo.write(contenido));
+    return archivo.fileName();
+}
+
 void agregar(Conexion& conexion, const EmpresaDePrueba& e)
 {
     conexion.ejecutar("INSERT INTO Empresas (CUIT, Razon, Calle, Numero, CodPos, Localidad, Provincia) "

@@ -3,6 +3,7 @@
 #include "core/rutinas.h"
 #include "platform/data/moneda.h"
 
+#include <QByteArray>
 #include <QDate>
 #include <QString>
 #include <QTemporaryDir>
@@ -22,6 +23,10 @@ public:
     [[nodiscard]] Conexion& conexion() const { return Rutinas::Conexion; }
     /// Path of a file in the program's directory.
     [[nodiscard]] QString ruta(const QString& nombre) const { return m_carpeta.filePath(nombre); }
+    /// Contents of a file there; a test fails when it cannot be read.
+    [[nodiscard]] QByteArray leer(const QString& nombre) const;
+    /// Writes a file there and gives its path.
+    QString escribir(const QString& nombre, const QByteArray& contenido) const;
     [[nodiscard]] QString rutaBase() const { return ruta(QStringLiteral("DBBrivo.mdb")); }
 
 private:

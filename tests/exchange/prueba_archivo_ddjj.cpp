@@ -1,4 +1,4 @@
-#include "apoyo/base_temporal.h"
+#include "apoyo/base_de_prueba.h"
 #include "exchange/archivo_ddjj.h"
 #include "platform/data/archivos.h"
 #include "platform/data/error_de_ejecucion.h"
@@ -206,7 +206,7 @@ protected:
         }
     }
 
-    BaseTemporal base;
+    BaseDePrueba base;
     QString nombre;
     DatosArchivoDDJJ mayo{cuit, QDate(2009, 5, 1), QStringLiteral("2009"), QStringLiteral("5"), QStringLiteral("0")};
 };

@@ -1,4 +1,4 @@
-#include "apoyo/base_temporal.h"
+#include "apoyo/base_de_prueba.h"
 #include "exchange/archivo_ddjj.h"
 #include "exchange/importacion.h"
 #include "platform/data/archivos.h"
@@ -76,16 +76,16 @@ QByteArray con(QByteArray linea, int posicion, const char* texto)
     return linea.replace(posicion - 1, static_cast<qsizetype>(std::strlen(texto)), texto);
 }
 
-class Importar : public testing::Test
+class Importacion : public testing::Test
 {
 protected:
-    Importar()
+    Importacion()
     {
+        ejecutar("PRAGMA synchronous=OFF"); // hundreds of imports, none of which has to outlast the machine
         ejecutar("INSERT INTO Empresas (CUIT, Razon) VALUES ('30-12345678-9', 'Bodega')");
         ejecutar("INSERT INTO Empresas_Sucursales (CUIT, Sucursal) VALUES ('30-99999999-9', 'BODEGA-001'), "
                  "('30-12345678-9', 'FINCA'), ('30-12345678-9', 'BODEGA-001')");
     }
-    ~Importar() override { Archivos::cerrarTodos(); }
 
     void ejecutar(const char* sql) { base.conexion().ejecutar(std::string_view(sql)); }
     /// The rows of a query, their columns with "|" between them.
@@ -135,14 +135,14 @@ protected:
         ejecutar("DELETE FROM Empleados_Familiares");
     }
 
-    BaseTemporal base;
+    BaseDePrueba base;
 };
 
 const char* const todosLosEmpleados = "SELECT * FROM DDJJ_Empleados";
 const char* const todosLosFamiliares = "SELECT * FROM Empleados_Familiares ORDER BY rowid";
 } // namespace
 
-TEST_F(Importar, BrivoCampoPorCampo)
+TEST_F(Importacion, BrivoCampoPorCampo)
 {
     EXPECT_EQ((ResultadoImportacion{1, 1}), importar(empleadoBrivo + "\r\n" + familiarBrivo + "\r\n", brivo));
     EXPECT_THAT(
@@ -156,7 +156,7 @@ TEST_F(Importar, BrivoCampoPorCampo)
     EXPECT_FALSE(Archivos::abierto(1));
 }
 
-TEST_F(Importar, AfipCampoPorCampo)
+TEST_F(Importacion, AfipCampoPorCampo)
 {
     EXPECT_EQ((ResultadoImportacion{1, 0}), importar(empleadoAfip + "\r\n", afip));
     EXPECT_THAT(
@@ -165,7 +165,7 @@ TEST_F(Importar, AfipCampoPorCampo)
                     "NULL|NULL|1|NULL|NULL|0|1|12000000|10000000|0|NULL|NULL|0|100|240000|240000|240000|2000000|0|3"));
 }
 
-TEST_F(Importar, AportesDeAfip)
+TEST_F(Importacion, AportesDeAfip)
 {
     struct Caso
     {
@@ -209,7 +209,7 @@ TEST_F(Importar, AportesDeAfip)
     }
 }
 
-TEST_F(Importar, ReglasDeUnEmpleadoBrivo)
+TEST_F(Importacion, ReglasDeUnEmpleadoBrivo)
 {
     struct Caso
     {
@@ -255,7 +255,7 @@ TEST_F(Importar, ReglasDeUnEmpleadoBrivo)
     EXPECT_THAT(filas(sucursal), ElementsAre("4"));
 }
 
-TEST_F(Importar, QuienYaEstaQuedaComoEstaba)
+TEST_F(Importacion, QuienYaEstaQuedaComoEstaba)
 {
     ejecutar("INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN) VALUES "
              "('30-12345678-9', '2009-05-01', 0, '20-12345678-6', 'Como estaba'), "
@@ -282,7 +282,7 @@ TEST_F(Importar, QuienYaEstaQuedaComoEstaba)
                 ElementsAre("Núñez O Brien, Juan"));
 }
 
-TEST_F(Importar, Familiares)
+TEST_F(Importacion, Familiares)
 {
     // Before its employee, or without one, a family line is passed over whatever its date says.
     EXPECT_EQ((ResultadoImportacion{1, 0}), importar(con(familiarBrivo, 63, "99999999") + "\n" + empleadoBrivo + "\n" +
@@ -310,7 +310,7 @@ TEST_F(Importar, Familiares)
     EXPECT_THAT(filas("SELECT Nacio FROM Empleados_Familiares"), ElementsAre("NULL", "NULL"));
 }
 
-TEST_F(Importar, CadaErrorDiceSuLineaYSuCampo)
+TEST_F(Importacion, CadaErrorDiceSuLineaYSuCampo)
 {
     struct Caso
     {
@@ -374,7 +374,7 @@ TEST_F(Importar, CadaErrorDiceSuLineaYSuCampo)
     }
 }
 
-TEST_F(Importar, UnaLineaCortadaEnCualquierLugar)
+TEST_F(Importacion, UnaLineaCortadaEnCualquierLugar)
 {
     struct Caso
     {
@@ -397,7 +397,7 @@ TEST_F(Importar, UnaLineaCortadaEnCualquierLugar)
     }
 }
 
-TEST_F(Importar, UnaLetraEnCualquierLugar)
+TEST_F(Importacion, UnaLetraEnCualquierLugar)
 {
     struct Caso
     {
@@ -424,7 +424,7 @@ TEST_F(Importar, UnaLetraEnCualquierLugar)
     }
 }
 
-TEST_F(Importar, ArchivosQueNoSonUnaNomina)
+TEST_F(Importacion, ArchivosQueNoSonUnaNomina)
 {
     EXPECT_EQ((ResultadoImportacion{0, 0}), importar("", afip));
     EXPECT_EQ((ResultadoImportacion{0, 0}), importar("", brivo));
@@ -460,13 +460,13 @@ TEST_F(Importar, ArchivosQueNoSonUnaNomina)
     EXPECT_EQ(0, cuantos("DDJJ_Empleados"));
 }
 
-TEST_F(Importar, CaracteresDeWindows1252)
+TEST_F(Importacion, CaracteresDeWindows1252)
 {
     (void)importar(con(empleadoAfip, 12, "\x80 \x93\xD1\x94 \x92 \x81'"), afip);
     EXPECT_THAT(filas("SELECT AyN FROM DDJJ_Empleados"), ElementsAre("€ “Ñ” ’ \xC2\x81 rien, Juan"));
 }
 
-TEST_F(Importar, TrasUnaFallaElArchivoQuedaAbierto)
+TEST_F(Importacion, TrasUnaFallaElArchivoQuedaAbierto)
 {
     const QString buena = base.escribir(QStringLiteral("buena.txt"), empleadoAfip);
     const QString mala = base.escribir(QStringLiteral("mala.txt"), empleadoAfip + "\nx");
@@ -502,7 +502,7 @@ TEST_F(Importar, TrasUnaFallaElArchivoQuedaAbierto)
     EXPECT_EQ(1, cuantos("DDJJ_Empleados"));
 }
 
-TEST_F(Importar, UnErrorDeLaBaseDiceSuLinea)
+TEST_F(Importacion, UnErrorDeLaBaseDiceSuLinea)
 {
     ejecutar("CREATE TRIGGER lleno BEFORE INSERT ON DDJJ_Empleados WHEN NEW.Cuil = '20-99999999-9' "
              "BEGIN SELECT RAISE(ABORT, 'no entra'); END");
@@ -511,7 +511,7 @@ TEST_F(Importar, UnErrorDeLaBaseDiceSuLinea)
     EXPECT_EQ(0, cuantos("DDJJ_Empleados"));
 }
 
-TEST_F(Importar, DaCuentaDeSuAvance)
+TEST_F(Importacion, DaCuentaDeSuAvance)
 {
     QByteArray contenido;
     for (int i = 0; i < 600; ++i)
