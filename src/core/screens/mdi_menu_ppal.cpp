@@ -9,10 +9,19 @@
 #include "platform/screens/navegacion.h"
 #include "platform/screens/pantalla.h"
 #include "platform/screens/trabajo_largo.h"
+#include "platform/screens/visor_ayuda.h"
 #include "ui_mdi_menu_ppal.h"
 
 #include <QCloseEvent>
 #include <QLabel>
+
+namespace
+{
+QString carpetaDeAyuda()
+{
+    return Rutinas::RutaApp + QStringLiteral("ayuda");
+}
+} // namespace
 
 MDIMenuPpal::MDIMenuPpal(QWidget* padre)
     : QMainWindow(padre)
@@ -24,12 +33,16 @@ MDIMenuPpal::MDIMenuPpal(QWidget* padre)
     MostrarVersion = false;
 
     Navegacion::instancia().fijarVentana(this, ui->area);
+    Navegacion::instancia().fijarAyuda(
+        [](const QString& pagina)
+        { VisorDeAyuda::abrir(carpetaDeAyuda(), pagina.isEmpty() ? QStringLiteral("MDIMenuPpal") : pagina); });
     conectarMenu();
     armarBarraDeEstado();
 }
 
 MDIMenuPpal::~MDIMenuPpal()
 {
+    Navegacion::instancia().fijarAyuda({});
     Navegacion::instancia().fijarVentana(nullptr, nullptr);
 }
 
@@ -145,7 +158,7 @@ void MDIMenuPpal::mantenimiento()
 
 void MDIMenuPpal::mnuAyuda_Click()
 {
-    Navegacion::instancia().mostrar(QStringLiteral("Ayuda"));
+    VisorDeAyuda::abrir(carpetaDeAyuda(), QString());
 }
 
 void MDIMenuPpal::mnuAcerca_Click()
