@@ -7,7 +7,7 @@ class Conexion;
 // Made-up companies with right check digits.
 inline const QString cuitUno = QStringLiteral("20-12345678-6");
 inline const QString cuitDos = QStringLiteral("30-50001091-2");
-inline const QString cuitTres = QStringLiteral("20-20202020-7");
+inline const QString cuitTres = QStringLiteral("20-20202020-9");
 
 /// A company with a text of its own in every field, an apostrophe in several.
 [[nodiscard]] Empresa empresaCompleta(const QString& cuit = cuitUno,

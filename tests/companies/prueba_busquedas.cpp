@@ -35,7 +35,7 @@ struct PruebaBusquedas : testing::Test
 };
 } // namespace
 
-TEST_F(PruebaBusquedas, CompaniesByCuitAndName)
+TEST_F(PruebaBusquedas, EmpresasPorCuitYNombre)
 {
     sembrarEmpresa(conexion, cuitUno, QStringLiteral("Panadería D'Angelo"));
     sembrarEmpresa(conexion, cuitDos, QStringLiteral("Confitería 100% Ñoquis"));
@@ -57,7 +57,7 @@ TEST_F(PruebaBusquedas, CompaniesByCuitAndName)
     EXPECT_EQ(razones(QStringLiteral("20-1_______-_"), ""), QStringList());
 }
 
-TEST_F(PruebaBusquedas, TradesFromACodeOn)
+TEST_F(PruebaBusquedas, RubrosDesdeUnCodigo)
 {
     conexion.ejecutar("DELETE FROM Rubros");
     const std::pair<const char*, const char*> datos[] = {

@@ -34,7 +34,7 @@ int numeroDeError(const std::function<void()>& accion)
 }
 } // namespace
 
-TEST_F(PruebaEmpresa, EveryFieldIsStoredAndReadBack)
+TEST_F(PruebaEmpresa, CadaCampoVaYVuelve)
 {
     EXPECT_EQ(guardar(empresaCompleta(), true), std::nullopt);
     EXPECT_EQ(cargarEmpresa(conexion, cuitUno), empresaCompleta());
@@ -59,7 +59,7 @@ TEST_F(PruebaEmpresa, EveryFieldIsStoredAndReadBack)
     EXPECT_EQ(cargarEmpresa(conexion, cuitDos), empresaCompleta(cuitDos)); // nobody else's row
 }
 
-TEST_F(PruebaEmpresa, MissingProvinceIsARunTimeErrorAndMissingCompanyIsNot)
+TEST_F(PruebaEmpresa, SinProvinciaEsUnErrorYSinEmpresaNo)
 {
     sembrarEmpresa(conexion);
     conexion.ejecutar("UPDATE Empresas SET Provincia = 77");
@@ -67,7 +67,7 @@ TEST_F(PruebaEmpresa, MissingProvinceIsARunTimeErrorAndMissingCompanyIsNot)
     EXPECT_EQ(cargarEmpresa(conexion, cuitDos), std::nullopt);
 }
 
-TEST_F(PruebaEmpresa, FailedSavesLeaveEverythingAsItWas)
+TEST_F(PruebaEmpresa, LoQueFallaDejaTodoComoEstaba)
 {
     sembrarEmpresa(conexion);
     Empresa sinNumero = empresaCompleta(cuitDos);
@@ -78,7 +78,7 @@ TEST_F(PruebaEmpresa, FailedSavesLeaveEverythingAsItWas)
     EXPECT_FALSE(conexion.enTransaccion());
 }
 
-TEST_F(PruebaEmpresa, CompanyDeletedAtTheOtherDeskIsToldAndNothingIsWritten)
+TEST_F(PruebaEmpresa, LaEliminadaEnElOtroPuestoSeAvisaYNadaSeEscribe)
 {
     EntradaEmpresa entrada{false, empresaCompleta(), {}, {}};
     entrada.sucursales.emplace(
@@ -90,7 +90,7 @@ TEST_F(PruebaEmpresa, CompanyDeletedAtTheOtherDeskIsToldAndNothingIsWritten)
     EXPECT_EQ(contar(conexion, "FROM Empresas_Sucursales"), 0);
 }
 
-TEST_F(PruebaEmpresa, ChecksInTheirOrder)
+TEST_F(PruebaEmpresa, LosChequeosEnSuOrden)
 {
     Empresa empresa;
     const auto falta = [&](bool hayProvincia = true) { return revisarEmpresa(empresa, hayProvincia); };
@@ -117,7 +117,7 @@ TEST_F(PruebaEmpresa, ChecksInTheirOrder)
     EXPECT_EQ(falta(), std::nullopt);
 }
 
-TEST_F(PruebaEmpresa, NewCuit)
+TEST_F(PruebaEmpresa, CuitNuevo)
 {
     sembrarEmpresa(conexion);
     const std::pair<const char*, ExamenDeCuit::Estado> casos[] = {
@@ -132,7 +132,7 @@ TEST_F(PruebaEmpresa, NewCuit)
     EXPECT_EQ(examinarCuitNuevo(conexion, cuitUno).razon, QStringLiteral("Panadería D'Angelo"));
 }
 
-TEST_F(PruebaEmpresa, DeletionTakesTheThreeTablesOfThisCompanyAlone)
+TEST_F(PruebaEmpresa, LaBajaTomaLasTresTablasDeEsaEmpresaSola)
 {
     for (const QString& cuit : {cuitUno, cuitDos})
     {
@@ -148,7 +148,7 @@ TEST_F(PruebaEmpresa, DeletionTakesTheThreeTablesOfThisCompanyAlone)
     EXPECT_EQ(cuitDeUnicaEmpresa(conexion), cuitDos);
 }
 
-TEST_F(PruebaEmpresa, DeclarationsThenPaymentsStandAgainstADeletion)
+TEST_F(PruebaEmpresa, ImpidenLaBajaDeclaracionesYDespuesPagos)
 {
     sembrarEmpresa(conexion);
     conexion.ejecutar("INSERT INTO PAGOS (Cuit) VALUES (?)", cuitUno);
@@ -160,7 +160,7 @@ TEST_F(PruebaEmpresa, DeclarationsThenPaymentsStandAgainstADeletion)
     EXPECT_EQ(impedimentoDeBaja(conexion, cuitDos), ImpedimentoDeBaja::Ninguno);
 }
 
-TEST_F(PruebaEmpresa, DeletionThatFailsInTheMiddleDeletesNothing)
+TEST_F(PruebaEmpresa, LaBajaQueFallaEnElMedioNoBorraNada)
 {
     sembrarEmpresa(conexion);
     sembrarSucursal(conexion, cuitUno, QStringLiteral("1"), QStringLiteral("Berisso"));
@@ -169,22 +169,7 @@ TEST_F(PruebaEmpresa, DeletionThatFailsInTheMiddleDeletesNothing)
     EXPECT_TRUE(cargarEmpresa(conexion, cuitUno));
 }
 
-TEST_F(PruebaEmpresa, NamesAndCuits)
-{
-    sembrarEmpresa(conexion, cuitUno, QStringLiteral("Zapatería"));
-    EXPECT_EQ(cuitDeUnicaEmpresa(conexion), cuitUno);
-    sembrarEmpresa(conexion, cuitDos, QStringLiteral("Ñandú S.A."));
-    sembrarEmpresa(conexion, cuitTres, QStringLiteral("D'Angelo"));
-    EXPECT_EQ(cuitDeUnicaEmpresa(conexion), std::nullopt);
-    EXPECT_EQ(razonesDeEmpresas(conexion),
-              (QStringList{QStringLiteral("D'Angelo"), QStringLiteral("Ñandú S.A."), QStringLiteral("Zapatería")}));
-    EXPECT_EQ(cuitDeRazon(conexion, QStringLiteral("D'Angelo")), cuitTres);
-    EXPECT_EQ(cuitDeRazon(conexion, QStringLiteral("D'Ang")), std::nullopt);
-    EXPECT_EQ(razonDeCuit(conexion, cuitDos), QStringLiteral("Ñandú S.A."));
-    EXPECT_EQ(razonDeCuit(conexion, QStringLiteral("30-5000109_-_")), std::nullopt);
-}
-
-TEST_F(PruebaEmpresa, CataloguesByNameInSpanishOrder)
+TEST_F(PruebaEmpresa, CatalogosPorNombre)
 {
     const auto provincias = leerCatalogo(conexion, Catalogo::Provincias);
     ASSERT_GT(provincias.size(), 20U);

@@ -57,7 +57,7 @@ struct PruebaListas : testing::Test
 };
 } // namespace
 
-TEST_F(PruebaListas, BranchesAreInsertedUpdatedAndSwept)
+TEST_F(PruebaListas, SucursalesNuevasCambiadasYBarridas)
 {
     const qint64 queda = sembrarSucursal(conexion, cuitUno, QStringLiteral("1"), QStringLiteral("Berisso"));
     const qint64 sale = sembrarSucursal(conexion, cuitUno, QStringLiteral("2"), QStringLiteral("Ensenada"));
@@ -76,7 +76,7 @@ TEST_F(PruebaListas, BranchesAreInsertedUpdatedAndSwept)
     EXPECT_EQ(cargarEmpresa(conexion, cuitUno)->razon, QStringLiteral("Cambiada"));
 }
 
-TEST_F(PruebaListas, RefusedBranchesUndoTheWholeSave)
+TEST_F(PruebaListas, SucursalesRechazadasDeshacenTodo)
 {
     const qint64 usada = sembrarSucursal(conexion, cuitUno, QStringLiteral("7"), QStringLiteral("Berisso"));
     const qint64 libre = sembrarSucursal(conexion, cuitUno, QStringLiteral("8"), QStringLiteral("Ensenada"));
@@ -108,7 +108,7 @@ TEST_F(PruebaListas, RefusedBranchesUndoTheWholeSave)
     esperaIntacta(antes);
 }
 
-TEST_F(PruebaListas, BranchWithoutItsNumberIsARunTimeError)
+TEST_F(PruebaListas, SucursalSinNumeroEsUnError)
 {
     const auto antes = cargarSucursales(conexion, cuitUno);
     for (const qint64 id : {qint64{0}, sembrarSucursal(conexion, cuitDos, QStringLiteral("1"), QStringLiteral("x"))})
@@ -126,7 +126,7 @@ TEST_F(PruebaListas, BranchWithoutItsNumberIsARunTimeError)
     }
 }
 
-TEST_F(PruebaListas, UntouchedListsAreNotWritten)
+TEST_F(PruebaListas, LasListasSinTocarNoSeEscriben)
 {
     const qint64 id = sembrarSucursal(conexion, cuitUno, QStringLiteral("1"), QStringLiteral("Berisso"));
     conexion.ejecutar("UPDATE Empresas_Sucursales SET Marca = 1, Numero = NULL WHERE ID = ?", id);
@@ -137,14 +137,14 @@ TEST_F(PruebaListas, UntouchedListsAreNotWritten)
     EXPECT_EQ(cargarResponsables(conexion, cuitUno).size(), 0U); // its document type is in no catalogue
 }
 
-TEST_F(PruebaListas, OnlyBranchBlankedOutIsRemoved)
+TEST_F(PruebaListas, LaUnicaSucursalEnBlancoSeBorra)
 {
     const qint64 id = sembrarSucursal(conexion, cuitUno, QStringLiteral("1"), QStringLiteral("Berisso"));
     EXPECT_EQ(guardar({FilaSucursal{.id = id}}), std::nullopt);
     EXPECT_EQ(contar(conexion, "FROM Empresas_Sucursales"), 0);
 }
 
-TEST_F(PruebaListas, ResponsiblePersonsAreReplacedAndShownByName)
+TEST_F(PruebaListas, LosResponsablesSeReemplazanYVanPorNombre)
 {
     conexion.ejecutar("INSERT INTO Empresas_Responsables (CUIT, AyN, TipoDoc, NroDoc) VALUES (?, 'Ajeno', 1, 1)",
                       cuitDos);
@@ -158,7 +158,7 @@ TEST_F(PruebaListas, ResponsiblePersonsAreReplacedAndShownByName)
     EXPECT_EQ(cargarResponsables(conexion, cuitDos).size(), 1U);
 }
 
-TEST_F(PruebaListas, IncompleteResponsiblePersonsUndoTheWholeSave)
+TEST_F(PruebaListas, ResponsablesIncompletosDeshacenTodo)
 {
     EXPECT_EQ(guardar(std::vector{responsable("Queda")}), std::nullopt);
     const auto antes = cargarEmpresa(conexion, cuitUno);
@@ -176,7 +176,7 @@ TEST_F(PruebaListas, IncompleteResponsiblePersonsUndoTheWholeSave)
     }
 }
 
-TEST_F(PruebaListas, NewCompanyWithItsLists)
+TEST_F(PruebaListas, EmpresaNuevaConSusListas)
 {
     EXPECT_EQ(guardarEmpresa(conexion, {true, empresaCompleta(cuitDos), std::vector{sucursal(0, "1"), sucursal(0, "2")},
                                         std::vector{responsable("Uno")}}),

@@ -74,7 +74,7 @@ struct PantallaEmpresas : testing::Test
 };
 } // namespace
 
-TEST_F(PantallaEmpresas, OpensEmptyWithoutCompaniesAndWithSeveral)
+TEST_F(PantallaEmpresas, AbreVaciaSinEmpresasYConVarias)
 {
     for (const bool varias : {false, true})
     {
@@ -100,7 +100,7 @@ TEST_F(PantallaEmpresas, OpensEmptyWithoutCompaniesAndWithSeveral)
     }
 }
 
-TEST_F(PantallaEmpresas, OpensOnTheOnlyCompany)
+TEST_F(PantallaEmpresas, AbreConLaUnicaEmpresa)
 {
     sembrarEmpresa(conexion);
     sembrarSucursal(conexion, cuitUno, QStringLiteral("2"), QStringLiteral("Berisso"));
@@ -147,7 +147,7 @@ TEST_F(PantallaEmpresas, OpensOnTheOnlyCompany)
     EXPECT_EQ(cargarEmpresa(conexion, cuitUno), empresaCompleta());
 }
 
-TEST_F(PantallaEmpresas, ProvinceInNoCatalogueIsARunTimeError)
+TEST_F(PantallaEmpresas, ProvinciaInexistenteEsUnErrorFatal)
 {
     sembrarEmpresa(conexion);
     conexion.ejecutar("UPDATE Empresas SET Provincia = 77");
@@ -156,7 +156,7 @@ TEST_F(PantallaEmpresas, ProvinceInNoCatalogueIsARunTimeError)
     EXPECT_EQ(mesa.fines, 1);
 }
 
-TEST_F(PantallaEmpresas, NewCompanyByTheKeyboard)
+TEST_F(PantallaEmpresas, AltaConElTeclado)
 {
     mesa.abrir();
     mesa.pulsar("CmdABM_0");
@@ -185,7 +185,7 @@ TEST_F(PantallaEmpresas, NewCompanyByTheKeyboard)
     EXPECT_EQ(guardada->rubro, QStringLiteral("522120"));
 }
 
-TEST_F(PantallaEmpresas, MissingFieldsAreToldInTheirOrder)
+TEST_F(PantallaEmpresas, LoQueFaltaSeAvisaEnSuOrden)
 {
     mesa.abrir();
     mesa.pulsar("CmdABM_0");
@@ -221,7 +221,7 @@ TEST_F(PantallaEmpresas, MissingFieldsAreToldInTheirOrder)
     EXPECT_EQ(contar(conexion, "FROM Empresas"), 0);
 }
 
-TEST_F(PantallaEmpresas, CuitOfANewCompanyIsTestedOnLeaving)
+TEST_F(PantallaEmpresas, ElCuitNuevoSePruebaAlDejarlo)
 {
     sembrarEmpresa(conexion);
     mesa.abrir();
@@ -263,7 +263,30 @@ TEST_F(PantallaEmpresas, CuitOfANewCompanyIsTestedOnLeaving)
     EXPECT_EQ(mesa.foco(), QStringLiteral("txtRazon"));
 }
 
-TEST_F(PantallaEmpresas, ChangeStoresAndStaysOnTheScreen)
+TEST_F(PantallaEmpresas, EnConsultaElCuitSeTipeaPeroNoCargaNada)
+{
+    sembrarEmpresa(conexion);
+    mesa.abrir();
+    for (int i = 0; i < 4; ++i)
+    {
+        Entrada::tecla(Qt::Key_Tab); // walks past the CUIT, which a new company's test would refuse
+    }
+    EXPECT_EQ(mesa.foco(), QStringLiteral("cmdSalir"));
+    mesa.pulsar("MaskCuit");
+    cajas.esperaQueDiga(Caja::Critico, QStringLiteral("ya se encuentra"));
+    mesa.pulsar("CmdABM_1");
+    esperaEstado(false, "");
+
+    mesa.escribir("MaskCuit", "30500010912");
+    mesa.pulsar("CmdABM_1");
+    esperaEstado(true, " / MODIFICACION");
+    EXPECT_EQ(mesa.texto("txtRazon"), QStringLiteral("Panadería D'Angelo"));
+    cajas.esperaPregunta(preguntaGrabar, true).esperaQueDiga(Caja::Exclamacion, cuitDos);
+    mesa.pulsar("CmdActualiza");
+    EXPECT_EQ(contar(conexion, "FROM Empresas"), 1);
+}
+
+TEST_F(PantallaEmpresas, ModificarGrabaYQuedaEnPantalla)
 {
     sembrarEmpresa(conexion);
     sembrarSucursal(conexion, cuitUno, QStringLiteral("1"), QStringLiteral("Berisso"));
@@ -287,7 +310,7 @@ TEST_F(PantallaEmpresas, ChangeStoresAndStaysOnTheScreen)
     EXPECT_EQ(contar(conexion, "FROM Empresas_Sucursales WHERE Marca = 1"), 1); // an untouched grid is not written
 }
 
-TEST_F(PantallaEmpresas, CancelEmptiesTheScreen)
+TEST_F(PantallaEmpresas, CancelarVaciaLaPantalla)
 {
     sembrarEmpresa(conexion);
     abrirYModificar();
@@ -305,7 +328,7 @@ TEST_F(PantallaEmpresas, CancelEmptiesTheScreen)
     EXPECT_EQ(dynamic_cast<QComboBox&>(mesa.control("cmbProvincia")).currentIndex(), 0);
 }
 
-TEST_F(PantallaEmpresas, CompanyDeletedAtTheOtherDesk)
+TEST_F(PantallaEmpresas, EmpresaEliminadaEnElOtroPuesto)
 {
     sembrarEmpresa(conexion);
     abrirYModificar();
@@ -316,7 +339,7 @@ TEST_F(PantallaEmpresas, CompanyDeletedAtTheOtherDesk)
     EXPECT_EQ(contar(conexion, "FROM Empresas"), 0);
 }
 
-TEST_F(PantallaEmpresas, Deletion)
+TEST_F(PantallaEmpresas, Eliminar)
 {
     sembrarEmpresa(conexion);
     conexion.ejecutar("INSERT INTO DDJJ (Cuit, Periodo) VALUES (?, '2024-05-01')", cuitUno);
@@ -361,7 +384,7 @@ TEST_F(PantallaEmpresas, Deletion)
     esperaEstado(false, "");
 }
 
-TEST_F(PantallaEmpresas, SearchLoadsTheChosenCompanyOrTheOneThatWasCurrent)
+TEST_F(PantallaEmpresas, BuscarTraeLaElegidaOLaQueEstabaEnCurso)
 {
     sembrarEmpresa(conexion, cuitUno, QStringLiteral("Uno"));
     sembrarEmpresa(conexion, cuitDos, QStringLiteral("Dos"));
@@ -384,7 +407,7 @@ TEST_F(PantallaEmpresas, SearchLoadsTheChosenCompanyOrTheOneThatWasCurrent)
     EXPECT_EQ(mesa.fines, 0);
 }
 
-TEST_F(PantallaEmpresas, Trade)
+TEST_F(PantallaEmpresas, Rubro)
 {
     sembrarEmpresa(conexion);
     abrirYModificar();
@@ -417,7 +440,7 @@ TEST_F(PantallaEmpresas, Trade)
     EXPECT_EQ(mesa.foco(), QStringLiteral("txtContacto"));
 }
 
-TEST_F(PantallaEmpresas, CompanyOfAnUnknownTradeIsShownAllTheSame)
+TEST_F(PantallaEmpresas, LaDeRubroInexistenteSeMuestraIgual)
 {
     sembrarEmpresa(conexion);
     sembrarSucursal(conexion, cuitUno, QStringLiteral("1"), QStringLiteral("Berisso"));

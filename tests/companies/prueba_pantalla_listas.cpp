@@ -46,7 +46,7 @@ struct GrillasDeEmpresas : testing::Test
 };
 } // namespace
 
-TEST_F(GrillasDeEmpresas, RowsAreAddedAfterARowInUseAndPaintedOneByOne)
+TEST_F(GrillasDeEmpresas, LasFilasSeAgreganTrasUnaUsadaYSePintanDeAUna)
 {
     EXPECT_EQ(mesa.amarillas("vsSucursales"), QList<int>());
     mesa.pulsarCelda("vsSucursales", 3, 1);
@@ -76,7 +76,7 @@ TEST_F(GrillasDeEmpresas, RowsAreAddedAfterARowInUseAndPaintedOneByOne)
     EXPECT_EQ(mesa.filas("vsResponsables").size(), 2);
 }
 
-TEST_F(GrillasDeEmpresas, BranchesAndPersonsTypedAreStored)
+TEST_F(GrillasDeEmpresas, LoTipeadoSeGraba)
 {
     sucursal(3, "10", "O'Higgins", "45", "Gonnet");
     mesa.celda("vsSucursales", 3, 1, "Otra calle");
@@ -96,9 +96,12 @@ TEST_F(GrillasDeEmpresas, BranchesAndPersonsTypedAreStored)
     EXPECT_EQ(responsables[0].ayn, QStringLiteral("Perez D'Elia"));
     EXPECT_EQ(responsables[0].nroDoc, 12345678);
     EXPECT_EQ(mesa.filas("vsSucursales").size(), 3); // the data stay as they were typed
+    mesa.pulsar("CmdABM_1");
+    mesa.pulsarCelda("vsSucursales", 3, 2);
+    EXPECT_EQ(mesa.amarillas("vsSucursales"), QList<int>{2}); // none is left from the last time
 }
 
-TEST_F(GrillasDeEmpresas, CellBeingEditedIsStoredToo)
+TEST_F(GrillasDeEmpresas, LaCeldaEnEdicionTambienSeGraba)
 {
     mesa.pulsarCelda("vsSucursales", 3, 1);
     Entrada::escribir(QStringLiteral("Sin Enter"));
@@ -106,7 +109,7 @@ TEST_F(GrillasDeEmpresas, CellBeingEditedIsStoredToo)
     EXPECT_EQ(cargarSucursales(conexion, cuitUno)[0].domicilio, QStringLiteral("Sin Enter"));
 }
 
-TEST_F(GrillasDeEmpresas, BranchInUseDeletedInTheGrid)
+TEST_F(GrillasDeEmpresas, SucursalEnUsoBorradaEnLaGrilla)
 {
     sembrarEmpleado(conexion, cuitUno, primera);
     mesa.escribir("txtRazon", "Cambiada");
@@ -124,7 +127,7 @@ TEST_F(GrillasDeEmpresas, BranchInUseDeletedInTheGrid)
     EXPECT_EQ(cargarSucursales(conexion, cuitUno).size(), 2U);
 }
 
-TEST_F(GrillasDeEmpresas, AllRowsDeletedLeaveOneEmptyRowAndNoBranch)
+TEST_F(GrillasDeEmpresas, BorradasTodasQuedaUnaFilaVaciaYNingunaSucursal)
 {
     mesa.pulsarCelda("vsSucursales", 2, 1);
     for (int i = 0; i < 5; ++i)
@@ -136,7 +139,7 @@ TEST_F(GrillasDeEmpresas, AllRowsDeletedLeaveOneEmptyRowAndNoBranch)
     EXPECT_EQ(cargarSucursales(conexion, cuitUno).size(), 0U);
 }
 
-TEST_F(GrillasDeEmpresas, RefusalsAndErrorsKeepTheState)
+TEST_F(GrillasDeEmpresas, RechazosYErroresDejanElEstado)
 {
     mesa.celda("vsSucursales", 2, 3, "3");
     cajas.esperaPregunta(preguntaGrabar, true)
@@ -159,7 +162,7 @@ TEST_F(GrillasDeEmpresas, RefusalsAndErrorsKeepTheState)
     EXPECT_EQ(contar(conexion, "FROM Empresas_Sucursales WHERE Marca <> 0"), 0);
 }
 
-TEST_F(GrillasDeEmpresas, BranchJustEnteredIsNewAgainUntilTheCompanyIsLoaded)
+TEST_F(GrillasDeEmpresas, LaRecienEntradaEsNuevaHastaCargarLaEmpresa)
 {
     sucursal(3, "3", "Calle 3", "3", "Gonnet");
     grabar();

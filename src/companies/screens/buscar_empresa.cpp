@@ -1,8 +1,8 @@
 #include "companies/screens/buscar_empresa.h"
 
 #include "companies/busqueda_empresa.h"
-#include "platform/screens/tecla_soltada.h"
 #include "core/rutinas.h"
+#include "platform/screens/tecla_soltada.h"
 #include "ui_buscar_empresa.h"
 
 BuscarEmpresa::BuscarEmpresa(QWidget* padre)

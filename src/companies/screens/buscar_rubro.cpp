@@ -1,8 +1,8 @@
 #include "companies/screens/buscar_rubro.h"
 
 #include "companies/busqueda_rubro.h"
-#include "platform/screens/tecla_soltada.h"
 #include "core/rutinas.h"
+#include "platform/screens/tecla_soltada.h"
 #include "ui_buscar_rubro.h"
 
 BuscarRubro::BuscarRubro(QWidget* padre)

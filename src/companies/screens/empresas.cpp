@@ -124,6 +124,7 @@ void Empresas::modificar()
     for (Grilla* grilla : {ui->vsSucursales, ui->vsResponsables})
     {
         grilla->setFilas(grilla->filas() + 1);
+        grilla->pintarTodo(Grilla::blanco); // the current row is another one now
         grilla->setFilaActual(grilla->filas());
         grilla->setCambiada(false);
     }
