@@ -1,5 +1,6 @@
 #include "apoyo/base_de_prueba.h"
 
+#include "apoyo/archivos_de_prueba.h"
 #include "platform/data/archivos.h"
 #include "platform/data/directorio_programa.h"
 
@@ -56,6 +57,7 @@ BaseDePrueba::BaseDePrueba()
     reemplazarDirectorioPrograma(m_carpeta.path());
     Rutinas::RutaApp = DirectorioPrograma() + QDir::separator();
     Rutinas::Conexion.abrir(rutaBase());
+    Rutinas::Conexion.ejecutar("PRAGMA synchronous=OFF"); // no test waits for the disk
 }
 
 BaseDePrueba::~BaseDePrueba()
@@ -73,19 +75,20 @@ BaseDePrueba::~BaseDePrueba()
     reemplazarDirectorioPrograma({});
 }
 
+QString BaseDePrueba::ruta(const QString& nombre) const
+{
+    return QDir::toNativeSeparators(m_carpeta.filePath(nombre));
+}
+
 QByteArray BaseDePrueba::leer(const QString& nombre) const
 {
-    QFile archivo(ruta(nombre));
-    EXPECT_TRUE(archivo.open(QIODevice::ReadOnly)) << nombre.toStdString();
-    return archivo.readAll();
+    return leerArchivo(ruta(nombre));
 }
 
 QString BaseDePrueba::escribir(const QString& nombre, const QByteArray& contenido) const
 {
-    QFile archivo(ruta(nombre));
-    EXPECT_TRUE(archivo.open(QIODevice::WriteOnly)) << nombre.toStdString();
-    EXPECT_EQ(contenido.size(), archivo.write(contenido));
-    return archivo.fileName();
+    escribirArchivo(ruta(nombre), contenido);
+    return ruta(nombre);
 }
 
 void agregar(Conexion& conexion, const EmpresaDePrueba& e)

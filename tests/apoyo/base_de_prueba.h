@@ -3,7 +3,6 @@
 #include "core/rutinas.h"
 #include "platform/data/moneda.h"
 
-#include <QByteArray>
 #include <QDate>
 #include <QString>
 #include <QTemporaryDir>
@@ -21,9 +20,8 @@ public:
     BaseDePrueba& operator=(const BaseDePrueba&) = delete;
 
     [[nodiscard]] Conexion& conexion() const { return Rutinas::Conexion; }
-    /// Path of a file in the program's directory.
-    [[nodiscard]] QString ruta(const QString& nombre) const { return m_carpeta.filePath(nombre); }
-    /// Contents of a file there; a test fails when it cannot be read.
+    /// Path of a file in the program's directory, which need not exist.
+    [[nodiscard]] QString ruta(const QString& nombre) const;
     [[nodiscard]] QByteArray leer(const QString& nombre) const;
     /// Writes a file there and gives its path.
     QString escribir(const QString& nombre, const QByteArray& contenido) const;

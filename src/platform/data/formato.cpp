@@ -206,80 +206,6 @@ std::pair<std::string, int> sieteDigitos(float magnitud)
     return {digitos, potencia};
 }
 
-/// Two digits of `n`, or as many as it has.
-void agregarNumero(QString& texto, int n, int ancho)
-{
-    texto += QString::number(n).rightJustified(ancho, u'0');
-}
-
-/// Length of the run of one letter, in either case, that begins at `i`.
-qsizetype corrida(QStringView patron, qsizetype i)
-{
-    const QChar letra = patron[i].toUpper();
-    qsizetype n = i;
-    while (n < patron.size() && patron[n].toUpper() == letra)
-    {
-        ++n;
-    }
-    return n - i;
-}
-
-/// The number at the front of `texto`, of `minimo` to `maximo` digits.
-std::optional<int> tomarEntero(QStringView& texto, int minimo, int maximo)
-{
-    int valor = 0;
-    int n = 0;
-    while (n < texto.size() && n <= maximo && texto[n] >= u'0' && texto[n] <= u'9')
-    {
-        valor = valor * 10 + (texto[n].unicode() - u'0');
-        ++n;
-    }
-    if (n < minimo || n > maximo)
-    {
-        return std::nullopt;
-    }
-    texto = texto.sliced(n);
-    return valor;
-}
-
-bool tomarBarra(QStringView& texto)
-{
-    const bool esta = texto.startsWith(u'/');
-    texto = esta ? texto.sliced(1) : texto;
-    return esta;
-}
-
-std::optional<QDate> fechaValida(int anio, int mes, int dia)
-{
-    const QDate fecha(anio, mes, dia);
-    return fecha.isValid() && anio >= 100 ? std::optional(fecha) : std::nullopt;
-}
-/// Digits with at most one mark among them, few enough that nothing can overflow or vanish: the amounts of a file by
-/// the thousand. Nothing for any other text, which need not be wrong.
-std::optional<float> leerImporteCorto(QStringView texto)
-{
-    std::array<char, 24> limpio{};
-    const auto cabe = static_cast<qsizetype>(limpio.size());
-    if (texto.isEmpty() || texto.size() > cabe || texto.front() < u'0' || texto.front() > u'9')
-    {
-        return std::nullopt;
-    }
-    int marcas = 0;
-    for (qsizetype i = 0; i < texto.size(); ++i)
-    {
-        const char16_t c = texto[i].unicode();
-        const bool marca = c == u'.' || c == u',';
-        marcas += marca ? 1 : 0;
-        if (marcas > 1 || (!marca && (c < u'0' || c > u'9')))
-        {
-            return std::nullopt;
-        }
-        limpio.at(static_cast<std::size_t>(i)) = marca ? '.' : static_cast<char>(c);
-    }
-    float valor = 0;
-    std::from_chars(limpio.data(), limpio.data() + texto.size(), valor);
-    return valor;
-}
 } // namespace
 
 QString Formato(Moneda valor, QStringView patron)
@@ -329,67 +255,6 @@ QString Formato(float valor, QStringView patron)
     return armar(std::move(numero), leido);
 }
 
-QString Formato(QDate fecha, QStringView patron)
-{
-    if (!fecha.isValid())
-    {
-        return {};
-    }
-    QString texto;
-    for (qsizetype i = 0; i < patron.size();)
-    {
-        const qsizetype n = corrida(patron, i);
-        const QChar letra = patron[i].toUpper();
-        if (letra == u'D' && n <= 2)
-        {
-            agregarNumero(texto, fecha.day(), static_cast<int>(n));
-        }
-        else if (letra == u'M' && n <= 2)
-        {
-            agregarNumero(texto, fecha.month(), static_cast<int>(n));
-        }
-        else if (letra == u'Y' && n == 2)
-        {
-            agregarNumero(texto, fecha.year() % 100, 2);
-        }
-        else if (letra == u'Y' && n == 4)
-        {
-            agregarNumero(texto, fecha.year(), 4);
-        }
-        else
-        {
-            texto += patron.sliced(i, n);
-        }
-        i += n;
-    }
-    return texto;
-}
-
-QString Formato(QTime hora, QStringView patron)
-{
-    if (!hora.isValid())
-    {
-        return {};
-    }
-    QString texto;
-    for (qsizetype i = 0; i < patron.size();)
-    {
-        const qsizetype n = corrida(patron, i);
-        const QChar letra = patron[i].toUpper();
-        if (n <= 2 && (letra == u'H' || letra == u'M' || letra == u'S'))
-        {
-            const int parte = letra == u'H' ? hora.hour() : letra == u'M' ? hora.minute() : hora.second();
-            agregarNumero(texto, parte, static_cast<int>(n));
-        }
-        else
-        {
-            texto += patron.sliced(i, n);
-        }
-        i += n;
-    }
-    return texto;
-}
-
 std::optional<float> LeerNumero(QStringView texto)
 {
     const auto digitos = detalle::desarmarTecleado(texto);
@@ -398,10 +263,6 @@ std::optional<float> LeerNumero(QStringView texto)
 
 float LeerImporteDeArchivo(QStringView texto)
 {
-    if (const auto valor = leerImporteCorto(texto))
-    {
-        return *valor;
-    }
     const auto digitos = detalle::desarmarDeArchivo(texto);
     if (!digitos)
     {
@@ -456,37 +317,4 @@ float Redondear2(float valor)
 {
     // A float times 100 is exact in a double, so a half is seen as one; nearbyint takes it to the even digit.
     return static_cast<float>(std::nearbyint(static_cast<double>(valor) * 100.0) / 100.0);
-}
-
-std::optional<QDate> LeerFecha(QStringView texto)
-{
-    texto = texto.trimmed();
-    const auto dia = tomarEntero(texto, 1, 2);
-    const bool primera = tomarBarra(texto);
-    const auto mes = tomarEntero(texto, 1, 2);
-    const bool segunda = tomarBarra(texto);
-    const auto anio = tomarEntero(texto, 3, 4);
-    if (!dia || !primera || !mes || !segunda || !anio || !texto.isEmpty())
-    {
-        return std::nullopt;
-    }
-    return fechaValida(*anio, *mes, *dia);
-}
-
-std::optional<QDate> LeerPeriodo(QStringView texto)
-{
-    texto = texto.trimmed();
-    const auto anio = tomarEntero(texto, 4, 4);
-    const bool barra = tomarBarra(texto);
-    const auto mes = tomarEntero(texto, 1, 2);
-    if (!anio || !barra || !mes || !texto.isEmpty())
-    {
-        return std::nullopt;
-    }
-    return fechaValida(*anio, *mes, 1);
-}
-
-int AnioCompleto(int dosDigitos)
-{
-    return dosDigitos + (dosDigitos < 30 ? 2000 : 1900);
 }

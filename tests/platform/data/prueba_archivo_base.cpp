@@ -1,28 +1,14 @@
+#include "apoyo/archivos_de_prueba.h"
 #include "apoyo/base_de_prueba.h"
 #include "errores.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
 namespace
 {
-QByteArray leer(const QString& ruta)
-{
-    QFile archivo(ruta);
-    EXPECT_TRUE(archivo.open(QIODevice::ReadOnly));
-    return archivo.readAll();
-}
-
-void escribir(const QString& ruta, const QByteArray& bytes)
-{
-    QFile archivo(ruta);
-    EXPECT_TRUE(archivo.open(QIODevice::WriteOnly));
-    EXPECT_EQ(bytes.size(), archivo.write(bytes));
-}
-
 /// Runs SQL on a file with the bare library, as a foreign program would.
 void ajeno(const QString& ruta, const char* sql)
 {
@@ -56,7 +42,7 @@ protected:
 TEST_F(ArchivoDeBase, LoQueNoEsUnaBaseFallaAlAbrir)
 {
     crearGrande(en("buena.mdb"));
-    const QByteArray buena = leer(en("buena.mdb"));
+    const QByteArray buena = leerArchivo(en("buena.mdb"));
     QByteArray sinTablas = buena;
     sinTablas.replace(100, 4096 - 100, QByteArray(4096 - 100, '\x5A'));
     QByteArray otroId = buena;
@@ -80,7 +66,7 @@ TEST_F(ArchivoDeBase, LoQueNoEsUnaBaseFallaAlAbrir)
     for (const Caso& caso : casos)
     {
         SCOPED_TRACE(caso.nombre);
-        escribir(en(caso.nombre), caso.bytes);
+        escribirArchivo(en(caso.nombre), caso.bytes);
         for (const bool comprobar : {false, true})
         {
             Conexion conexion;
@@ -96,7 +82,7 @@ TEST_F(ArchivoDeBase, LoQueNoEsUnaBaseFallaAlAbrir)
             }
             EXPECT_FALSE(conexion.abierta());
         }
-        EXPECT_EQ(caso.bytes, leer(en(caso.nombre))) << "a failed opening must not write";
+        EXPECT_EQ(caso.bytes, leerArchivo(en(caso.nombre))) << "a failed opening must not write";
     }
 }
 
@@ -116,9 +102,9 @@ TEST_F(ArchivoDeBase, UnaQueFaltaNoSeCrea)
     }
     EXPECT_EQ(14, numeroDe([&] { conexion.abrir(carpeta.path()); }));
     EXPECT_EQ(QStringList(), archivos());
-    escribir(en("esta.mdb"), "x");
+    escribirArchivo(en("esta.mdb"), "x");
     EXPECT_EQ(75, numeroDe([&] { Conexion::crear(en("esta.mdb")); }));
-    EXPECT_EQ(QByteArray("x"), leer(en("esta.mdb")));
+    EXPECT_EQ(QByteArray("x"), leerArchivo(en("esta.mdb")));
 }
 
 TEST_F(ArchivoDeBase, UnaEnModoWalVuelveASerUnSoloArchivo)
@@ -138,10 +124,10 @@ TEST_F(ArchivoDeBase, CompactarRehaceYComprueba)
     conexion.abrir(en("Base.mdb"));
     conexion.ejecutar("DELETE FROM t WHERE rowid % 10 <> 0");
     conexion.cerrar();
-    const QByteArray antes = leer(en("Base.mdb"));
+    const QByteArray antes = leerArchivo(en("Base.mdb"));
     Conexion::compactar(en("Base.mdb"), en("Nueva.mdb"));
-    EXPECT_EQ(antes, leer(en("Base.mdb")));
-    EXPECT_LT(leer(en("Nueva.mdb")).size(), antes.size() / 2);
+    EXPECT_EQ(antes, leerArchivo(en("Base.mdb")));
+    EXPECT_LT(leerArchivo(en("Nueva.mdb")).size(), antes.size() / 2);
     conexion.abrir(en("Nueva.mdb")); // it has the program's mark
     EXPECT_EQ(500, conexion.consultar("SELECT * FROM t WHERE n LIKE 'ñANDÚ%'").cantidad());
 
@@ -152,17 +138,17 @@ TEST_F(ArchivoDeBase, CompactarRehaceYComprueba)
 TEST_F(ArchivoDeBase, CompactarNoDejaNadaCuandoFalla)
 {
     crearGrande(en("Base.mdb"));
-    QByteArray danada = leer(en("Base.mdb"));
+    QByteArray danada = leerArchivo(en("Base.mdb"));
     danada.replace(4096 * 20, 4096 * 5, QByteArray(4096 * 5, '\xEE'));
-    escribir(en("Danada.mdb"), danada);
-    escribir(en("Texto.mdb"), QByteArray(9000, 'x'));
+    escribirArchivo(en("Danada.mdb"), danada);
+    escribirArchivo(en("Texto.mdb"), QByteArray(9000, 'x'));
     const QStringList antes = archivos();
     EXPECT_EQ(11, numeroDe([&] { Conexion::compactar(en("Danada.mdb"), en("Nueva.mdb")); }) & 0xFF);
     EXPECT_EQ(26, numeroDe([&] { Conexion::compactar(en("Texto.mdb"), en("Nueva.mdb")); }));
     EXPECT_EQ(14, numeroDe([&] { Conexion::compactar(en("Falta.mdb"), en("Nueva.mdb")); }));
     EXPECT_EQ(14, numeroDe([&] { Conexion::compactar(en("Base.mdb"), en("nada/Nueva.mdb")); }) & 0xFF);
     EXPECT_EQ(antes, archivos());
-    EXPECT_EQ(danada, leer(en("Danada.mdb")));
+    EXPECT_EQ(danada, leerArchivo(en("Danada.mdb")));
 }
 
 TEST_F(ArchivoDeBase, ComprobarHallaUnIndiceQueNoSigueASuTabla)

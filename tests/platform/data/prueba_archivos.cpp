@@ -1,3 +1,4 @@
+#include "apoyo/archivos_de_prueba.h"
 #include "errores.h"
 #include "limite_de_archivos.h"
 #include "platform/data/archivos.h"
@@ -21,18 +22,8 @@ protected:
         QDir(carpeta.path()).mkdir(QStringLiteral("carpeta"));
     }
     [[nodiscard]] QString en(const char* nombre) const { return carpeta.filePath(QString::fromUtf8(nombre)); }
-    void escribir(const char* nombre, const QByteArray& bytes) const
-    {
-        QFile salida(en(nombre));
-        ASSERT_TRUE(salida.open(QIODevice::WriteOnly));
-        ASSERT_EQ(bytes.size(), salida.write(bytes));
-    }
-    [[nodiscard]] QByteArray leer(const char* nombre) const
-    {
-        QFile entrada(en(nombre));
-        EXPECT_TRUE(entrada.open(QIODevice::ReadOnly)) << nombre;
-        return entrada.readAll();
-    }
+    void escribir(const char* nombre, const QByteArray& bytes) const { escribirArchivo(en(nombre), bytes); }
+    [[nodiscard]] QByteArray leer(const char* nombre) const { return leerArchivo(en(nombre)); }
     [[nodiscard]] QStringList contenido() const
     {
         return QDir(carpeta.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);

@@ -1,7 +1,7 @@
+#include "apoyo/archivos_de_prueba.h"
 #include "errores.h"
 #include "platform/data/archivos.h"
 
-#include <QFile>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -14,18 +14,8 @@ protected:
     ~Canales() override { Archivos::cerrarTodos(); }
 
     [[nodiscard]] QString en(const char* nombre) const { return carpeta.filePath(QString::fromLatin1(nombre)); }
-    void escribir(const QByteArray& bytes) const
-    {
-        QFile salida(archivo);
-        ASSERT_TRUE(salida.open(QIODevice::WriteOnly));
-        ASSERT_EQ(bytes.size(), salida.write(bytes));
-    }
-    [[nodiscard]] QByteArray leer() const
-    {
-        QFile entrada(archivo);
-        EXPECT_TRUE(entrada.open(QIODevice::ReadOnly));
-        return entrada.readAll();
-    }
+    void escribir(const QByteArray& bytes) const { escribirArchivo(archivo, bytes); }
+    [[nodiscard]] QByteArray leer() const { return leerArchivo(archivo); }
     /// The lines of the file as the program reads them.
     [[nodiscard]] QByteArrayList lineas() const
     {
