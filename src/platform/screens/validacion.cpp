@@ -161,6 +161,12 @@ bool tieneElFoco(const QWidget* campo)
     return foco != nullptr;
 }
 
+/// The focus goes to a list, a menu or another window, and comes back to the field.
+bool esPasajero(Qt::FocusReason motivo)
+{
+    return motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason;
+}
+
 bool esEnter(const QKeyEvent& evento)
 {
     return (evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter) &&
@@ -323,7 +329,8 @@ bool Validacion::eventFilter(QObject* objeto, QEvent* evento)
     case QEvent::Shortcut:
         return alAtajo(objeto);
     case QEvent::FocusIn:
-        if (objeto == m_paso)
+        if (objeto == m_paso && !esPasajero(static_cast<QFocusEvent*>(evento)->reason()) &&
+            static_cast<QFocusEvent*>(evento)->reason() != Qt::MenuBarFocusReason)
         {
             m_paso = nullptr;
         }
@@ -411,15 +418,15 @@ bool Validacion::alTeclear(QObject* objeto, QKeyEvent* evento)
         return dejar(campo, Gesto::Tecla) != Salida::Libre;
     }
     const bool deLaCasa = m_chequeos.contains(campo) || antepasado<Pantalla>(campo) != nullptr;
-    return esEnter(*evento) && deLaCasa && alEntrar(campo);
+    return esEnter(*evento) && deLaCasa && alEntrar(campo, evento->isAutoRepeat());
 }
 
-bool Validacion::alEntrar(QWidget* campo)
+bool Validacion::alEntrar(QWidget* campo, bool repetida)
 {
     if (!entraComoTab(campo))
     {
         auto* boton = qobject_cast<QAbstractButton*>(campo);
-        if (boton != nullptr)
+        if (boton != nullptr && !repetida) // a key held down walks the fields and presses nothing
         {
             boton->click();
         }
@@ -458,30 +465,30 @@ bool Validacion::alAtajo(QObject* destino)
 
 void Validacion::alPerderFoco(QWidget* campo, Qt::FocusReason motivo)
 {
-    if (motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason || pausas > 0 || m_volviendo ||
-        ocupada(campo))
+    if (esPasajero(motivo) || pausas > 0 || m_volviendo || ocupada(campo))
     {
         return;
     }
+    const bool alMenu = motivo == Qt::MenuBarFocusReason; // gives the focus back before its command acts
     if (m_paso == campo && m_pasoTexto == contenido(campo))
     {
-        m_paso = nullptr;
+        m_paso = alMenu ? m_paso : nullptr;
         return;
     }
     // What moved the focus goes on first: code, the Alt key, a group of options walked by its arrows.
     QMetaObject::invokeMethod(
         this,
-        [this, vivo = QPointer<QWidget>(campo)]
+        [this, alMenu, vivo = QPointer<QWidget>(campo)]
         {
             if (!vivo.isNull())
             {
-                chequearTarde(vivo);
+                chequearTarde(vivo, alMenu);
             }
         },
         Qt::QueuedConnection);
 }
 
-void Validacion::chequearTarde(QWidget* campo)
+void Validacion::chequearTarde(QWidget* campo, bool alMenu)
 {
     if (tieneElFoco(campo) || hayCajaAbierta() || TrabajoLargo::enCurso())
     {
@@ -489,7 +496,7 @@ void Validacion::chequearTarde(QWidget* campo)
     }
     const QPointer<QWidget> vivo = campo;
     dejar(campo, Gesto::Otro);
-    if (!vivo.isNull() && m_paso == campo)
+    if (!vivo.isNull() && m_paso == campo && !alMenu)
     {
         m_paso = nullptr; // it has lost the focus already
     }

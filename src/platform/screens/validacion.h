@@ -72,10 +72,10 @@ private:
     bool alSoltar(QObject* ventana);
     bool alGirar(QObject* ventana, const QWheelEvent* evento);
     bool alTeclear(QObject* objeto, QKeyEvent* evento);
-    bool alEntrar(QWidget* campo);
+    bool alEntrar(QWidget* campo, bool repetida);
     bool alAtajo(QObject* destino);
     void alPerderFoco(QWidget* campo, Qt::FocusReason motivo);
-    void chequearTarde(QWidget* campo);
+    void chequearTarde(QWidget* campo, bool alMenu);
 
     QHash<const QObject*, Chequeo> m_chequeos;
     std::vector<QPointer<QWidget>> m_enChequeo; ///< fields whose check is running, the innermost last

@@ -5,7 +5,7 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QInputDialog>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QTest>
@@ -195,6 +195,37 @@ TEST_F(ConMalDato, DespuesDelRechazoSeCorrigeYSeSigue)
     pulsar(*una.accion);
     EXPECT_EQ(una.acciones, 1);
     EXPECT_EQ(una.chequeos.size(), 2);
+}
+
+TEST_F(ConMalDato, ElMenuQueAbreOtraPantallaChequeaUnaSolaVez)
+{
+    una.a->setText(QStringLiteral("bien"));
+    QObject::connect(mesa.orden, &QAction::triggered, &una, [this] { mesa.abrir(QStringLiteral("Otra")); });
+    const std::vector<std::function<void()>> caminos = {
+        [] { tecla(Qt::Key_P, Qt::AltModifier); },
+        []
+        {
+            tecla(Qt::Key_Alt);
+            tecla(Qt::Key_P);
+        },
+        [this]
+        {
+            QMenuBar& barra = *mesa.ventana.menuBar();
+            pulsar(barra, barra.actionGeometry(mesa.menu->menuAction()).center());
+        },
+    };
+    for (const auto& abrirMenu : caminos)
+    {
+        una.chequeos.clear();
+        abrirMenu();
+        EXPECT_TRUE(mesa.menu->isVisible());
+        tecla(Qt::Key_M);
+        ASSERT_NE(Mesa::pantalla(QStringLiteral("Otra")), nullptr);
+        EXPECT_EQ(una.chequeos, soloA);
+        Mesa::pantalla(QStringLiteral("Otra"))->cerrar();
+        asentar();
+        EXPECT_TRUE(una.a->hasFocus());
+    }
 }
 
 TEST_F(ConMalDato, IntentarDejarDiceSiSePuede)
