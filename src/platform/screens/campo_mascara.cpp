@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionFrame>
+#include <algorithm>
 
 const QString CampoMascara::cuitVacio = QStringLiteral("__-________-_");
 const QString CampoMascara::fechaVacia = QStringLiteral("__/__/____");

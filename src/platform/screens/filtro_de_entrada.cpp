@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
+#include <algorithm>
 
 FiltroDeEntrada::FiltroDeEntrada(QLineEdit* campo, std::function<QChar(QChar)> alTeclear,
                                  std::function<void(QLineEdit*, const QString&)> alPegar)
@@ -75,7 +76,7 @@ bool FiltroDeEntrada::filtrarTecla(const QKeyEvent& evento)
 
 bool FiltroDeEntrada::filtrarMetodo(const QInputMethodEvent& evento)
 {
-    const QString texto = evento.commitString();
+    const QString& texto = evento.commitString();
     return std::any_of(texto.begin(), texto.end(), [this](QChar letra) { return m_alTeclear(letra) != letra; });
 }
 

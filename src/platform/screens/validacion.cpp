@@ -21,6 +21,8 @@
 #include <QStyleHints>
 #include <QTabBar>
 #include <QWheelEvent>
+#include <QWindow>
+#include <algorithm>
 
 namespace
 {
@@ -82,7 +84,7 @@ QWidget* superficie(const QObject* ventana)
     const QWidgetList todas = QApplication::topLevelWidgets();
     for (QWidget* candidata : todas)
     {
-        if (candidata->windowHandle() == ventana)
+        if (static_cast<const QObject*>(candidata->windowHandle()) == ventana)
         {
             return candidata;
         }
@@ -269,7 +271,7 @@ Validacion::Salida Validacion::dejar(QWidget* campo, Gesto gesto)
     {
         return Salida::Libre;
     }
-    const Chequeo chequeo = *hallado; // a check may bind others
+    const Chequeo chequeo = *hallado; // NOLINT(performance-unnecessary-copy-initialization): a check may bind others
     const QPointer<QWidget> vivo = campo;
     const QPointer<QWidget> ventana = campo->window();
     m_enChequeo.emplace_back(campo);

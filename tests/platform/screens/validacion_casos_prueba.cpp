@@ -283,6 +283,28 @@ INSTANTIATE_TEST_SUITE_P(Validacion, QueMueve,
                                              asentar();
                                          }));
 
+TEST(ListaConChequeo, AbrirlaYElegirNoLaDeja)
+{
+    Mesa mesa;
+    PantallaDePrueba& una = mesa.abrir(QStringLiteral("Una"));
+    int veces = 0;
+    una.alDejar(una.lista,
+                [&]
+                {
+                    ++veces;
+                    return true;
+                });
+    pulsar(*una.lista);
+    pulsar(*una.lista);
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Return);
+    EXPECT_EQ(una.lista->currentIndex(), 1);
+    EXPECT_TRUE(una.lista->hasFocus());
+    EXPECT_EQ(veces, 0);
+    tecla(Qt::Key_Tab);
+    EXPECT_EQ(veces, 1);
+}
+
 TEST(EnterComoTab, RecorreLosCamposYAprietaElBoton)
 {
     Mesa mesa;
