@@ -13,8 +13,8 @@
 
 namespace
 {
-constexpr std::size_t tamanoDelBloque = 64 * 1024;
-constexpr std::size_t lineaMasLarga = 1024 * 1024;
+constexpr std::size_t tamanoDelBloque = std::size_t{64} * 1024;
+constexpr std::size_t lineaMasLarga = std::size_t{1024} * 1024;
 
 [[noreturn]] void fallar(const QString& ruta)
 {
