@@ -21,7 +21,7 @@ public:
         : Pantalla(QStringLiteral("Prueba"))
     {
         setWindowTitle(QStringLiteral("Pantalla de prueba"));
-        auto* filas = new QVBoxLayout(this);
+        auto* filas = new QGridLayout(this);
         m_estado = hacer<QLabel>("lblEstado");
         ponerCampos();
         ponerBotones();
@@ -29,9 +29,10 @@ public:
         ponerGrilla();
         for (QWidget* control : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         {
-            filas->addWidget(control);
+            const int lugar = filas->count();
+            filas->addWidget(control, lugar / 2, lugar % 2);
         }
-        resize(420, 640);
+        resize(640, 520);
     }
 
     bool descargar() override { return !m_preguntaAlCerrar || Preguntar(QStringLiteral("Cerrar?")); }
@@ -120,10 +121,19 @@ private:
             auto* pagina = new QWidget;
             auto* campo = new QLineEdit(pagina);
             campo->setObjectName(QStringLiteral("txt") + QString(titulo).remove('&'));
+            auto* boton = new QPushButton(QStringLiteral("Hacer"), pagina);
+            boton->setObjectName(QStringLiteral("cmd") + QString(titulo).remove('&'));
+            boton->move(150, 0);
             paginas->addTab(pagina, titulo);
         }
         paginas->setTabEnabled(2, false);
         paginas->setMinimumHeight(70);
+        alDejar(hacer<QLineEdit>("txtDespues"),
+                [this]
+                {
+                    estado("dejada");
+                    return true;
+                });
     }
 
     void ponerGrilla()

@@ -50,6 +50,8 @@ TEST(Robot, ActuaComoUnaPersona)
         {"tecla cmdGrabar Space\nespera lblEstado \"grabado\"", ""},
         {"escribir txtNombre \"a\"\ntecla txtNombre Enter\nespera_foco txtImporte(3)", ""},
         {"pagina \"Segunda\"\nescribir txtSegunda \"x\"\nespera txtSegunda \"x\"\nespera SSTab1 \"Segunda\"", ""},
+        // the focus that only runs through a field, from the page that goes to the one that comes, leaves nothing
+        {"pulsar cmdPrimera\npagina \"Segunda\"\nespera lblEstado \"\"", ""},
         {"espera cmdGrabar \"&Grabar\"\nespera cmdGrabar \"Grabar\"", ""},
         {"espera_activo cmdApagado no\nespera_visible cmdOculto no\nespera_visible txtSegunda no", ""},
         {"espera_titulo \"Pantalla de prueba\"\nespera_ventana Prueba si\nespera_ventana Modal no", ""},

@@ -27,6 +27,18 @@ QWindow* ventanaConFoco()
     throw Falla(QStringLiteral("ninguna ventana recibe el teclado"));
 }
 
+/// A part without a name of its own goes by that of the control it belongs to.
+QString nombreDe(const QWidget* control)
+{
+    const QWidget* con = control;
+    while (con->parentWidget() != nullptr &&
+           (con->objectName().isEmpty() || con->objectName().startsWith(QStringLiteral("qt_"))))
+    {
+        con = con->parentWidget();
+    }
+    return con->objectName().isEmpty() ? QString::fromLatin1(control->metaObject()->className()) : con->objectName();
+}
+
 /// Scrolls the control into view, as a person does who sees a part of it.
 void aLaVista(QWidget* control)
 {
@@ -86,16 +98,12 @@ void clic(QWidget* control, QPoint lugar)
     const bool libre = encima == control || control->isAncestorOf(encima) || (encima == nullptr && control == ventana);
     if (ventana->windowHandle() == nullptr || !ventana->rect().contains(enVentana))
     {
-        throw Falla(QStringLiteral("«%1» queda fuera de la ventana").arg(control->objectName()));
+        throw Falla(QStringLiteral("«%1» queda fuera de la ventana").arg(nombreDe(control)));
     }
     if (!libre)
     {
-        throw Falla(
-            QStringLiteral("«%1» está tapado por «%2»")
-                .arg(control->objectName(),
-                     encima == nullptr || encima->objectName().isEmpty()
-                         ? QString::fromLatin1((encima == nullptr ? ventana : encima)->metaObject()->className())
-                         : encima->objectName()));
+        throw Falla(QStringLiteral("«%1» está tapado por «%2»")
+                        .arg(nombreDe(control), nombreDe(encima != nullptr ? encima : ventana)));
     }
     QTest::mouseMove(ventana->windowHandle(), enVentana);
     QTest::mouseClick(ventana->windowHandle(), Qt::LeftButton, Qt::NoModifier, enVentana);
@@ -107,7 +115,8 @@ void dobleClic(QWidget* control, QPoint lugar, const std::function<bool()>& sigu
     clic(control, lugar);
     if (!vivo.isNull() && vivo->isVisible() && sigue())
     {
-        // Each click sets the clock of the simulated mouse forward, so that two clicks are never taken for a double one.
+        // Each click sets the clock of the simulated mouse forward, so that two clicks are never taken for a double
+        // one.
         QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;
         QTest::mouseClick(control->window()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
                           control->mapTo(control->window(), lugar));
