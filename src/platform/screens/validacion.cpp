@@ -336,6 +336,10 @@ bool Validacion::eventFilter(QObject* objeto, QEvent* evento)
         {
             m_paso = nullptr;
         }
+        if (m_chequeos.contains(objeto))
+        {
+            alRecibirFoco(static_cast<QWidget*>(objeto));
+        }
         return false;
     case QEvent::FocusOut:
         if (m_chequeos.contains(objeto))
@@ -465,8 +469,21 @@ bool Validacion::alAtajo(QObject* destino)
     return dejar(campo, Gesto::Otro) != Salida::Libre;
 }
 
+void Validacion::alRecibirFoco(QWidget* campo)
+{
+    m_recienLlegado = campo;
+    QMetaObject::invokeMethod(
+        this, [this] { m_recienLlegado = nullptr; }, Qt::QueuedConnection);
+}
+
 void Validacion::alPerderFoco(QWidget* campo, Qt::FocusReason motivo)
 {
+    // A page or a button that goes hands the focus from one to the next: the user was never in the ones in between.
+    if (m_recienLlegado == campo)
+    {
+        m_recienLlegado = nullptr;
+        return;
+    }
     if (esPasajero(motivo) || pausas > 0 || m_volviendo || ocupada(campo))
     {
         return;
