@@ -1,6 +1,4 @@
-#include "core/rutinas.h"
-#include "core/screens/mdi_menu_ppal.h"
-#include "platform/screens/error_fatal.h"
+#include "core/screens/arranque.h"
 #include "platform/screens/estilo.h"
 #include "registro.h"
 
@@ -11,17 +9,6 @@ int main(int argc, char** argv)
     QApplication aplicacion(argc, argv);
     Estilo::aplicar(aplicacion);
     registrarPantallas();
-
-    std::unique_ptr<MDIMenuPpal> menu;
-    protegido(
-        [&]
-        {
-            Rutinas::Main(
-                [&]
-                {
-                    menu = std::make_unique<MDIMenuPpal>();
-                    menu->show();
-                });
-        });
+    const auto menu = arrancar();
     return menu ? QApplication::exec() : 0;
 }

@@ -1,9 +1,8 @@
 #include "core/rutinas.h"
-#include "core/screens/mdi_menu_ppal.h"
+#include "core/screens/arranque.h"
 #include "guion.h"
 #include "platform/data/directorio_programa.h"
 #include "platform/data/servidor_ftp.h"
-#include "platform/screens/error_fatal.h"
 #include "platform/screens/estilo.h"
 #include "registro.h"
 #include "robot.h"
@@ -172,17 +171,7 @@ int main(int cantidad, char** valores)
     Robot robot(std::move(pasos), {carpeta.absoluteFilePath(), QFileInfo(pedido.guion).absolutePath(), pedido.foto},
                 escribir, terminar);
     robot.empezar();
-    std::unique_ptr<MDIMenuPpal> menu;
-    protegido(
-        [&]
-        {
-            Rutinas::Main(
-                [&]
-                {
-                    menu = std::make_unique<MDIMenuPpal>();
-                    menu->show();
-                });
-        });
+    const auto menu = arrancar();
     if (menu == nullptr)
     {
         robot.programaTermino(Robot::Bien);
