@@ -14,6 +14,7 @@
 #include "roster/screens/buscar_empleado.h"
 #include "roster/screens/buscar_sucursal.h"
 #include "roster/screens/ddjj_sueldos.h"
+#include "roster/screens/empleados.h"
 #include "slips/screens/boletas.h"
 
 void registrarPantallas()
@@ -25,6 +26,7 @@ void registrarPantallas()
     navegacion.registrar(QStringLiteral("DDJJ"), [] { return new DDJJ; });
     navegacion.registrar(QStringLiteral("Importar"), [] { return new Importar; });
     navegacion.registrar(QStringLiteral("BuscarDDJJ"), [] { return new BuscarDDJJ; });
+    navegacion.registrar(QStringLiteral("Empleados"), [] { return new Empleados; });
     navegacion.registrar(QStringLiteral("DDJJ_Sueldos"), [] { return new DDJJ_Sueldos; });
     navegacion.registrar(QStringLiteral("BuscarEmpleado"), [] { return new BuscarEmpleado; });
     navegacion.registrar(QStringLiteral("BuscarSucursal"), [] { return new BuscarSucursal; });

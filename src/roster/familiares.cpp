@@ -1,5 +1,6 @@
 #include "roster/familiares.h"
 
+#include "companies/catalogos.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
 
@@ -19,12 +20,20 @@ bool incompleta(const FilaFamiliar& fila)
            !fila.nacio.isValid();
 }
 
+qint64 codigo(Conexion& conexion, Catalogo catalogo, const QString& nombre)
+{
+    const auto hallado = codigoDe(conexion, catalogo, nombre);
+    if (!hallado)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro, nombre);
+    }
+    return *hallado;
+}
+
 void insertar(Conexion& conexion, const QString& cuil, const FilaFamiliar& fila)
 {
-    const qint64 documento =
-        conexion.consultar("SELECT Codigo FROM Documentos WHERE Nombre = ?", fila.tipoDoc).primera().entero("Codigo");
-    const qint64 familiar =
-        conexion.consultar("SELECT Codigo FROM Familiar WHERE Nombre = ?", fila.familiar).primera().entero("Codigo");
+    const qint64 documento = codigo(conexion, Catalogo::Documentos, fila.tipoDoc);
+    const qint64 familiar = codigo(conexion, Catalogo::Familiar, fila.familiar);
     if (!fila.nroDoc)
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,

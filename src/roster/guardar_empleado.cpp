@@ -4,6 +4,8 @@
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
 
+#include <limits>
+
 namespace
 {
 const QString cuilVacio = QStringLiteral("__-________-_");
@@ -19,6 +21,16 @@ qint64 enteroDe(const QString& texto)
         throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, texto);
     }
     return valor;
+}
+
+int horasDe(const QString& texto)
+{
+    const qint64 horas = enteroDe(texto);
+    if (horas > std::numeric_limits<int>::max())
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::Desbordamiento);
+    }
+    return static_cast<int>(horas);
 }
 
 float flotanteDe(const QString& texto)
@@ -65,10 +77,10 @@ int conValores(const EntradaEmpleado& e, const Aportes& aportes, Consumidor&& co
 {
     return consumidor(e.ayn, e.tipoDoc, enteroDe(e.documento), e.sexo, e.calle,
                       e.numero.isEmpty() ? qint64{0} : enteroDe(e.numero), e.piso, e.depto, e.codPos, e.localidad,
-                      e.provincia, e.telefono, e.nacio, e.estCivil, e.afiliado,
-                      Moneda::deTexto(TextoSimple(aportes.total)), importeTecleado(e.haberes), e.categoria, e.ingreso,
-                      e.egreso, e.sucursal, enteroDe(e.qHoras), importeMostrado(aportes.art100),
-                      importeMostrado(aportes.art101A), importeMostrado(aportes.art101B), importeTecleado(e.acuerdo));
+                      e.provincia, e.telefono, e.nacio, e.estCivil, e.afiliado, Moneda::deSimple(aportes.total),
+                      importeTecleado(e.haberes), e.categoria, e.ingreso, e.egreso, e.sucursal, enteroDe(e.qHoras),
+                      importeMostrado(aportes.art100), importeMostrado(aportes.art101A),
+                      importeMostrado(aportes.art101B), importeTecleado(e.acuerdo));
 }
 
 void insertar(Conexion& conexion, const ClaveDDJJ& clave, const EntradaEmpleado& entrada, const Aportes& aportes)
@@ -151,8 +163,8 @@ std::optional<FaltaEnEmpleado> revisarEmpleado(Conexion& conexion, const QString
 
 Aportes aportesDe(const EntradaEmpleado& entrada)
 {
-    return aportesDePantalla(flotanteDe(entrada.haberes), flotanteDe(entrada.acuerdo),
-                             static_cast<int>(enteroDe(entrada.qHoras)), entrada.afiliado);
+    return aportesDePantalla(flotanteDe(entrada.haberes), flotanteDe(entrada.acuerdo), horasDe(entrada.qHoras),
+                             entrada.afiliado);
 }
 
 std::optional<Aportes> guardarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const EntradaEmpleado& entrada)

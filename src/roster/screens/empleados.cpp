@@ -1,0 +1,242 @@
+#include "roster/screens/empleados.h"
+
+#include "companies/catalogos.h"
+#include "core/rutinas.h"
+#include "platform/data/formato.h"
+#include "platform/screens/estilo.h"
+#include "ui_empleados.h"
+
+#include <QKeyEvent>
+
+namespace
+{
+const QString jornadas[] = {QStringLiteral("200"), QStringLiteral("150"), QStringLiteral("100")};
+
+void llenar(QComboBox* lista, Catalogo catalogo)
+{
+    for (const EntradaDeCatalogo& entrada : leerCatalogo(Rutinas::Conexion, catalogo))
+    {
+        lista->addItem(entrada.nombre, entrada.codigo);
+    }
+}
+
+QStringList nombres(const QComboBox& lista)
+{
+    QStringList todos;
+    for (int i = 0; i < lista.count(); ++i)
+    {
+        todos.append(lista.itemText(i));
+    }
+    return todos;
+}
+} // namespace
+
+Empleados::Empleados(QWidget* padre)
+    : Pantalla(QStringLiteral("Empleados"), padre)
+    , ui(std::make_unique<Ui::Empleados>())
+{
+    ui->setupUi(this);
+    MaskCuil = {ui->MaskCuil_0, ui->MaskCuil_1, ui->MaskCuil_2};
+    txtAyN = {ui->txtAyN_0, ui->txtAyN_1, ui->txtAyN_2};
+    MaskFecha = {ui->MaskFecha_0, ui->MaskFecha_1, ui->MaskFecha_2};
+    txtImporte = {nullptr, ui->txtImporte_1, ui->txtImporte_2, ui->txtImporte_3, ui->txtImporte_4, ui->txtImporte_5};
+    armarCampos();
+    armarEventos();
+    vestir();
+}
+
+Empleados::~Empleados() = default;
+
+void Empleados::armarCampos()
+{
+    for (CampoMascara* campo : MaskCuil)
+    {
+        campo->setClase(CampoMascara::Cuit);
+    }
+    for (CampoMascara* campo : MaskFecha)
+    {
+        campo->setClase(CampoMascara::Fecha);
+        campo->setFechaConGuiones(true);
+    }
+    soloDigitos(ui->txtDocumento);
+    soloDigitos(ui->txtNumero);
+    soloDigitos(ui->cmbQHoras->lineEdit());
+    ui->cmbQHoras->setCompleter(nullptr); // "1" would become "150"
+    soloImporte(txtImporte[1]);
+    soloImporte(txtImporte[2]);
+    ui->txtAyN_0->installEventFilter(this);
+}
+
+void Empleados::armarEventos()
+{
+    int indice = 0;
+    for (auto* boton : {ui->cmdFlecha_0, ui->cmdFlecha_1, ui->cmdFlecha_2, ui->cmdFlecha_3})
+    {
+        conectar(boton, &QPushButton::clicked, [this, indice] { cmdFlecha_Click(indice); });
+        ++indice;
+    }
+    for (const auto& [boton, numero] :
+         {std::pair(ui->cmdEmpleado_0, 0), std::pair(ui->cmdEmpleado_1, 1), std::pair(ui->cmdEmpleado_2, 2),
+          std::pair(ui->cmdEmpleado_3, 3), std::pair(ui->cmdEmpleado_4, 4), std::pair(ui->cmdEmpleado_5, 5),
+          std::pair(ui->cmdEmpleado_9, 9)})
+    {
+        conectar(boton, &QPushButton::clicked, [this, numero = numero] { cmdEmpleado_Click(numero); });
+    }
+    conectar(ui->cmdSucursal, &QPushButton::clicked, &Empleados::cmdSucursal_Click);
+    alDejar(ui->MaskCuil_0, [this] { return MaskCuil_Validate(0); });
+    alDejar(ui->txtAyN_0,
+            [this]
+            {
+                txtAyN_LostFocus();
+                return true;
+            });
+    for (int i = 0; i < 3; ++i)
+    {
+        alDejar(MaskFecha[static_cast<std::size_t>(i)], [this, i] { return MaskFecha_Validate(i); });
+    }
+    alDejar(ui->cmbEstadoCivil,
+            [this]
+            {
+                cmbEstadoCivil_LostFocus();
+                return true;
+            });
+    conectar(ui->cmbQHoras, &QComboBox::activated, [this] { CalcularAportes(); });
+    alDejar(ui->cmbQHoras,
+            [this]
+            {
+                CalcularAportes();
+                return true;
+            });
+    conectar(ui->chkAfiliado_1, &QCheckBox::toggled, [this] { chkAfiliado_Click(1); });
+    conectar(ui->chkAfiliado_2, &QCheckBox::toggled, [this] { chkAfiliado_Click(2); });
+    for (const int i : {1, 2})
+    {
+        alDejar(txtImporte[static_cast<std::size_t>(i)], [this, i] { return txtImporte_Validate(i); });
+    }
+    conectar(ui->vsFamiliares, &Grilla::dejarCelda, &Empleados::vsFamiliares_LeaveCell);
+    conectar(ui->vsFamiliares, &GrillaFamiliar::seguir, &Empleados::seguirDeFamiliares);
+}
+
+void Empleados::vestir()
+{
+    Estilo::boton(ui->cmdFlecha_0, QStringLiteral("primero"));
+    Estilo::boton(ui->cmdFlecha_1, QStringLiteral("anterior"));
+    Estilo::boton(ui->cmdFlecha_2, QStringLiteral("siguiente"));
+    Estilo::boton(ui->cmdFlecha_3, QStringLiteral("ultimo"));
+    Estilo::boton(ui->cmdEmpleado_0, QStringLiteral("agregar"), true);
+    Estilo::boton(ui->cmdEmpleado_1, QStringLiteral("modificar"));
+    Estilo::boton(ui->cmdEmpleado_2, QStringLiteral("eliminar"));
+    Estilo::boton(ui->cmdEmpleado_3, QStringLiteral("aceptar"), true);
+    Estilo::boton(ui->cmdEmpleado_4, QStringLiteral("cancelar"));
+    Estilo::boton(ui->cmdEmpleado_5, QStringLiteral("buscar_empleado"));
+    Estilo::boton(ui->cmdEmpleado_9, QStringLiteral("salir"));
+    Estilo::boton(ui->cmdSucursal, QStringLiteral("sucursal"));
+    for (QWidget* campo : {ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia, txtAyN[1], txtAyN[2],
+                           ui->txtSucursal, txtImporte[3], txtImporte[4], txtImporte[5]})
+    {
+        Estilo::soloMuestra(campo);
+    }
+    Estilo::soloMuestra(MaskCuil[1]);
+    Estilo::soloMuestra(MaskCuil[2]);
+    ui->txtSucursal->setFocusPolicy(Qt::NoFocus);
+    for (std::size_t i = 1; i < txtImporte.size(); ++i)
+    {
+        Estilo::importe(txtImporte[i]);
+    }
+    Estilo::importe(ui->lblRemTotal);
+}
+
+void Empleados::cargar()
+{
+    TituloForm = windowTitle();
+    ui->txtCuit->setText(Rutinas::CuitActual);
+    ui->txtRazonSocial->setText(Rutinas::EmpresaActual);
+    ui->txtRazonSocial->setCursorPosition(0);
+    ui->txtPeriodo->setText(Formato(Rutinas::PeriodoActual, u"YYYY/MM"));
+    ui->txtSecuencia->setText(QString::number(Rutinas::SecuenciaActual));
+    cargarCatalogos();
+    HabilitarEdicion(false);
+    CargarEmpleado(AccionEmpleado::Inicio);
+    ui->SSTab1->setCurrentIndex(0);
+}
+
+void Empleados::activar()
+{
+    if (!enEdicion())
+    {
+        ui->cmdEmpleado_0->setFocus(); // where the entry of a roster begins
+    }
+}
+
+QString Empleados::empresaEnCurso() const
+{
+    return ui->txtRazonSocial->text();
+}
+
+ClaveDDJJ Empleados::clave()
+{
+    return {Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+}
+
+void Empleados::cargarCatalogos()
+{
+    llenar(ui->cmbProvincia, Catalogo::Provincias);
+    llenar(ui->cmbDocumento, Catalogo::Documentos);
+    llenar(ui->cmbCategoria, Catalogo::Categorias);
+    ui->vsFamiliares->setCatalogos(nombresDe(leerCatalogo(Rutinas::Conexion, Catalogo::Familiar)),
+                                   nombres(*ui->cmbDocumento));
+    llenar(ui->cmbEstadoCivil, Catalogo::EstadoCivil);
+    ui->cmbSexo->addItems({QStringLiteral("Femenino"), QStringLiteral("Masculino")});
+    for (const QString& horas : jornadas)
+    {
+        ui->cmbQHoras->addItem(horas);
+    }
+}
+
+bool Empleados::enEdicion() const
+{
+    return ui->cmdEmpleado_3->isEnabledTo(this);
+}
+
+void Empleados::HabilitarEdicion(bool Estado)
+{
+    // Disabling the control at work moves the focus from field to field, which nobody has left.
+    const Validacion::Pausa pausa;
+    for (QWidget* mando : std::initializer_list<QWidget*>{ui->FraEmpleado_0, ui->FraEmpleado_1, ui->vsFamiliares,
+                                                          ui->cmdEmpleado_3, ui->cmdEmpleado_4})
+    {
+        mando->setEnabled(Estado);
+    }
+    for (QWidget* mando : {ui->cmdFlecha_0, ui->cmdFlecha_1, ui->cmdFlecha_2, ui->cmdFlecha_3, ui->cmdEmpleado_0,
+                           ui->cmdEmpleado_1, ui->cmdEmpleado_2, ui->cmdEmpleado_5, ui->cmdEmpleado_9})
+    {
+        mando->setEnabled(!Estado);
+    }
+}
+
+bool Empleados::eventFilter(QObject* objeto, QEvent* evento)
+{
+    // "Modificar" leaves the page that is shown and puts the focus on the name: what is typed into it must be seen.
+    if (objeto == ui->txtAyN_0 && evento->type() == QEvent::KeyPress && !ui->txtAyN_0->isVisible())
+    {
+        const auto& tecla = *static_cast<QKeyEvent*>(evento);
+        const bool sigue = tecla.key() == Qt::Key_Tab || tecla.key() == Qt::Key_Backtab ||
+                           tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter || tecla.text().isEmpty();
+        if (!sigue)
+        {
+            ui->SSTab1->setCurrentIndex(0);
+        }
+    }
+    return Pantalla::eventFilter(objeto, evento);
+}
+
+void Empleados::keyPressEvent(QKeyEvent* evento)
+{
+    // Escape would close the dialog, and what was typed would be lost without a word.
+    if (evento->key() == Qt::Key_Escape && enEdicion())
+    {
+        evento->accept();
+        return;
+    }
+    Pantalla::keyPressEvent(evento);
+}

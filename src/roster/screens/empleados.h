@@ -1,0 +1,88 @@
+#pragma once
+
+#include "core/clave_ddjj.h"
+#include "platform/screens/pantalla.h"
+#include "roster/empleado.h"
+#include "roster/guardar_empleado.h"
+
+#include <array>
+#include <memory>
+
+class CampoMascara;
+class QLineEdit;
+namespace Ui
+{
+class Empleados;
+}
+
+/// The roster of one declaration, which the public variables name: browses its employees, enters, changes and deletes
+/// them, each with his dependants.
+class Empleados : public Pantalla
+{
+    Q_OBJECT
+public:
+    explicit Empleados(QWidget* padre = nullptr);
+    ~Empleados() override;
+
+    void cargar() override;
+    void activar() override;
+    [[nodiscard]] QString empresaEnCurso() const override;
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+
+private:
+    void armarCampos();
+    void armarEventos();
+    void vestir();
+    void cargarCatalogos();
+    [[nodiscard]] static ClaveDDJJ clave();
+    [[nodiscard]] bool enEdicion() const;
+
+    void CargarEmpleado(AccionEmpleado Accion);
+    void mostrar(const Empleado& empleado);
+    void mostrarSucursal(const std::optional<QString>& texto);
+    void cargarFamilia();
+    void HabilitarEdicion(bool Estado);
+    void LimpiarEmpleado();
+
+    void cmdFlecha_Click(int indice);
+    void cmdEmpleado_Click(int indice);
+    void agregar();
+    void modificar();
+    void eliminar();
+    void aceptar();
+    void cancelar();
+    void buscar();
+    void cmdSucursal_Click();
+
+    [[nodiscard]] bool CuilExistente();
+    [[nodiscard]] bool GrabarEmpleado();
+    [[nodiscard]] bool guardar();
+    [[nodiscard]] EntradaEmpleado entrada() const;
+    [[nodiscard]] std::vector<FilaFamiliar> familia() const;
+    void completarCeros(const std::optional<FaltaEnEmpleado>& falta);
+    void avisarFalta(const FaltaEnEmpleado& falta);
+    [[nodiscard]] QWidget* campoDe(CampoEmpleado campo) const;
+
+    void CalcularAportes();
+    void mostrarAportes(const Aportes& aportes);
+    bool MaskCuil_Validate(int indice);
+    void txtAyN_LostFocus();
+    bool MaskFecha_Validate(int indice);
+    bool txtImporte_Validate(int indice);
+    void chkAfiliado_Click(int indice);
+    void cmbEstadoCivil_LostFocus();
+    void vsFamiliares_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
+    void seguirDeFamiliares();
+
+    std::unique_ptr<Ui::Empleados> ui;
+    std::array<CampoMascara*, 3> MaskCuil{};
+    std::array<QLineEdit*, 3> txtAyN{};
+    std::array<CampoMascara*, 3> MaskFecha{};
+    std::array<QLineEdit*, 6> txtImporte{}; ///< the first is none
+
+    QString TituloForm;
+    qint64 SucursalActual = 0; ///< ID of the branch shown, 0 for none
+};

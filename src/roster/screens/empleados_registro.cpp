@@ -1,0 +1,265 @@
+// The record on the screen: loading, showing, emptying, and the commands that move between records.
+#include "roster/screens/empleados_registro.h"
+
+#include "core/rutinas.h"
+#include "platform/data/formato.h"
+#include "platform/screens/mensajes.h"
+#include "platform/screens/navegacion.h"
+#include "roster/familiares.h"
+#include "roster/screens/empleados.h"
+#include "ui_empleados.h"
+
+namespace
+{
+constexpr const char* limite = "limite";
+
+void elegir(QComboBox* lista, const std::optional<QString>& nombre)
+{
+    lista->setCurrentIndex(nombre ? lista->findText(*nombre) : -1);
+}
+
+QString dosDecimales(Moneda importe)
+{
+    return Formato(importe, u"0.00");
+}
+
+AccionEmpleado accionDeFlecha(int indice)
+{
+    constexpr AccionEmpleado acciones[] = {AccionEmpleado::Primero, AccionEmpleado::Anterior, AccionEmpleado::Siguiente,
+                                           AccionEmpleado::Ultimo};
+    return acciones[indice];
+}
+} // namespace
+
+void ponerEntero(QLineEdit* campo, const QString& texto)
+{
+    if (!campo->property(limite).isValid())
+    {
+        campo->setProperty(limite, campo->maxLength());
+    }
+    campo->setMaxLength(std::max(campo->property(limite).toInt(), static_cast<int>(texto.size())));
+    campo->setText(texto);
+    campo->setCursorPosition(0);
+}
+
+void Empleados::CargarEmpleado(AccionEmpleado Accion)
+{
+    const auto empleado = cargarEmpleado(Rutinas::Conexion, clave(), Accion, MaskCuil[0]->text());
+    if (empleado)
+    {
+        mostrar(*empleado);
+    }
+    else if (Accion == AccionEmpleado::Anterior)
+    {
+        MsgBox(QStringLiteral("Se encuentra posicionado en el Primer Registro."), Caja::Informacion);
+    }
+    else if (Accion == AccionEmpleado::Siguiente)
+    {
+        MsgBox(QStringLiteral("Se encuentra posicionado en el Ultimo Registro."), Caja::Informacion);
+    }
+    else
+    {
+        LimpiarEmpleado();
+    }
+}
+
+void Empleados::mostrar(const Empleado& empleado)
+{
+    for (std::size_t i = 0; i < MaskCuil.size(); ++i)
+    {
+        MaskCuil[i]->setText(empleado.cuil);
+        ponerEntero(txtAyN[i], empleado.ayn);
+    }
+    elegir(ui->cmbDocumento, empleado.documento);
+    elegir(ui->cmbProvincia, empleado.provincia);
+    elegir(ui->cmbEstadoCivil, empleado.estadoCivil);
+    elegir(ui->cmbCategoria, empleado.categoria);
+    ponerEntero(ui->txtDocumento, QString::number(empleado.nroDoc));
+    ponerEntero(ui->txtNumero, QString::number(empleado.numero));
+    ui->cmbQHoras->setCurrentText(QString::number(empleado.qHoras));
+    ui->cmbSexo->setCurrentIndex(empleado.sexo.value_or(-1));
+    ponerEntero(ui->txtCalle, empleado.calle);
+    ponerEntero(ui->txtPiso, empleado.piso);
+    ponerEntero(ui->txtDepto, empleado.depto);
+    ponerEntero(ui->txtLocalidad, empleado.localidad);
+    ponerEntero(ui->txtCodPos, empleado.codPos);
+    ponerEntero(ui->txtTelefono, empleado.telefono);
+    MaskFecha[0]->setFecha(empleado.nacio);
+    MaskFecha[1]->setFecha(empleado.ingreso);
+    MaskFecha[2]->setFecha(empleado.egreso);
+    ui->chkAfiliado_1->setChecked(empleado.afiliado);
+    ui->chkAfiliado_2->setChecked(empleado.afiliado);
+    SucursalActual = empleado.sucursal;
+    ui->lblRemTotal->setText(dosDecimales(empleado.imponible + empleado.acuerdo));
+    ponerEntero(txtImporte[1], dosDecimales(empleado.imponible));
+    ponerEntero(txtImporte[2], dosDecimales(empleado.acuerdo));
+    ponerEntero(txtImporte[3], dosDecimales(empleado.art100));
+    ponerEntero(txtImporte[4], dosDecimales(empleado.art101A));
+    ponerEntero(txtImporte[5], dosDecimales(empleado.art101B));
+    mostrarSucursal(SucursalActual == 0 ? QString()
+                                        : textoSucursal(Rutinas::Conexion, SucursalActual, ui->txtCuit->text()));
+    cargarFamilia();
+}
+
+void Empleados::mostrarSucursal(const std::optional<QString>& texto)
+{
+    if (!texto)
+    {
+        MsgBox(QStringLiteral("ERROR - SUCURSAL INEXISTENTE!!!"), Caja::Exclamacion);
+    }
+    ui->txtSucursal->setText(texto.value_or(QString()));
+    ui->txtSucursal->setCursorPosition(0);
+}
+
+void Empleados::cargarFamilia()
+{
+    std::vector<std::vector<QVariant>> filas;
+    for (const FilaFamiliar& uno : cargarFamiliares(Rutinas::Conexion, MaskCuil[0]->text()))
+    {
+        filas.push_back(
+            {uno.familiar, uno.tipoDoc, uno.nroDoc ? QVariant(*uno.nroDoc) : QVariant(), uno.ayn, uno.sexo, uno.nacio});
+    }
+    ui->vsFamiliares->cargar(std::move(filas));
+}
+
+void Empleados::LimpiarEmpleado()
+{
+    for (std::size_t i = 0; i < MaskCuil.size(); ++i)
+    {
+        MaskCuil[i]->limpiar();
+        MaskFecha[i]->limpiar();
+        ponerEntero(txtAyN[i], QString());
+    }
+    for (QComboBox* lista : {ui->cmbDocumento, ui->cmbSexo, ui->cmbProvincia, ui->cmbEstadoCivil, ui->cmbCategoria})
+    {
+        lista->setCurrentIndex(-1);
+    }
+    for (QLineEdit* campo : {ui->txtDocumento, ui->txtCalle, ui->txtNumero, ui->txtPiso, ui->txtDepto, ui->txtLocalidad,
+                             ui->txtCodPos, ui->txtTelefono, ui->txtSucursal})
+    {
+        ponerEntero(campo, QString());
+    }
+    ui->cmbQHoras->setCurrentText(QStringLiteral("200"));
+    SucursalActual = 0;
+    ui->chkAfiliado_1->setChecked(true); // a new employee starts as a member
+    ui->chkAfiliado_2->setChecked(true);
+    ui->lblRemTotal->clear();
+    for (std::size_t i = 1; i < txtImporte.size(); ++i)
+    {
+        ponerEntero(txtImporte[i], QString());
+    }
+    ui->vsFamiliares->cargar({});
+}
+
+void Empleados::cmdFlecha_Click(int indice)
+{
+    CargarEmpleado(accionDeFlecha(indice));
+}
+
+void Empleados::cmdEmpleado_Click(int indice)
+{
+    switch (indice)
+    {
+    case 0:
+        agregar();
+        break;
+    case 1:
+        modificar();
+        break;
+    case 2:
+        eliminar();
+        break;
+    case 3:
+        aceptar();
+        break;
+    case 4:
+        cancelar();
+        break;
+    case 5:
+        buscar();
+        break;
+    default:
+        cerrar();
+    }
+}
+
+void Empleados::agregar()
+{
+    HabilitarEdicion(true);
+    LimpiarEmpleado();
+    setWindowTitle(TituloForm + QStringLiteral(" / INGRESO"));
+    ui->vsFamiliares->setFilas(1);
+    ui->vsFamiliares->irALaUltima();
+    ui->SSTab1->setCurrentIndex(0);
+    MaskCuil[0]->setEnabled(true);
+    MaskCuil[0]->setFocus();
+}
+
+void Empleados::modificar()
+{
+    if (MaskCuil[0]->vacio())
+    {
+        return;
+    }
+    HabilitarEdicion(true);
+    setWindowTitle(TituloForm + QStringLiteral(" / MODIFICACION"));
+    MaskCuil[0]->setEnabled(false); // which tells the save that this is no new employee
+    ui->vsFamiliares->setFilas(ui->vsFamiliares->filas() + 1);
+    ui->vsFamiliares->irALaUltima();
+    txtAyN[0]->setFocus();
+}
+
+void Empleados::eliminar()
+{
+    if (MaskCuil[0]->vacio() || !Preguntar(QStringLiteral("Esta seguro de desea ELIMINAR este EMPLEADO?")))
+    {
+        return;
+    }
+    eliminarEmpleado(Rutinas::Conexion, clave(), MaskCuil[0]->text());
+    MsgBox(QStringLiteral("EL EMPLEADO HA SIDO ELIMINADO DE LA ACTUAL DECLARACION JURADA."), Caja::Informacion);
+    LimpiarEmpleado();
+}
+
+void Empleados::aceptar()
+{
+    if (GrabarEmpleado())
+    {
+        HabilitarEdicion(false);
+        setWindowTitle(TituloForm);
+        ui->cmdEmpleado_0->setFocus();
+    }
+}
+
+void Empleados::cancelar()
+{
+    if (Preguntar(QStringLiteral("Esta seguro de desea Cancelar los Datos Ingresados?")))
+    {
+        LimpiarEmpleado();
+        HabilitarEdicion(false);
+        ui->cmdEmpleado_0->setFocus();
+    }
+}
+
+void Empleados::buscar()
+{
+    Rutinas::CuilElegido.clear();
+    Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpleado"));
+    if (!Rutinas::CuilElegido.isEmpty())
+    {
+        MaskCuil[0]->setText(Rutinas::CuilElegido);
+        CargarEmpleado(AccionEmpleado::Buscado);
+    }
+}
+
+void Empleados::cmdSucursal_Click()
+{
+    Rutinas::SucursalElegida = 0;
+    Rutinas::CuitActual = ui->txtCuit->text();
+    Rutinas::EmpresaActual = ui->txtRazonSocial->text();
+    Navegacion::instancia().mostrarModal(QStringLiteral("BuscarSucursal"));
+    if (Rutinas::SucursalElegida != 0)
+    {
+        SucursalActual = Rutinas::SucursalElegida;
+        mostrarSucursal(textoSucursal(Rutinas::Conexion, SucursalActual));
+    }
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/screens/grilla.h"
+
+/// The grid of an employee's dependants: relation, document type and number, name, sex and birth date. Down and Insert
+/// on its last row add one once that row has its relation, Delete removes the current one. Tab, and Enter on an empty
+/// last row, lead out of it forwards, where the screen goes on.
+class GrillaFamiliar : public Grilla
+{
+    Q_OBJECT
+public:
+    explicit GrillaFamiliar(QWidget* padre = nullptr);
+
+    /// The entries of the two lists that come from the database.
+    void setCatalogos(const QStringList& familiares, const QStringList& documentos);
+    /// Nothing that would be stored stands in the row: no relation, number, name or birth date.
+    [[nodiscard]] bool enBlanco(int fila) const;
+    /// Makes the first cell of the last row, the one for a new dependant, the current one.
+    void irALaUltima();
+
+    enum Columna
+    {
+        Familiar = 1,
+        Tipo,
+        Documento,
+        AyN,
+        Sexo,
+        Nacio,
+    };
+
+Q_SIGNALS:
+    /// The user goes on past the last cell.
+    void seguir();
+
+protected:
+    bool focusNextPrevChild(bool siguiente) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+};
