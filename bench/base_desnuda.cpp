@@ -11,6 +11,7 @@ desnuda::Base::Base(const std::string& ruta)
     detalle::registrarEspanol(m_base);
     ejecutar("PRAGMA journal_mode=DELETE");
     ejecutar("PRAGMA synchronous=FULL");
+    ejecutar("PRAGMA cache_size=-32768");
     ejecutar("SELECT count(*) FROM sqlite_schema"); // the schema is read at opening, as the program does
 }
 
