@@ -26,11 +26,8 @@ bool Reposo::eventFilter(QObject* objeto, QEvent* evento)
     {
         return false;
     }
-    if (evento->type() != QEvent::Timer)
-    {
-        ++m_eventos;
-    }
-    else if (const auto* reloj = qobject_cast<const QTimer*>(objeto); reloj != nullptr && reloj->interval() == 0)
+    const auto* reloj = evento->type() == QEvent::Timer ? qobject_cast<const QTimer*>(objeto) : nullptr;
+    if (evento->type() != QEvent::Timer || (reloj != nullptr && reloj->interval() == 0))
     {
         ++m_eventos;
     }
