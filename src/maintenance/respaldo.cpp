@@ -60,9 +60,8 @@ QString carpetaDeCopia(const QString& programa, const QDateTime& cuando)
     return programa + QDir::separator() + QStringLiteral("Copias") + QDir::separator() + nombre;
 }
 
-QString resguardar(const QString& origen, const QString& carpeta)
+QString prepararCopia(const QString& carpeta)
 {
-    const Candado solo(rutaDelCandado(origen), Candado::Modo::Exclusivo);
     try
     {
         Archivos::crearCarpeta(carpeta);
@@ -75,9 +74,13 @@ QString resguardar(const QString& origen, const QString& carpeta)
             throw;
         }
     }
-    QString destino = carpeta + QDir::separator() + nombreBase;
+    return carpeta + QDir::separator() + nombreBase;
+}
+
+void resguardar(const QString& origen, const QString& destino)
+{
+    const Candado solo(rutaDelCandado(origen), Candado::Modo::Exclusivo);
     copiarComprobada(origen, destino);
-    return destino;
 }
 
 FallaDeRestauracion revisarRestauracion(const QString& origen, const QString& destino)

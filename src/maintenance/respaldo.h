@@ -18,10 +18,13 @@ void anotarCopia(Conexion& conexion, const QString& destino, const QDateTime& cu
 /// The folder of a backup made at `cuando`: one a minute, under Copias.
 [[nodiscard]] QString carpetaDeCopia(const QString& programa, const QDateTime& cuando);
 
-/// Copies the closed database `origen` to the folder, made if it is not there, as DBBrivo.mdb; gives the copy's path.
-/// The copy is whole and checked, or is not there. No other copy of the program may have the database open: throws
-/// ErrorDeEjecucion 70. 76 when Copias is missing.
-QString resguardar(const QString& origen, const QString& carpeta);
+/// Makes the folder of a backup; that of this minute may be there already. Gives the path of the copy to be made in it.
+/// Throws ErrorDeEjecucion: 76 when Copias is missing, 75 when the folder cannot be made.
+[[nodiscard]] QString prepararCopia(const QString& carpeta);
+
+/// Copies the closed database `origen` to `destino`, which becomes a whole and checked copy or stays as it was. No
+/// other copy of the program may have the database open: throws ErrorDeEjecucion 70.
+void resguardar(const QString& origen, const QString& destino);
 
 enum class FallaDeRestauracion
 {

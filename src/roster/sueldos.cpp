@@ -34,7 +34,7 @@ bool actualizarFila(Sentencia& leer, Sentencia& escribir, const ClaveDDJJ& clave
     const Recordset guardada = leer.consultar(clave.cuit, clave.periodo, clave.secuencia, nueva.cuil);
     if (guardada.vacio())
     {
-        throw ErrorDeEjecucion(3021,
+        throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro,
                                QStringLiteral("El Empleado %1 ya no está en la Declaración Jurada.").arg(nueva.cuil));
     }
     const Fila fila = guardada.primera();

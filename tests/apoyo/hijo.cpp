@@ -61,9 +61,14 @@ QString hijo::ruta()
     return qEnvironmentVariable(variable);
 }
 
-void hijo::listoYEsperar(const QString& dicho)
+void hijo::listo(const QString& dicho)
 {
     std::cout << marca.constData() << dicho.toStdString() << std::endl;
+}
+
+void hijo::listoYEsperar(const QString& dicho)
+{
+    listo(dicho);
     std::string linea;
     std::getline(std::cin, linea);
 }

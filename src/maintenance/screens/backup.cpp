@@ -91,9 +91,10 @@ void Backup::resguardarBase()
 {
     Rutinas::CerrarBase();
     CarpetaCopia = carpetaDeCopia(DirectorioPrograma(), Reloj::Ahora());
+    ui->txtDestino_0->setText(prepararCopia(CarpetaCopia));
     {
         const TrabajoLargo trabajo(QStringLiteral("Copiando la base de datos"));
-        ui->txtDestino_0->setText(resguardar(ui->txtOrigen_0->text(), CarpetaCopia));
+        resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text());
     }
     Rutinas::AbrirBase();
     anotarCopia(Rutinas::Conexion, ui->txtDestino_0->text(), Reloj::Ahora());

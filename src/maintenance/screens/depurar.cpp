@@ -18,8 +18,6 @@ Depurar::Depurar(QWidget* padre)
     ui->setupUi(this);
     ui->MaskCuit->setClase(CampoMascara::Cuit);
     ui->vsDDJJ->setColumnas({{ColumnaDeGrilla::Fija, QStringLiteral("Periodo"), -1}});
-    soloDigitos(ui->txtAnio);
-    soloDigitos(ui->txtMes);
     Estilo::advertencia(ui->Label3);
     Estilo::boton(ui->cmdEliminar, QStringLiteral("depurar"), true);
     m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa, {{}, [this] { CargarPeriodos(); }}, this);

@@ -8,6 +8,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 Version::Version(QWidget* padre)
     : Pantalla(QStringLiteral("Version"), padre)
@@ -36,6 +37,10 @@ void Version::cargar()
 
 bool Version::eventFilter(QObject* objeto, QEvent* evento)
 {
+    if (objeto != ui->lblLink)
+    {
+        return Pantalla::eventFilter(objeto, evento);
+    }
     switch (evento->type())
     {
     case QEvent::MouseMove:
@@ -46,7 +51,11 @@ bool Version::eventFilter(QObject* objeto, QEvent* evento)
         colorDelEnlace(false);
         break;
     case QEvent::MouseButtonRelease:
-        protegido([this] { lblLink_Click(); });
+        if (const auto* raton = static_cast<QMouseEvent*>(evento);
+            raton->button() == Qt::LeftButton && ui->lblLink->rect().contains(raton->position().toPoint()))
+        {
+            protegido([this] { lblLink_Click(); });
+        }
         break;
     case QEvent::KeyPress:
         if (const int tecla = static_cast<QKeyEvent*>(evento)->key(); tecla == Qt::Key_Return || tecla == Qt::Key_Space)

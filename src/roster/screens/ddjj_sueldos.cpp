@@ -114,18 +114,30 @@ void DDJJ_Sueldos::grabar()
         const TrabajoLargo trabajo(QStringLiteral("Actualizando los sueldos"));
         cantidad = actualizarSueldos(Rutinas::Conexion, m_clave, filas);
     }
-    // The screen shows what was saved: an amount goes to the database with seven significant digits.
-    for (int fila = 1; fila <= ui->vsSueldos->filas(); ++fila)
-    {
-        const FilaSueldo& guardada = filas[static_cast<std::size_t>(fila - 1)];
-        ui->vsSueldos->setValor(columnaSueldo, fila, QVariant::fromValue(guardada.sueldo));
-        ui->vsSueldos->setValor(columnaAcuerdo, fila, QVariant::fromValue(guardada.acuerdo));
-    }
+    mostrarGuardadas(filas);
     ui->vsSueldos->setCambiada(false);
     MsgBox(cantidad > 0
                ? textoActualizaciones(cantidad)
                : QStringLiteral("Verifique las modificaciones realizadas.  No se ha Actualizado ningún Registro."),
            Caja::Informacion);
+}
+
+/// An amount goes to the database with seven significant digits, and an empty cell as 0.
+void DDJJ_Sueldos::mostrarGuardadas(const std::vector<FilaSueldo>& filas)
+{
+    const auto mostrar = [this](int columna, int fila, Moneda importe)
+    {
+        if (ui->vsSueldos->celdaVacia(columna, fila) || ui->vsSueldos->importe(columna, fila) != importe)
+        {
+            ui->vsSueldos->setValor(columna, fila, QVariant::fromValue(importe));
+        }
+    };
+    for (int fila = 1; fila <= ui->vsSueldos->filas(); ++fila)
+    {
+        const FilaSueldo& guardada = filas[static_cast<std::size_t>(fila - 1)];
+        mostrar(columnaSueldo, fila, guardada.sueldo);
+        mostrar(columnaAcuerdo, fila, guardada.acuerdo);
+    }
 }
 
 void DDJJ_Sueldos::cmdCancelar_Click()

@@ -4,7 +4,9 @@
 #include "platform/screens/pantalla.h"
 
 #include <memory>
+#include <vector>
 
+struct FilaSueldo;
 namespace Ui
 {
 class DDJJ_Sueldos;
@@ -28,6 +30,7 @@ private:
     void cmdCancelar_Click();
     void cmdSalir_Click();
     void grabar();
+    void mostrarGuardadas(const std::vector<FilaSueldo>& filas);
 
     std::unique_ptr<Ui::DDJJ_Sueldos> ui;
     ClaveDDJJ m_clave;
