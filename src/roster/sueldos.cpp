@@ -2,8 +2,10 @@
 
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
 #include "roster/aportes.h"
+
+#include <optional>
+#include <string>
 
 namespace
 {
@@ -22,34 +24,53 @@ Moneda acuerdoMostrado(const Fila& fila)
     return Moneda::deFlotante(double{flotante(fila.moneda("Acuerdo") + fila.moneda("Acuerdo2"))}).redondeada(2);
 }
 
-/// How a 32-bit float reaches the database: by its text of at most seven significant digits.
-Moneda comoTexto(float valor)
+/// A row as the database has it.
+struct Guardada
 {
-    return Moneda::deTexto(TextoSimple(valor));
+    Moneda sueldo;
+    Moneda acuerdo;
+    std::optional<qint64> horas;
+    bool afiliado = false;
+};
+
+std::optional<Guardada> leerFila(Sentencia& leer, std::string_view cuit, const ClaveDDJJ& clave, std::string_view cuil)
+{
+    std::optional<Guardada> guardada;
+    leer.recorrer(
+        [&](const Fila& fila) {
+            guardada = {sueldoMostrado(fila), acuerdoMostrado(fila), fila.enteroONulo("QHoras"), fila.si("Afiliado")};
+        },
+        cuit, clave.periodo, clave.secuencia, cuil);
+    return guardada;
 }
 
 /// Writes a row if it changed; true when it did.
-bool actualizarFila(Sentencia& leer, Sentencia& escribir, const ClaveDDJJ& clave, FilaSueldo& nueva)
+bool actualizarFila(Sentencia& leer, Sentencia& escribir, std::string_view cuit, const ClaveDDJJ& clave,
+                    FilaSueldo& nueva)
 {
-    const Recordset guardada = leer.consultar(clave.cuit, clave.periodo, clave.secuencia, nueva.cuil);
-    if (guardada.vacio())
+    const QByteArray utf8 = nueva.cuil.toUtf8();
+    const std::string_view cuil(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+    const std::optional<Guardada> guardada = leerFila(leer, cuit, clave, cuil);
+    if (!guardada)
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro,
                                QStringLiteral("El Empleado %1 ya no está en la Declaración Jurada.").arg(nueva.cuil));
     }
-    const Fila fila = guardada.primera();
-    if (sueldoMostrado(fila) == nueva.sueldo && acuerdoMostrado(fila) == nueva.acuerdo)
+    if (guardada->sueldo == nueva.sueldo && guardada->acuerdo == nueva.acuerdo)
     {
         return false;
     }
+    if (!guardada->horas)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::UsoDeNull, QStringLiteral("QHoras"));
+    }
     const float sueldo = flotante(nueva.sueldo);
     const float acuerdo = flotante(nueva.acuerdo);
-    const Aportes aportes =
-        aportesEnLote(sueldo, acuerdo, static_cast<int>(fila.entero("QHoras")), fila.si("Afiliado"));
-    nueva.sueldo = comoTexto(sueldo);
-    nueva.acuerdo = comoTexto(acuerdo);
-    escribir.ejecutar(nueva.sueldo, comoTexto(aportes.art100), comoTexto(aportes.art101A), comoTexto(aportes.art101B),
-                      nueva.acuerdo, clave.cuit, clave.periodo, clave.secuencia, nueva.cuil);
+    const Aportes aportes = aportesEnLote(sueldo, acuerdo, static_cast<int>(*guardada->horas), guardada->afiliado);
+    nueva.sueldo = Moneda::deSimple(sueldo);
+    nueva.acuerdo = Moneda::deSimple(acuerdo);
+    escribir.ejecutar(nueva.sueldo, Moneda::deSimple(aportes.art100), Moneda::deSimple(aportes.art101A),
+                      Moneda::deSimple(aportes.art101B), nueva.acuerdo, cuit, clave.periodo, clave.secuencia, cuil);
     return true;
 }
 } // namespace
@@ -80,10 +101,11 @@ int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<Fi
     Sentencia escribir = conexion.preparar("UPDATE DDJJ_Empleados SET Imponible = ?, ART100 = ?, ART101A = ?, "
                                            "ART101B = ?, Acuerdo = ?, Acuerdo2 = 0 "
                                            "WHERE CUIT = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?");
+    const std::string cuit = clave.cuit.toStdString();
     int cantidad = 0;
     for (FilaSueldo& fila : guardadas)
     {
-        cantidad += actualizarFila(leer, escribir, clave, fila) ? 1 : 0;
+        cantidad += actualizarFila(leer, escribir, cuit, clave, fila) ? 1 : 0;
     }
     transaccion.confirmar();
     filas = std::move(guardadas);

@@ -6,6 +6,7 @@
 #include "maintenance/screens/version.h"
 #include "platform/screens/dialogos.h"
 #include "platform/screens/navegacion.h"
+#include "platform/screens/pantalla.h"
 
 #include <QLabel>
 #include <QTest>
@@ -66,6 +67,9 @@ TEST_F(Avisos, ElEnlaceSePintaDeRojoAlPasarYSeAbreAlPulsar)
     QCoreApplication::sendEvent(mesa.menu.get(), &cambio);
     Entrada::asentar();
     EXPECT_EQ(QStringLiteral("Sistema Altoverde: Nueva Versión disponible"), Mesa::titulo());
+    const QWidget& ventana = *Mesa::actual()->parentWidget();
+    EXPECT_TRUE(ventana.windowFlags() & Qt::WindowCloseButtonHint);
+    EXPECT_FALSE(ventana.windowFlags() & Qt::WindowMinMaxButtonsHint);
     QWidget& enlace = Mesa::control("lblLink");
     EXPECT_TRUE(enlace.isVisible());
     EXPECT_EQ(QColor(0, 0, 255), color());

@@ -66,7 +66,6 @@ void BuscarDDJJ::llenarLista()
 void BuscarDDJJ::mostrarAdvertencia()
 {
     const bool hay = hayNomina(Rutinas::Conexion, destino());
-    ui->lblRecuerde->setVisible(hay);
     ui->lblRecuerde->setText(hay ? QStringLiteral("Recuerde que la Declaración Jurada del Periodo: ") +
                                        ui->txtPeriodo_0->text() + QStringLiteral(" - ") + ui->txtSecuencia_0->text() +
                                        QStringLiteral("  tiene Empleados ingresados.  Los mismos serán eliminados con "

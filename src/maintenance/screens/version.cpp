@@ -15,6 +15,8 @@ Version::Version(QWidget* padre)
     , ui(std::make_unique<Ui::Version>())
 {
     ui->setupUi(this);
+    setWindowFlags(Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowCloseButtonHint);
     ui->Image1->setPixmap(Estilo::iconoDelPrograma().pixmap(96, 96));
     rotuloDePrograma(ui->Label1);
     ui->lblLink->setText(QString::fromUtf8(configuracion::enlaceVersion));

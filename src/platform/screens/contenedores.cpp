@@ -18,10 +18,18 @@ void devolverFoco(const QPointer<QWidget>& inicial)
         inicial->setFocus();
     }
 }
+
+/// A screen that customizes its window keeps its own buttons: without those to minimize and maximize, say.
+Qt::WindowFlags marco(const Pantalla& pantalla)
+{
+    return pantalla.windowFlags().testFlag(Qt::CustomizeWindowHint) ? Qt::SubWindow | pantalla.windowFlags()
+                                                                    : Qt::WindowFlags();
+}
 } // namespace
 
 VentanaHija::VentanaHija(Pantalla* pantalla)
-    : m_pantalla(pantalla)
+    : QMdiSubWindow(nullptr, marco(*pantalla))
+    , m_pantalla(pantalla)
 {
     const QPointer<QWidget> inicial = pantalla->focusWidget();
     setAttribute(Qt::WA_DeleteOnClose);

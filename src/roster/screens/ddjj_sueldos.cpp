@@ -25,7 +25,7 @@ DDJJ_Sueldos::DDJJ_Sueldos(QWidget* padre)
     ui->vsSueldos->setColumnas({
         {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("C.U.I.L."), .ancho = 120},
         {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Apellido y Nombre"), .ancho = -1},
-        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Categoría"), .ancho = 160},
+        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Categoría"), .ancho = 220},
         {.clase = ColumnaDeGrilla::Decimal, .titulo = QStringLiteral("Sueldo"), .ancho = 120, .maximo = importeMaximo},
         {.clase = ColumnaDeGrilla::Decimal, .titulo = QStringLiteral("Acuerdo"), .ancho = 120, .maximo = importeMaximo},
     });
