@@ -14,6 +14,20 @@ AportesDeBoleta sumar(Conexion& conexion, const ClaveDDJJ& clave, int secuencia)
     const Fila fila = sumas.primera();
     return {fila.moneda("Sum100"), fila.moneda("Sum101A"), fila.moneda("Sum101B"), false};
 }
+
+/// A number of more than four decimals, cut so that it rounds to two as the whole of it: what follows the third decimal
+/// only tells whether there is something.
+QString conCuatroDecimales(const QString& texto)
+{
+    const qsizetype tercero = texto.lastIndexOf(QLatin1Char(',')) + 4;
+    if (tercero < 4 || texto.size() <= tercero)
+    {
+        return texto;
+    }
+    const QString resto = texto.mid(tercero);
+    const bool esCero = resto.count(QLatin1Char('0')) == resto.size();
+    return texto.left(tercero) + QLatin1Char(esCero ? '0' : '1');
+}
 } // namespace
 
 AportesDeBoleta calcularAportesDeBoleta(Conexion& conexion, const ClaveDDJJ& clave)
@@ -34,7 +48,7 @@ AportesDeBoleta calcularAportesDeBoleta(Conexion& conexion, const ClaveDDJJ& cla
 
 Moneda importeDeCampo(const QString& texto)
 {
-    return Moneda::deTexto(texto).redondeada(2);
+    return Moneda::deTexto(conCuatroDecimales(texto)).redondeada(2);
 }
 
 QString importeSinSigno(const QString& texto)

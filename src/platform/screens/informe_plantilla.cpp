@@ -52,8 +52,8 @@ public:
 private:
     [[noreturn]] void fallar(const QString& causa) const
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
-                               QStringLiteral("el informe %1 no es válido, línea %2: %3")
+        throw ErrorDeEjecucion(int{ErrorDeEjecucion::NoCoincidenTipos},
+                               QStringLiteral("El informe %1 no es válido, línea %2: %3")
                                    .arg(m_nombre)
                                    .arg(m_xml.lineNumber())
                                    .arg(causa));
@@ -115,7 +115,7 @@ private:
         }
         else if (nombre == QLatin1String("section"))
         {
-            m_plantilla.bandas.push_back({{}, interior().toStdString(), {}, {}});
+            seccion();
         }
         else if (nombre == QLatin1String("table"))
         {
@@ -148,10 +148,22 @@ private:
         m_plantilla.consultas.push_back(std::move(consulta));
     }
 
+    void seccion()
+    {
+        constexpr double puntosPorMilimetro = 72 / 25.4;
+        BandaDeInforme banda;
+        banda.filas = atributo("filas");
+        banda.alto = atributo("alto").toDouble() * puntosPorMilimetro;
+        banda.junto = lista("class").contains(QLatin1String("junto"));
+        banda.html = interior().toStdString();
+        m_plantilla.bandas.push_back(std::move(banda));
+    }
+
     /// The row is what stands between <tbody> and </tbody>; what stands before is repeated on each page.
     void tabla()
     {
         BandaDeInforme banda;
+        banda.tabla = true;
         banda.filas = atributo("filas");
         QString atributos;
         for (const QXmlStreamAttribute& a : m_xml.attributes())
@@ -285,9 +297,23 @@ kainjow::mustache::data DatosDeInforme::objeto() const
     data objeto{data::type::object};
     for (const ValorDeInforme& valor : valores)
     {
-        objeto.set(valor.nombre.toStdString(), data(textoDeValor(valor).toStdString()));
+        const std::string texto = textoDeValor(valor).toStdString();
+        objeto.set(valor.nombre.toStdString(), data(texto));
+        objeto.set("hay" + valor.nombre.toStdString(), data(!texto.empty()));
+        objeto.set("no" + valor.nombre.toStdString(), data(texto.empty()));
     }
     return objeto;
+}
+
+kainjow::mustache::data FilasDeInforme::objeto(std::size_t numero, kainjow::mustache::data base) const
+{
+    using kainjow::mustache::data;
+    const std::vector<std::string>& fila = filas[numero];
+    for (std::size_t c = 0; c < fila.size(); ++c)
+    {
+        base.set(columnas[c], condicion[c] ? data(!fila[c].empty()) : data(fila[c]));
+    }
+    return base;
 }
 
 QString textoDeValor(const ValorDeInforme& valor)
@@ -307,8 +333,8 @@ std::string rellenar(const std::string& trozo, const kainjow::mustache::data& da
     kainjow::mustache::mustache plantilla(trozo);
     if (!plantilla.is_valid())
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
-                               QStringLiteral("el informe no es válido: ") +
+        throw ErrorDeEjecucion(int{ErrorDeEjecucion::NoCoincidenTipos},
+                               QStringLiteral("El informe no es válido: ") +
                                    QString::fromStdString(plantilla.error_message()));
     }
     return plantilla.render(datos);

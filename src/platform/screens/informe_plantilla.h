@@ -22,13 +22,15 @@
 ///   </head><body>
 ///     <header>...</header>                            drawn at the top of every page
 ///     <section>...</section>                          never cut; as many as wanted
+///     <section filas="Talones" alto="95">...</section> one for each row of the set, at least 95 mm high
 ///     <table filas="Empleados"><thead>...</thead><tbody>one row of the set</tbody></table>
 ///     <footer>... {{Pagina}} / {{Paginas}}</footer>   drawn at the foot of every page
 ///   </body></html>
 ///
-/// Tags are the report's named values; inside a table's body the columns of its row set as well. A row set can also be
-/// walked inside a section by {{#Name}}...{{/Name}}. Everything is escaped. A table's head stands again on each page,
-/// and no row is cut. A section or a row whose class is "junto" is kept on the page of what follows it.
+/// Tags are the report's named values; in a table's body and in a section with "filas", the columns of the row set (in
+/// such a section, both). A row set can also be walked inside a section by {{#Name}}...{{/Name}}. {{#hayName}} and
+/// {{#noName}} tell whether a value or a row set holds anything. Everything is escaped. A table's head stands again on
+/// each page, and no row is cut. A section or a row (<tr class="junto">) is kept on the page of what follows it.
 struct ConsultaDeInforme
 {
     QString nombre;
@@ -40,10 +42,13 @@ struct ConsultaDeInforme
 
 struct BandaDeInforme
 {
-    QString filas;        ///< name of the row set of a table; empty for a section
+    bool tabla = false;   ///< else a section
+    QString filas;        ///< name of the row set; a section may have none
     std::string html;     ///< a section whole; the body of one row of a table
     std::string apertura; ///< a table's tag and head, before its first row
     std::string cierre;   ///< after its last row
+    double alto = 0;      ///< of a section, at least; points
+    bool junto = false;   ///< a section that stays on the page of what follows it
 };
 
 struct PlantillaDeInforme
@@ -67,6 +72,9 @@ struct FilasDeInforme
     std::vector<std::string> columnas;
     std::vector<bool> condicion; ///< by column
     std::vector<std::vector<std::string>> filas;
+
+    /// `base` with the columns of row `numero`, from 0, as Mustache data.
+    [[nodiscard]] kainjow::mustache::data objeto(std::size_t numero, kainjow::mustache::data base) const;
 };
 
 /// What fills a layout.

@@ -337,8 +337,15 @@ void VistaDeInforme::configurarPagina()
     QPageLayout pagina = m_hojas->paginas().pagina();
     if (PedirPagina(pagina))
     {
-        const TrabajoLargo trabajo(QStringLiteral("Preparando el informe"));
-        m_hojas->paginas().setPagina(pagina);
+        try
+        {
+            TrabajoLargo trabajo(QStringLiteral("Preparando el informe"));
+            m_hojas->paginas().setPagina(pagina, trabajo.aviso());
+        }
+        catch (const ErrorDeEjecucion& error)
+        {
+            MsgBox(error.descripcion());
+        }
         m_hojas->rehacer();
     }
 }

@@ -39,6 +39,14 @@ QString sinMascara(const QString& texto)
     return texto.startsWith(QLatin1String("$ ")) ? importeSinSigno(texto) : texto;
 }
 
+/// As wide as this text, with a field's own frame.
+void ajustarAncho(QLineEdit* campo, const QString& muestra)
+{
+    constexpr int marco = 28; // pixels
+    campo->ensurePolished();
+    campo->setFixedWidth(campo->fontMetrics().horizontalAdvance(muestra) + marco);
+}
+
 QString textoDeImporte(Moneda importe)
 {
     return importe.textoPlano().replace(QLatin1Char('.'), QLatin1Char(','));
@@ -93,9 +101,29 @@ void Boletas::armarCampos()
     {
         Estilo::soloMuestra(campo);
     }
+    ajustarAnchos();
     Estilo::boton(ui->cmdBoletas, QStringLiteral("boleta"), true);
     Estilo::boton(ui->cmdBuscar, QStringLiteral("buscar"));
     Estilo::boton(ui->cmdEliminar, QStringLiteral("eliminar"));
+}
+
+/// All amounts in one column at the right, the short fields only as wide as what they hold.
+void Boletas::ajustarAnchos()
+{
+    for (QLineEdit* campo : {ui->txtArt100, ui->txtArt101A, ui->txtArt101B, ui->txtImporte, txtInteres[0],
+                             txtInteres[1], txtInteres[2], txtTotal[0], txtTotal[1], txtTotal[2]})
+    {
+        ajustarAncho(campo, QStringLiteral("$ 9.999.999.999,99"));
+    }
+    for (QLineEdit* campo : {ui->txtAnio_0, ui->txtAnio_1, ui->txtActa})
+    {
+        ajustarAncho(campo, QStringLiteral("999999"));
+    }
+    for (QLineEdit* campo : {ui->txtMes_0, ui->txtMes_1, ui->txtSecuencia_0, ui->txtSecuencia_1, ui->txtCuota,
+                             txtDias[0], txtDias[1], txtDias[2]})
+    {
+        ajustarAncho(campo, QStringLiteral("999"));
+    }
 }
 
 void Boletas::armarEventos()
@@ -121,24 +149,29 @@ int Boletas::tipo() const
 
 void Boletas::cargar()
 {
+    // One place and size for the three, also while none of them shows.
+    QSize lugar;
     for (QGroupBox* marco : {ui->fraPeriodo_0, ui->fraPeriodo_1, ui->fraPeriodo_2})
     {
+        lugar = lugar.expandedTo(marco->sizeHint());
         marco->hide();
     }
+    ui->marcos->setMinimumSize(lugar);
     if (IsFont(fuenteDeBarras))
     {
         FuenteInstalada = true;
+        m_fuentes = Fuentes::enUso(); // another screen or a preview may have brought it, and may close first
     }
-    else
+    else if (auto agregada = Fuentes::agregar(Rutinas::RutaApp + QStringLiteral("PF_I2OF5.ttf")))
     {
-        // A font that cannot be added shows nothing: the slip then prints without its bars.
-        m_fuenteAgregada = Fuentes::agregar(Rutinas::RutaApp + QStringLiteral("PF_I2OF5.ttf"));
+        m_fuentes = {std::move(agregada)};
     }
+    // A font that cannot be added shows nothing: the slip then prints without its bars.
 }
 
 bool Boletas::descargar()
 {
-    m_fuenteAgregada.reset();
+    m_fuentes.clear();
     return true;
 }
 

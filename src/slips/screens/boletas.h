@@ -8,6 +8,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 class QLineEdit;
 namespace Ui
@@ -36,6 +37,7 @@ protected:
 
 private:
     void armarCampos();
+    void ajustarAnchos();
     void armarEventos();
     void prepararDeclaracion();
     [[nodiscard]] bool prepararActa();
@@ -78,5 +80,5 @@ private:
     Moneda ImporteTotal;
     qint32 PagoElegido = 0;
     bool FuenteInstalada = false;
-    std::shared_ptr<Fuentes::Agregada> m_fuenteAgregada;
+    std::vector<std::shared_ptr<Fuentes::Agregada>> m_fuentes; ///< kept for its slips
 };

@@ -1,5 +1,6 @@
 // Issuing a slip: the second half of the screen Boletas.
 #include "core/rutinas.h"
+#include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
 #include "platform/data/reloj.h"
 #include "platform/screens/informe.h"
@@ -117,7 +118,12 @@ Boleta Boletas::boleta() const
     b.tipo = static_cast<TipoBoleta>(tipo());
     b.cuit = ui->txtCuit->text();
     b.declaracion = {b.cuit, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
-    b.fecha = LeerFecha(ui->MaskFecha->text()).value_or(QDate());
+    const std::optional<QDate> fecha = LeerFecha(ui->MaskFecha->text());
+    if (!fecha)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, ui->MaskFecha->text());
+    }
+    b.fecha = *fecha;
     b.art100 = m_aportes.art100;
     b.art101A = m_aportes.art101A;
     b.art101B = m_aportes.art101B;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QPointF>
+#include <QString>
+#include <memory>
+#include <string>
+
+class QFont;
+class QFontMetricsF;
+class QPaintDevice;
+class QPainter;
+class QTextDocument;
+
+/// The laid-out pieces of text that a report's pages are made of. Measures are points, 1/72 inch.
+namespace DocumentoDeInforme
+{
+/// What all pieces of one report share.
+struct Hoja
+{
+    QString estilo;   ///< style sheet
+    QString carpeta;  ///< where its pictures lie; nothing else is loaded
+    double ancho = 0; ///< of the lines
+};
+
+/// Lays a piece of HTML out in fine units, so that glyphs stand where they will be printed, whatever the screen.
+[[nodiscard]] std::unique_ptr<QTextDocument> hacer(const std::string& html, const Hoja& hoja);
+[[nodiscard]] double alto(const QTextDocument& documento);
+/// Paints what lies between `desde` and `hasta` of the piece, with its left upper corner at `en`.
+void pintar(QPainter& pintor, const QTextDocument& documento, QPointF en, double desde, double hasta);
+
+/// What documents are measured for, and the metrics of a font on it.
+[[nodiscard]] QPaintDevice* papel();
+[[nodiscard]] QFontMetricsF medidas(const QFont& letra);
+} // namespace DocumentoDeInforme
