@@ -20,27 +20,6 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace
-{
-class PantallaFugaz : public Pantalla
-{
-public:
-    PantallaFugaz(const QString& nombre, std::function<void()> haz)
-        : Pantalla(nombre)
-        , m_haz(std::move(haz))
-    {
-    }
-    void cargar() override
-    {
-        m_haz();
-        cerrar();
-    }
-
-private:
-    std::function<void()> m_haz;
-};
-} // namespace
-
 MesaDDJJ::MesaDDJJ()
 {
     Reloj::reemplazar([] { return QDateTime(QDate(2009, 6, 3), QTime(10, 0)); });
@@ -53,10 +32,6 @@ MesaDDJJ::MesaDDJJ()
 
 MesaDDJJ::~MesaDDJJ()
 {
-    for (const QString& nombre : m_fugaces)
-    {
-        Navegacion::instancia().registrar(nombre, [] { return nullptr; });
-    }
     menu.reset();
     Entrada::asentar();
     reemplazarFinDelProceso({});
@@ -203,11 +178,4 @@ QByteArray MesaDDJJ::leerArchivo(const QString& nombre) const
     QFile archivo(base.ruta(nombre));
     EXPECT_TRUE(archivo.open(QIODevice::ReadOnly)) << nombre.toStdString();
     return archivo.readAll();
-}
-
-void MesaDDJJ::registrarFugaz(const QString& nombre, std::function<void()> haz)
-{
-    m_fugaces.append(nombre);
-    Navegacion::instancia().registrar(nombre,
-                                      [nombre, haz = std::move(haz)] { return new PantallaFugaz(nombre, haz); });
 }

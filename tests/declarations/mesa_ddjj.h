@@ -2,6 +2,7 @@
 
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
+#include "apoyo/pantallas_fugaces.h"
 #include "core/screens/mdi_menu_ppal.h"
 #include "platform/screens/pantalla.h"
 
@@ -61,10 +62,8 @@ public:
     [[nodiscard]] QString escribirArchivo(const QString& nombre, const QByteArray& contenido) const;
     [[nodiscard]] QByteArray leerArchivo(const QString& nombre) const;
 
-    /// Registers a screen that does `haz` when it is opened and closes at once.
-    void registrarFugaz(const QString& nombre, std::function<void()> haz);
+    PantallasFugaces fugaces;
 
 private:
-    QStringList m_fugaces;
     [[nodiscard]] static QWidget* buscar(const char* nombre);
 };

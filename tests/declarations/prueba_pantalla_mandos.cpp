@@ -70,15 +70,15 @@ TEST_F(MandosDDJJ, SinDeclaracionCallan)
 TEST_F(MandosDDJJ, LaNominaSeAbreSobreLaDeclaracionYAlVolverSeSuma)
 {
     abrirYElegir();
-    mesa.registrarFugaz(QStringLiteral("Empleados"),
-                        [&]
-                        {
-                            EXPECT_EQ(cuitUno, Rutinas::CuitActual);
-                            EXPECT_EQ(QStringLiteral("Del Norte"), Rutinas::EmpresaActual);
-                            EXPECT_EQ(mayo, Rutinas::PeriodoActual);
-                            EXPECT_EQ(1, Rutinas::SecuenciaActual);
-                            agregarEmpleado(c, clave, {.imponible = "12,5"});
-                        });
+    mesa.fugaces.registrar(QStringLiteral("Empleados"),
+                           [&]
+                           {
+                               EXPECT_EQ(cuitUno, Rutinas::CuitActual);
+                               EXPECT_EQ(QStringLiteral("Del Norte"), Rutinas::EmpresaActual);
+                               EXPECT_EQ(mayo, Rutinas::PeriodoActual);
+                               EXPECT_EQ(1, Rutinas::SecuenciaActual);
+                               agregarEmpleado(c, clave, {.imponible = "12,5"});
+                           });
     mesa.pulsar("cmdNomina");
     EXPECT_EQ(QStringLiteral("$ 12,50"), mesa.texto("txtImporte(0)"));
 }
@@ -123,7 +123,7 @@ TEST_F(MandosDDJJ, ImportarNecesitaPeriodoYArchivo)
     }
     mesa.pulsarFila(1);
     Rutinas::TextoDevuelto = QStringLiteral("de antes");
-    mesa.registrarFugaz(QStringLiteral("Importar"), [] {});
+    mesa.fugaces.registrar(QStringLiteral("Importar"), [] {});
     mesa.pulsar("cmdImportar"); // cancelled: no box
     EXPECT_EQ(0, contar(c, "DDJJ_Empleados"));
 }
@@ -133,12 +133,12 @@ TEST_F(MandosDDJJ, ImportaYMuestraLosTotales)
     const QByteArray linea = QByteArray("20123456786PEREZ JUAN").leftJustified(41) + " 02" + QByteArray(13, ' ') +
                              "001" + QByteArray(9, ' ') + "    1200,00" + "    1000,00";
     const QString archivo = mesa.escribirArchivo(QStringLiteral("nomina.txt"), linea + "\r\n");
-    mesa.registrarFugaz(QStringLiteral("Importar"),
-                        [&]
-                        {
-                            Rutinas::TextoDevuelto = archivo;
-                            Rutinas::FormatoImportar = 0;
-                        });
+    mesa.fugaces.registrar(QStringLiteral("Importar"),
+                           [&]
+                           {
+                               Rutinas::TextoDevuelto = archivo;
+                               Rutinas::FormatoImportar = 0;
+                           });
     abrirYElegir();
     mesa.cajas.espera(Caja::Exclamacion, QStringLiteral("Se han ingresado 1 Registros Titulares.  Por favor, "
                                                         "complete los datos faltantes."));
@@ -155,7 +155,7 @@ TEST_F(MandosDDJJ, ImportaYMuestraLosTotales)
 TEST_F(MandosDDJJ, UnaImportacionFallidaDejaElArchivoAbiertoYElPunteroOcupado)
 {
     const QString archivo = mesa.escribirArchivo(QStringLiteral("mala.txt"), "20123456786PEREZ JUAN\r\n");
-    mesa.registrarFugaz(QStringLiteral("Importar"), [&] { Rutinas::TextoDevuelto = archivo; });
+    mesa.fugaces.registrar(QStringLiteral("Importar"), [&] { Rutinas::TextoDevuelto = archivo; });
     abrirYElegir();
     mesa.cajas.esperaQueDiga(Caja::Simple, QStringLiteral("13 - "));
     mesa.pulsar("cmdImportar");

@@ -22,24 +22,6 @@
 
 namespace
 {
-class PantallaFugaz : public Pantalla
-{
-public:
-    PantallaFugaz(const QString& nombre, std::function<void()> haz)
-        : Pantalla(nombre)
-        , m_haz(std::move(haz))
-    {
-    }
-    void cargar() override
-    {
-        m_haz();
-        cerrar();
-    }
-
-private:
-    std::function<void()> m_haz;
-};
-
 const QString tituloDeLaPantalla = QStringLiteral("B.R.I.V.O. Zona Sauce - Nómina de Empleados");
 } // namespace
 
@@ -243,12 +225,6 @@ QString MesaEmpleados::guardado(const char* columna, const QString& cuil) const
 qint64 MesaEmpleados::contar(const char* sql) const
 {
     return conexion().consultar(std::string("SELECT count(*) AS n FROM ") + sql).primera().entero("n");
-}
-
-void MesaEmpleados::registrarFugaz(const QString& nombre, std::function<void()> haz)
-{
-    Navegacion::instancia().registrar(nombre,
-                                      [nombre, haz = std::move(haz)] { return new PantallaFugaz(nombre, haz); });
 }
 
 QString cuilDe(int documento)

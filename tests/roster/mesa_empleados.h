@@ -2,9 +2,9 @@
 
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
+#include "apoyo/pantallas_fugaces.h"
 
 #include <QStringList>
-#include <functional>
 #include <memory>
 #include <stdexcept>
 
@@ -65,8 +65,7 @@ public:
     /// One value of a roster row, as text; empty for a Null.
     [[nodiscard]] QString guardado(const char* columna, const QString& cuil) const;
     [[nodiscard]] qint64 contar(const char* sql) const;
-    /// Registers a screen that does `haz` when it is opened and closes at once.
-    static void registrarFugaz(const QString& nombre, std::function<void()> haz);
+    PantallasFugaces fugaces;
 
 private:
     [[nodiscard]] QWidget* buscar(const char* nombre) const;

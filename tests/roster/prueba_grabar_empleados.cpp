@@ -19,6 +19,15 @@ class GrabarEmpleados : public testing::Test
 {
 protected:
     void enNomina(const EmpleadoDePrueba& empleado) { agregar(mesa.conexion(), empleado); }
+    void modificarUnoConFamilia()
+    {
+        EmpleadoDePrueba empleado;
+        empleado.cuil = cuil;
+        enNomina(empleado);
+        mesa.conexion().ejecutar("INSERT INTO Empleados_Familiares VALUES (?, 1, 'Ana', 1, 1, 0, '1975-05-06')", cuil);
+        mesa.abrir();
+        mesa.pulsar("cmdEmpleado(1)");
+    }
     /// Presses "Aceptar" from another page than `pagina`; a box comes, and the user is sent there.
     void esperaFalta(Caja clase, const QString& texto, const QString& titulo, int pagina, const char* foco)
     {
@@ -52,8 +61,8 @@ protected:
 TEST_F(GrabarEmpleados, RevisaEnOrdenYLlevaALoQueFalta)
 {
     const qint64 sucursal = agregar(mesa.conexion(), SucursalDePrueba());
-    MesaEmpleados::registrarFugaz(QStringLiteral("BuscarSucursal"),
-                                  [&] { Rutinas::SucursalElegida = static_cast<qint32>(sucursal); });
+    mesa.fugaces.registrar(QStringLiteral("BuscarSucursal"),
+                           [&] { Rutinas::SucursalElegida = static_cast<qint32>(sucursal); });
     mesa.abrir();
     mesa.pulsar("cmdEmpleado(0)");
 
@@ -117,12 +126,7 @@ TEST_F(GrabarEmpleados, UnCuilQueOtroPuestoCargoMientrasTanto)
 
 TEST_F(GrabarEmpleados, UnEmpleadoQueOtroPuestoBorroMientrasSeModificaba)
 {
-    EmpleadoDePrueba empleado;
-    empleado.cuil = cuil;
-    enNomina(empleado);
-    mesa.conexion().ejecutar("INSERT INTO Empleados_Familiares VALUES (?, 1, 'Ana', 1, 1, 0, '1975-05-06')", cuil);
-    mesa.abrir();
-    mesa.pulsar("cmdEmpleado(1)");
+    modificarUnoConFamilia();
     mesa.tecla(Qt::Key_End);
     mesa.teclear(QStringLiteral(" cambiado"));
     mesa.familia().borrarFila(1);
@@ -139,11 +143,7 @@ TEST_F(GrabarEmpleados, UnEmpleadoQueOtroPuestoBorroMientrasSeModificaba)
 
 TEST_F(GrabarEmpleados, UnaBaseOcupadaSeDiceYNoPierdeLoEscrito)
 {
-    EmpleadoDePrueba empleado;
-    empleado.cuil = cuil;
-    enNomina(empleado);
-    mesa.abrir();
-    mesa.pulsar("cmdEmpleado(1)");
+    modificarUnoConFamilia();
     mesa.teclear(QStringLiteral("X"));
     mesa.conexion().ejecutar("CREATE TRIGGER t BEFORE UPDATE ON DDJJ_Empleados BEGIN SELECT RAISE(ABORT, 'roto'); END");
     mesa.cajas.esperaQueDiga(Caja::Simple, QStringLiteral("roto"));
@@ -219,12 +219,7 @@ TEST_F(GrabarEmpleados, ModificarSinTocarNadaNoCambiaSinoLoPrevisto)
 
 TEST_F(GrabarEmpleados, LaFamiliaIncompletaDeshaceTodo)
 {
-    EmpleadoDePrueba empleado;
-    empleado.cuil = cuil;
-    enNomina(empleado);
-    mesa.conexion().ejecutar("INSERT INTO Empleados_Familiares VALUES (?, 1, 'Ana', 1, 1, 0, '1975-05-06')", cuil);
-    mesa.abrir();
-    mesa.pulsar("cmdEmpleado(1)");
+    modificarUnoConFamilia();
     mesa.teclear(QStringLiteral("X"));
     const QStringList completo = {QStringLiteral("Hijo"), QStringLiteral("DNI"),   QStringLiteral("12345678"),
                                   QStringLiteral("Luis"), QStringLiteral("Masc."), QStringLiteral("31/01/05")};

@@ -68,8 +68,8 @@ struct Ficha
 TEST_F(IngresoEmpleados, DiezEmpleadosSinTocarElRaton)
 {
     const qint64 sucursal = agregar(mesa.conexion(), SucursalDePrueba());
-    MesaEmpleados::registrarFugaz(QStringLiteral("BuscarSucursal"),
-                                  [&] { Rutinas::SucursalElegida = static_cast<qint32>(sucursal); });
+    mesa.fugaces.registrar(QStringLiteral("BuscarSucursal"),
+                           [&] { Rutinas::SucursalElegida = static_cast<qint32>(sucursal); });
     // "d" finds DNI, "m" Masculino, "b" Buenos Aires, "s" Soltero/a; the document number is proposed by the CUIL.
     const Ficha fichas[] = {
         {"Perez Juan\nd\n\nm\n150370\nSan Martin\n45\n\n\nAvellaneda\n1870\nb\n4201\ns\n", "\n",

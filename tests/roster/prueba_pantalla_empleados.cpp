@@ -268,12 +268,12 @@ TEST_F(PantallaEmpleados, BuscarTraeAlElegido)
     enNomina(22222222);
     mesa.abrir();
     QString elegido = cuilDe(22222222);
-    MesaEmpleados::registrarFugaz(QStringLiteral("BuscarEmpleado"),
-                                  [&]
-                                  {
-                                      EXPECT_EQ(QString(), Rutinas::CuilElegido);
-                                      Rutinas::CuilElegido = elegido;
-                                  });
+    mesa.fugaces.registrar(QStringLiteral("BuscarEmpleado"),
+                           [&]
+                           {
+                               EXPECT_EQ(QString(), Rutinas::CuilElegido);
+                               Rutinas::CuilElegido = elegido;
+                           });
     mesa.pulsar("cmdEmpleado(5)");
     EXPECT_EQ(cuilDe(22222222), mesa.texto("MaskCuil(0)"));
     EXPECT_EQ(QStringLiteral("Pérez Juan"), mesa.texto("txtAyN(2)"));
@@ -294,13 +294,13 @@ TEST_F(PantallaEmpleados, SucursalMuestraLaElegida)
     mesa.pulsar("cmdEmpleado(0)");
     mesa.irAPagina(2);
     qint32 elegida = static_cast<qint32>(sucursal);
-    MesaEmpleados::registrarFugaz(QStringLiteral("BuscarSucursal"),
-                                  [&]
-                                  {
-                                      EXPECT_EQ(0, Rutinas::SucursalElegida);
-                                      EXPECT_EQ(dePrueba::cuit, Rutinas::CuitActual);
-                                      Rutinas::SucursalElegida = elegida;
-                                  });
+    mesa.fugaces.registrar(QStringLiteral("BuscarSucursal"),
+                           [&]
+                           {
+                               EXPECT_EQ(0, Rutinas::SucursalElegida);
+                               EXPECT_EQ(dePrueba::cuit, Rutinas::CuitActual);
+                               Rutinas::SucursalElegida = elegida;
+                           });
     mesa.pulsar("cmdSucursal");
     EXPECT_EQ(QStringLiteral("1 - Belgrano 45 - Avellaneda"), mesa.texto("txtSucursal"));
     EXPECT_EQ(QStringLiteral("cmdSucursal"), mesa.foco());
