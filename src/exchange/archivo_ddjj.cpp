@@ -27,7 +27,7 @@ constexpr Campo camposEmpresa[] = {
 };
 
 constexpr Campo camposResponsable[] = {
-    {Campo::Texto, "AyN", 40}, {Campo::Texto, "Domicilio", 30}, {Campo::Texto, "Localidad", 15},
+    {Campo::Texto, "AyN", 40},     {Campo::Texto, "Domicilio", 30}, {Campo::Texto, "Localidad", 15},
     {Campo::Numero, "TipoDoc", 1}, {Campo::Numero, "NroDoc", 8},
 };
 

@@ -1,7 +1,7 @@
 #include "core/rutinas.h"
 #include "core/screens/eleccion_empresa.h"
-#include "declarations/lista_ddjj.h"
 #include "declarations/copia_ddjj.h"
+#include "declarations/lista_ddjj.h"
 #include "declarations/screens/ddjj.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/campo_mascara.h"

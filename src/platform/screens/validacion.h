@@ -82,7 +82,7 @@ private:
     std::vector<QPointer<QWidget>> m_enChequeo; ///< fields whose check is running, the innermost last
     QPointer<QWidget> m_paso;                   ///< passed its check just now; its loss of focus checks nothing
     QString m_pasoTexto;
-    QPointer<QWidget> m_recienLlegado;          ///< got the focus within the event at work
+    QPointer<QWidget> m_recienLlegado; ///< got the focus within the event at work
     bool m_volviendo = false;
     const QEvent* m_tabPropio = nullptr;
     QPointer<QObject> m_tragadoEn; ///< window whose press was swallowed; its release goes the same way
