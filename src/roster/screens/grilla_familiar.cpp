@@ -18,8 +18,8 @@ GrillaFamiliar::GrillaFamiliar(QWidget* padre)
     : Grilla(padre)
 {
     const QStringList sexos{QStringLiteral("Fem."), QStringLiteral("Masc.")};
-    setColumnas({{ColumnaDeGrilla::Lista, QStringLiteral("Familiar"), 148},
-                 {ColumnaDeGrilla::Lista, QStringLiteral("Tipo"), 90},
+    setColumnas({{ColumnaDeGrilla::Lista, QStringLiteral("Familiar"), 168},
+                 {ColumnaDeGrilla::Lista, QStringLiteral("Tipo"), 148},
                  {ColumnaDeGrilla::Entero, QStringLiteral("Documento"), 90, documentoMaximo},
                  {ColumnaDeGrilla::Texto, QStringLiteral("Apellido y Nombre"), -1, largoDelNombre},
                  {ColumnaDeGrilla::Lista, QStringLiteral("Sexo"), 68, 0, sexos},
