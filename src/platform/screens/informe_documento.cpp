@@ -58,7 +58,10 @@ std::unique_ptr<QTextDocument> DocumentoDeInforme::hacer(const std::string& html
     documento->documentLayout()->setPaintDevice(&referencia());
     documento->setUndoRedoEnabled(false);
     documento->setDocumentMargin(0);
-    documento->setDefaultFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    // Each letter by itself: a ligature would be found by nobody who looks for the name in the PDF.
+    QFont letra(QStringLiteral("DejaVu Sans"), 9);
+    letra.setStyleStrategy(QFont::PreferNoShaping);
+    documento->setDefaultFont(letra);
     documento->setDefaultStyleSheet(hoja.estilo);
     documento->setHtml(QString::fromStdString(html));
     documento->setTextWidth(hoja.ancho / escala);

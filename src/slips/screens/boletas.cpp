@@ -204,6 +204,22 @@ void Boletas::activar()
     ui->MaskFecha->setFecha(Reloj::Hoy());
     CalcularAportes();
     Q_EMIT Navegacion::instancia().cambioDePantalla();
+    ponerFoco();
+}
+
+/// On the first field that the kind lets the user enter, unless he is in one.
+void Boletas::ponerFoco()
+{
+    const QWidget* actual = focusWidget();
+    if (actual == nullptr || !actual->isVisible() || !actual->isEnabled())
+    {
+        QWidget* primero = ui->MaskFecha;
+        if (ui->fraTipo->isEnabled())
+        {
+            primero = ui->cmbConcepto;
+        }
+        primero->setFocus();
+    }
 }
 
 void Boletas::prepararDeclaracion()

@@ -43,6 +43,7 @@ private:
     [[nodiscard]] bool prepararActa();
     [[nodiscard]] bool elegirEmpresaDeActa();
     void mostrarMarco(int tipo);
+    void ponerFoco();
     void CargarEmpresa();
     void CalcularAportes();
     void CalcularTotal();
