@@ -10,6 +10,8 @@
 #include "roster/sueldos.h"
 #include "ui_ddjj_sueldos.h"
 
+#include <QKeyEvent>
+
 namespace
 {
 constexpr qint64 importeMaximo = 9'999'999; // and 99 cents
@@ -53,6 +55,16 @@ void DDJJ_Sueldos::cargar()
     ui->txtPeriodo->setText(Formato(m_clave.periodo, u"YYYY/MM"));
     ui->txtSecuencia->setText(QString::number(m_clave.secuencia));
     CargarSueldos();
+}
+
+void DDJJ_Sueldos::keyPressEvent(QKeyEvent* evento)
+{
+    if (evento->key() == Qt::Key_Escape && ui->vsSueldos->cambiada())
+    {
+        evento->accept();
+        return;
+    }
+    Pantalla::keyPressEvent(evento);
 }
 
 void DDJJ_Sueldos::CargarSueldos()

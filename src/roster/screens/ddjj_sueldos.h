@@ -23,6 +23,10 @@ public:
 
     void cargar() override;
 
+protected:
+    /// Escape gives up a cell and no more: a second one must not close the screen over what was typed.
+    void keyPressEvent(QKeyEvent* evento) override;
+
 private:
     void CargarSueldos();
     void vsSueldos_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
