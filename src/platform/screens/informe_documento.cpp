@@ -40,11 +40,18 @@ protected:
         const QString archivo = nombre.toString();
         const bool alLado = !archivo.contains(QLatin1Char('/')) && !archivo.contains(QLatin1Char('\\')) &&
                             !archivo.contains(QLatin1Char(':'));
-        if (tipo != ImageResource || !alLado)
+        if (tipo != ImageResource)
         {
             return {};
         }
-        return QImage(m_carpeta + QLatin1Char('/') + archivo);
+        QImage imagen;
+        if (!alLado || !imagen.load(m_carpeta + QLatin1Char('/') + archivo))
+        {
+            // For no picture at all the document would look for a file of that name by itself.
+            imagen = QImage(1, 1, QImage::Format_ARGB32);
+            imagen.fill(Qt::transparent);
+        }
+        return imagen;
     }
 
 private:
