@@ -136,7 +136,12 @@ AltosDeFilas::AltosDeFilas(std::string tabla, std::string cierre, DocumentoDeInf
     , m_cierre(std::move(cierre))
     , m_hoja(std::move(hoja))
 {
-    m_cabeza = m_tabla.find("<thead") == std::string::npos ? 0 : DocumentoDeInforme::alto(*documento({}));
+    m_tablaMuda = desarmar(m_tabla).etiquetas;
+    if (m_tabla.find("<thead") != std::string::npos)
+    {
+        m_cabeza = DocumentoDeInforme::alto(*documento({}));
+        m_cabezaDeSuelta = DocumentoDeInforme::alto(*suelta({}));
+    }
 }
 
 AltosDeFilas::~AltosDeFilas() = default;
@@ -146,6 +151,11 @@ AltosDeFilas& AltosDeFilas::operator=(AltosDeFilas&&) noexcept = default;
 std::unique_ptr<QTextDocument> AltosDeFilas::documento(const std::string& filas) const
 {
     return DocumentoDeInforme::hacer(m_tabla + "<tbody>" + filas + "</tbody>" + m_cierre, m_hoja);
+}
+
+std::unique_ptr<QTextDocument> AltosDeFilas::suelta(const std::string& fila) const
+{
+    return DocumentoDeInforme::hacer(m_tablaMuda + "<tbody>" + fila + "</tbody>" + m_cierre, m_hoja);
 }
 
 AltosDeFilas::Alto AltosDeFilas::de(const std::string& fila)
@@ -173,7 +183,7 @@ AltosDeFilas::Alto AltosDeFilas::de(const std::string& fila)
     }
     if (!alto.regular)
     {
-        alto.puntos = DocumentoDeInforme::alto(*documento(fila)) - m_cabeza;
+        alto.puntos = DocumentoDeInforme::alto(*suelta(fila)) - m_cabezaDeSuelta;
     }
     return alto;
 }

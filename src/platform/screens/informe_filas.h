@@ -28,12 +28,14 @@ public:
     AltosDeFilas(AltosDeFilas&&) noexcept;
     AltosDeFilas& operator=(AltosDeFilas&&) noexcept;
 
-    /// Height of the head, in points.
-    [[nodiscard]] double cabeza() const { return m_cabeza; }
     /// Of a row of HTML.
     [[nodiscard]] Alto de(const std::string& fila);
-    /// The table with these rows.
+    /// The table with these rows, and the height of its head in points.
     [[nodiscard]] std::unique_ptr<QTextDocument> documento(const std::string& filas) const;
+    [[nodiscard]] double cabeza() const { return m_cabeza; }
+    /// A row that does not keep to the columns, under a head without words, which that row cannot make higher.
+    [[nodiscard]] std::unique_ptr<QTextDocument> suelta(const std::string& fila) const;
+    [[nodiscard]] double cabezaDeSuelta() const { return m_cabezaDeSuelta; }
 
 private:
     class Letra;
@@ -66,8 +68,10 @@ private:
 
     std::string m_tabla;
     std::string m_cierre;
+    std::string m_tablaMuda; ///< its head without words
     DocumentoDeInforme::Hoja m_hoja;
     double m_cabeza = 0;
+    double m_cabezaDeSuelta = 0;
     std::map<std::string, Forma> m_formas; ///< by the row's tags
     std::map<QString, std::unique_ptr<Letra>> m_letras;
 };

@@ -4,6 +4,7 @@
 
 #include <QTextDocument>
 #include <algorithm>
+#include <tuple>
 
 using kainjow::mustache::data;
 
@@ -98,31 +99,35 @@ std::string PaginasDeInforme::htmlDeFila(std::size_t banda, std::size_t fila) co
     return m_formas[banda].render(filas == nullptr ? base : filas->objeto(fila, base));
 }
 
-const QTextDocument& PaginasDeInforme::dibujo(std::size_t banda, std::size_t primera, std::size_t cuantas) const
+const QTextDocument& PaginasDeInforme::dibujo(const Pieza& pieza) const
 {
-    const auto hecho =
-        std::find_if(m_recientes.begin(), m_recientes.end(),
-                     [&](const Dibujo& d) { return d.banda == banda && d.primera == primera && d.cuantas == cuantas; });
+    const auto hecho = std::find_if(m_recientes.begin(), m_recientes.end(),
+                                    [&](const Dibujo& otro)
+                                    {
+                                        return std::tie(otro.pieza.banda, otro.pieza.primera, otro.pieza.cuantas) ==
+                                               std::tie(pieza.banda, pieza.primera, pieza.cuantas);
+                                    });
     if (hecho != m_recientes.end())
     {
         m_recientes.splice(m_recientes.begin(), m_recientes, hecho);
         return *m_recientes.front().documento;
     }
     std::unique_ptr<QTextDocument> documento;
-    if (m_plantilla.bandas[banda].tabla)
+    if (m_plantilla.bandas[pieza.banda].tabla)
     {
         std::string filas;
-        for (std::size_t fila = primera; fila < primera + cuantas; ++fila)
+        for (std::size_t fila = pieza.primera; fila < pieza.primera + pieza.cuantas; ++fila)
         {
-            filas += htmlDeFila(banda, fila);
+            filas += htmlDeFila(pieza.banda, fila);
         }
-        documento = m_altos.at(banda).documento(filas);
+        const AltosDeFilas& altos = m_altos.at(pieza.banda);
+        documento = pieza.suelta ? altos.suelta(filas) : altos.documento(filas);
     }
     else
     {
-        documento = DocumentoDeInforme::hacer(htmlDeFila(banda, primera), hoja());
+        documento = DocumentoDeInforme::hacer(htmlDeFila(pieza.banda, pieza.primera), hoja());
     }
-    m_recientes.push_front({banda, primera, cuantas, std::move(documento)});
+    m_recientes.push_front({pieza, std::move(documento)});
     if (m_recientes.size() > dibujosRecordados)
     {
         m_recientes.pop_back();
@@ -176,7 +181,7 @@ void PaginasDeInforme::compaginar(const std::function<void(qint64, qint64)>& avi
 
 double PaginasDeInforme::altoDeSeccion(std::size_t banda, std::size_t fila) const
 {
-    const double alto = DocumentoDeInforme::alto(dibujo(banda, fila, 0));
+    const double alto = DocumentoDeInforme::alto(dibujo({.banda = banda, .primera = fila}));
     return alto <= 0 ? 0 : std::max(alto, m_plantilla.bandas[banda].alto);
 }
 
@@ -223,7 +228,7 @@ void PaginasDeInforme::ponerSeccion(std::size_t banda, std::size_t fila)
     {
         const bool entra = m_y + alto - desde <= m_fin + holgura;
         const double hasta = entra ? alto : desde + m_fin - m_y;
-        m_hojas.back().push_back({banda, fila, 0, desde, hasta, m_y});
+        m_hojas.back().push_back({banda, fila, 0, false, desde, hasta, m_y});
         m_y += hasta - desde;
         desde = hasta;
         if (desde < alto)
@@ -251,12 +256,17 @@ void PaginasDeInforme::ponerTabla(std::size_t banda, const std::function<void(qi
             conCabeza = false;
             seguido = false;
         }
+        if (!conCabeza)
+        {
+            m_hojas.back().push_back({banda, fila, 0, false, 0, altos.cabeza(), m_y});
+            m_y += altos.cabeza();
+            conCabeza = true;
+            seguido = actual.regular; // they go together with their head
+        }
         if (!seguido || !actual.regular)
         {
-            const double cabeza = conCabeza ? 0 : altos.cabeza();
-            m_hojas.back().push_back({banda, fila, 0, altos.cabeza() - cabeza, altos.cabeza(), m_y});
-            m_y += cabeza;
-            conCabeza = true;
+            const double desde = actual.regular ? altos.cabeza() : altos.cabezaDeSuelta();
+            m_hojas.back().push_back({banda, fila, 0, !actual.regular, desde, desde, m_y});
         }
         Pieza& pieza = m_hojas.back().back();
         ++pieza.cuantas;
@@ -290,8 +300,8 @@ void PaginasDeInforme::pintar(QPainter& pintor, int hoja) const
     const QRectF caja = area();
     for (const Pieza& pieza : m_hojas[static_cast<std::size_t>(hoja)])
     {
-        DocumentoDeInforme::pintar(pintor, dibujo(pieza.banda, pieza.primera, pieza.cuantas),
-                                   QPointF(caja.left(), caja.top() + pieza.y), pieza.desde, pieza.hasta);
+        DocumentoDeInforme::pintar(pintor, dibujo(pieza), QPointF(caja.left(), caja.top() + pieza.y), pieza.desde,
+                                   pieza.hasta);
     }
     const auto cabeza = dePagina(m_plantilla.encabezado, hoja + 1, cantidad());
     DocumentoDeInforme::pintar(pintor, *cabeza, caja.topLeft(), 0, DocumentoDeInforme::alto(*cabeza));

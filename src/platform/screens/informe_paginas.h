@@ -38,16 +38,15 @@ private:
         std::size_t banda = 0;
         std::size_t primera = 0; ///< row of the band's set
         std::size_t cuantas = 0;
-        double desde = 0; ///< part of its drawing, from top
+        bool suelta = false; ///< a row that does not keep to the columns
+        double desde = 0;    ///< part of its drawing, from top
         double hasta = 0;
         double y = 0; ///< where it goes on the page
     };
     using Hoja = std::vector<Pieza>;
     struct Dibujo
     {
-        std::size_t banda;
-        std::size_t primera;
-        std::size_t cuantas;
+        Pieza pieza;
         std::unique_ptr<QTextDocument> documento;
     };
 
@@ -64,7 +63,8 @@ private:
     [[nodiscard]] double altoDeSeccion(std::size_t banda, std::size_t fila) const;
     /// What the band needs to begin on a page.
     [[nodiscard]] double comienzo(std::size_t banda) const;
-    [[nodiscard]] const QTextDocument& dibujo(std::size_t banda, std::size_t primera, std::size_t cuantas) const;
+    /// The laid-out text of which a piece shows a part.
+    [[nodiscard]] const QTextDocument& dibujo(const Pieza& pieza) const;
     [[nodiscard]] std::unique_ptr<QTextDocument> dePagina(const std::string& html, int hoja, int hojas) const;
     [[nodiscard]] QRectF area() const;
     [[nodiscard]] DocumentoDeInforme::Hoja hoja() const;
