@@ -55,10 +55,11 @@ void prepararIncompletos(Conexion& conexion, const ClaveDDJJ& clave, qint64 indi
         {
             if (incompleto(fila))
             {
+                // Dates go over as they are stored.
                 insertar.ejecutar(indice, fila.utf8("AyN"), fila.utf8("Cuil"), textoONulo(fila, "Nombre_Doc"),
-                                  fila.enteroONulo("NroDoc"), fila.enteroONulo("Sexo"), fila.fecha("Nacio"),
+                                  fila.enteroONulo("NroDoc"), fila.enteroONulo("Sexo"), textoONulo(fila, "Nacio"),
                                   textoONulo(fila, "Nombre_Est"), textoONulo(fila, "Nombre_Cat"),
-                                  fila.fecha("Ingreso"));
+                                  textoONulo(fila, "Ingreso"));
             }
         },
         clave.cuit, clave.periodo, clave.secuencia);
