@@ -39,12 +39,12 @@ QString sinMascara(const QString& texto)
     return texto.startsWith(QLatin1String("$ ")) ? importeSinSigno(texto) : texto;
 }
 
-/// As wide as this text, with a field's own frame.
-void ajustarAncho(QLineEdit* campo, const QString& muestra)
+/// What this text takes in a field, with its frame.
+int anchoDe(QLineEdit* campo, const QString& muestra)
 {
     constexpr int marco = 28; // pixels
     campo->ensurePolished();
-    campo->setFixedWidth(campo->fontMetrics().horizontalAdvance(muestra) + marco);
+    return campo->fontMetrics().horizontalAdvance(muestra) + marco;
 }
 
 QString textoDeImporte(Moneda importe)
@@ -110,19 +110,20 @@ void Boletas::armarCampos()
 /// All amounts in one column at the right, the short fields only as wide as what they hold.
 void Boletas::ajustarAnchos()
 {
+    const int importe = anchoDe(txtTotal[0], QStringLiteral("$ 9.999.999.999,99")); // the totals are bold
     for (QLineEdit* campo : {ui->txtArt100, ui->txtArt101A, ui->txtArt101B, ui->txtImporte, txtInteres[0],
                              txtInteres[1], txtInteres[2], txtTotal[0], txtTotal[1], txtTotal[2]})
     {
-        ajustarAncho(campo, QStringLiteral("$ 9.999.999.999,99"));
+        campo->setFixedWidth(importe);
     }
     for (QLineEdit* campo : {ui->txtAnio_0, ui->txtAnio_1, ui->txtActa})
     {
-        ajustarAncho(campo, QStringLiteral("999999"));
+        campo->setFixedWidth(anchoDe(campo, QStringLiteral("999999")));
     }
     for (QLineEdit* campo : {ui->txtMes_0, ui->txtMes_1, ui->txtSecuencia_0, ui->txtSecuencia_1, ui->txtCuota,
                              txtDias[0], txtDias[1], txtDias[2]})
     {
-        ajustarAncho(campo, QStringLiteral("999"));
+        campo->setFixedWidth(anchoDe(campo, QStringLiteral("999")));
     }
 }
 
