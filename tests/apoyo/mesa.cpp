@@ -225,6 +225,11 @@ void Mesa::enDialogo(const char* boton, const std::function<void()>& haz)
     conModal([boton] { pulsar(boton); }, haz);
 }
 
+void Mesa::enDialogo(const std::function<void()>& abre, const std::function<void()>& haz)
+{
+    conModal(abre, haz);
+}
+
 void Mesa::abrirModal(const char* nombre, const std::function<void()>& haz)
 {
     conModal([nombre] { Navegacion::instancia().mostrarModal(QString::fromLatin1(nombre)); }, haz);

@@ -48,6 +48,7 @@ public:
     [[nodiscard]] static QList<int> amarillas(const char* grilla);
     /// Presses a button that opens a modal screen and runs `haz` in it; returns when the screen is closed.
     static void enDialogo(const char* boton, const std::function<void()>& haz);
+    static void enDialogo(const std::function<void()>& abre, const std::function<void()>& haz);
     /// The close command of the screen in use.
     static void cerrar();
 };

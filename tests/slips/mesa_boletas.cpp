@@ -3,22 +3,13 @@
 #include "apoyo/entrada.h"
 #include "companies/screens/buscar_empresa.h"
 #include "platform/data/reloj.h"
-#include "platform/screens/estilo.h"
-#include "platform/screens/grilla.h"
 #include "platform/screens/informe_vista.h"
 #include "platform/screens/navegacion.h"
 #include "slips/screens/boletas.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDialog>
-#include <QDir>
 #include <QFile>
-#include <QGroupBox>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMdiSubWindow>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace
@@ -31,32 +22,11 @@ public:
     {
     }
 };
-
-/// Waits by the event loop alone until a dialog is up and active.
-void alEstarArriba(const std::function<void()>& haz)
-{
-    QTimer::singleShot(0, qApp,
-                       [haz]
-                       {
-                           QWidget* arriba = QApplication::activeModalWidget();
-                           if (arriba == nullptr || !arriba->isVisible() || !arriba->isActiveWindow())
-                           {
-                               if (arriba != nullptr)
-                               {
-                                   arriba->activateWindow();
-                               }
-                               alEstarArriba(haz);
-                               return;
-                           }
-                           haz();
-                       });
-}
 } // namespace
 
 MesaBoletas::MesaBoletas()
 {
     Reloj::reemplazar([] { return QDateTime(QDate(2009, 6, 10), QTime(10, 0)); });
-    reemplazarFinDelProceso([this](int) { ++fines; });
     for (const char* nombre : {"RptBoleta0.rpt", "RptBoleta1.rpt", "RptBoleta2.rpt", "PF_I2OF5.ttf"})
     {
         const QString archivo = QString::fromLatin1(nombre);
@@ -66,22 +36,15 @@ MesaBoletas::MesaBoletas()
     navegacion.registrar(QStringLiteral("Boletas"), [] { return new Boletas; });
     navegacion.registrar(QStringLiteral("BuscarEmpresa"), [] { return new BuscarEmpresa; });
     navegacion.registrar(QStringLiteral("Otra"), [] { return new OtraPantalla; });
-    Estilo::aplicar(*qApp);
-    menu = std::make_unique<MDIMenuPpal>();
-    menu->resize(1024, 740);
-    Entrada::activar(*menu);
 }
 
 MesaBoletas::~MesaBoletas()
 {
     cerrarVistas();
-    menu.reset();
-    Entrada::asentar();
-    reemplazarFinDelProceso({});
     Reloj::reemplazar({});
 }
 
-void MesaBoletas::abrir(int tipo, int secuencia) const
+void MesaBoletas::abrir(int tipo, int secuencia)
 {
     Rutinas::ModoAbrir = static_cast<quint8>(tipo);
     Rutinas::CuitActual = dePrueba::cuit;
@@ -89,25 +52,20 @@ void MesaBoletas::abrir(int tipo, int secuencia) const
     Rutinas::SecuenciaActual = static_cast<quint8>(secuencia);
     Rutinas::CantidadEmpleados = 3;
     Rutinas::CantidadAfiliados = 2;
-    Navegacion::instancia().mostrar(QStringLiteral("Boletas"));
-    Entrada::asentar();
+    Mesa::abrir("Boletas");
 }
 
-void MesaBoletas::abrirDelMenu() const
+void MesaBoletas::abrirDelMenu()
 {
     Rutinas::ModoAbrir = 2;
     Rutinas::CuitActual.clear();
-    Navegacion::instancia().mostrar(QStringLiteral("Boletas"));
-    Entrada::asentar();
+    Mesa::abrir("Boletas");
 }
 
-void MesaBoletas::irYVolver() const
+void MesaBoletas::irYVolver()
 {
-    for (const char* nombre : {"Otra", "Boletas"})
-    {
-        Navegacion::instancia().mostrar(QString::fromLatin1(nombre));
-        Entrada::asentar();
-    }
+    Mesa::abrir("Otra");
+    Mesa::abrir("Boletas");
 }
 
 Boletas* MesaBoletas::pantalla()
@@ -115,32 +73,7 @@ Boletas* MesaBoletas::pantalla()
     return qobject_cast<Boletas*>(Navegacion::instancia().abierta(QStringLiteral("Boletas")));
 }
 
-bool MesaBoletas::cerrar() const
-{
-    qobject_cast<QMdiSubWindow*>(pantalla()->parentWidget())->close();
-    Entrada::asentar();
-    return pantalla() == nullptr;
-}
-
-QWidget* MesaBoletas::buscar(const char* nombre)
-{
-    QString objeto = QString::fromLatin1(nombre);
-    objeto.replace(QLatin1Char('('), QLatin1Char('_')).remove(QLatin1Char(')'));
-    return pantalla() != nullptr ? pantalla()->findChild<QWidget*>(objeto) : nullptr;
-}
-
-QString MesaBoletas::texto(const char* nombre) const
-{
-    auto& uno = control<QWidget>(nombre);
-    return uno
-        .property(qobject_cast<QGroupBox*>(&uno) != nullptr   ? "title"
-                  : qobject_cast<QComboBox*>(&uno) != nullptr ? "currentText"
-                  : qobject_cast<QLineEdit*>(&uno) != nullptr ? "displayText"
-                                                              : "text")
-        .toString();
-}
-
-QStringList MesaBoletas::textos(std::initializer_list<const char*> nombres) const
+QStringList MesaBoletas::textos(std::initializer_list<const char*> nombres)
 {
     QStringList lista;
     for (const char* nombre : nombres)
@@ -150,47 +83,24 @@ QStringList MesaBoletas::textos(std::initializer_list<const char*> nombres) cons
     return lista;
 }
 
-bool MesaBoletas::activo(const char* nombre) const
+QString MesaBoletas::marco(const char* nombre)
 {
-    return control<QWidget>(nombre).isEnabled();
+    return control(nombre).property("title").toString();
 }
 
-bool MesaBoletas::visible(const char* nombre) const
+bool MesaBoletas::visible(const char* nombre)
 {
-    return control<QWidget>(nombre).isVisible();
+    return control(nombre).isVisible();
 }
 
-QString MesaBoletas::foco() const
-{
-    const QWidget* enfocado = menu->focusWidget();
-    return enfocado != nullptr ? enfocado->objectName() : QString();
-}
-
-void MesaBoletas::pulsar(const char* nombre) const
-{
-    ASSERT_TRUE(visible(nombre)) << nombre;
-    Entrada::pulsar(control<QWidget>(nombre));
-}
-
-void MesaBoletas::escribir(const char* nombre, const char* texto) const
-{
-    auto& campo = control<QLineEdit>(nombre);
-    ASSERT_TRUE(campo.isEnabled()) << nombre;
-    pulsar(nombre);
-    campo.selectAll();
-    Entrada::tecla(Qt::Key_Delete);
-    Entrada::escribir(QString::fromLatin1(texto));
-}
-
-void MesaBoletas::poner(const char* nombre, const char* texto) const
+void MesaBoletas::poner(const char* nombre, const char* texto)
 {
     escribir(nombre, texto);
     Entrada::tecla(Qt::Key_Tab);
 }
 
-void MesaBoletas::elegirFondo(int posicion) const
+void MesaBoletas::elegirFondo(int posicion)
 {
-    auto& combo = control<QComboBox>("cmbConcepto");
     pulsar("cmbConcepto"); // drops the list down
     Entrada::tecla(Qt::Key_Home);
     for (int i = 0; i < posicion; ++i)
@@ -198,7 +108,7 @@ void MesaBoletas::elegirFondo(int posicion) const
         Entrada::tecla(Qt::Key_Down);
     }
     Entrada::tecla(Qt::Key_Return);
-    ASSERT_EQ(combo.currentIndex(), posicion);
+    ASSERT_EQ(dynamic_cast<QComboBox&>(control("cmbConcepto")).currentIndex(), posicion);
 }
 
 void MesaBoletas::generar(bool si)
@@ -207,68 +117,10 @@ void MesaBoletas::generar(bool si)
     pulsar("cmdBoletas");
 }
 
-Grilla& MesaBoletas::lista() const
+int MesaBoletas::amarilla()
 {
-    return control<Grilla>("vsActas");
-}
-
-QStringList MesaBoletas::filas() const
-{
-    QStringList todas;
-    for (int fila = 1; fila <= lista().filas(); ++fila)
-    {
-        QStringList celdas;
-        for (int columna = 1; columna <= lista().columnas(); ++columna)
-        {
-            if (!lista().isColumnHidden(columna - 1))
-            {
-                celdas.append(lista().texto(columna, fila));
-            }
-        }
-        todas.append(celdas.join(QLatin1Char('|')));
-    }
-    return todas;
-}
-
-void MesaBoletas::pulsarFila(int fila) const
-{
-    if (fila == 0)
-    {
-        Entrada::pulsar(*lista().horizontalHeader()->viewport(), {10, 10});
-        return;
-    }
-    Entrada::pulsar(*lista().viewport(), lista().visualRect(lista().model()->index(fila - 1, 0)).center());
-}
-
-int MesaBoletas::amarilla() const
-{
-    int cual = 0;
-    for (int fila = 1; fila <= lista().filas(); ++fila)
-    {
-        if (lista().colorDeFila(fila) == Grilla::amarillo)
-        {
-            cual = cual == 0 ? fila : -1;
-        }
-    }
-    return cual;
-}
-
-void MesaBoletas::enDialogo(const std::function<void()>& abre, const std::function<void()>& haz) const
-{
-    bool corrio = false;
-    alEstarArriba(
-        [&]
-        {
-            haz();
-            corrio = true;
-        });
-    abre();
-    EXPECT_TRUE(corrio) << "no dialog came";
-}
-
-void MesaBoletas::cerrarDialogo()
-{
-    qobject_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+    const QList<int> todas = amarillas("vsActas");
+    return todas.size() > 1 ? -1 : todas.value(0);
 }
 
 QList<VistaDeInforme*> MesaBoletas::vistas()
