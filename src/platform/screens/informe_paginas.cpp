@@ -45,7 +45,7 @@ void PaginasDeInforme::prepararDatos()
         m_objeto.set("hay" + nombre.toStdString(), data(!conjunto.filas.empty()));
         m_objeto.set("no" + nombre.toStdString(), data(conjunto.filas.empty()));
         const bool deBanda = std::any_of(m_plantilla.bandas.begin(), m_plantilla.bandas.end(),
-                                         [&](const BandaDeInforme& banda) { return banda.filas == nombre; });
+                                         [&cual = nombre](const BandaDeInforme& banda) { return banda.filas == cual; });
         if (deBanda)
         {
             continue;
@@ -276,7 +276,7 @@ void PaginasDeInforme::ponerTabla(std::size_t banda, const std::function<void(qi
         actual = siguiente;
         if (aviso && (fila % filasPorAviso == 0 || fila + 1 == total))
         {
-            aviso(static_cast<qint64>(fila + 1), static_cast<qint64>(total));
+            aviso(static_cast<qint64>(fila) + 1, static_cast<qint64>(total));
         }
     }
 }

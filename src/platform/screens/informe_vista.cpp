@@ -194,7 +194,8 @@ void VistaDeInforme::armarBarra()
     barra->setObjectName(QStringLiteral("barraInforme"));
     barra->setMovable(false);
     barra->setToolButtonStyle(Qt::ToolButtonIconOnly);
-    const auto agregar = [&](const char* nombre, const char* texto, const char* icono, QKeySequence tecla, auto accion)
+    const auto agregar =
+        [&](const char* nombre, const char* texto, const char* icono, const QKeySequence& tecla, auto accion)
     {
         QAction* entrada = barra->addAction(Estilo::icono(QLatin1String(icono)), QString::fromUtf8(texto));
         entrada->setObjectName(QLatin1String(nombre));
