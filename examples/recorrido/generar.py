@@ -2,7 +2,7 @@
 """Makes roster files to import, with made-up people: Windows-1252, fixed positions, CR LF.
 
     generar.py                                         both files of the guided tour, beside this script
-    generar.py --formato brivo --empleados 20000 --salida /tmp/grande.txt
+    generar.py --formato brivo --empleados 20000 --salida grande.txt
 
 The same arguments always make the same file.
 """

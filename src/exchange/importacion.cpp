@@ -95,8 +95,8 @@ Importacion::Importacion(Conexion& conexion, const ClaveDDJJ& clave)
           "Categoria, Ingreso, Egreso, Sucursal, QHoras, ART100, ART101A, ART101B, Familiares, Acuerdo, Acuerdo2) "
           "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?, 0)"))
     , m_buscarSucursal(conexion.preparar("SELECT ID FROM Empresas_Sucursales WHERE Cuit = ? AND Sucursal = ?"))
-    // A Null date never equals another, so such a person is inserted again at each run; nor does a name of more than
-    // 30 characters equal the stored one. Both are known and kept.
+    // The forty characters read never equal the thirty stored, blanks included, and a Null date never equals another:
+    // a new run inserts the same person again. Known and kept.
     , m_buscarFamiliar(conexion.preparar("SELECT * FROM Empleados_Familiares WHERE CUIL = ? AND Familiar = ? "
                                          "AND AyN = ? AND TipoDoc = ? AND NroDoc = ? AND Sexo = ? AND Nacio = ?"))
     , m_insertarFamiliar(
@@ -234,7 +234,8 @@ void tomarLinea(Importacion& importacion, const LineaDeNomina& linea, FormatoDeN
     }
     catch (const ErrorDeEjecucion& error)
     {
-        throw ErrorDeEjecucion(error.numero(), QStringLiteral("%1: línea %2").arg(error.descripcion()).arg(numero));
+        throw ErrorDeEjecucion(error.numero(),
+                               QStringLiteral("%1: línea %2").arg(error.descripcion(), QString::number(numero)));
     }
 }
 } // namespace

@@ -75,7 +75,7 @@ void DDJJ::GuardarArchivoComo()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion()).arg(error.numero()));
+        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
         return;
     }
     MsgBox(QStringLiteral("El Archivo correspondiente ha sido grabado en la Ubicación especificada."),

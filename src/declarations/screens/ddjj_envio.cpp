@@ -96,6 +96,6 @@ void DDJJ::EnviarDDJJPorCorreo()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion()).arg(error.numero()));
+        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
     }
 }

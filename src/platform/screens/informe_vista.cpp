@@ -308,7 +308,7 @@ void VistaDeInforme::pedirPdf()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion()).arg(error.numero()));
+        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
     }
 }
 
@@ -329,7 +329,7 @@ void VistaDeInforme::imprimir()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion()).arg(error.numero()));
+        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
     }
 }
 
