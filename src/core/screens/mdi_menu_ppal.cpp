@@ -61,6 +61,7 @@ void MDIMenuPpal::conectarMenu()
     alElegir(ui->mnuTool_2, QStringLiteral("mantenimiento"), [this] { mnuTool_Click(2); });
     alElegir(ui->mnuTool_3, QStringLiteral("depurar"), [this] { mnuTool_Click(3); });
     // The entries of the bar itself carry no icon: the style would show it in the place of their caption.
+    // The bar has no letters of its own: Alt and a letter belongs to the buttons of the screens. F10 opens it.
     connect(ui->mnuAyuda, &QAction::triggered, this, [this] { protegido([this] { mnuAyuda_Click(); }); });
     connect(ui->mnuAcerca, &QAction::triggered, this, [this] { protegido([this] { mnuAcerca_Click(); }); });
     connect(ui->mnuSalir, &QAction::triggered, this, [this] { protegido([this] { mnuSalir_Click(); }); });
@@ -144,6 +145,10 @@ void MDIMenuPpal::mantenimiento()
     catch (const ErrorDeEjecucion& error)
     {
         fallo = QStringLiteral("%1 - %2").arg(error.numero()).arg(error.descripcion());
+    }
+    catch (const std::exception& error)
+    {
+        fallo = QStringLiteral("5 - ") + QString::fromUtf8(error.what());
     }
     if (fallo.isEmpty())
     {

@@ -11,9 +11,8 @@ bool ValidarFecha(CampoMascara& campo)
     const QString digitos = campo.soloDigitos();
     if (digitos.size() == 6)
     {
-        const int anio = AnioCompleto(digitos.right(2).toInt());
-        campo.setText(
-            QStringLiteral("%1/%2/%3").arg(digitos.left(2), digitos.mid(2, 2)).arg(anio, 4, 10, QLatin1Char('0')));
+        // Of the masked text, so that a day or month with a gap keeps it and is refused.
+        campo.setText(campo.text().left(6) + QString::number(AnioCompleto(digitos.right(2).toInt())));
     }
     if (!LeerFecha(campo.text()))
     {

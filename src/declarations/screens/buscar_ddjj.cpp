@@ -2,6 +2,7 @@
 
 #include "core/rutinas.h"
 #include "declarations/copia_ddjj.h"
+#include "declarations/screens/secuencia.h"
 #include "exchange/informe_ddjj.h"
 #include "platform/data/formato.h"
 #include "platform/screens/estilo.h"
@@ -105,8 +106,8 @@ void BuscarDDJJ::cmdAceptar_Click()
         MsgBox(QStringLiteral("Debe seleccionar el Periodo correspondiente."), Caja::Informacion);
         return;
     }
+    Rutinas::SecuenciaActual = comoByte(ui->txtSecuencia_1->text());
     Rutinas::PeriodoActual = PeriodoFuente;
-    Rutinas::SecuenciaActual = static_cast<quint8>(ui->txtSecuencia_1->text().toInt());
     cerrar();
 }
 

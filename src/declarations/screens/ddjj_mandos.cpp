@@ -3,27 +3,12 @@
 #include "declarations/copia_ddjj.h"
 #include "declarations/lista_ddjj.h"
 #include "declarations/screens/ddjj.h"
+#include "declarations/screens/secuencia.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/campo_mascara.h"
 #include "platform/screens/mensajes.h"
 #include "platform/screens/navegacion.h"
 #include "ui_ddjj.h"
-
-#include <limits>
-
-namespace
-{
-/// An empty text counts as 0. Throws ErrorDeEjecucion 6 when the number does not fit.
-quint8 comoByte(const QString& texto)
-{
-    const int numero = texto.toInt();
-    if (numero < 0 || numero > std::numeric_limits<quint8>::max())
-    {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::Desbordamiento);
-    }
-    return static_cast<quint8>(numero);
-}
-} // namespace
 
 void DDJJ::publicarDeclaracion()
 {
