@@ -43,8 +43,8 @@ public:
     Registro(std::string nombre, std::string contra, std::function<std::unique_ptr<Caso>()> hacer, double limite = 1.2);
 };
 
-/// Runs the lines whose names contain `filtro` and prints the table: best times of all runs, their ratio by the clock and
-/// by processor time, and how far memory rose above its start in the first run. False when both ratios are past the
+/// Runs the lines whose names contain `filtro` and prints the table: best times of all runs, their ratio by the clock
+/// and by processor time, and how far memory rose above its start in the first run. False when both ratios are past the
 /// line's limit or a check failed.
 [[nodiscard]] bool medirTodo(const std::string& filtro, int veces);
 } // namespace medida

@@ -1,73 +1,14 @@
 #include "declarations/totales_ddjj.h"
 
-#include "base_desnuda.h"
+#include "base_grande.h"
 #include "medida.h"
 #include "platform/data/conexion.h"
 
-#include <map>
-
 namespace
 {
-constexpr int porDeclaracion = 500;
 constexpr int chica = 10'000;
-constexpr int grande = 1'000'000;
+constexpr int millon = 1'000'000;
 constexpr int veces = 20; ///< a person who walks the list with the arrow keys
-constexpr const char* periodo = "2009-05-01";
-
-std::string cuitNumero(int n)
-{
-    std::string digitos = std::to_string(n);
-    return "30-" + std::string(8 - digitos.size(), '0') + digitos + "-1";
-}
-
-/// A database with this many roster rows, one declaration a company; made once for all lines.
-const Taller& base(int filas)
-{
-    static std::map<int, Taller> hechas;
-    const auto [lugar, nueva] = hechas.try_emplace(filas);
-    if (!nueva)
-    {
-        return lugar->second;
-    }
-    lugar->second.ponerBase("DBBrivo.mdb");
-    desnuda::Base escrita(lugar->second.ruta("DBBrivo.mdb").toStdString());
-    escrita.ejecutar("PRAGMA cache_size=-65536; BEGIN");
-    desnuda::Sentencia ddjj(*escrita, "INSERT INTO DDJJ (Cuit, Periodo, Secuencia, Fecha) VALUES (?, ?, 0, ?)");
-    desnuda::Sentencia fila(
-        *escrita, "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Sexo, Calle, "
-                  "Localidad, Nacio, EstCivil, Categoria, Ingreso, Afiliado, QHoras, Sueldo, Imponible, ART100, "
-                  "ART101A, ART101B, Acuerdo, Familiares) VALUES (?, ?, 0, ?, 'Agüero Juan Carlos', 1, ?, ?, "
-                  "'Ruta Nacional 7', 'San Rafael', '1970-01-01', 1, 1, '2001-02-03', ?, ?, ?, ?, ?, ?, ?, 1000, ?)");
-    for (int empresa = 0; empresa < filas / porDeclaracion; ++empresa)
-    {
-        const std::string cuit = cuitNumero(empresa);
-        ddjj.texto(1, cuit);
-        ddjj.texto(2, periodo);
-        ddjj.texto(3, periodo);
-        ddjj.correr();
-        for (int i = 0; i < porDeclaracion; ++i)
-        {
-            const std::string cuil = cuitNumero(i);
-            const int sueldo = 9'000'000 + i * 3700;
-            fila.texto(1, cuit);
-            fila.texto(2, periodo);
-            fila.texto(3, cuil);
-            fila.entero(4, i % 50 == 0 ? 0 : 10'000'000 + i);
-            fila.entero(5, i % 2);
-            fila.entero(6, i % 4 == 0 ? 0 : 1);
-            fila.entero(7, i % 8 == 0 ? 100 : 200);
-            fila.entero(8, sueldo + 1000);
-            fila.entero(9, sueldo);
-            fila.entero(10, sueldo / 50);
-            fila.entero(11, sueldo / 100);
-            fila.entero(12, sueldo / 100);
-            fila.entero(13, i % 5);
-            fila.correr();
-        }
-    }
-    escrita.ejecutar("COMMIT");
-    return lugar->second;
-}
 
 /// What the screen shows, as numbers in one order, to compare the two ways.
 using Numeros = std::vector<std::int64_t>;
@@ -97,7 +38,7 @@ public:
         {
             una->deNuevo();
             una->texto(1, cuit);
-            una->texto(2, periodo);
+            una->texto(2, grande::periodo);
         }
         desnuda::exigir(m_ddjj.paso(), nullptr);
         Numeros suma(6);
@@ -154,7 +95,7 @@ Numeros recorrer(Quien& quien)
     Numeros todos;
     for (int i = 0; i < veces; ++i)
     {
-        const Numeros suyos = quien.sumar(cuitNumero(i));
+        const Numeros suyos = quien.sumar(grande::cuitNumero(i));
         todos.insert(todos.end(), suyos.begin(), suyos.end());
     }
     return todos;
@@ -165,8 +106,8 @@ class CasoTotales : public medida::Caso
 {
 public:
     CasoTotales(int filasDeReferencia, int filas)
-        : m_referencia(base(filasDeReferencia))
-        , m_programa(base(filas))
+        : m_referencia(grande::base(filasDeReferencia))
+        , m_programa(grande::base(filas))
     {
     }
     void referencia() override { m_deReferencia = recorrer(m_referencia); }
@@ -189,7 +130,7 @@ private:
 const medida::Registro enChica{"20 totales entre 10.000 filas", "SQLite en C",
                                [] { return std::make_unique<CasoTotales<Desnudos>>(chica, chica); }};
 const medida::Registro enGrande{"20 totales entre 1.000.000 de filas", "SQLite en C",
-                                [] { return std::make_unique<CasoTotales<Desnudos>>(grande, grande); }};
+                                [] { return std::make_unique<CasoTotales<Desnudos>>(millon, millon); }};
 const medida::Registro crecer{"20 totales entre 1.000.000 de filas", "entre 10.000 filas",
-                              [] { return std::make_unique<CasoTotales<DelPrograma>>(chica, grande); }};
+                              [] { return std::make_unique<CasoTotales<DelPrograma>>(chica, millon); }};
 } // namespace
