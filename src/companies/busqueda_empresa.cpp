@@ -1,6 +1,5 @@
 #include "companies/busqueda_empresa.h"
 
-#include "companies/contiene.h"
 #include "platform/data/conexion.h"
 
 #include <string>
@@ -16,8 +15,8 @@ std::vector<EmpresaHallada> buscarEmpresas(Conexion& conexion, const QString& cu
     }
     if (!nombre.isEmpty())
     {
-        sql += " AND Razon LIKE ? ESCAPE '\\'";
-        valores.emplace_back(contiene(nombre));
+        sql += " AND Razon LIKE ?";
+        valores.emplace_back(QLatin1Char('%') + nombre + QLatin1Char('%'));
     }
     sql += nombre.isEmpty() ? " ORDER BY Razon" : " ORDER BY Cuit";
 

@@ -13,6 +13,6 @@ struct EmpresaHallada
 };
 
 /// Companies of this CUIT, unless the mask is untouched (a partly typed one finds nothing), whose Razon contains
-/// `nombre`, in which "%" and "_" are characters like any other. By CUIT when a name is given, else by Razon.
+/// `nombre`, in which "%" and "_" are wild cards. By CUIT when a name is given, else by Razon.
 [[nodiscard]] std::vector<EmpresaHallada> buscarEmpresas(Conexion& conexion, const QString& cuit,
                                                          const QString& nombre);

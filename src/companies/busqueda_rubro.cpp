@@ -1,6 +1,5 @@
 #include "companies/busqueda_rubro.h"
 
-#include "companies/contiene.h"
 #include "platform/data/conexion.h"
 
 #include <string>
@@ -16,8 +15,8 @@ std::vector<RubroHallado> buscarRubros(Conexion& conexion, const QString& codigo
     }
     if (!nombre.isEmpty())
     {
-        sql += " AND Nombre LIKE ? ESCAPE '\\'";
-        valores.emplace_back(contiene(nombre));
+        sql += " AND Nombre LIKE ?";
+        valores.emplace_back(QLatin1Char('%') + nombre + QLatin1Char('%'));
     }
     sql += " ORDER BY Codigo";
 

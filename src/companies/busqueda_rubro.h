@@ -13,5 +13,5 @@ struct RubroHallado
 };
 
 /// Trades by code, from `codigo` on, which compares as text (all when it is empty), whose name contains `nombre`, in
-/// which "%" and "_" are characters like any other.
+/// which "%" and "_" are wild cards.
 [[nodiscard]] std::vector<RubroHallado> buscarRubros(Conexion& conexion, const QString& codigo, const QString& nombre);

@@ -5,15 +5,13 @@
 namespace
 {
 constexpr int primerAnio = 2006;
-}
+constexpr int ultimoAnio = 9999; // what the field holds
+} // namespace
 
 std::optional<QDate> proponerPeriodo(std::optional<QDate> ultimo)
 {
-    if (!ultimo)
-    {
-        return std::nullopt;
-    }
-    return ultimo->addMonths(1);
+    const QDate siguiente = ultimo ? ultimo->addMonths(1) : QDate();
+    return siguiente.isValid() && siguiente.year() <= ultimoAnio ? std::optional(siguiente) : std::nullopt;
 }
 
 std::optional<RechazoDePeriodo> comprobarPeriodo(const QString& anio, const QString& mes)

@@ -10,7 +10,7 @@ class Conexion;
 
 // The life of a declaration: proposed, checked, numbered and stored, deleted.
 
-/// The month that follows `ultimo`, the latest one declared; nothing when none was.
+/// The month that follows `ultimo`, the latest one declared; nothing when none was, nor past the year 9999.
 [[nodiscard]] std::optional<QDate> proponerPeriodo(std::optional<QDate> ultimo);
 
 enum class CampoDePeriodo

@@ -94,7 +94,9 @@ Importacion::Importacion(Conexion& conexion, const ClaveDDJJ& clave)
           "Piso, Depto, CodPos, Localidad, Provincia, Telefono, Nacio, EstCivil, Afiliado, Sueldo, Imponible, "
           "Categoria, Ingreso, Egreso, Sucursal, QHoras, ART100, ART101A, ART101B, Familiares, Acuerdo, Acuerdo2) "
           "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?, 0)"))
-    , m_buscarSucursal(conexion.preparar("SELECT ID FROM Empresas_Sucursales WHERE Cuit = ? AND Sucursal = ?"))
+    // The field is ten characters wide and a code mostly shorter: blanks at the end are no part of it.
+    , m_buscarSucursal(conexion.preparar("SELECT ID FROM Empresas_Sucursales WHERE Cuit = ? AND "
+                                         "rtrim(Sucursal) = rtrim(?) COLLATE espanol"))
     // The forty characters read never equal the thirty stored, blanks included, and a Null date never equals another:
     // a new run inserts the same person again. Known and kept.
     , m_buscarFamiliar(conexion.preparar("SELECT * FROM Empleados_Familiares WHERE CUIL = ? AND Familiar = ? "
@@ -166,7 +168,7 @@ void Importacion::tomarEmpleado(const LineaDeNomina& linea, int tipoDoc, int nro
     const AportesDeLinea aportes = calcular(imponible, acuerdo, horas, afiliado);
     const qint64 idSucursal = sucursal(linea);
     linea.textoSinApostrofos(71, 40, m_calle);
-    const int numero = linea.enteroOBlanco(111, 5, "Numero").value_or(0);
+    const int numero = linea.valor(111, 5);
     linea.texto(116, 3, m_piso);
     linea.texto(119, 3, m_depto);
     linea.texto(122, 8, m_codPos);

@@ -82,6 +82,23 @@ std::optional<int> LineaDeNomina::enteroOBlanco(std::size_t posicion, std::size_
     return numeroDe(sinBlancosAlrededor(leido), campo);
 }
 
+int LineaDeNomina::valor(std::size_t posicion, std::size_t ancho) const
+{
+    int numero = 0;
+    for (const char c : trozo(posicion, ancho))
+    {
+        if (esDigito(c))
+        {
+            numero = numero * 10 + (c - '0');
+        }
+        else if (c != ' ')
+        {
+            break;
+        }
+    }
+    return numero;
+}
+
 float LineaDeNomina::importe(std::size_t posicion, std::size_t ancho, const char* campo) const
 {
     std::array<char16_t, anchoMaximo> caracteres{};

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] int entero(std::size_t posicion, std::size_t ancho, const char* campo) const;
     /// The same where blanks may stand around the digits; all blanks over the whole width are no number.
     [[nodiscard]] std::optional<int> enteroOBlanco(std::size_t posicion, std::size_t ancho, const char* campo) const;
+    /// The number with which a text begins, its blanks left out; 0 when it begins with none ("S/N").
+    [[nodiscard]] int valor(std::size_t posicion, std::size_t ancho) const;
     /// Amount with "." or "," as its decimal mark, its blanks left out. Throws FallaDeCampo 13, 6 when it does not fit.
     [[nodiscard]] float importe(std::size_t posicion, std::size_t ancho, const char* campo) const;
     /// DDMMYYYY; eight blanks or zeros are no date. Throws FallaDeCampo 13 for anything that is none.

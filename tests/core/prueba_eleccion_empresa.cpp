@@ -112,6 +112,9 @@ TEST_F(ListaEmpresas, NombresYCuits)
               (QStringList{QStringLiteral("D'Angelo"), QStringLiteral("Ñandú S.A."), QStringLiteral("Zapatería")}));
     EXPECT_EQ(cuitDeRazon(conexion, QStringLiteral("D'Angelo")), cuitTres);
     EXPECT_EQ(cuitDeRazon(conexion, QStringLiteral("D'Ang")), std::nullopt);
+    EXPECT_EQ(cuitDeRazon(conexion, QString()), std::nullopt);
+    conexion.ejecutar("INSERT INTO Empresas (Cuit) VALUES ('30-00000000-7')"); // in the list as an empty line
+    EXPECT_EQ(cuitDeRazon(conexion, QString()), QStringLiteral("30-00000000-7"));
     EXPECT_EQ(razonDeCuit(conexion, cuitDos), QStringLiteral("Ñandú S.A."));
     EXPECT_EQ(razonDeCuit(conexion, QStringLiteral("30-5000109_-_")), std::nullopt);
 }

@@ -19,6 +19,7 @@ TEST(CicloDDJJ, ProponeElMesSiguiente)
     EXPECT_EQ(std::nullopt, proponerPeriodo(std::nullopt));
     EXPECT_EQ(QDate(2007, 6, 1), proponerPeriodo(mayo));
     EXPECT_EQ(QDate(2008, 1, 1), proponerPeriodo(QDate(2007, 12, 1)));
+    EXPECT_EQ(std::nullopt, proponerPeriodo(QDate(9999, 12, 1))); // the field holds four digits
 }
 
 TEST(CicloDDJJ, RechazaElPeriodoEnSuOrden)

@@ -229,12 +229,14 @@ TEST_F(Importacion, ReglasDeUnEmpleadoBrivo)
         {230, "4", aportes, "1|100|240100|240100|240100|2002500"},
         {230, "0", aportes, "1|100|240100|240100|240100|2002500"},
         {231, " 0000.00       0,0", aportes, "1|200|200000|100000|100000|0"},
-        // A code counts with its blanks; another company's does not, and the import goes on.
-        {220, "FINCA     ", sucursal, "0"},
+        // Another company's code does not count, and the import goes on.
+        {220, "FINCA     ", sucursal, "2"}, // the blanks that fill the field are no part of a code
         {220, "OLIVAR-099", sucursal, "0"},
         {220, "          ", sucursal, "0"},
         {220, "BODEGA'001", sucursal, "0"},
         {111, "     ", lugar, "0|7|1  |A  |5600    |San Rafael                    |4421234             "},
+        {111, "12 1B", lugar, "121|7|1  |A  |5600    |San Rafael                    |4421234             "},
+        {111, "S/N 5", lugar, "0|7|1  |A  |5600    |San Rafael                    |4421234             "},
         {111, "   12", lugar, "12|7|1  |A  |5600    |San Rafael                    |4421234             "},
         {160, "  ", lugar, "123|NULL|1  |A  |5600    |San Rafael                    |4421234             "},
         {160, "24", lugar, "123|24|1  |A  |5600    |San Rafael                    |4421234             "},
@@ -250,8 +252,8 @@ TEST_F(Importacion, ReglasDeUnEmpleadoBrivo)
         EXPECT_THAT(filas(caso.consulta), ElementsAre(caso.queda)) << caso.posicion << " '" << caso.texto << "'";
         vaciar();
     }
-    ejecutar("INSERT INTO Empresas_Sucursales (CUIT, Sucursal) VALUES ('30-12345678-9', 'FINCA     ')");
-    (void)importar(con(empleadoBrivo, 220, "FINCA     "), brivo);
+    ejecutar("INSERT INTO Empresas_Sucursales (CUIT, Sucursal) VALUES ('30-12345678-9', 'OLIVAR  ')");
+    (void)importar(con(empleadoBrivo, 220, "OLIVAR    "), brivo);
     EXPECT_THAT(filas(sucursal), ElementsAre("4"));
 }
 
@@ -344,8 +346,6 @@ TEST_F(Importacion, CadaErrorDiceSuLineaYSuCampo)
         {brivo, empleadoBrivo, 230, " ", "QHoras"},
         {brivo, empleadoBrivo, 231, "         ", "Acuerdo"},
         {brivo, empleadoBrivo, 240, "O,00     ", "Acuerdo"},
-        {brivo, empleadoBrivo, 111, "12B  ", "Numero"},
-        {brivo, empleadoBrivo, 111, "1 2  ", "Numero"},
         {brivo, empleadoBrivo, 160, "MZ", "Provincia"},
         {brivo, empleadoBrivo, 63, "31022009", "Nacio"},
         // Day first, always.
@@ -407,7 +407,7 @@ TEST_F(Importacion, UnaLetraEnCualquierLugar)
     };
     const Caso casos[] = {
         {afip, empleadoAfip, {{3, 10}, {43, 44}, {70, 91}}},
-        {brivo, empleadoBrivo, {{12, 12}, {53, 70}, {111, 115}, {160, 161}, {182, 182}, {184, 219}, {230, 248}}},
+        {brivo, empleadoBrivo, {{12, 12}, {53, 70}, {160, 161}, {182, 182}, {184, 219}, {230, 248}}},
         {brivo, familiarBrivo, {{12, 12}, {53, 62}}}, // its employee is not there: the date is not looked at
     };
     for (const Caso& caso : casos)

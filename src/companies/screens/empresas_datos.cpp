@@ -95,7 +95,7 @@ void Empresas::prepararGrillas()
     using C = ColumnaDeGrilla;
     ui->vsSucursales->setColumnas({
         {.clase = C::Fija, .ancho = 0},
-        {.clase = C::Texto, .titulo = QStringLiteral("Suc."), .ancho = 70},
+        {.clase = C::Texto, .titulo = QStringLiteral("Suc."), .ancho = 110},
         {.clase = C::Texto, .titulo = QStringLiteral("Domicilio: Calle"), .ancho = -1},
         {.clase = C::Entero, .titulo = QStringLiteral("Número"), .ancho = 70, .maximo = maximoNumero},
         {.clase = C::Texto, .titulo = QStringLiteral("Localidad"), .ancho = 220},
