@@ -190,13 +190,16 @@ TEST(Robot, CapturasInformesYArchivos)
     escribirArchivo("uno.txt", "línea\nabc\n");
     escribirArchivo("igual.txt", "línea\nabc\n");
     escribirArchivo("otro.txt", "línea\nabx\n");
-    const Funcion bien = jugarGuion(abrir + "pulsar cmdModal\ncaptura fotos/modal.png\npulsar cmdSalir\n"
-                                            "menu \"Procesos\" \"Otros\" \"Informe\"\ninforme salida/i.pdf\n"
-                                            "espera_ventana Informe no\nespera_archivo uno.txt igual.txt\n"
-                                            "espera_sin_archivo dos.txt\npulsar cmdGrabar\nespera lblEstado grabado",
-                                    carpeta.path());
+    const Funcion bien =
+        jugarGuion(abrir + "pulsar cmdModal\ncaptura fotos/modal.png\nretrato fotos/sola.png\npulsar cmdSalir\n"
+                           "menu \"Procesos\" \"Otros\" \"Informe\"\ninforme salida/i.pdf\n"
+                           "espera_ventana Informe no\nespera_archivo uno.txt igual.txt\n"
+                           "espera_sin_archivo dos.txt\npulsar cmdGrabar\nespera lblEstado grabado",
+                   carpeta.path());
     EXPECT_EQ(bien.estado, 0) << qPrintable(bien.falla());
     EXPECT_GT(QImage(carpeta.filePath("fotos/modal.png")).width(), 700);
+    const int sola = QImage(carpeta.filePath("fotos/sola.png")).width();
+    EXPECT_TRUE(sola > 0 && sola < 700) << sola;
     EXPECT_TRUE(QFile::exists(carpeta.filePath("salida/i.pdf")));
     const Funcion mal = jugarGuion("espera_archivo uno.txt otro.txt", carpeta.path());
     EXPECT_EQ(mal.estado, 1);

@@ -46,7 +46,10 @@ public:
     {
         Reloj::reemplazar([ahora = paso.ahora] { return ahora; });
     }
-    void operator()(const guion::Captura& paso) { capturar(m_contexto.ruta(paso.ruta)); }
+    void operator()(const guion::Captura& paso)
+    {
+        grabarImagen(paso.soloLaVentana ? retratarVentana() : retratar(), m_contexto.ruta(paso.ruta));
+    }
     void operator()(const guion::Informe& paso);
 
     template <class Comprobacion>

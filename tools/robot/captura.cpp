@@ -57,11 +57,8 @@ void pintar(QPainter& pintor, QWidget* ventana)
     pintor.setPen(QColor(0x2f, 0x4a, 0x68));
     pintor.drawRect(marco.adjusted(0, 0, -1, -1));
 }
-} // namespace
-
-QImage retratar()
+QImage juntar(const QWidgetList& ventanas)
 {
-    const QWidgetList ventanas = ventanasEnOrden();
     QRect todo;
     for (const QWidget* ventana : ventanas)
     {
@@ -81,11 +78,30 @@ QImage retratar()
     }
     return cuadro;
 }
+} // namespace
 
-void capturar(const QString& ruta)
+QImage retratar()
+{
+    return juntar(ventanasEnOrden());
+}
+
+QImage retratarVentana()
+{
+    QWidget* actual = controles::ventanaActual();
+    for (QWidget* padre = actual; padre != nullptr; padre = padre->parentWidget())
+    {
+        if (qobject_cast<QMdiSubWindow*>(padre) != nullptr)
+        {
+            return padre->grab().toImage();
+        }
+    }
+    return juntar({actual->window()});
+}
+
+void grabarImagen(const QImage& imagen, const QString& ruta)
 {
     QDir().mkpath(QFileInfo(ruta).absolutePath());
-    if (!retratar().save(ruta, "PNG"))
+    if (!imagen.save(ruta, "PNG"))
     {
         throw Falla(QStringLiteral("no se puede grabar %1").arg(ruta));
     }

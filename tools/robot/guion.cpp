@@ -153,6 +153,11 @@ QHash<QString, Forma> acciones()
               return EsperaBase{a.texto(0), a.texto(1)};
           }}},
         {"captura", {1, 1, [](const Argumentos& a) { return Captura{a.texto(0)}; }}},
+        {"retrato",
+         {1, 1,
+          [](const Argumentos& a) {
+              return Captura{a.texto(0), true};
+          }}},
         {"informe", {1, 1, [](const Argumentos& a) { return Informe{a.texto(0)}; }}},
         {"salir", {0, 0, [](const Argumentos&) { return Salir{}; }}},
     };

@@ -141,6 +141,7 @@ struct EsperaBase
 struct Captura
 {
     QString ruta;
+    bool soloLaVentana = false;
 };
 struct Informe
 {

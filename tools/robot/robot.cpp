@@ -310,7 +310,7 @@ void Robot::fallar(std::size_t paso, const QString& motivo)
     {
         try
         {
-            capturar(m_opciones.foto);
+            grabarImagen(retratar(), m_opciones.foto);
         }
         catch (const Falla& falla)
         {

@@ -1,30 +1,41 @@
 #include "platform/screens/visor_ayuda.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextDocumentFragment>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace
 {
-/// Lower case and without accents, so that "numero" finds "número".
+/// Lower case and without accents, so that "numero" finds "número"; each character stays in its place.
 QString plegado(const QString& texto)
 {
-    QString salida;
-    for (const QChar c : texto.normalized(QString::NormalizationForm_D).toLower())
+    QString salida = texto.normalized(QString::NormalizationForm_C).toLower();
+    for (QChar& c : salida)
     {
-        if (c.category() != QChar::Mark_NonSpacing)
+        if (c.decompositionTag() == QChar::Canonical)
         {
-            salida += c;
+            c = c.decomposition().front();
         }
     }
     return salida;
+}
+
+QStringList palabras(const QString& texto)
+{
+    return plegado(texto).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
 QString leer(const QString& ruta)
@@ -33,17 +44,30 @@ QString leer(const QString& ruta)
     return archivo.open(QIODevice::ReadOnly) ? QString::fromUtf8(archivo.readAll()) : QString();
 }
 
-/// Pages show what lies in their folder and nothing else.
+constexpr int anchoDeLaBarra = 60;
+constexpr int margen = 18;
+constexpr QColor fondoDeMarca(255, 240, 150);
+
+/// Pages show what lies in their folder and nothing else; a picture wider than the page is made to fit.
 class HojaDeAyuda : public QTextBrowser
 {
 public:
-    HojaDeAyuda(QString carpeta, QWidget* padre)
+    HojaDeAyuda(QString carpeta, std::function<void()> alCambiarAncho, QWidget* padre)
         : QTextBrowser(padre)
         , m_carpeta(std::move(carpeta))
+        , m_alCambiarAncho(std::move(alCambiarAncho))
     {
     }
 
 protected:
+    void resizeEvent(QResizeEvent* evento) override
+    {
+        QTextBrowser::resizeEvent(evento);
+        if (std::exchange(m_ancho, width()) != width()) // the bar that comes and goes is no change
+        {
+            m_alCambiarAncho();
+        }
+    }
     QVariant loadResource(int tipo, const QUrl& nombre) override
     {
         const QString archivo = nombre.path();
@@ -51,11 +75,15 @@ protected:
         {
             return {};
         }
-        return QImage(m_carpeta + QLatin1Char('/') + archivo);
+        const QImage imagen(m_carpeta + QLatin1Char('/') + archivo);
+        const int ancho = std::max(width() - anchoDeLaBarra, anchoDeLaBarra);
+        return imagen.width() > ancho ? imagen.scaledToWidth(ancho, Qt::SmoothTransformation) : imagen;
     }
 
 private:
     QString m_carpeta;
+    std::function<void()> m_alCambiarAncho;
+    int m_ancho = 0;
 };
 } // namespace
 
@@ -67,8 +95,15 @@ void VisorDeAyuda::abrir(const QString& carpeta, const QString& pagina)
         visor = new VisorDeAyuda(carpeta);
         visor->setAttribute(Qt::WA_DeleteOnClose);
     }
+    // Over a dialog it belongs to it: another window would get no click, nor be seen past, until the dialog closes.
+    QWidget* dialogo = QApplication::activeModalWidget();
+    if (dialogo != visor && visor->parentWidget() != dialogo)
+    {
+        visor->setParent(dialogo, Qt::Window);
+    }
     visor->mostrar(pagina);
     visor->showMaximized();
+    visor->m_hoja->setFocus();
     visor->raise();
     visor->activateWindow();
 }
@@ -77,8 +112,10 @@ VisorDeAyuda::VisorDeAyuda(const QString& carpeta, QWidget* padre)
     : QMainWindow(padre, Qt::Window)
     , m_carpeta(carpeta)
     , m_busqueda(new QLineEdit(this))
+    , m_sinResultado(new QLabel(this))
     , m_contenido(new QListWidget(this))
-    , m_hoja(new HojaDeAyuda(carpeta, this))
+    , m_hoja(new HojaDeAyuda(
+          carpeta, [this] { mostrarDeNuevo(); }, this))
 {
     setObjectName(QStringLiteral("Ayuda"));
     setWindowTitle(QStringLiteral("Altoverde - Ayuda"));
@@ -113,10 +150,15 @@ void VisorDeAyuda::armar()
     m_hoja->setObjectName(QStringLiteral("txtPagina"));
     m_hoja->setAccessibleName(QStringLiteral("Página de ayuda"));
     m_hoja->setOpenLinks(false);
+    m_hoja->document()->setDocumentMargin(margen);
+    m_hoja->document()->setDefaultStyleSheet(leer(m_carpeta + QStringLiteral("/estilo.css")));
+    m_sinResultado->setObjectName(QStringLiteral("lblSinResultado"));
+    m_sinResultado->setWordWrap(true);
 
     auto* lado = new QWidget(this);
     auto* columna = new QVBoxLayout(lado);
     columna->addWidget(m_busqueda);
+    columna->addWidget(m_sinResultado);
     columna->addWidget(m_contenido);
     auto* partes = new QSplitter(this);
     partes->addWidget(lado);
@@ -136,7 +178,16 @@ void VisorDeAyuda::armar()
                 }
             });
     connect(m_hoja, &QTextBrowser::anchorClicked, this,
-            [this](const QUrl& enlace) { mostrar(enlace.path().remove(QStringLiteral(".html"))); });
+            [this](const QUrl& enlace)
+            {
+                m_anteriores << m_pagina;
+                mostrar(enlace.path().remove(QStringLiteral(".html")));
+            });
+    for (const QKeySequence& tecla : {QKeySequence(Qt::ALT | Qt::Key_Left), QKeySequence(Qt::Key_Backspace)})
+    {
+        auto* volverAtras = new QShortcut(tecla, m_hoja, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(volverAtras, &QShortcut::activated, this, &VisorDeAyuda::volver);
+    }
     auto* cerrar = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     connect(cerrar, &QShortcut::activated, this, &QWidget::close);
     auto* irABuscar = new QShortcut(QKeySequence::Find, this);
@@ -145,18 +196,21 @@ void VisorDeAyuda::armar()
 
 void VisorDeAyuda::buscar(const QString& texto)
 {
-    const QStringList palabras = plegado(texto).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList buscadas = palabras(texto);
     const QSignalBlocker quieto(m_contenido);
     m_contenido->clear();
     for (const Pagina& pagina : m_paginas)
     {
         const QString donde = plegado(pagina.titulo) + QLatin1Char(' ') + pagina.texto;
-        if (std::all_of(palabras.cbegin(), palabras.cend(), [&](const QString& p) { return donde.contains(p); }))
+        if (std::all_of(buscadas.cbegin(), buscadas.cend(), [&](const QString& p) { return donde.contains(p); }))
         {
             auto* entrada = new QListWidgetItem(pagina.titulo, m_contenido);
             entrada->setData(Qt::UserRole, pagina.archivo);
         }
     }
+    m_sinResultado->setText(QStringLiteral("Ninguna página contiene «%1».").arg(texto.trimmed()));
+    m_sinResultado->setVisible(m_contenido->count() == 0);
+    marcarEnContenido();
     resaltar();
 }
 
@@ -178,7 +232,22 @@ void VisorDeAyuda::mostrar(const QString& pedida)
     {
         m_hoja->setHtml(html);
     }
+    marcarEnContenido();
+    resaltar();
+}
+
+void VisorDeAyuda::volver()
+{
+    if (!m_anteriores.isEmpty())
+    {
+        mostrar(m_anteriores.takeLast());
+    }
+}
+
+void VisorDeAyuda::marcarEnContenido()
+{
     const QSignalBlocker quieto(m_contenido);
+    m_contenido->setCurrentItem(nullptr);
     for (int i = 0; i < m_contenido->count(); ++i)
     {
         if (m_contenido->item(i)->data(Qt::UserRole).toString() == m_pagina)
@@ -186,20 +255,35 @@ void VisorDeAyuda::mostrar(const QString& pedida)
             m_contenido->setCurrentRow(i);
         }
     }
-    resaltar();
+}
+
+void VisorDeAyuda::mostrarDeNuevo()
+{
+    const int lugar = m_hoja->verticalScrollBar()->value();
+    mostrar(m_pagina);
+    m_hoja->verticalScrollBar()->setValue(lugar);
 }
 
 void VisorDeAyuda::resaltar()
 {
     QList<QTextEdit::ExtraSelection> marcas;
-    const QString texto = m_busqueda->text().trimmed();
-    for (QTextCursor lugar = m_hoja->document()->find(texto); !texto.isEmpty() && !lugar.isNull();
-         lugar = m_hoja->document()->find(texto, lugar))
+    const QStringList buscadas = palabras(m_busqueda->text());
+    for (QTextBlock parrafo = m_hoja->document()->begin(); parrafo.isValid(); parrafo = parrafo.next())
     {
-        QTextEdit::ExtraSelection marca;
-        marca.cursor = lugar;
-        marca.format.setBackground(QColor(255, 240, 150));
-        marcas.push_back(marca);
+        const QString texto = plegado(parrafo.text());
+        for (const QString& palabra : buscadas)
+        {
+            for (qsizetype i = texto.indexOf(palabra); i != -1; i = texto.indexOf(palabra, i + palabra.size()))
+            {
+                QTextEdit::ExtraSelection marca;
+                marca.cursor = QTextCursor(parrafo);
+                marca.cursor.setPosition(parrafo.position() + static_cast<int>(i));
+                marca.cursor.setPosition(parrafo.position() + static_cast<int>(i + palabra.size()),
+                                         QTextCursor::KeepAnchor);
+                marca.format.setBackground(fondoDeMarca);
+                marcas.push_back(marca);
+            }
+        }
     }
     m_hoja->setExtraSelections(marcas);
 }

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <vector>
 
+class QLabel;
 class QLineEdit;
 class QListWidget;
 class QTextBrowser;
@@ -10,7 +11,8 @@ class QTextBrowser;
 /// The program's help: pages beside the program, with their contents and a search. A window of its own, maximised,
 /// one for the whole program. A page that is missing shows only a complaint.
 ///
-/// The folder holds one HTML file a page and "contenido.txt", a line a page: file name without ending, "|", title.
+/// The folder holds one HTML file a page, "estilo.css" for all of them, pictures, and "contenido.txt", a line a page:
+/// file name without ending, "|", title.
 class VisorDeAyuda : public QMainWindow
 {
     Q_OBJECT
@@ -32,12 +34,17 @@ private:
     void leerContenido();
     void armar();
     void buscar(const QString& texto);
+    void mostrarDeNuevo();
+    void volver();
+    void marcarEnContenido();
     void resaltar();
 
     QString m_carpeta;
     QString m_pagina;
+    QStringList m_anteriores; ///< pages left by a link
     std::vector<Pagina> m_paginas;
     QLineEdit* m_busqueda;
+    QLabel* m_sinResultado;
     QListWidget* m_contenido;
     QTextBrowser* m_hoja;
 };

@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Makes the pictures of the help anew from the screens as they are: retratar.sh BUILD. Plays the guided tour.
+set -euo pipefail
+aqui=$(cd "$(dirname "$0")" && pwd)
+construccion=$(cd "$1" && pwd)
+carpeta=/tmp/Altoverde # it can be read in the pictures
+"$aqui/../../examples/recorrido/recorrer.sh" "$construccion" "$carpeta" >/dev/null
+for retrato in "$carpeta"/retratos/*.png; do
+  convert "$retrato" -strip -colors 96 -define png:compression-level=9 "PNG8:$aqui/$(basename "$retrato")"
+done
+rm -rf "$carpeta"
