@@ -16,6 +16,10 @@ Acercade::Acercade(QWidget* padre)
     ui->Label4_0->setText(QString::fromUtf8(configuracion::web));
     ui->Label4_1->setText(QString::fromUtf8(configuracion::correoSoporte));
     ui->Label4_2->setText(QString::fromUtf8(configuracion::telefonoSoporte));
+    for (QLabel* dato : {ui->Label4_0, ui->Label4_1, ui->Label4_2})
+    {
+        dato->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
 }
 
 Acercade::~Acercade() = default;

@@ -20,6 +20,10 @@ Version::Version(QWidget* padre)
     ui->Image1->setPixmap(Estilo::iconoDelPrograma().pixmap(96, 96));
     rotuloDePrograma(ui->Label1);
     ui->lblLink->setText(QString::fromUtf8(configuracion::enlaceVersion));
+    QFont subrayada = ui->lblLink->font();
+    subrayada.setUnderline(true);
+    ui->lblLink->setFont(subrayada);
+    ui->lblLink->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred); // the ground beside it is no link
     ui->lblLink->setCursor(Qt::PointingHandCursor);
     ui->lblLink->setFocusPolicy(Qt::StrongFocus);
     ui->lblLink->setAccessibleName(QStringLiteral("Enlace a la nueva versión"));
@@ -60,7 +64,8 @@ bool Version::eventFilter(QObject* objeto, QEvent* evento)
         }
         break;
     case QEvent::KeyPress:
-        if (const int tecla = static_cast<QKeyEvent*>(evento)->key(); tecla == Qt::Key_Return || tecla == Qt::Key_Space)
+        if (const int tecla = static_cast<QKeyEvent*>(evento)->key();
+            tecla == Qt::Key_Return || tecla == Qt::Key_Enter || tecla == Qt::Key_Space)
         {
             protegido([this] { lblLink_Click(); });
         }
