@@ -46,8 +46,9 @@ bool entregarAlSistema(const MensajeDeCorreo& mensaje)
         carta.nFileCount = 1;
         carta.lpFiles = &adjunto;
     }
-    const ULONG resultado = enviar(0, 0, &carta, MAPI_DIALOG | MAPI_LOGON_UI, 0);
-    if (resultado != SUCCESS_SUCCESS && resultado != MAPI_E_USER_ABORT)
+    // No dialog to edit it in: what the caller reports as sent has been sent.
+    const ULONG resultado = enviar(0, 0, &carta, MAPI_LOGON_UI, 0);
+    if (resultado != SUCCESS_SUCCESS)
     {
         throw ErrorDeEjecucion(
             errorDeCorreo,
