@@ -1,50 +1,167 @@
 #!/usr/bin/python3
-"""con_ftp.py COMO CARPETA ORDEN...: runs a command with an FTP server of its own, whose address it adds as
-"--ftp HOST:PORT"; the files that arrive lie in CARPETA. COMO is "si", "cerrado" (nobody listens there), "rechaza" (no
-user is let in) or "sin_carpeta" (there is no DDJJ to go to). The exit status is the command's."""
+"""con_ftp.py [SERVIDOR:]COMO CARPETA [ORDEN...]: runs a command with an FTP server of its own, whose address it adds as
+"--ftp HOST:PORT"; the files that arrive lie in CARPETA. The exit status is the command's. Without a command it prints
+the address and serves until its input ends.
+
+SERVIDOR is "pyftpdlib", which ends lines as this system does, or "vsftpd", which keeps the bytes as they came. COMO:
+  si           all is well
+  cerrado      nobody listens there
+  rechaza      the password is another one
+  sin_carpeta  there is no DDJJ to go to
+  no_sube      no file may be stored
+  lleno        the disk is full after 2048 bytes
+  corta        both connections are reset after 1024 bytes of a file
+  traba        a file's bytes are not taken, and nothing is said any more
+  calla-X      nothing comes back any more from the command X on: calla-CWD; calla-saludo leaves out the greeting,
+               calla-fin only what ends a transfer"""
+import contextlib
+import errno
 import logging
+import os
 import pathlib
+import resource
+import shutil
+import signal
 import socket
 import subprocess
 import sys
+import tempfile
 import threading
 
-USUARIO, CLAVE = "administrador", "KT-marcados"
+from ftp_averiado import interponer
+
+USUARIO, CLAVE, OTRA_CLAVE = "administrador", "KT-marcados", "otra clave"
+CUPO = 2048
+AQUI = "127.0.0.1"
+PAM = pathlib.Path("/etc/pam.d")
+NUESTRO_PAM = "altoverde-prueba-"
+SANOS = {"si", "rechaza", "sin_carpeta", "no_sube", "lleno"}
 
 
-def atender(como: str, carpeta: pathlib.Path):
+def con_pyftpdlib(como: str, carpeta: pathlib.Path, recursos: contextlib.ExitStack) -> int:
     from pyftpdlib.authorizers import DummyAuthorizer
+    from pyftpdlib.filesystems import AbstractedFS
     from pyftpdlib.handlers import FTPHandler
     from pyftpdlib.servers import FTPServer
+
+    class DiscoLleno(AbstractedFS):
+        def open(self, filename, mode):
+            archivo = super().open(filename, mode)
+
+            class Acotado:
+                name, close = archivo.name, archivo.close
+                closed = property(lambda _: archivo.closed)
+
+                def write(self, trozo):
+                    archivo.write(trozo[: max(0, CUPO - archivo.tell())])
+                    if archivo.tell() >= CUPO:
+                        raise OSError(errno.ENOSPC, os.strerror(errno.ENOSPC))
+
+            return Acotado() if "w" in mode else archivo
 
     class Manejador(FTPHandler):
         authorizer = DummyAuthorizer()
         auth_failed_timeout = 0
+        abstracted_fs = DiscoLleno if como == "lleno" else AbstractedFS
 
-    if como != "rechaza":
-        Manejador.authorizer.add_user(USUARIO, CLAVE, str(carpeta), perm="elradfmw")
-    servidor = FTPServer(("127.0.0.1", 0), Manejador)
+    permisos = "elr" if como == "no_sube" else "elradfmw"
+    Manejador.authorizer.add_user(USUARIO, OTRA_CLAVE if como == "rechaza" else CLAVE, str(carpeta), perm=permisos)
+    servidor = FTPServer((AQUI, 0), Manejador)
     threading.Thread(target=servidor.serve_forever, daemon=True).start()
-    return servidor, servidor.address[1]
+    return servidor.address[1]
 
 
-def puerto_cerrado() -> tuple[socket.socket, int]:
-    # Bound and not listening: a connection is refused, and nobody else can take the port.
-    enchufe = socket.socket()
-    enchufe.bind(("127.0.0.1", 0))
-    return enchufe, enchufe.getsockname()[1]
+def quitar_pam_de_los_muertos():
+    for archivo in PAM.glob(NUESTRO_PAM + "*"):
+        if not pathlib.Path("/proc", archivo.name.removeprefix(NUESTRO_PAM)).exists():
+            archivo.unlink(missing_ok=True)
+
+
+def con_vsftpd(como: str, carpeta: pathlib.Path, recursos: contextlib.ExitStack) -> int:
+    """Each connection gets a vsftpd of its own, so that the system chooses the port and nobody waits for a start."""
+    programa = shutil.which("vsftpd") or shutil.which("vsftpd", path="/usr/sbin")
+    if programa is None:
+        sys.exit("con_ftp.py: vsftpd is not installed (scripts/instalar.sh names the packages)")
+    if not list(pathlib.Path("/lib").glob("*/security/pam_pwdfile.so")):
+        sys.exit("con_ftp.py: libpam-pwdfile is not installed (scripts/instalar.sh names the packages)")
+    if os.geteuid() != 0:
+        sys.exit("con_ftp.py: vsftpd signs its users on only when it runs as root")
+    quitar_pam_de_los_muertos()
+    propia = pathlib.Path(recursos.enter_context(tempfile.TemporaryDirectory(prefix="vsftpd-")))
+    claves = propia / "claves"
+    cifrada = subprocess.run(
+        ["perl", "-e", "print crypt(<STDIN>, q($6$altoverde))"],
+        input=OTRA_CLAVE if como == "rechaza" else CLAVE, capture_output=True, text=True, check=True)  # fmt: skip
+    claves.write_text(f"{USUARIO}:{cifrada.stdout}\n")
+    pam = PAM / f"{NUESTRO_PAM}{os.getpid()}"
+    recursos.callback(pam.unlink, missing_ok=True)
+    pam.write_text(f"auth required pam_pwdfile.so pwdfile={claves} nodelay\naccount required pam_permit.so\n")
+    (propia / "vacia").mkdir()
+    opciones = {
+        "listen": "NO", "anonymous_enable": "NO", "local_enable": "YES", "write_enable": "YES",
+        "guest_enable": "YES", "guest_username": "root", "virtual_use_local_privs": "YES",
+        "pam_service_name": pam.name, "local_root": carpeta, "chroot_local_user": "YES",
+        "allow_writeable_chroot": "YES", "secure_chroot_dir": propia / "vacia", "seccomp_sandbox": "NO",
+        "isolate": "NO", "isolate_network": "NO", "delay_failed_login": 0, "xferlog_enable": "NO",
+    }  # fmt: skip
+    if como == "no_sube":
+        opciones["cmds_denied"] = "STOR"
+    configuracion = propia / "vsftpd.conf"
+    configuracion.write_text("".join(f"{clave}={valor}\n" for clave, valor in opciones.items()))
+
+    def acotar():
+        os.setpgid(0, 0)
+        if como == "lleno":  # the signal stays ignored, as in this program: writing fails
+            resource.setrlimit(resource.RLIMIT_FSIZE, (CUPO, CUPO))
+
+    def atender():
+        with contextlib.suppress(OSError):
+            while True:
+                conexion, _ = escucha.accept()
+                hijo = subprocess.Popen(
+                    [programa, str(configuracion)], stdin=conexion, stdout=conexion, stderr=conexion,
+                    restore_signals=False, preexec_fn=acotar)  # fmt: skip
+                conexion.close()
+                recursos.callback(terminar, hijo)
+
+    escucha = recursos.enter_context(socket.create_server((AQUI, 0)))
+    threading.Thread(target=atender, daemon=True).start()
+    return escucha.getsockname()[1]
+
+
+def terminar(hijo: subprocess.Popen):
+    with contextlib.suppress(ProcessLookupError):
+        os.killpg(hijo.pid, signal.SIGKILL)
+    hijo.wait()
+
+
+def abrir(servidor: str, como: str, carpeta: pathlib.Path, recursos: contextlib.ExitStack) -> int:
+    if como == "cerrado":
+        # Bound and not listening: a connection is refused, and nobody else can take the port.
+        enchufe = recursos.enter_context(socket.socket())
+        enchufe.bind((AQUI, 0))
+        return enchufe.getsockname()[1]
+    (carpeta if como == "sin_carpeta" else carpeta / "DDJJ").mkdir(parents=True, exist_ok=True)
+    poner = {"pyftpdlib": con_pyftpdlib, "vsftpd": con_vsftpd}[servidor]
+    puerto = poner(como, carpeta, recursos)
+    return puerto if como in SANOS else interponer(como, puerto)
 
 
 def main() -> int:
-    como, carpeta, orden = sys.argv[1], pathlib.Path(sys.argv[2]), sys.argv[3:]
-    if como not in {"si", "cerrado", "rechaza", "sin_carpeta"}:
-        sys.exit(f"con_ftp.py: {como}?")
-    logging.basicConfig(level=logging.WARNING)
-    (carpeta if como == "sin_carpeta" else carpeta / "DDJJ").mkdir(parents=True, exist_ok=True)
-    guardado, puerto = puerto_cerrado() if como == "cerrado" else atender(como, carpeta)
-    estado = subprocess.run([*orden, "--ftp", f"127.0.0.1:{puerto}"], check=False).returncode
-    del guardado
-    return estado
+    servidor, _, como = sys.argv[1].rpartition(":")
+    carpeta, orden = pathlib.Path(sys.argv[2]).resolve(), sys.argv[3:]
+    conocido = como in SANOS | {"cerrado", "corta", "traba"} or como.startswith("calla-")
+    if servidor not in {"", "pyftpdlib", "vsftpd"} or not conocido:
+        sys.exit(f"con_ftp.py: {sys.argv[1]}?")
+    logging.basicConfig(level=logging.ERROR)
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+    with contextlib.ExitStack() as recursos:
+        direccion = f"{AQUI}:{abrir(servidor or 'pyftpdlib', como, carpeta, recursos)}"
+        if orden:
+            return subprocess.run([*orden, "--ftp", direccion], check=False).returncode
+        print(direccion, flush=True)
+        sys.stdin.read()
+    return 0
 
 
 if __name__ == "__main__":

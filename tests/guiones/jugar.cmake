@@ -3,7 +3,7 @@
 #   # sql: ARCHIVO       statements run on the database first
 #   # datos: CARPETA     its files are copied into the program's folder
 #   # borrar: ARCHIVO    not there when the program starts
-#   # ftp: COMO          with an FTP server of its own: si, cerrado, rechaza, sin_carpeta
+#   # ftp: COMO          with an FTP server of its own, as con_ftp.py tells: si, cerrado, vsftpd:si ...
 #   # salida: N          exit status of the robot, 0 unless told
 #   # despues: GUION     another start of the program in the same folder
 # Paths are relative to the script. Files in X.esperado/ beside X.guion must have come out equal, byte by byte; what lies

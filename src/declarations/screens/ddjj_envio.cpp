@@ -37,7 +37,7 @@ void DDJJ::EnviarDDJJPorFtp(bool Avisar)
     {
         {
             TrabajoLargo trabajo(QStringLiteral("Enviando la Declaración Jurada"));
-            FtpDDJJ = std::make_unique<FTP_Class>();
+            FtpDDJJ = std::make_unique<FTP_Class>(LimitesFtp());
             FtpDDJJ->setAviso(trabajo.aviso());
             FtpDDJJ->TipoTransferencia = transferenciaAscii;
             ConectarServidorFtp();

@@ -3,7 +3,10 @@
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/mensajes.h"
 
-FTP_Class::FTP_Class() = default;
+namespace
+{
+constexpr qsizetype largoDeDirectorio = 260;
+} // namespace
 
 FTP_Class::FTP_Class(TransporteFtp::Limites limites)
     : m_transporte(limites)
@@ -76,14 +79,18 @@ void FTP_Class::terminar()
 
 QString FTP_Class::GetDirectorioActual()
 {
-    m_directorioActual = m_transporte.directorioActual();
+    // A buffer of fixed length: what the answer does not fill stays NUL.
+    const QString directorio = m_transporte.directorioActual();
+    m_directorioActual =
+        (directorio.size() < largoDeDirectorio ? directorio : QString()).leftJustified(largoDeDirectorio, QChar(0));
     return m_directorioActual;
 }
 
 void FTP_Class::CambiarDirectorio(const QString& pathDirectorio)
 {
+    const QString actual = QString(m_directorioActual).remove(QChar(0));
     puntero(true);
-    if (!m_transporte.cambiarDirectorio(m_directorioActual + QLatin1Char('/') + pathDirectorio))
+    if (!m_transporte.cambiarDirectorio(actual + QLatin1Char('/') + pathDirectorio))
     {
         Mensaje(QStringLiteral("Error al cambiar de directorio"));
     }

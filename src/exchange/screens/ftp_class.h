@@ -15,8 +15,7 @@ public:
     /// Switches the form's mouse pointer.
     using Formulario = std::function<void(bool ocupado)>;
 
-    FTP_Class();
-    explicit FTP_Class(TransporteFtp::Limites limites);
+    explicit FTP_Class(TransporteFtp::Limites limites = {});
     ~FTP_Class();
     FTP_Class(const FTP_Class&) = delete;
     FTP_Class& operator=(const FTP_Class&) = delete;
@@ -25,7 +24,7 @@ public:
     /// refuses. Throws ErrorDeEjecucion 91 when Inicializar has not been called.
     [[nodiscard]] bool ConectarFtp(ControlDeEstado controlStatus);
     void Desconectar();
-    /// The server's current directory, kept for CambiarDirectorio.
+    /// The server's current directory in 260 characters, the rest of them NUL; kept for CambiarDirectorio.
     QString GetDirectorioActual();
     /// Always relative to the last asked directory, with a "/" between: never asked, "/DDJJ/" goes out as "//DDJJ/".
     void CambiarDirectorio(const QString& pathDirectorio);

@@ -5,6 +5,7 @@
 namespace
 {
 QString reemplazo;
+TransporteFtp::Limites limitesFtp;
 } // namespace
 
 QString ServidorFtp()
@@ -15,4 +16,14 @@ QString ServidorFtp()
 void reemplazarServidorFtp(const QString& servidor)
 {
     reemplazo = servidor;
+}
+
+TransporteFtp::Limites LimitesFtp()
+{
+    return limitesFtp;
+}
+
+void reemplazarLimitesFtp(const TransporteFtp::Limites& limites)
+{
+    limitesFtp = limites;
 }

@@ -16,6 +16,7 @@
 namespace
 {
 constexpr int esperaEnMilisegundos = 50; // between two calls of the notice
+constexpr int finDeLectura = 0;          // SHUT_RD, SD_RECEIVE
 
 struct ListaDeCurl
 {
@@ -85,6 +86,11 @@ struct Puerta
     int puerto = 0;
 };
 
+long segundosHaciaArriba(std::chrono::milliseconds tiempo)
+{
+    return static_cast<long>(std::chrono::ceil<std::chrono::seconds>(tiempo).count());
+}
+
 int puertoDe(const sockaddr& direccion)
 {
     if (direccion.sa_family == AF_INET)
@@ -117,16 +123,49 @@ curl_socket_t abrirConexion(void* quien, curlsocktype, curl_sockaddr* direccion)
     return socket(direccion->family, direccion->socktype, direccion->protocol);
 }
 
+struct Respuesta
+{
+    QByteArray texto;
+    qint64 recibidos = 0;
+};
+
 size_t juntarRespuesta(char* bytes, size_t tamano, size_t cantidad, void* quien)
 {
     constexpr qsizetype tope = 16384;
-    auto* respuesta = static_cast<QByteArray*>(quien);
-    if (respuesta->size() < tope)
+    auto* respuesta = static_cast<Respuesta*>(quien);
+    respuesta->recibidos += static_cast<qint64>(tamano * cantidad);
+    if (respuesta->texto.size() < tope)
     {
-        respuesta->append(bytes, static_cast<qsizetype>(tamano * cantidad));
+        respuesta->texto.append(bytes, static_cast<qsizetype>(tamano * cantidad));
     }
     return tamano * cantidad;
 }
+
+/// The library's own watch averages over some seconds, and so would end later than the limit says.
+class Vigilancia
+{
+public:
+    void empezar(std::chrono::milliseconds limite)
+    {
+        m_limite = limite;
+        m_visto = -1;
+    }
+    /// True once nothing has moved for longer than the limit.
+    bool estancado(qint64 movidos)
+    {
+        const auto ahora = std::chrono::steady_clock::now();
+        if (std::exchange(m_visto, movidos) != movidos)
+        {
+            m_ultimo = ahora;
+        }
+        return ahora - m_ultimo > m_limite;
+    }
+
+private:
+    std::chrono::milliseconds m_limite{};
+    std::chrono::steady_clock::time_point m_ultimo;
+    qint64 m_visto = -1;
+};
 } // namespace
 
 struct TransporteFtp::Interno
@@ -137,9 +176,11 @@ struct TransporteFtp::Interno
     CURL* facil = nullptr;
     CURLM* varios = nullptr;
     Puerta puerta;
+    curl_socket_t control = CURL_SOCKET_BAD; ///< of the connection that is kept
+    Vigilancia vigilancia;
     int codigo = 0;
     QString error;
-    QByteArray respuesta;
+    Respuesta respuesta;
     char detalle[CURL_ERROR_SIZE] = {};
 
     void fallar(int numero, const QString& texto)
@@ -152,7 +193,8 @@ struct TransporteFtp::Interno
     void preparar(const QString& remoto = {})
     {
         curl_easy_reset(facil);
-        respuesta.clear();
+        respuesta = {};
+        vigilancia.empezar(limites.sinAvance);
         detalle[0] = 0;
         const QByteArray direccion = "ftp://" + cuenta.servidor.toUtf8() + '/' + QUrl::toPercentEncoding(remoto);
         curl_easy_setopt(facil, CURLOPT_URL, direccion.constData());
@@ -167,27 +209,25 @@ struct TransporteFtp::Interno
         curl_easy_setopt(facil, CURLOPT_OPENSOCKETDATA, &puerta);
         curl_easy_setopt(facil, CURLOPT_NOSIGNAL, 1L);
         curl_easy_setopt(facil, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(limites.conexion.count()));
-        curl_easy_setopt(facil, CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(limites.sinAvance.count()));
-        curl_easy_setopt(facil, CURLOPT_LOW_SPEED_LIMIT, 1L);
-        curl_easy_setopt(facil, CURLOPT_LOW_SPEED_TIME, static_cast<long>(limites.sinAvance.count()));
+        curl_easy_setopt(facil, CURLOPT_SERVER_RESPONSE_TIMEOUT, segundosHaciaArriba(limites.sinAvance));
+        curl_easy_setopt(facil, CURLOPT_QUICK_EXIT, 1L); // a name that is still being looked up is not waited for
+        curl_easy_setopt(facil, CURLOPT_NOPROGRESS, 0L);
+        curl_easy_setopt(facil, CURLOPT_XFERINFOFUNCTION, avanzar);
+        curl_easy_setopt(facil, CURLOPT_XFERINFODATA, this);
         curl_easy_setopt(facil, CURLOPT_ERRORBUFFER, detalle);
         curl_easy_setopt(facil, CURLOPT_HEADERFUNCTION, juntarRespuesta);
         curl_easy_setopt(facil, CURLOPT_HEADERDATA, &respuesta);
     }
 
-    void avisar()
+    /// The library calls it in each of its rounds, and once a second while it waits by itself for a file's last answer.
+    static int avanzar(void* quien, curl_off_t porBajar, curl_off_t bajados, curl_off_t porSubir, curl_off_t subidos)
     {
-        if (!aviso)
+        auto* interno = static_cast<Interno*>(quien);
+        if (interno->aviso)
         {
-            return;
+            interno->aviso(subidos + bajados, porSubir + porBajar);
         }
-        curl_off_t subidos = 0;
-        curl_off_t bajados = 0;
-        curl_off_t porSubir = 0;
-        curl_easy_getinfo(facil, CURLINFO_SIZE_UPLOAD_T, &subidos);
-        curl_easy_getinfo(facil, CURLINFO_SIZE_DOWNLOAD_T, &bajados);
-        curl_easy_getinfo(facil, CURLINFO_CONTENT_LENGTH_UPLOAD_T, &porSubir);
-        aviso(subidos + bajados, porSubir > 0 ? porSubir : 0);
+        return interno->vigilancia.estancado(subidos + bajados + interno->respuesta.recibidos) ? 1 : 0;
     }
 
     bool realizar()
@@ -198,7 +238,6 @@ struct TransporteFtp::Interno
         while (enCurso > 0 && estado == CURLM_OK)
         {
             estado = curl_multi_perform(varios, &enCurso);
-            avisar();
             if (enCurso > 0 && estado == CURLM_OK)
             {
                 estado = curl_multi_poll(varios, nullptr, 0, esperaEnMilisegundos, nullptr);
@@ -213,6 +252,7 @@ struct TransporteFtp::Interno
                 resultado = mensaje->data.result;
             }
         }
+        curl_easy_getinfo(facil, CURLINFO_ACTIVESOCKET, &control);
         curl_multi_remove_handle(varios, facil);
         if (resultado != CURLE_OK)
         {
@@ -221,7 +261,8 @@ struct TransporteFtp::Interno
         return resultado == CURLE_OK;
     }
 
-    /// Sends one command and nothing else.
+    /// Sends one command and nothing else. The asterisk keeps the connection when the server refuses: the library would
+    /// give it up, and what comes next would not be done any more.
     bool mandar(const QString& orden)
     {
         if (!puerta.conectado || !unaSolaLinea(orden))
@@ -230,10 +271,21 @@ struct TransporteFtp::Interno
             return false;
         }
         preparar();
-        const ListaDeCurl lista(orden.toUtf8());
+        const ListaDeCurl lista('*' + orden.toUtf8());
         curl_easy_setopt(facil, CURLOPT_NOBODY, 1L);
         curl_easy_setopt(facil, CURLOPT_QUOTE, lista.lista);
-        return realizar();
+        if (!realizar())
+        {
+            return false;
+        }
+        constexpr long primeroDeLosRechazos = 400;
+        long codigoDelServidor = 0;
+        curl_easy_getinfo(facil, CURLINFO_RESPONSE_CODE, &codigoDelServidor);
+        if (codigoDelServidor >= primeroDeLosRechazos)
+        {
+            fallar(CURLE_QUOTE_ERROR, QString::fromUtf8(respuesta.texto).trimmed());
+        }
+        return codigoDelServidor < primeroDeLosRechazos;
     }
 };
 
@@ -282,6 +334,12 @@ bool TransporteFtp::cerrar()
 {
     const bool habia = std::exchange(m_interno->puerta.conectado, false);
     // The connection lives in the multi handle: it says QUIT when that goes.
+    // Its answer would be waited for without any limit of ours: there is nothing to be read any more.
+    const curl_socket_t control = std::exchange(m_interno->control, CURL_SOCKET_BAD);
+    if (control != CURL_SOCKET_BAD)
+    {
+        shutdown(control, finDeLectura);
+    }
     curl_easy_cleanup(std::exchange(m_interno->facil, nullptr));
     if (m_interno->varios != nullptr)
     {
@@ -302,7 +360,7 @@ QString TransporteFtp::directorioActual()
         return {};
     }
     // 257 "/a ""quoted"" directory"
-    const QString respuesta = QString::fromUtf8(m_interno->respuesta);
+    const QString respuesta = QString::fromUtf8(m_interno->respuesta.texto);
     const qsizetype codigo = respuesta.lastIndexOf(QStringLiteral("257 "));
     const qsizetype desde = respuesta.indexOf(QLatin1Char('"'), qMax(qsizetype{0}, codigo)) + 1;
     const qsizetype hasta = respuesta.lastIndexOf(QLatin1Char('"'));

@@ -17,8 +17,8 @@ public:
     };
     struct Limites
     {
-        std::chrono::milliseconds conexion = std::chrono::seconds(20);
-        std::chrono::seconds sinAvance{30};
+        std::chrono::milliseconds conexion = std::chrono::seconds(20);  ///< until signed on
+        std::chrono::milliseconds sinAvance = std::chrono::seconds(30); ///< with nothing sent and nothing received
     };
     struct Cuenta
     {
@@ -26,7 +26,7 @@ public:
         QString usuario;
         QString clave;
     };
-    /// Called a few times a second while an operation runs: bytes done and in all (0 while unknown).
+    /// Called while an operation runs, at least once a second: bytes done and in all (0 while unknown). Must not throw.
     using Aviso = std::function<void(qint64 hecho, qint64 total)>;
 
     TransporteFtp();
@@ -38,7 +38,7 @@ public:
     void setAviso(Aviso aviso);
     /// Connects and signs on.
     bool conectar(const Cuenta& cuenta);
-    /// False when there was no connection.
+    /// Says goodbye and does not wait for the answer. False when there was no connection.
     bool cerrar();
     [[nodiscard]] bool conectado() const;
 

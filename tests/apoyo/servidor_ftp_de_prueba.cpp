@@ -1,0 +1,50 @@
+#include "apoyo/servidor_ftp_de_prueba.h"
+
+#include "apoyo/archivos_de_prueba.h"
+
+#include <QDirIterator>
+#include <gtest/gtest.h>
+
+ServidorFtpDePrueba::ServidorFtpDePrueba(const QString& como)
+{
+    m_proceso.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_proceso.start(QStringLiteral(PROGRAMA_PYTHON),
+                    {QStringLiteral(CARPETA_FUENTES "/tests/guiones/con_ftp.py"), como, m_carpeta.path()});
+    while (!m_proceso.canReadLine() && m_proceso.waitForReadyRead(-1))
+    {
+    }
+    m_direccion = QString::fromUtf8(m_proceso.readLine()).trimmed();
+    EXPECT_FALSE(m_direccion.isEmpty()) << "the server did not start; its complaint stands above";
+}
+
+ServidorFtpDePrueba::~ServidorFtpDePrueba()
+{
+    terminar();
+}
+
+void ServidorFtpDePrueba::terminar()
+{
+    if (m_proceso.state() != QProcess::NotRunning)
+    {
+        m_proceso.closeWriteChannel();
+        m_proceso.waitForFinished(-1);
+        EXPECT_EQ(0, m_proceso.exitCode());
+    }
+}
+
+QStringList ServidorFtpDePrueba::archivos() const
+{
+    QStringList todos;
+    QDirIterator vuelta(m_carpeta.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (vuelta.hasNext())
+    {
+        todos += QDir(m_carpeta.path()).relativeFilePath(vuelta.next());
+    }
+    todos.sort();
+    return todos;
+}
+
+QByteArray ServidorFtpDePrueba::leer(const QString& archivo) const
+{
+    return leerArchivo(m_carpeta.filePath(archivo));
+}
