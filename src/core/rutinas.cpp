@@ -156,7 +156,7 @@ void LiberarIndice(qint64 indice)
     Conexion.ejecutar("UPDATE Parametros SET Indice = Indice - 1 WHERE Indice = ?", ObtenerIndice());
 }
 
-void CompactarBase()
+void CompactarBase(const Aviso& aviso)
 {
     const QString temporal = RutaApp + QStringLiteral("DBBrivoTemporal.mdb");
     const Candado solo(RutaApp + QStringLiteral("DBBrivo.ldb"), Candado::Modo::Exclusivo);
@@ -164,8 +164,7 @@ void CompactarBase()
     {
         Archivos::borrar(temporal);
     }
-    ::Conexion::compactar(rutaBase(), temporal);
-    Archivos::asegurarEnDisco(temporal);
+    ::Conexion::compactar(rutaBase(), temporal, aviso);
     Archivos::reemplazar(temporal, rutaBase());
 }
 } // namespace Rutinas

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/data/aviso.h"
 #include "platform/data/conexion.h"
 
 #include <QDate>
@@ -56,5 +57,5 @@ void LiberarIndice(qint64 indice);
 
 /// Rewrites the closed database compactly and puts it in place by one rename. Throws with the old file untouched;
 /// 70 when another copy of the program holds it.
-void CompactarBase();
+void CompactarBase(const Aviso& aviso = {});
 } // namespace Rutinas

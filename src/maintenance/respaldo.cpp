@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <optional>
 
 namespace
 {
@@ -19,24 +20,100 @@ QString rutaDelCandado(const QString& base)
     return archivo.path() + QLatin1Char('/') + archivo.completeBaseName() + QStringLiteral(".ldb");
 }
 
-/// Copies under a name of its own, checks that the copy is a sound database, and puts it in place.
-void copiarComprobada(const QString& origen, const QString& destino)
+/// The name under which a copy to `destino` is made until it is whole and checked.
+QString parteDe(const QString& destino)
 {
-    const QString parte = destino + QStringLiteral(".parte");
+    return destino + QStringLiteral(".parte");
+}
+
+void borrarSiEsta(const QString& ruta)
+{
+    if (Archivos::existe(ruta))
+    {
+        Archivos::borrar(ruta);
+    }
+}
+
+/// Copies under a name of its own, checks that the copy is a sound database, and puts it in place.
+void copiarComprobada(const QString& origen, const QString& destino, const Aviso& aviso)
+{
+    const QString parte = parteDe(destino);
     try
     {
-        Archivos::copiar(origen, parte);
-        Conexion::comprobar(parte);
+        borrarSiEsta(Conexion::diario(parte));
+        Archivos::copiarAParte(origen, parte, aviso);
+        if (Archivos::existe(Conexion::diario(origen)))
+        {
+            // Its last user died at work. What was half done is undone in the copy: the origin is only read.
+            Archivos::copiarAParte(Conexion::diario(origen), Conexion::diario(parte));
+            Conexion::recuperar(parte);
+        }
+        Conexion::comprobar(parte, aviso);
         Archivos::reemplazar(parte, destino);
     }
-    catch (const ErrorDeEjecucion&)
+    catch (...)
     {
-        if (Archivos::existe(parte))
+        borrarSiEsta(parte);
+        borrarSiEsta(Conexion::diario(parte));
+        throw;
+    }
+}
+
+/// Removes what killed backups left in the other folders of Copias.
+void borrarRestosDeCopias(const QDir& carpeta)
+{
+    QDir copias = carpeta;
+    if (!copias.cdUp())
+    {
+        return;
+    }
+    for (const QString& otra : copias.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+    {
+        const QString resto = copias.filePath(otra + QLatin1Char('/') + parteDe(nombreBase));
+        if (otra != carpeta.dirName() && Archivos::existe(resto))
         {
-            Archivos::borrar(parte);
+            Archivos::borrar(resto);
+            copias.rmdir(otra); // goes when nothing else lies in it
+        }
+    }
+}
+
+/// A database brought from another place may be in use there. Nothing is held where there is no lock file, or where it
+/// cannot be written, as on a disc.
+std::optional<Candado> candadoDelOrigen(const QString& origen, const QString& destino)
+{
+    const QString candado = rutaDelCandado(origen);
+    if (!Archivos::existe(candado) ||
+        QFileInfo(candado).canonicalFilePath() == QFileInfo(rutaDelCandado(destino)).canonicalFilePath())
+    {
+        return std::nullopt;
+    }
+    try
+    {
+        return Candado(candado, Candado::Modo::Exclusivo);
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        if (error.numero() == ErrorDeEjecucion::SinAcceso)
+        {
+            return std::nullopt;
         }
         throw;
     }
+}
+
+/// No journal of the old file may lie beside the new one: it would be played into it.
+void quitarDiario(const QString& base)
+{
+    try
+    {
+        Conexion::recuperar(base);
+    }
+    catch (const ErrorDeEjecucion&)
+    {
+        // Past saving, which is why a copy is brought back.
+    }
+    borrarSiEsta(Conexion::diario(base));
 }
 } // namespace
 
@@ -77,10 +154,12 @@ QString prepararCopia(const QString& carpeta)
     return carpeta + QDir::separator() + nombreBase;
 }
 
-void resguardar(const QString& origen, const QString& destino)
+void resguardar(const QString& origen, const QString& destino, const Aviso& aviso)
 {
     const Candado solo(rutaDelCandado(origen), Candado::Modo::Exclusivo);
-    copiarComprobada(origen, destino);
+    Conexion::recuperar(origen);
+    borrarRestosDeCopias(QFileInfo(destino).absoluteDir());
+    copiarComprobada(origen, destino, aviso);
 }
 
 FallaDeRestauracion revisarRestauracion(const QString& origen, const QString& destino)
@@ -100,9 +179,21 @@ FallaDeRestauracion revisarRestauracion(const QString& origen, const QString& de
     return FallaDeRestauracion::Ninguna;
 }
 
-void restaurar(const QString& origen, const QString& destino, const QString& seguridad)
+void restaurar(const QString& origen, const QString& destino, const QString& seguridad, const Aviso& aviso)
 {
     const Candado solo(rutaDelCandado(destino), Candado::Modo::Exclusivo);
-    Archivos::copiar(destino, seguridad);
-    copiarComprobada(origen, destino);
+    const std::optional<Candado> tampocoAlli = candadoDelOrigen(origen, destino);
+    quitarDiario(destino);
+    const qint64 primera = QFileInfo(destino).size();
+    const qint64 total = primera + QFileInfo(origen).size();
+    if (Archivos::existe(destino))
+    {
+        const QString parte = parteDe(seguridad);
+        Archivos::copiarAParte(destino, parte,
+                               [&](qint64 hecho, qint64 /*todo*/) { aviso ? aviso(hecho, total) : void(); });
+        Archivos::reemplazar(parte, seguridad);
+    }
+    copiarComprobada(origen, destino,
+                     [&](qint64 hecho, qint64 todo)
+                     { aviso ? aviso(todo > 0 ? primera + hecho : 0, todo > 0 ? total : 0) : void(); });
 }

@@ -23,8 +23,9 @@ void anotarCopia(Conexion& conexion, const QString& destino, const QDateTime& cu
 [[nodiscard]] QString prepararCopia(const QString& carpeta);
 
 /// Copies the closed database `origen` to `destino`, which becomes a whole and checked copy or stays as it was. No
-/// other copy of the program may have the database open: throws ErrorDeEjecucion 70.
-void resguardar(const QString& origen, const QString& destino);
+/// other copy of the program may have the database open: throws ErrorDeEjecucion 70. What killed backups left half made
+/// is removed.
+void resguardar(const QString& origen, const QString& destino, const Aviso& aviso = {});
 
 enum class FallaDeRestauracion
 {
@@ -36,6 +37,7 @@ enum class FallaDeRestauracion
 [[nodiscard]] FallaDeRestauracion revisarRestauracion(const QString& origen, const QString& destino);
 
 /// Puts the database `origen` in the place of the closed `destino`, in one step once it is whole and checked, after a
-/// copy of `destino` to `seguridad`. A failure or a kill leaves the old database or the new one, never none.
-/// Throws ErrorDeEjecucion: 70 when another copy of the program has it open.
-void restaurar(const QString& origen, const QString& destino, const QString& seguridad);
+/// copy of `destino`, if it is there, to `seguridad`. A failure or a kill leaves the old database or the new one, never
+/// none. What a killed process left half done in either is undone first.
+/// Throws ErrorDeEjecucion: 70 when another copy of the program has one of them open.
+void restaurar(const QString& origen, const QString& destino, const QString& seguridad, const Aviso& aviso = {});

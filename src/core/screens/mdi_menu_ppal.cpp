@@ -139,8 +139,8 @@ void MDIMenuPpal::mantenimiento()
     QString fallo;
     try
     {
-        const TrabajoLargo trabajo(QStringLiteral("Compactando la base de datos"));
-        Rutinas::CompactarBase();
+        TrabajoLargo trabajo(QStringLiteral("Compactando la base de datos"));
+        Rutinas::CompactarBase(trabajo.aviso());
     }
     catch (const ErrorDeEjecucion& error)
     {

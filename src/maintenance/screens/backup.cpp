@@ -93,8 +93,8 @@ void Backup::resguardarBase()
     CarpetaCopia = carpetaDeCopia(DirectorioPrograma(), Reloj::Ahora());
     ui->txtDestino_0->setText(prepararCopia(CarpetaCopia));
     {
-        const TrabajoLargo trabajo(QStringLiteral("Copiando la base de datos"));
-        resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text());
+        TrabajoLargo trabajo(QStringLiteral("Copiando la base de datos"));
+        resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text(), trabajo.aviso());
     }
     Rutinas::AbrirBase();
     anotarCopia(Rutinas::Conexion, ui->txtDestino_0->text(), Reloj::Ahora());
@@ -130,9 +130,9 @@ void Backup::restaurarBase()
 {
     Rutinas::CerrarBase();
     {
-        const TrabajoLargo trabajo(QStringLiteral("Restaurando la base de datos"));
+        TrabajoLargo trabajo(QStringLiteral("Restaurando la base de datos"));
         restaurar(ui->txtOrigen_1->text(), ui->txtDestino_1->text(),
-                  Rutinas::RutaApp + QStringLiteral("DBBrivo_Bak.mdb"));
+                  Rutinas::RutaApp + QStringLiteral("DBBrivo_Bak.mdb"), trabajo.aviso());
     }
     MsgBox(QStringLiteral("La Base de Datos ha sido reemplazada con exito."), Caja::Informacion);
     Rutinas::AbrirBase();

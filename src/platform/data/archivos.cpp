@@ -33,9 +33,14 @@ QString carpetaDe(const QString& ruta)
     return QFileInfo(ruta).absolutePath();
 }
 
-/// Copies the bytes into the new file `destino` and flushes it.
-void copiarBytes(const QString& origen, const QString& destino)
+/// Copies the bytes into the new file `destino` and flushes it, now and then as well: on a slow disk the whole at the
+/// end would be a long silence.
+void copiarBytes(const QString& origen, const QString& destino, const Aviso& aviso)
 {
+    constexpr qint64 entreVolcados = 8LL * 1024 * 1024;
+    const qint64 total = QFileInfo(origen).size();
+    qint64 hecho = 0;
+    qint64 volcado = 0;
     const sistema::Archivo lee = sistema::abrir(origen, "rb");
     exigir(lee ? 0 : errno, origen);
     sistema::Archivo escribe = sistema::abrir(destino, "wbx");
@@ -44,10 +49,56 @@ void copiarBytes(const QString& origen, const QString& destino)
     while (const std::size_t leidos = std::fread(bloque.data(), 1, bloque.size(), lee.get()))
     {
         exigir(std::fwrite(bloque.data(), 1, leidos, escribe.get()) == leidos ? 0 : errno, destino);
+        hecho += static_cast<qint64>(leidos);
+        if (hecho - volcado >= entreVolcados)
+        {
+            exigir(sistema::asegurarArchivo(destino), destino);
+            volcado = hecho;
+        }
+        if (aviso)
+        {
+            aviso(hecho, total);
+        }
     }
     exigir(std::ferror(lee.get()) == 0 ? 0 : errno, origen);
     exigir(std::fclose(escribe.release()) == 0 ? 0 : errno, destino);
     exigir(sistema::asegurarArchivo(destino), destino);
+}
+
+void exigirArchivo(const QString& ruta)
+{
+    if (!QFileInfo(ruta).isFile())
+    {
+        exigir(QFileInfo(ruta).isDir() ? EISDIR : ENOENT, ruta);
+    }
+}
+
+void borrarSiEsta(const QString& ruta)
+{
+    std::error_code ignorado;
+    std::filesystem::remove(sistema::nativa(ruta), ignorado);
+}
+
+const QString finDeTemporal = QStringLiteral(".tmp");
+
+QString temporalDe(const QString& destino)
+{
+    return destino + u'.' + QUuid::createUuid().toString(QUuid::Id128) + finDeTemporal;
+}
+
+/// Removes the temporary files of copies to `destino` that were killed.
+void borrarTemporales(const QString& destino)
+{
+    const QFileInfo archivo(destino);
+    const qsizetype largo = temporalDe(archivo.fileName()).size();
+    const QDir carpeta = archivo.absoluteDir();
+    for (const QString& nombre : carpeta.entryList(QDir::Files | QDir::Hidden))
+    {
+        if (nombre.size() == largo && nombre.startsWith(archivo.fileName() + u'.') && nombre.endsWith(finDeTemporal))
+        {
+            borrarSiEsta(carpeta.filePath(nombre));
+        }
+    }
 }
 
 /// The new file is as open to others as the one whose place it takes.
@@ -69,26 +120,38 @@ bool Archivos::existe(const QString& ruta)
 
 void Archivos::copiar(const QString& origen, const QString& destino)
 {
-    if (!QFileInfo(origen).isFile())
-    {
-        exigir(QFileInfo(origen).isDir() ? EISDIR : ENOENT, origen);
-    }
+    exigirArchivo(origen);
     std::error_code distintos;
     if (std::filesystem::equivalent(sistema::nativa(origen), sistema::nativa(destino), distintos) && !distintos)
     {
         exigir(EBUSY, destino);
     }
     exigir(QFileInfo(destino).isDir() ? EISDIR : 0, destino);
-    const QString temporal = destino + u'.' + QUuid::createUuid().toString(QUuid::Id128) + QStringLiteral(".tmp");
+    borrarTemporales(destino);
+    const QString temporal = temporalDe(destino);
+    copiarAParte(origen, temporal);
     try
     {
-        copiarBytes(origen, temporal);
         reemplazar(temporal, destino);
     }
     catch (...)
     {
-        std::error_code ignorado;
-        std::filesystem::remove(sistema::nativa(temporal), ignorado);
+        borrarSiEsta(temporal);
+        throw;
+    }
+}
+
+void Archivos::copiarAParte(const QString& origen, const QString& parte, const Aviso& aviso)
+{
+    exigirArchivo(origen);
+    borrarSiEsta(parte);
+    try
+    {
+        copiarBytes(origen, parte, aviso);
+    }
+    catch (...)
+    {
+        borrarSiEsta(parte);
         throw;
     }
 }

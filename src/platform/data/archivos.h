@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/data/aviso.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -30,9 +32,13 @@ void cerrarTodos();
 
 [[nodiscard]] bool existe(const QString& ruta);
 /// Copies under a temporary name in the target's folder, flushes, and renames: the target is the old file or the whole
-/// copy, never a part. A file onto itself fails with 70. Not for a database that this process has open: on POSIX,
-/// closing the copy's descriptor would drop the database's locks.
+/// copy, never a part. What a killed copy to the same target left under its temporary name is removed first. A file
+/// onto itself fails with 70. Not for a database that this process has open: on POSIX, closing the copy's descriptor
+/// would drop the database's locks.
 void copiar(const QString& origen, const QString& destino);
+/// Copies into `parte`, flushed, for who checks the copy before reemplazar(): a file of that name is written anew, and
+/// none is left by a failure. `aviso` is told the bytes.
+void copiarAParte(const QString& origen, const QString& parte, const Aviso& aviso = {});
 /// Puts `origen` in the place of `destino` in one step; `destino` may exist, and then hands on its permissions.
 void reemplazar(const QString& origen, const QString& destino);
 /// `destino` must not exist (else 58 is told as 75).

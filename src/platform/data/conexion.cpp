@@ -78,6 +78,38 @@ std::unique_ptr<SQLite::Database> abrirBase(const QString& ruta, int modo)
         });
 }
 
+/// While it lives SQLite tells `aviso` that it is at work. No exception crosses SQLite: one stops the work instead.
+class Latido
+{
+public:
+    Latido(sqlite3* base, std::function<void()> aviso)
+        : m_base(base)
+        , m_aviso(std::move(aviso))
+    {
+        constexpr int instrucciones = 20'000; // well under a hundredth of a second
+        sqlite3_progress_handler(m_base, instrucciones, latir, this);
+    }
+    ~Latido() { sqlite3_progress_handler(m_base, 0, nullptr, nullptr); }
+    Latido(const Latido&) = delete;
+    Latido& operator=(const Latido&) = delete;
+
+private:
+    static int latir(void* este)
+    {
+        try
+        {
+            static_cast<Latido*>(este)->m_aviso();
+            return 0;
+        }
+        catch (...)
+        {
+            return 1;
+        }
+    }
+    sqlite3* m_base;
+    std::function<void()> m_aviso;
+};
+
 QString rutaDelCandado(const QString& ruta)
 {
     const QFileInfo archivo(ruta);
@@ -213,7 +245,7 @@ bool Conexion::enTransaccion() const
     return sqlite3_get_autocommit(interno().base->getHandle()) == 0;
 }
 
-void Conexion::compactar(const QString& origen, const QString& destino)
+void Conexion::compactar(const QString& origen, const QString& destino, const Aviso& aviso)
 {
     if (QFileInfo::exists(destino))
     {
@@ -222,27 +254,51 @@ void Conexion::compactar(const QString& origen, const QString& destino)
     try
     {
         const auto base = abrirBase(origen, SQLite::OPEN_READWRITE);
+        const qint64 total = QFileInfo(origen).size();
         traducir(
             [&]
             {
+                std::optional<Latido> latido;
+                if (aviso)
+                {
+                    latido.emplace(base->getHandle(), [&] { aviso(QFileInfo(destino).size(), total); });
+                }
                 SQLite::Statement sentencia(*base, "VACUUM INTO ?");
                 sentencia.bind(1, comoUtf8(destino));
                 sentencia.exec();
             });
-        comprobar(destino);
+        comprobar(destino, aviso);
         Archivos::asegurarEnDisco(destino);
     }
     catch (...)
     {
         QFile::remove(destino);
-        QFile::remove(destino + QStringLiteral("-journal"));
+        QFile::remove(diario(destino));
         throw;
     }
 }
 
-void Conexion::comprobar(const QString& ruta)
+QString Conexion::diario(const QString& ruta)
+{
+    return ruta + QStringLiteral("-journal");
+}
+
+void Conexion::recuperar(const QString& ruta)
+{
+    if (QFileInfo::exists(diario(ruta)))
+    {
+        const auto base = abrirBase(ruta, SQLite::OPEN_READWRITE); // opening reads, and reading undoes
+    }
+}
+
+void Conexion::comprobar(const QString& ruta, const Aviso& aviso)
 {
     const auto base = abrirBase(ruta, SQLite::OPEN_READONLY);
+    std::optional<Latido> latido;
+    if (aviso)
+    {
+        latido.emplace(base->getHandle(), [&] { aviso(0, 0); });
+    }
     const std::string hallado = traducir([&] { return base->execAndGet("PRAGMA integrity_check(1)").getString(); });
     if (hallado != "ok")
     {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/data/aviso.h"
 #include "platform/data/moneda.h"
 
 #include <QByteArray>
@@ -284,10 +285,16 @@ public:
     [[nodiscard]] qint64 ultimoNumero() const; ///< automatic number of the last insert
     [[nodiscard]] bool enTransaccion() const;
 
-    /// Rewrites the closed file `origen` compactly into `destino`, which must not exist, and checks the result.
-    static void compactar(const QString& origen, const QString& destino);
-    /// Throws unless the file opens as a database and passes its integrity check.
-    static void comprobar(const QString& ruta);
+    /// Rewrites the closed file `origen` compactly into `destino`, which must not exist, checks the result and flushes
+    /// it. `aviso` is told the bytes written, and an exception of it stops the work.
+    static void compactar(const QString& origen, const QString& destino, const Aviso& aviso = {});
+    /// Throws unless the file opens as a database and passes its integrity check. `aviso` as in compactar().
+    static void comprobar(const QString& ruta, const Aviso& aviso = {});
+    /// Undoes in the closed file what a process that died in the middle of a transaction left half done.
+    static void recuperar(const QString& ruta);
+    /// The file in which a transaction keeps what it may have to undo; beside a closed database only after such a
+    /// death.
+    [[nodiscard]] static QString diario(const QString& ruta);
     /// Creates an empty database file of this program; only the seed and tests do.
     static void crear(const QString& ruta);
 
