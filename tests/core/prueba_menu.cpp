@@ -1,6 +1,7 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
+#include "apoyo/hijo.h"
 #include "core/screens/mdi_menu_ppal.h"
 #include "core/screens/validar.h"
 #include "platform/screens/campo_mascara.h"
@@ -76,6 +77,16 @@ TEST_F(MenuTest, MantenimientoCompactaYReabre)
     elegir("mnuTool_2");
     EXPECT_TRUE(m_base.conexion().abierta());
     EXPECT_TRUE(m_base.conexion().hay("SELECT 1 FROM Parametros"));
+}
+
+TEST_F(MenuTest, MantenimientoConOtraCopiaAbiertaDiceElNumeroYReabre)
+{
+    Hijo otra(QStringLiteral("OtraCopia.DISABLED_TieneLaBaseAbierta"), m_base.rutaBase());
+    m_cajas.espera(Caja::Simple, QStringLiteral("70 - Permiso denegado o archivo en uso: otra copia del programa está "
+                                                "usando la base de datos"));
+    elegir("mnuTool_2");
+    EXPECT_TRUE(m_base.conexion().hay("SELECT 1 FROM Parametros"));
+    EXPECT_TRUE(m_estados.empty());
 }
 
 TEST_F(MenuTest, SalirCierraLaBaseYTerminaSinPreguntar)

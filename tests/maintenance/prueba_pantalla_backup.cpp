@@ -207,8 +207,15 @@ TEST_F(PantallaBackup, SeRestauraUnaVersionAnterior)
     EXPECT_FALSE(abierta());
     EXPECT_EQ(QStringLiteral("1.0"),
               mesa.conexion().consultar("SELECT Version FROM Parametros").primera().texto("Version"));
-    EXPECT_EQ(titulo, mesa.menu->windowTitle()); // upgraded by the next start, not now
+    EXPECT_EQ(titulo, mesa.menu->windowTitle()); // upgraded by the next starts, not now
     EXPECT_EQ(vieja, leerArchivo(ruta("DBBrivo_Bak.mdb")));
+    for (const char* version : {"1.1", "1.2", "2.0", "2.0"})
+    {
+        Rutinas::CerrarBase();
+        Rutinas::Main([] {});
+        EXPECT_TRUE(mesa.conexion().hay("SELECT 1 FROM Parametros WHERE Version = ?", version)) << version;
+    }
+    EXPECT_NO_THROW(mesa.conexion().ejecutar("UPDATE DDJJ_Empleados SET Acuerdo = Acuerdo2"));
 }
 
 TEST_F(PantallaBackup, UnArchivoDanadoNoReemplazaNada)

@@ -267,3 +267,55 @@ TEST_F(Respaldo, LoQueEstaEnUsoEnOtraParteNoSeTrae)
     restaurar(otra, base.rutaBase(), seguridad);
     EXPECT_NE(viva, leerArchivo(base.rutaBase()));
 }
+
+// A database of hundreds of MiB is copied for many seconds: the user sees how far it is.
+TEST_F(Respaldo, ElAvanceSeCuentaHastaElFinal)
+{
+    const QByteArray viva = leerArchivo(base.rutaBase());
+    const qint64 largoDeOtra = hacerOtra(50'000).size();
+    struct Caso
+    {
+        const char* que;
+        std::function<void(const Aviso&)> haz;
+        qint64 total; ///< of the bytes copied; 0 when they are not known before
+    };
+    const Caso casos[] = {
+        {"backup", [&](const Aviso& aviso) { resguardar(otra, prepararCopia(carpeta), aviso); }, largoDeOtra},
+        {"restore", [&](const Aviso& aviso) { restaurar(otra, base.rutaBase(), seguridad, aviso); },
+         viva.size() + largoDeOtra},
+        {"compaction", [](const Aviso& aviso) { Rutinas::CompactarBase(aviso); }, 0},
+    };
+    for (const Caso& caso : casos)
+    {
+        qint64 antes = 0;
+        qint64 hasta = 0;
+        int revisiones = 0;
+        caso.haz(
+            [&](qint64 hecho, qint64 total)
+            {
+                if (total == 0) // the copy is being checked, and how long that takes is not known
+                {
+                    ++revisiones;
+                    return;
+                }
+                EXPECT_GE(hecho, antes) << caso.que;
+                antes = hecho;
+                hasta = total;
+            });
+        EXPECT_GT(revisiones, 0) << caso.que;
+        if (caso.total > 0)
+        {
+            EXPECT_EQ(caso.total, antes) << caso.que;
+            EXPECT_EQ(caso.total, hasta) << caso.que;
+        }
+        // One who cannot go on telling it stops the work, and nothing has happened.
+        const QByteArray entera = leerArchivo(base.rutaBase());
+        const QStringList todos = archivos(base.ruta(QString()));
+        int quedan = revisiones / 2;
+        EXPECT_ANY_THROW(caso.haz([&](qint64 /*hecho*/, qint64 total)
+                                  { total == 0 && --quedan < 0 ? throw std::runtime_error("stop") : void(); }))
+            << caso.que;
+        EXPECT_EQ(entera, leerArchivo(base.rutaBase())) << caso.que;
+        EXPECT_EQ(todos, archivos(base.ruta(QString()))) << caso.que;
+    }
+}
