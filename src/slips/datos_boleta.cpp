@@ -44,15 +44,15 @@ void agregarActa(ValoresDeInforme& valores, const Boleta& boleta, const TextosDe
 {
     valores.push_back({QStringLiteral("TipoPago"), QStringLiteral("PAGO DE ACTAS")});
     valores.push_back({QStringLiteral("Cuenta"), textos.concepto});
-    valores.push_back({QStringLiteral("Acta_Cuota"),
-                       QStringLiteral("ACTA Nº %1  -  CUOTA Nº %2").arg(boleta.nroActa).arg(boleta.cuota)});
+    valores.push_back(
+        {QStringLiteral("Acta_Cuota"), QStringLiteral("ACTA Nº %1  -  CUOTA Nº %2").arg(textos.nroActa, textos.cuota)});
     valores.push_back({QStringLiteral("Importe"), boleta.importeActa});
 }
 } // namespace
 
 ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const TextosDeBoleta& textos)
 {
-    const QString otros = boleta.dias == 0 ? QString() : QStringLiteral("INTERES %1 DIAS").arg(boleta.dias);
+    const QString otros = boleta.dias == 0 ? QString() : QStringLiteral("INTERES %1 DIAS").arg(textos.dias);
     ValoresDeInforme valores{
         {QStringLiteral("Version"), conexion.consultar("SELECT * FROM Parametros").primera().texto("Version")},
         {QStringLiteral("CUIT"), boleta.cuit},

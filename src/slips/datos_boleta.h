@@ -12,6 +12,9 @@ struct TextosDeBoleta
     QString domicilio;
     QString concepto; ///< kind Acta: the fund's name
     QString numero;   ///< the slip number
+    QString dias;     ///< days, act and instalment as they were typed, zeros in front and all
+    QString nroActa;
+    QString cuota;
 };
 
 /// The named values of the slip report, by index: nine common ones, then those of the kind, the date of payment last.

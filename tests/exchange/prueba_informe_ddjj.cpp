@@ -10,6 +10,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
@@ -104,6 +107,31 @@ struct InformesDDJJ : testing::Test
             texto = texto.simplified();
         }
         return textos;
+    }
+    struct Palabra
+    {
+        double izquierda;
+        double derecha;
+        double arriba;
+        QString texto;
+    };
+    /// The words of the report now in preview where they stand, in points, in the order of the pages.
+    [[nodiscard]] QList<Palabra> palabras() const
+    {
+        const QString pdf = base.ruta(QStringLiteral("informe.pdf"));
+        vista()->guardarPdf(pdf);
+        QProcess proceso;
+        proceso.start(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf, QStringLiteral("-")});
+        EXPECT_TRUE(proceso.waitForFinished());
+        static const QRegularExpression marca(
+            QStringLiteral("<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\"[^>]*>([^<]*)</word>"));
+        QList<Palabra> lista;
+        for (auto i = marca.globalMatch(QString::fromUtf8(proceso.readAllStandardOutput())); i.hasNext();)
+        {
+            const auto m = i.next();
+            lista.append({m.captured(1).toDouble(), m.captured(3).toDouble(), m.captured(2).toDouble(), m.captured(4)});
+        }
+        return lista;
     }
     void imprimir(InformeDDJJ cual) { ImprimirInforme(clave, QStringLiteral("5"), QStringLiteral("2009"), cual); }
 };
@@ -298,11 +326,15 @@ TEST_F(InformesDDJJ, TotalsOfTheGroupsAreTheSumsOfTheirRows)
 {
     const qint64 dos = agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("2")});
     const qint64 diez = agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("10")});
+    const qint64 minuscula = agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("a")});
+    const qint64 mayuscula = agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("A")});
+    const qint64 gemela = agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("A")});
+    const qint64 sucursales[] = {dos, diez, 0, minuscula, mayuscula, gemela, 999};
     for (int i = 0; i < 90; ++i)
     {
         EmpleadoDePrueba uno = empleado("", "Gómez");
         uno.cuil = QStringLiteral("20-%1-0").arg(i, 8, 10, QLatin1Char('0'));
-        uno.sucursal = i % 3 == 0 ? dos : i % 3 == 1 ? diez : 0;
+        uno.sucursal = sucursales[i % 7];
         uno.imponible = Moneda::deDiezMilesimos(99'999'999'900 - qint64{i} * 123'456'700);
         uno.acuerdo = Moneda::deDiezMilesimos(i * 10'100);
         uno.acuerdo2 = Moneda::deDiezMilesimos(i % 2 * 5'000);
@@ -348,9 +380,10 @@ TEST_F(InformesDDJJ, TotalsOfTheGroupsAreTheSumsOfTheirRows)
             }
         }
     }
-    EXPECT_EQ(totales, 4);
-    EXPECT_EQ(grupos, QStringList({QStringLiteral("Sucursal: sin asignar"), QStringLiteral("Sucursal: 2"),
-                                   QStringLiteral("Sucursal: 10")}));
+    EXPECT_EQ(totales, 7);
+    EXPECT_EQ(grupos, QStringList({QStringLiteral("Sucursal: sin asignar"), QStringLiteral("Sucursal: A"),
+                                   QStringLiteral("Sucursal: A"), QStringLiteral("Sucursal: a"),
+                                   QStringLiteral("Sucursal: 2"), QStringLiteral("Sucursal: 10")}));
 }
 
 TEST_F(InformesDDJJ, ThePagesPrintEveryNameAndAmountInFull)
@@ -392,6 +425,86 @@ TEST_F(InformesDDJJ, ThePagesPrintEveryNameAndAmountInFull)
     paginas = hojas();
     EXPECT_TRUE(paginas.back().contains(QStringLiteral("80 empleados con datos incompletos")));
     EXPECT_EQ(paginas.join(QLatin1Char(' ')).count(QStringLiteral("FALTA")), 80);
+}
+
+TEST_F(InformesDDJJ, LargeTotalsStayUnderTheirColumns)
+{
+    for (const char* importe : {"499999999,99", "500000000"})
+    {
+        EmpleadoDePrueba uno = empleado(*importe == '4' ? "20-00000001-0" : "20-00000002-0", "Ana");
+        uno.imponible = pesos(*importe == '4' ? "49999999999,99" : "50000000000");
+        uno.acuerdo = uno.art100 = uno.art101A = uno.art101B = pesos(importe);
+        agregar(conexion, uno);
+    }
+    imprimir(InformeDDJJ::Declaracion);
+    const QList<Palabra> todas = palabras();
+    const auto renglon = [&](const QString& primera)
+    {
+        QList<Palabra> suyas;
+        const auto desde =
+            std::find_if(todas.begin(), todas.end(), [&](const Palabra& p) { return p.texto == primera; });
+        std::copy_if(desde, todas.end(), std::back_inserter(suyas),
+                     [&](const Palabra& p) { return std::abs(p.arriba - desde->arriba) < 2; });
+        std::sort(suyas.begin(), suyas.end(),
+                  [](const Palabra& a, const Palabra& b) { return a.izquierda < b.izquierda; });
+        return suyas.last(6);
+    };
+    const QList<Palabra> fila = renglon(QStringLiteral("20-00000001-0"));
+    const QList<Palabra> total = renglon(QStringLiteral("TOTAL:"));
+    EXPECT_EQ(total.first().texto, QStringLiteral("99.999.999.999,99"));
+    EXPECT_EQ(total.last().texto, QStringLiteral("2.999.999.999,97"));
+    for (int i = 0; i < 6; ++i)
+    {
+        EXPECT_NEAR(total[i].derecha, fila[i].derecha, 0.3) << total[i].texto.toStdString();
+        EXPECT_TRUE(i == 0 || total[i].izquierda - total[i - 1].derecha > 2) << total[i].texto.toStdString();
+    }
+}
+
+TEST_F(InformesDDJJ, BlanksInNamesPrintAsTheyAre)
+{
+    conexion.ejecutar("UPDATE Empresas SET Razon = 'Nombre  Doble'");
+    EmpleadoDePrueba uno = empleado("20-00000001-0", "Nombre  Doble");
+    uno.sexo = std::nullopt;
+    uno.sucursal = agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("Nombre  Doble")});
+    agregar(conexion, uno);
+    for (const auto& [cual, veces] : {std::pair(InformeDDJJ::Declaracion, 6), {InformeDDJJ::DatosIncompletos, 2}})
+    {
+        imprimir(cual); // in the page's head; the declaration also in its foot, and thrice as a branch
+        int dobles = 0;
+        const QList<Palabra> todas = palabras();
+        for (qsizetype i = 1; i < todas.size(); ++i)
+        {
+            if (todas[i].texto.startsWith(QStringLiteral("Doble")))
+            {
+                ++dobles;
+                EXPECT_GT(todas[i].izquierda - todas[i - 1].derecha, 3.2) << dobles << " a blank has 2.1 to 2.8";
+            }
+        }
+        EXPECT_EQ(dobles, veces);
+        delete vista();
+    }
+}
+
+TEST_F(InformesDDJJ, TheAccountantsTownPrintsWithWhatIsKnownOfIt)
+{
+    agregar(conexion, empleado("20-00000001-0", "Ana"));
+    const struct
+    {
+        const char* codigo;
+        const char* localidad;
+        const char* dice;
+    } casos[] = {
+        {"5500", "Mendoza", "(5500) Mendoza"}, {"", "Mendoza", " Mendoza"}, {"5500", "", "(5500)"}, {"", "", ""}};
+    for (const auto& caso : casos)
+    {
+        conexion.ejecutar("UPDATE Empresas SET Est_CodPos = nullif(?, ''), Est_Localidad = nullif(?, '')", caso.codigo,
+                          caso.localidad);
+        imprimir(InformeDDJJ::Declaracion);
+        const QString hoja = hojas().value(0);
+        EXPECT_TRUE(hoja.contains(QString::fromLatin1(caso.dice))) << hoja.toStdString();
+        EXPECT_FALSE(hoja.contains(QStringLiteral("()"))) << caso.localidad;
+        delete vista();
+    }
 }
 
 TEST_F(InformesDDJJ, ACompleteRosterSaysSo)

@@ -50,7 +50,10 @@ struct BoletaImpresa : testing::Test
         QStringLiteral("Panadería y Confitería \"La Ñusta\" <S.R.L.> & D'An"),
         QStringLiteral("Avenida del Libertador General 12345 12 3 B - (B1870ABC) Ñorquín de la Costa"),
         QStringLiteral("PAGO DE ACTAS - SEGURO DE SEPELIO"),
-        {}};
+        {},
+        QStringLiteral("15"),
+        QStringLiteral("123456"),
+        QStringLiteral("3")};
 
     void SetUp() override
     {
@@ -66,6 +69,12 @@ struct BoletaImpresa : testing::Test
         return {std::move(plantilla), std::move(datos)};
     }
     [[nodiscard]] QString ruta(const QString& nombre) const { return carpeta.filePath(nombre); }
+    /// The text of its page, blanks run together.
+    [[nodiscard]] QString hoja(const Boleta& boleta)
+    {
+        return correr(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf(boleta), QStringLiteral("-")})
+            .simplified();
+    }
     [[nodiscard]] QString pdf(const Boleta& boleta)
     {
         const QString destino = ruta(QStringLiteral("boleta%1.pdf").arg(static_cast<int>(boleta.tipo)));
@@ -314,9 +323,9 @@ TEST_F(BoletaImpresa, ThePageSaysWhatTheRegisterHoldsAndTheNumberCarries)
         {boletaDeAportes(),
          "APORTE MENSUAL",
          {QStringLiteral("2009/05 - 1"),
-          QStringLiteral("Aporte Sindical 2% 1 empleados Remuneración $ 1.000,00 $ 20,01"),
-          QStringLiteral("Turismo y Recreación 1% 1 afiliados Remuneración $ 1.000,00 $ 10,02"),
-          QStringLiteral("Seguro Sepelio 1% 1 afiliados Remuneración $ 1.000,00 $ 10,03")}},
+          QStringLiteral("Aporte Sindical 2% 1 empleado Remuneración $ 1.000,00 $ 20,01"),
+          QStringLiteral("Turismo y Recreación 1% 1 afiliado Remuneración $ 1.000,00 $ 10,02"),
+          QStringLiteral("Seguro Sepelio 1% 1 afiliado Remuneración $ 1.000,00 $ 10,03")}},
         {boletaDeInteres(), "INTERES APORTE", {QStringLiteral("2009/05 - 1")}},
         {boletaDeActa(),
          "PAGO DE ACTAS",
@@ -329,9 +338,7 @@ TEST_F(BoletaImpresa, ThePageSaysWhatTheRegisterHoldsAndTheNumberCarries)
         const Recordset filas =
             base.conexion().consultar("SELECT * FROM PAGOS WHERE Pago = ?", base.conexion().ultimoNumero());
         const Fila pago = filas.primera();
-        const QString texto =
-            correr(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf(caso.boleta), QStringLiteral("-")})
-                .simplified();
+        const QString texto = hoja(caso.boleta);
         const QString numero = textos.numero;
         QStringList todos = caso.renglones;
         todos << QStringLiteral("BOLETA DE PAGO - ") + QString::fromLatin1(caso.tipoPago) << textos.empresa
@@ -373,17 +380,37 @@ TEST_F(BoletaImpresa, ThePageSaysWhatTheRegisterHoldsAndTheNumberCarries)
 
 TEST_F(BoletaImpresa, TheLongestSlipStaysOnOnePage)
 {
-    Boleta boleta = boletaDeAportes();
-    const Moneda mucho = pesos("9999999,99");
-    boleta.art100 = boleta.art101A = boleta.art101B = boleta.interes = boleta.importeTotal = mucho;
-    boleta.dias = 99;
-    EmpleadoDePrueba otro{
-        .secuencia = 1, .cuil = QStringLiteral("20-00000009-0"), .imponible = pesos("99999999999,99")};
-    agregar(base.conexion(), otro);
+    agregar(base.conexion(), EmpleadoDePrueba{.secuencia = 1,
+                                              .cuil = QStringLiteral("20-00000009-0"),
+                                              .imponible = pesos("99999999999,99")});
     textos.empresa = QString(45, QLatin1Char('W'));
-    EXPECT_EQ(paginas(boleta).cantidad(), 1);
-    const QString texto =
-        correr(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf(boleta), QStringLiteral("-")}).simplified();
-    EXPECT_EQ(texto.count(QStringLiteral("$ 9.999.999,99")), 15);
-    EXPECT_EQ(texto.count(QStringLiteral("$ 100.000.000.999,99")), 9);
+    const struct
+    {
+        const char* importe;
+        const char* impreso;
+        int digitos; // of the number, widened by amounts past their places
+    } casos[] = {
+        {"9999999,99", "$ 9.999.999,99", 52},
+        {"999999999,99", "$ 999.999.999,99", 56},
+        {"9999999999,99", "$ 9.999.999.999,99", 58},
+    };
+    for (const auto& caso : casos)
+    {
+        for (Boleta boleta : {boletaDeAportes(), boletaDeInteres(), boletaDeActa()})
+        {
+            SCOPED_TRACE(testing::Message() << caso.importe << " of kind " << static_cast<int>(boleta.tipo));
+            boleta.art100 = boleta.art101A = boleta.art101B = boleta.interes = boleta.importeTotal =
+                boleta.importeActa = pesos(caso.importe);
+            EXPECT_EQ(paginas(boleta).cantidad(), 1);
+            const QString texto = hoja(boleta);
+            const bool aportes = boleta.tipo == TipoBoleta::Aportes;
+            const bool acta = boleta.tipo == TipoBoleta::Acta;
+            EXPECT_EQ(texto.count(QString::fromLatin1(caso.impreso)), aportes ? 15 : acta ? 9 : 6);
+            EXPECT_EQ(texto.count(QStringLiteral("Total a Depositar ") + QString::fromLatin1(caso.impreso)), 3);
+            EXPECT_EQ(texto.count(QStringLiteral(" 2 empleados Remuneración $ 100.000.000.999,99")), aportes ? 3 : 0);
+            EXPECT_EQ(texto.count(QStringLiteral(" 2 afiliados Remuneración $ 100.000.000.999,99")), aportes ? 6 : 0);
+            EXPECT_EQ(texto.count(textos.numero + QStringLiteral(" Altoverde - Versión 2.0")), 3);
+            EXPECT_TRUE(!acta || textos.numero.size() == caso.digitos);
+        }
+    }
 }

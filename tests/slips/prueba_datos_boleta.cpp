@@ -14,7 +14,10 @@ struct DatosDeBoleta : testing::Test
     TextosDeBoleta textos{QStringLiteral("Panadería D'Angelo"),
                           QStringLiteral("O'Higgins 1 - (1870) Avellaneda"),
                           QStringLiteral("PAGO DE ACTAS - SEGURO DE SEPELIO"),
-                          {}};
+                          {},
+                          QStringLiteral("15"),
+                          QStringLiteral("123456"),
+                          QStringLiteral("3")};
 
     /// "name=value" in their order, exact amounts in plain form.
     [[nodiscard]] QStringList valores(const Boleta& boleta)

@@ -8,6 +8,7 @@
 #include "slips/screens/boletas.h"
 
 #include <QFile>
+#include <QProcess>
 #include <gtest/gtest.h>
 
 using namespace dePrueba;
@@ -47,6 +48,27 @@ struct EmisionDeBoletas : testing::Test
             boleta.importeTotal = boleta.importeActa;
         }
         registrarPago(mesa.conexion(), boleta);
+    }
+    /// The text of the page in preview, blanks run together.
+    [[nodiscard]] QString hoja()
+    {
+        const QString pdf = mesa.base.ruta(QStringLiteral("hoja.pdf"));
+        mesa.vistas().value(0)->guardarPdf(pdf);
+        QProcess proceso;
+        proceso.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+        EXPECT_TRUE(proceso.waitForFinished() && proceso.exitCode() == 0);
+        return QString::fromUtf8(proceso.readAllStandardOutput()).simplified();
+    }
+    /// The last payment's days, interest, total, act and instalment.
+    [[nodiscard]] QString pago() const
+    {
+        const Recordset filas = mesa.conexion().consultar("SELECT * FROM PAGOS ORDER BY Pago DESC LIMIT 1");
+        const Fila fila = filas.primera();
+        return QStringLiteral("%1|%2|%3|%4|%5")
+            .arg(fila.entero("Dias"))
+            .arg(fila.moneda("Interes").textoPlano(), fila.moneda("Importe").textoPlano())
+            .arg(fila.entero("NroActa"))
+            .arg(fila.entero("Cuota"));
     }
     void llenarActa()
     {
@@ -129,6 +151,32 @@ TEST_F(EmisionDeBoletas, OnlyContributionsAreToBeSent)
     mesa.generar();
     EXPECT_EQ(mesa.pagos(), 2);
     EXPECT_FALSE(Rutinas::BoletaEmitida);
+}
+
+TEST_F(EmisionDeBoletas, ThePagePrintsWhatWasTypedAndTheRegisterItsValue)
+{
+    mesa.abrir(2);
+    llenarActa();
+    mesa.poner("txtActa", "007");
+    mesa.poner("txtCuota", "02");
+    mesa.poner("txtDias_2", "05");
+    mesa.poner("txtInteres_2", "1");
+    mesa.generar();
+    const QString acta = hoja();
+    EXPECT_EQ(acta.count(QStringLiteral("ACTA Nº 007 - CUOTA Nº 02")), 3);
+    EXPECT_EQ(acta.count(QStringLiteral("INTERES 05 DIAS $ 1,00")), 3);
+    EXPECT_EQ(pago(), QStringLiteral("5|1|1001|7|2"));
+    mesa.cerrarVistas();
+    mesa.cerrar();
+
+    // A second activation drops the interest but not the fields: the days go out with no interest.
+    mesa.abrir(0);
+    mesa.poner("txtDias_0", "15");
+    mesa.poner("txtInteres_0", "100");
+    mesa.irYVolver();
+    mesa.generar();
+    EXPECT_EQ(hoja().count(QStringLiteral("INTERES 15 DIAS $ 0,00")), 3);
+    EXPECT_EQ(pago(), QStringLiteral("15|0|40|0|0"));
 }
 
 TEST_F(EmisionDeBoletas, AFailingReportIsToldAndThePaymentStays)

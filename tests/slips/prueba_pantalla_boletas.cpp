@@ -356,6 +356,22 @@ TEST_F(PantallaBoletas, ItFollowsTheKindThatAnotherScreenSets)
     EXPECT_FALSE(mesa.activo("cmbConcepto"));
     EXPECT_EQ(entradas(), deActas + deDeclaracion);
     EXPECT_EQ(mesa.texto("txtTotal_0"), QStringLiteral("40,00"));
+    mesa.cerrar();
+
+    Boleta pago = boletaDeActa();
+    pago.cuenta = 0;
+    registrarPago(mesa.conexion(), pago);
+    mesa.abrir(0);
+    Rutinas::ModoAbrir = 2;
+    mesa.irYVolver();
+    EXPECT_FALSE(mesa.visible("fraPeriodo_0"));
+    EXPECT_TRUE(mesa.visible("fraPeriodo_2"));
+    EXPECT_FALSE(mesa.activo("cmbConcepto")) << "nothing enables it again";
+    EXPECT_EQ(entradas(), deDeclaracion + deActas);
+    EXPECT_EQ(mesa.texto("cmbConcepto"), QStringLiteral("APORTES DEL PERIODO"));
+    EXPECT_EQ(mesa.marco("fraPeriodo_2"), QStringLiteral("APORTES DEL PERIODO"));
+    EXPECT_EQ(mesa.actas(), QStringList({QStringLiteral("10/06/09|123456|3|1.100,25")}))
+        << "the list's place is a fund";
 }
 
 TEST_F(PantallaBoletas, ACompanyThatIsGoneIsAnErrorOfTheProgram)

@@ -51,7 +51,8 @@ std::string llenar(const std::string& etiquetas, std::size_t celda = 0, const st
     return llena;
 }
 
-/// The text of a cell as HTML shows it; nothing when it holds what is not known here.
+/// The text of a cell as HTML shows it; nothing when it holds what is not known here, as blanks that run together or
+/// not by the style of the cell.
 std::optional<QString> textoVisible(const std::string& html)
 {
     QString texto = QString::fromStdString(html);
@@ -200,6 +201,11 @@ int AltosDeFilas::lineas(const Celda& celda, const std::string& texto)
         return std::all_of(celda.letras.begin(), celda.letras.end(),
                            [&](Letra* letra) { return letra->ancho(letras) <= ancho; });
     };
+    // A line break or a tab may count or not, by the style of its cell.
+    if (std::any_of(texto.begin(), texto.end(), [](unsigned char c) { return c < ' '; }))
+    {
+        return 0;
+    }
     // An entity counts as the characters that it is written with, which are wider.
     if (entra(QString::fromStdString(texto)))
     {

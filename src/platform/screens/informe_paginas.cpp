@@ -37,7 +37,11 @@ void PaginasDeInforme::prepararDatos()
         m_formas.emplace_back(banda.html);
         if (!m_formas.back().is_valid())
         {
-            (void)rellenar(banda.html, m_objeto); // throws, naming the fault
+            (void)m_plantilla.rellenar(banda.html, m_objeto); // throws, naming the fault
+        }
+        if ((banda.tabla || !banda.filas.isEmpty()) && !m_datos.conjuntos.contains(banda.filas))
+        {
+            m_plantilla.fallar(QStringLiteral("ninguna consulta da las filas de %1").arg(banda.filas));
         }
     }
     for (const auto& [nombre, conjunto] : m_datos.conjuntos)
@@ -74,7 +78,7 @@ std::unique_ptr<QTextDocument> PaginasDeInforme::dePagina(const std::string& htm
     data datos = m_objeto;
     datos.set("Pagina", std::to_string(hoja));
     datos.set("Paginas", std::to_string(hojas));
-    return DocumentoDeInforme::hacer(rellenar(html, datos), this->hoja());
+    return DocumentoDeInforme::hacer(m_plantilla.rellenar(html, datos), this->hoja());
 }
 
 const FilasDeInforme* PaginasDeInforme::conjunto(std::size_t banda) const
@@ -162,7 +166,7 @@ void PaginasDeInforme::compaginar(const std::function<void(qint64, qint64)>& avi
         const BandaDeInforme& forma = m_plantilla.bandas[banda];
         if (forma.tabla)
         {
-            m_altos.emplace(banda, AltosDeFilas(rellenar(forma.apertura, m_objeto), forma.cierre, hoja()));
+            m_altos.emplace(banda, AltosDeFilas(m_plantilla.rellenar(forma.apertura, m_objeto), forma.cierre, hoja()));
         }
     }
     nuevaHoja();
@@ -200,7 +204,8 @@ double PaginasDeInforme::comienzo(std::size_t banda) const
     if (forma.tabla)
     {
         AltosDeFilas& altos = m_altos.at(banda);
-        return altos.cabeza() + altos.de(htmlDeFila(banda, 0)).puntos;
+        const bool sola = forma.junto && filasDe(banda) == 1;
+        return altos.cabeza() + altos.de(htmlDeFila(banda, 0)).puntos + (sola ? comienzo(banda + 1) : 0);
     }
     return altoDeSeccion(banda, 0) + (forma.junto ? comienzo(banda + 1) : 0);
 }
@@ -242,6 +247,7 @@ void PaginasDeInforme::ponerTabla(std::size_t banda, const std::function<void(qi
 {
     AltosDeFilas& altos = m_altos.at(banda);
     const std::size_t total = filasDe(banda);
+    const double trasUltima = m_plantilla.bandas[banda].junto ? comienzo(banda + 1) : 0;
     bool conCabeza = false;
     bool seguido = false; // the next row may join the last piece
     AltosDeFilas::Alto actual = total == 0 ? AltosDeFilas::Alto() : altos.de(htmlDeFila(banda, 0));
@@ -249,7 +255,8 @@ void PaginasDeInforme::ponerTabla(std::size_t banda, const std::function<void(qi
     {
         const AltosDeFilas::Alto siguiente =
             fila + 1 < total ? altos.de(htmlDeFila(banda, fila + 1)) : AltosDeFilas::Alto();
-        const double pedido = actual.puntos + (actual.junto ? siguiente.puntos : 0);
+        const double pedido =
+            actual.puntos + (actual.junto ? siguiente.puntos : 0) + (fila + 1 == total ? trasUltima : 0);
         if (m_y + (conCabeza ? 0 : altos.cabeza()) + pedido > m_fin && m_y > m_inicio)
         {
             nuevaHoja();

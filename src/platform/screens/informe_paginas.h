@@ -16,7 +16,7 @@ class PaginasDeInforme
 {
 public:
     /// Lays everything out. `aviso` is told rows done and in all. Throws ErrorDeEjecucion 13 for tags that do not parse
-    /// and when head and foot leave no room on the page.
+    /// and when head and foot leave no room on the page; for a row set that no query gives.
     PaginasDeInforme(PlantillaDeInforme plantilla, DatosDeInforme datos,
                      const std::function<void(qint64, qint64)>& aviso = {});
     ~PaginasDeInforme();

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QXmlStreamReader>
+#include <algorithm>
 
 namespace
 {
@@ -15,12 +16,12 @@ class Lector
 {
 public:
     explicit Lector(const QString& ruta)
-        : m_nombre(QFileInfo(ruta).fileName())
     {
+        m_plantilla.nombre = QFileInfo(ruta).fileName();
         QFile archivo(ruta);
         if (!archivo.open(QIODevice::ReadOnly))
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::ArchivoNoEncontrado, m_nombre);
+            throw ErrorDeEjecucion(ErrorDeEjecucion::ArchivoNoEncontrado, m_plantilla.nombre);
         }
         m_texto = QString::fromUtf8(archivo.readAll());
         m_xml.addData(m_texto);
@@ -54,7 +55,7 @@ private:
     {
         throw ErrorDeEjecucion(int{ErrorDeEjecucion::NoCoincidenTipos},
                                QStringLiteral("El informe %1 no es válido, línea %2: %3")
-                                   .arg(m_nombre)
+                                   .arg(m_plantilla.nombre)
                                    .arg(m_xml.lineNumber())
                                    .arg(causa));
     }
@@ -165,6 +166,7 @@ private:
         BandaDeInforme banda;
         banda.tabla = true;
         banda.filas = atributo("filas");
+        banda.junto = lista("class").contains(QLatin1String("junto"));
         QString atributos;
         for (const QXmlStreamAttribute& a : m_xml.attributes())
         {
@@ -183,7 +185,6 @@ private:
         m_plantilla.bandas.push_back(std::move(banda));
     }
 
-    QString m_nombre;
     QString m_texto;
     QXmlStreamReader m_xml;
     PlantillaDeInforme m_plantilla;
@@ -297,10 +298,15 @@ kainjow::mustache::data DatosDeInforme::objeto() const
     data objeto{data::type::object};
     for (const ValorDeInforme& valor : valores)
     {
-        const std::string texto = textoDeValor(valor).toStdString();
-        objeto.set(valor.nombre.toStdString(), data(texto));
-        objeto.set("hay" + valor.nombre.toStdString(), data(!texto.empty()));
-        objeto.set("no" + valor.nombre.toStdString(), data(texto.empty()));
+        const std::string nombre = valor.nombre.toStdString();
+        const QString texto = textoDeValor(valor);
+        const auto* numero = std::get_if<qint64>(&valor.valor);
+        // Two brackets around nothing are nothing.
+        const bool hay = std::any_of(texto.begin(), texto.end(), [](QChar c) { return c.isLetterOrNumber(); });
+        objeto.set(nombre, data(texto.toStdString()));
+        objeto.set("hay" + nombre, data(hay));
+        objeto.set("no" + nombre, data(!hay));
+        objeto.set("uno" + nombre, data(numero != nullptr && *numero == 1));
     }
     return objeto;
 }
@@ -328,14 +334,18 @@ QString textoDeValor(const ValorDeInforme& valor)
     return std::visit(Textos(), valor.valor);
 }
 
-std::string rellenar(const std::string& trozo, const kainjow::mustache::data& datos)
+std::string PlantillaDeInforme::rellenar(const std::string& trozo, const kainjow::mustache::data& datos) const
 {
-    kainjow::mustache::mustache plantilla(trozo);
-    if (!plantilla.is_valid())
+    kainjow::mustache::mustache etiquetas(trozo);
+    if (!etiquetas.is_valid())
     {
-        throw ErrorDeEjecucion(int{ErrorDeEjecucion::NoCoincidenTipos},
-                               QStringLiteral("El informe no es válido: ") +
-                                   QString::fromStdString(plantilla.error_message()));
+        fallar(QString::fromStdString(etiquetas.error_message()));
     }
-    return plantilla.render(datos);
+    return etiquetas.render(datos);
+}
+
+void PlantillaDeInforme::fallar(const QString& causa) const
+{
+    throw ErrorDeEjecucion(int{ErrorDeEjecucion::NoCoincidenTipos},
+                           QStringLiteral("El informe %1 no es válido: %2").arg(nombre, causa));
 }

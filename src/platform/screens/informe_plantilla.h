@@ -29,8 +29,9 @@
 ///
 /// Tags are the report's named values; in a table's body and in a section with "filas", the columns of the row set (in
 /// such a section, both). A row set can also be walked inside a section by {{#Name}}...{{/Name}}. {{#hayName}} and
-/// {{#noName}} tell whether a value or a row set holds anything. Everything is escaped. A table's head stands again on
-/// each page, and no row is cut. A section or a row (<tr class="junto">) is kept on the page of what follows it.
+/// {{#noName}} tell whether a value holds a letter or a digit, or a row set a row, and {{#unoName}} whether a number
+/// is 1. Everything is escaped. A table's head stands again on each page, and no row is cut. A section, a row
+/// (<tr class="junto">) or a table's last row (<table class="junto">) is kept on the page of what follows it.
 struct ConsultaDeInforme
 {
     QString nombre;
@@ -48,11 +49,12 @@ struct BandaDeInforme
     std::string apertura; ///< a table's tag and head, before its first row
     std::string cierre;   ///< after its last row
     double alto = 0;      ///< of a section, at least; points
-    bool junto = false;   ///< a section that stays on the page of what follows it
+    bool junto = false;   ///< a section, or a table's last row, stays on the page of what follows it
 };
 
 struct PlantillaDeInforme
 {
+    QString nombre; ///< of its file
     QString titulo;
     QPageLayout pagina;
     QString estilo;
@@ -64,6 +66,10 @@ struct PlantillaDeInforme
 
     /// Throws ErrorDeEjecucion 53 when the file is missing and 13, naming file and line, when it does not parse.
     [[nodiscard]] static PlantillaDeInforme leer(const QString& ruta);
+    /// Fills a piece of it. Throws ErrorDeEjecucion 13, naming the file, when its tags do not parse.
+    [[nodiscard]] std::string rellenar(const std::string& trozo, const kainjow::mustache::data& datos) const;
+    /// Throws ErrorDeEjecucion 13 for a fault that only shows when it is filled.
+    [[noreturn]] void fallar(const QString& causa) const;
 };
 
 /// One row set as text to print.
@@ -93,5 +99,3 @@ struct DatosDeInforme
 
 /// The text of a value: amounts "#,##0.00", dates "DD/MM/YYYY".
 [[nodiscard]] QString textoDeValor(const ValorDeInforme& valor);
-/// Fills a piece of a layout. Throws ErrorDeEjecucion 13 when its tags do not parse.
-[[nodiscard]] std::string rellenar(const std::string& trozo, const kainjow::mustache::data& datos);

@@ -7,6 +7,7 @@
 #include "platform/screens/estilo.h"
 #include "platform/screens/impresion.h"
 #include "platform/screens/mensajes.h"
+#include "platform/screens/navegacion.h"
 #include "platform/screens/trabajo_largo.h"
 
 #include <QFileInfo>
@@ -15,6 +16,7 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QToolBar>
 #include <QToolButton>
 #include <cmath>
@@ -184,6 +186,8 @@ VistaDeInforme::VistaDeInforme(PaginasDeInforme paginas, QWidget* padre)
     setCentralWidget(m_hojas);
     armarBarra();
     connect(m_hojas, &HojasDeInforme::cambio, this, &VistaDeInforme::actualizar);
+    const auto* ayuda = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(ayuda, &QShortcut::activated, this, [this] { Navegacion::instancia().ayuda(objectName()); });
     resize(1000, 720);
     actualizar();
 }

@@ -312,9 +312,14 @@ void Navegacion::fijarAyuda(std::function<void(const QString&)> abrir)
 void Navegacion::ayuda()
 {
     const Pantalla* pantalla = actual();
+    ayuda(pantalla != nullptr ? pantalla->paginaDeAyuda() : QString());
+}
+
+void Navegacion::ayuda(const QString& pagina)
+{
     if (m_interno->ayuda)
     {
-        protegido([&] { m_interno->ayuda(pantalla != nullptr ? pantalla->paginaDeAyuda() : QString()); });
+        protegido([&] { m_interno->ayuda(pagina); });
     }
 }
 

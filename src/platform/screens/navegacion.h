@@ -42,8 +42,9 @@ public:
     [[nodiscard]] const QStringList& avisos() const;
     /// What opens the help: told the page of the screen at work, an empty text when there is none.
     void fijarAyuda(std::function<void(const QString& pagina)> abrir);
-    /// Opens the help as F1 does.
+    /// Opens the help as F1 does, on the page of the screen at work.
     void ayuda();
+    void ayuda(const QString& pagina);
     /// The main window when there is one.
     [[nodiscard]] QMainWindow* ventana() const;
 

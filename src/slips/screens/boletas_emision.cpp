@@ -141,8 +141,13 @@ Boleta Boletas::boleta() const
 
 void Boletas::imprimir(const Boleta& boleta)
 {
-    const TextosDeBoleta textos{ui->txtRazon->text(), ui->txtDomicilio->text(), ui->cmbConcepto->currentText(),
-                                numeroBoleta(boleta)};
+    const TextosDeBoleta textos{ui->txtRazon->text(),
+                                ui->txtDomicilio->text(),
+                                ui->cmbConcepto->currentText(),
+                                numeroBoleta(boleta),
+                                txtDias[static_cast<std::size_t>(tipo())]->text(),
+                                ui->txtActa->text(),
+                                ui->txtCuota->text()};
     Informe informe;
     informe.ArchivoInforme = Rutinas::RutaApp + QStringLiteral("RptBoleta%1.rpt").arg(tipo());
     informe.ArchivoDatos = Rutinas::rutaBase();

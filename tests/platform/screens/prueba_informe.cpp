@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QTextDocument>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 #include <set>
@@ -69,9 +70,13 @@ TEST(Informe, AFaultyLayoutIsNamedWithFileAndLine)
         {"", "", "no tiene contenido"},
         {"<table filas=\"X\"><thead></thead></table>", "", "la tabla X no tiene tbody"},
         {"<section>x</section>", "<meta name=\"margenes\" content=\"10 10\"/>", "los márgenes son cuatro"},
-        {"<section>{{#Abierta}}</section>", "", "El informe no es válido"},
-        {"<table filas=\"X\"><tbody><tr><td>{{#Abierta}}</td></tr></tbody></table>", "", "El informe no es válido"},
-        {"<header>{{</header><section>x</section>", "", "El informe no es válido"},
+        {"<section>{{#Abierta}}</section>", "", "El informe prueba.rpt no es válido: "},
+        {"<table filas=\"X\"><tbody><tr><td>{{#Abierta}}</td></tr></tbody></table>", "",
+         "El informe prueba.rpt no es válido: "},
+        {"<header>{{</header><section>x</section>", "", "El informe prueba.rpt no es válido: "},
+        {"<table filas=\"X\"><tbody><tr><td>x</td></tr></tbody></table>", "", "ninguna consulta da las filas de X"},
+        {"<section filas=\"X\">x</section>", "<script type=\"consulta\" id=\"Y\">SELECT 1</script>",
+         "El informe prueba.rpt no es válido: ninguna consulta da las filas de X"},
         {"<section>x</section>", "<script type=\"consulta\" id=\"X\">SELECT 1 FROM NoEsta</script>", "NoEsta"},
     };
     for (const auto& caso : casos)
@@ -102,18 +107,22 @@ TEST(Informe, ValuesPrintAsTheyAreByTheirTypes)
                      {QStringLiteral("Vacio"), QString()},
                      {QStringLiteral("Importe"), Moneda::deTexto(QStringLiteral("-1234567,895"))},
                      {QStringLiteral("Fecha"), QDate(2009, 6, 3)},
-                     {QStringLiteral("Cantidad"), qint64{20000}}};
+                     {QStringLiteral("Cantidad"), qint64{20000}},
+                     {QStringLiteral("Una"), qint64{1}},
+                     {QStringLiteral("SinCodigo"), QStringLiteral("()")}};
     datos.conjuntos[QStringLiteral("Lineas")] = filasDeTexto({"A"}, {{"uno"}, {"d<o>s"}});
     datos.conjuntos[QStringLiteral("Nada")] = filasDeTexto({"A"}, {});
     const QStringList hojas = informe.textos(informe.paginas(
         QStringLiteral("<section><p>[{{Nombre}}]</p><p>[{{Importe}}] [{{Fecha}}] [{{Cantidad}}] [{{NoEsta}}]</p>"
                        "<p>{{#hayNombre}}si{{/hayNombre}}{{#hayVacio}}no{{/hayVacio}}{{#noVacio}}vacio{{/noVacio}}</p>"
+                       "<p>{{#unoUna}}una{{/unoUna}}{{^unoCantidad}}s{{/unoCantidad}}{{#haySinCodigo}}()"
+                       "{{/haySinCodigo}}</p>"
                        "<p>{{#Lineas}}({{A}}){{/Lineas}}{{#noNada}}nada{{/noNada}}{{#hayNada}}algo{{/hayNada}}</p>"
                        "<p style=\"white-space: pre-wrap\">ACTA  -  CUOTA</p></section>"),
         datos));
     ASSERT_EQ(hojas.size(), 1);
     EXPECT_EQ(hojas[0],
-              QStringLiteral("[%1] [-1.234.567,90] [03/06/2009] [20000] [] sivacio (uno)(d<o>s)nada ACTA - CUOTA")
+              QStringLiteral("[%1] [-1.234.567,90] [03/06/2009] [20000] [] sivacio unas (uno)(d<o>s)nada ACTA - CUOTA")
                   .arg(hostil));
 }
 
@@ -201,13 +210,15 @@ TEST(Informe, AWordWiderThanItsColumnMovesNoOtherRow)
 
 TEST(Informe, HeightsForetoldAreThoseOfTheTableLaidOut)
 {
-    const DocumentoDeInforme::Hoja hoja{QStringLiteral("td.f { font-size: 6.8pt; border-bottom: 1px solid #d5dde1; "
-                                                       "padding: 1px 2px 1px 2px; } .g { font-size: 10pt; }"),
-                                        QStringLiteral("."), 700};
+    const DocumentoDeInforme::Hoja hoja{
+        QStringLiteral("td.f { font-size: 6.8pt; border-bottom: 1px solid #d5dde1; "
+                       "padding: 1px 2px 1px 2px; } .p { white-space: pre-wrap; } .g { font-size: 10pt; }"),
+        QStringLiteral("."), 700};
     AltosDeFilas altos("<table width=\"100%\" cellspacing=\"0\" cellpadding=\"0\"><thead><tr><th width=\"12%\">A</th>"
                        "<th width=\"30%\">B</th><th width=\"40%\">C</th><th width=\"18%\">D</th></tr></thead>",
                        "</table>", hoja);
     std::mt19937 azar(3);
+    const char* const blancos[] = {"  ", "\n", " "}; // each counts in the second column
     int juntas = 0;
     for (int tabla = 0; tabla < 15; ++tabla)
     {
@@ -216,8 +227,9 @@ TEST(Informe, HeightsForetoldAreThoseOfTheTableLaidOut)
         for (int i = 0; i < 25; ++i)
         {
             const std::string clase = azar() % 4 == 0 ? "f g" : "f";
-            const std::string fila = "<tr><td class=\"" + clase + "\">" + frase(azar, 3) + "</td><td class=\"f\">" +
-                                     frase(azar, 9) + "</td><td class=\"f\" align=\"right\">" + frase(azar, 14) +
+            const std::string fila = "<tr><td class=\"" + clase + "\">" + frase(azar, 3) + "</td><td class=\"f p\">" +
+                                     frase(azar, 4) + blancos[std::min<std::size_t>(azar() % 20, 2)] + frase(azar, 5) +
+                                     "</td><td class=\"f\" align=\"right\">" + frase(azar, 14) +
                                      "</td><td class=\"f\"><b>" + frase(azar, 2) + "</b></td></tr>\n";
             const AltosDeFilas::Alto alto = altos.de(fila);
             if (alto.regular)
@@ -244,8 +256,9 @@ TEST(Informe, ATitleStaysOnThePageOfItsFirstRow)
                        "<tbody>{{#Titulo}}<tr class=\"junto\"><td>GRUPO</td></tr>{{/Titulo}}"
                        "{{#Fila}}<tr><td>fila</td></tr>{{/Fila}}</tbody></table>"
                        "<section class=\"junto\">AVISO</section>"
-                       "<table filas=\"Otras\" width=\"100%\"><thead><tr><th>Otras</th></tr></thead>"
-                       "<tbody><tr><td>{{Nombre}}</td></tr></tbody></table>");
+                       "<table filas=\"Otras\" class=\"junto\" width=\"100%\"><thead><tr><th>Otras</th></tr></thead>"
+                       "<tbody><tr><td>{{Nombre}}</td></tr></tbody></table>"
+                       "<section><p>JURO</p><p style=\"padding-top: 40px\">FIRMA</p></section>");
     for (int antes = 40; antes < 62; ++antes)
     {
         DatosDeInforme datos;
@@ -263,6 +276,7 @@ TEST(Informe, ATitleStaysOnThePageOfItsFirstRow)
             EXPECT_FALSE(hoja.endsWith(QStringLiteral("GRUPO"))) << antes;
             EXPECT_FALSE(hoja.endsWith(QStringLiteral("AVISO"))) << antes;
             EXPECT_FALSE(hoja.endsWith(QStringLiteral("Otras"))) << antes;
+            EXPECT_EQ(hoja.contains(QStringLiteral("JURO")), hoja.contains(QStringLiteral("otra JURO FIRMA"))) << antes;
         }
     }
 }

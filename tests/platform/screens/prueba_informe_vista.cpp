@@ -6,16 +6,21 @@
 #include "platform/screens/dialogos.h"
 #include "platform/screens/impresion.h"
 #include "platform/screens/informe_vista.h"
+#include "platform/screens/navegacion.h"
+#include "platform/screens/trabajo_largo.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QPrinter>
 #include <QProcess>
+#include <QProgressBar>
 #include <QScrollBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace
@@ -147,6 +152,39 @@ TEST_F(VistaPrevia, SavesAPdfOrSaysWhyNot)
         .esperaQueDiga(Caja::Simple, QStringLiteral("(75)"));
     pulsar("cmdPdf");
     EXPECT_EQ(archivos(), QStringList{QStringLiteral("salida.pdf")}) << "no part of it stays";
+}
+
+TEST_F(VistaPrevia, SavingAPdfShowsHowFarItIs)
+{
+    struct Avance : QObject
+    {
+        QList<int> milesimos;
+        bool eventFilter(QObject* objeto, QEvent* evento) override
+        {
+            if (evento->type() == QEvent::Show && objeto->objectName() == QLatin1String("avance"))
+            {
+                connect(objeto->findChild<QProgressBar*>(), &QProgressBar::valueChanged, this,
+                        [this](int valor) { milesimos.append(valor); });
+            }
+            return false;
+        }
+    } avance;
+    qApp->installEventFilter(&avance);
+    TrabajoLargo::fijarDemora(0);
+    vista->guardarPdf(informe.ruta(QStringLiteral("salida.pdf")));
+    TrabajoLargo::fijarDemora(500);
+    ASSERT_FALSE(avance.milesimos.isEmpty());
+    EXPECT_EQ(avance.milesimos.first(), 250) << "one page of four";
+    EXPECT_TRUE(std::is_sorted(avance.milesimos.begin(), avance.milesimos.end()));
+}
+
+TEST_F(VistaPrevia, F1OpensItsPageOfTheHelp)
+{
+    QStringList paginas;
+    Navegacion::instancia().fijarAyuda([&](const QString& pagina) { paginas << pagina; });
+    Entrada::tecla(Qt::Key_F1);
+    Navegacion::instancia().fijarAyuda({});
+    EXPECT_EQ(paginas, QStringList{QStringLiteral("Informe")});
 }
 
 TEST_F(VistaPrevia, PrintsTheRangeAskedFor)
