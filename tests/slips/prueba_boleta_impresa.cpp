@@ -310,6 +310,16 @@ TEST_F(BoletaImpresa, TheBarsHaveTheirSizeAndQuietZones)
     {
         ASSERT_TRUE(vacia(y, izquierda - quieto, izquierda) && vacia(y, derecha + 1, derecha + quieto)) << y;
     }
+    // They stand where they stand on the other kinds.
+    for (const Boleta& otra : {boletaDeAportes(), boletaDeInteres()})
+    {
+        const QImage suya = trozo(paginas(otra), 6, 100, dpi);
+        for (const auto& [y, negra] :
+             {std::pair(abajo - alto, false), {abajo - alto + 2, true}, {abajo - 1, true}, {abajo + 2, false}})
+        {
+            EXPECT_EQ(qGray(suya.pixel(izquierda + 2, y)) < 128, negra) << static_cast<int>(otra.tipo) << ' ' << y;
+        }
+    }
 }
 
 TEST_F(BoletaImpresa, ThePageSaysWhatTheRegisterHoldsAndTheNumberCarries)

@@ -70,8 +70,9 @@ std::unique_ptr<QTextDocument> DocumentoDeInforme::hacer(const std::string& html
     letra.setStyleStrategy(QFont::PreferNoShaping);
     documento->setDefaultFont(letra);
     documento->setDefaultStyleSheet(hoja.estilo);
-    documento->setHtml(QString::fromStdString(html));
+    // The width first: set afterwards, it would lay everything out a second time.
     documento->setTextWidth(hoja.ancho / escala);
+    documento->setHtml(QString::fromStdString(html));
     return documento;
 }
 
