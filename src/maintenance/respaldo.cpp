@@ -6,6 +6,7 @@
 #include "platform/data/formato.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <optional>
 
@@ -49,12 +50,14 @@ void copiarComprobada(const QString& origen, const QString& destino, const Aviso
             Conexion::recuperar(parte);
         }
         Conexion::comprobar(parte, aviso);
+        // A journal is left only beside a file that is past saving; it would be played into the new one.
+        borrarSiEsta(Conexion::diario(destino));
         Archivos::reemplazar(parte, destino);
     }
     catch (...)
     {
-        borrarSiEsta(parte);
-        borrarSiEsta(Conexion::diario(parte));
+        QFile::remove(parte);
+        QFile::remove(Conexion::diario(parte));
         throw;
     }
 }
@@ -72,7 +75,7 @@ void borrarRestosDeCopias(const QDir& carpeta)
         const QString resto = copias.filePath(otra + QLatin1Char('/') + parteDe(nombreBase));
         if (otra != carpeta.dirName() && Archivos::existe(resto))
         {
-            Archivos::borrar(resto);
+            QFile::remove(resto);
             copias.rmdir(otra); // goes when nothing else lies in it
         }
     }
@@ -100,20 +103,6 @@ std::optional<Candado> candadoDelOrigen(const QString& origen, const QString& de
         }
         throw;
     }
-}
-
-/// No journal of the old file may lie beside the new one: it would be played into it.
-void quitarDiario(const QString& base)
-{
-    try
-    {
-        Conexion::recuperar(base);
-    }
-    catch (const ErrorDeEjecucion&)
-    {
-        // Past saving, which is why a copy is brought back.
-    }
-    borrarSiEsta(Conexion::diario(base));
 }
 } // namespace
 
@@ -183,7 +172,7 @@ void restaurar(const QString& origen, const QString& destino, const QString& seg
 {
     const Candado solo(rutaDelCandado(destino), Candado::Modo::Exclusivo);
     const std::optional<Candado> tampocoAlli = candadoDelOrigen(origen, destino);
-    quitarDiario(destino);
+    Conexion::recuperar(destino);
     const qint64 primera = QFileInfo(destino).size();
     const qint64 total = primera + QFileInfo(origen).size();
     if (Archivos::existe(destino))

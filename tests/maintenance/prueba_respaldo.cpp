@@ -252,6 +252,7 @@ TEST_F(Respaldo, LoQueOtraCopiaDejoAMediasNoPasa)
     restaurar(copia, base.rutaBase(), seguridad);
     tiene(base.rutaBase(), false);
     QFile::remove(base.rutaBase());
+    escribirArchivo(Conexion::diario(base.rutaBase()), "ni esto un diario");
     restaurar(copia, base.rutaBase(), seguridad);
     tiene(base.rutaBase(), false);
 }

@@ -285,9 +285,21 @@ QString Conexion::diario(const QString& ruta)
 
 void Conexion::recuperar(const QString& ruta)
 {
-    if (QFileInfo::exists(diario(ruta)))
+    if (!QFileInfo::exists(diario(ruta)) || !QFileInfo::exists(ruta))
+    {
+        return;
+    }
+    try
     {
         const auto base = abrirBase(ruta, SQLite::OPEN_READWRITE); // opening reads, and reading undoes
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        const int codigo = error.numero() & 0xFF;
+        if (codigo != SQLITE_NOTADB && codigo != SQLITE_CORRUPT)
+        {
+            throw;
+        }
     }
 }
 
