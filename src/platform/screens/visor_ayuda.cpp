@@ -146,6 +146,7 @@ void VisorDeAyuda::armar()
     m_busqueda->setAccessibleName(m_busqueda->placeholderText());
     m_busqueda->setClearButtonEnabled(true);
     m_contenido->setObjectName(QStringLiteral("lstContenido"));
+    m_contenido->setSpacing(2);
     m_contenido->setAccessibleName(QStringLiteral("Contenido de la ayuda"));
     m_hoja->setObjectName(QStringLiteral("txtPagina"));
     m_hoja->setAccessibleName(QStringLiteral("Página de ayuda"));
