@@ -44,8 +44,8 @@ QString leer(const QString& ruta)
     return archivo.open(QIODevice::ReadOnly) ? QString::fromUtf8(archivo.readAll()) : QString();
 }
 
-constexpr int anchoDeLaBarra = 60;
 constexpr int margen = 18;
+constexpr int aireDeRetrato = 8;
 constexpr QColor fondoDeMarca(255, 240, 150);
 
 /// Pages show what lies in their folder and nothing else; a picture wider than the page is made to fit.
@@ -76,7 +76,8 @@ protected:
             return {};
         }
         const QImage imagen(m_carpeta + QLatin1Char('/') + archivo);
-        const int ancho = std::max(width() - anchoDeLaBarra, anchoDeLaBarra);
+        const int ancho = std::max(1, width() - 2 * (frameWidth() + margen) - verticalScrollBar()->sizeHint().width() -
+                                          aireDeRetrato);
         return imagen.width() > ancho ? imagen.scaledToWidth(ancho, Qt::SmoothTransformation) : imagen;
     }
 
