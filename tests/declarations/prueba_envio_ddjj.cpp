@@ -6,7 +6,9 @@
 #include "datos_ddjj.h"
 #include "declarations/screens/ddjj.h"
 #include "mesa_ddjj.h"
+#include "platform/data/error_de_ejecucion.h"
 #include "platform/data/servidor_ftp.h"
+#include "platform/screens/dialogos.h"
 #include "platform/screens/trabajo_largo.h"
 
 #include <QDirIterator>
@@ -257,6 +259,28 @@ TEST(EnvioInterrumpido, SinArchivoQueBorrarSeDiceElError)
     EXPECT_EQ(QStringLiteral("Error de Apertura"), envio.mesa.cajas.vistas()[1].titulo);
     EXPECT_EQ("Error al subir el fichero:" + archivo.toStdString(), envio.rotulo());
     EXPECT_EQ(QStringList(), servidor.archivos());
+}
+
+TEST(EnvioPorCorreo, EntregaElArchivoYLoConserva)
+{
+    Envio envio(QStringLiteral("127.0.0.1:1"));
+    envio.mesa.conexion().ejecutar("UPDATE Parametros SET EMail = 'ddjj@example.org'");
+    std::vector<MensajeDeCorreo> enviados;
+    reemplazarCorreo([&](const MensajeDeCorreo& mensaje) { enviados.push_back(mensaje); });
+    envio.mesa.cajas.espera(Caja::Simple, QStringLiteral("El Correo correspondiente ha sido enviado correctamente."));
+    MesaDDJJ::pantalla()->EnviarDDJJPorCorreo();
+    ASSERT_EQ(1U, enviados.size());
+    EXPECT_EQ(QStringLiteral("ddjj@example.org"), enviados[0].destinatario);
+    EXPECT_EQ(archivo + QStringLiteral(" - Envio DD.JJ."), enviados[0].asunto);
+    EXPECT_EQ(QString(), enviados[0].texto);
+    EXPECT_EQ(envio.mesa.base.ruta(archivo), enviados[0].adjunto);
+    EXPECT_TRUE(envio.quedaElArchivo());
+
+    reemplazarCorreo([](const MensajeDeCorreo&) { throw ErrorDeEjecucion(429, QStringLiteral("sin correo")); });
+    envio.mesa.cajas.espera(Caja::Simple, QStringLiteral("sin correo - (429)"));
+    MesaDDJJ::pantalla()->EnviarDDJJPorCorreo();
+    reemplazarCorreo({});
+    EXPECT_EQ(0U, envio.mesa.cajas.pendientes());
 }
 
 /// Neither the password nor the roster stands in any file but the database and, where nobody was reached, the

@@ -282,6 +282,8 @@ TEST(FtpClass, SinConexion)
     cliente.ftp.Desconectar();
     const QString queja = QStringLiteral("Error al desconectar");
     EXPECT_EQ((QStringList{queja, queja}), cliente.estados) << "the control stays: nothing else is done";
+    cajas.esperaQueDiga(Caja::Critico, QStringLiteral("Error 7: ")); // the library's number for a port where nobody is
+    cliente.ftp.MostrarRespuestaFtp();
 
     FTP_Class sinControl;
     sinControl.Servidor = completo.servidor;
@@ -297,6 +299,15 @@ TEST(FtpClass, SinConexion)
     sinControl.Inicializar([](bool) {});
     EXPECT_FALSE(sinControl.ConectarFtp({}));
     sinControl.Desconectar();
+}
+
+TEST(FtpClass, FechaDeArchivo)
+{
+    EXPECT_EQ(QDateTime(QDate(1601, 1, 1), QTime(0, 0), Qt::UTC), FTP_Class::FechaDeArchivo(0));
+    EXPECT_EQ(QDateTime(QDate(1970, 1, 1), QTime(0, 0), Qt::UTC), FTP_Class::FechaDeArchivo(116'444'736'000'000'000));
+    EXPECT_EQ(QDateTime(QDate(2009, 5, 1), QTime(13, 45, 59), Qt::UTC),
+              FTP_Class::FechaDeArchivo(128'856'591'590'000'000));
+    EXPECT_EQ(std::nullopt, FTP_Class::FechaDeArchivo(quint64{1} << 63U));
 }
 
 /// What the users are promised, for the tests above run with limits of their own.

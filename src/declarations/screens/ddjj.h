@@ -32,6 +32,9 @@ public:
     /// Does the declaration shown have a roster with nothing missing in it?
     [[nodiscard]] bool datosCompletos() const { return DatosCompletos; }
 
+    /// Sends the declaration's file by mail and keeps it. No command of the screen reaches it.
+    void EnviarDDJJPorCorreo();
+
 private:
     // Frame of the screen: ddjj.cpp
     void vestir();
@@ -68,7 +71,6 @@ private:
     void ImprimirInforme(int indice);
     void EnviarDDJJPorFtp(bool Avisar);
     void ConectarServidorFtp();
-    void EnviarDDJJPorCorreo();
 
     // Files: ddjj_archivos.cpp
     void cmdImportar_Click();

@@ -80,7 +80,6 @@ void DDJJ::ConectarServidorFtp()
     }
 }
 
-/// No command reaches it.
 void DDJJ::EnviarDDJJPorCorreo()
 {
     if (!GrabarArchivoDDJJ())

@@ -3,6 +3,8 @@
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/mensajes.h"
 
+#include <limits>
+
 namespace
 {
 constexpr qsizetype largoDeDirectorio = 260;
@@ -52,6 +54,12 @@ bool FTP_Class::ConectarFtp(ControlDeEstado controlStatus)
     m_controlStatus = std::move(controlStatus);
     Mensaje(QStringLiteral("...Intentando conectar a: ") + Servidor);
     puntero(true);
+    if (!m_transporte.iniciar())
+    {
+        Mensaje(QStringLiteral("Error en la conexión a internet, compruebe la conexión"));
+        puntero(false);
+        return false;
+    }
     const bool conectado = m_transporte.conectar({Servidor, Usuario, PassWord});
     Mensaje(conectado ? QStringLiteral("Conectado a: ") + Servidor
                       : QStringLiteral("Error. Compruebe los datos del servidor Ftp sin son correctos"));
@@ -132,6 +140,22 @@ void FTP_Class::EliminarDirectorio(const QString& directorio)
 void FTP_Class::Inicializar(Formulario formulario)
 {
     m_formulario = std::move(formulario);
+}
+
+void FTP_Class::MostrarRespuestaFtp() const
+{
+    MsgBox(QStringLiteral("Error %1: ").arg(m_transporte.ultimoCodigo()) + m_transporte.ultimoError(), Caja::Critico);
+}
+
+std::optional<QDateTime> FTP_Class::FechaDeArchivo(quint64 fileTime)
+{
+    constexpr quint64 pasosPorMilisegundo = 10'000;
+    if (fileTime > static_cast<quint64>(std::numeric_limits<qint64>::max()))
+    {
+        return std::nullopt;
+    }
+    return QDateTime(QDate(1601, 1, 1), QTime(0, 0), Qt::UTC)
+        .addMSecs(static_cast<qint64>(fileTime / pasosPorMilisegundo));
 }
 
 void FTP_Class::setAviso(TransporteFtp::Aviso aviso)

@@ -2,8 +2,10 @@
 
 #include "platform/data/transporte_ftp.h"
 
+#include <QDateTime>
 #include <QString>
 #include <functional>
+#include <optional>
 
 /// The FTP client of the upload. It tells what it does on a status control that its holder gives it; only ConectarFtp
 /// and ObtenerArchivo have results. One object serves one upload.
@@ -34,6 +36,11 @@ public:
     void EliminarArchivo(const QString& archivo);
     void EliminarDirectorio(const QString& directorio);
     void Inicializar(Formulario formulario);
+    // Nothing in the program calls these two.
+    /// The server's last refusal, in a critical box.
+    void MostrarRespuestaFtp() const;
+    /// The moment that a FILETIME counts (100 ns since 1601, UTC); nothing past what one can hold (2^63).
+    [[nodiscard]] static std::optional<QDateTime> FechaDeArchivo(quint64 fileTime);
     /// Called while the transport works, so that the screen can show that something is going on.
     void setAviso(TransporteFtp::Aviso aviso);
 

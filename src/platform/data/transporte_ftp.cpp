@@ -47,7 +47,8 @@ struct Lectura
 size_t leerParaSubir(char* destino, size_t tamano, size_t cantidad, void* quien)
 {
     auto* lectura = static_cast<Lectura*>(quien);
-    const qint64 leidos = lectura->archivo->read(destino, static_cast<qint64>(tamano * cantidad));
+    const std::size_t cabe = tamano * cantidad;
+    const qint64 leidos = lectura->archivo->read(destino, static_cast<qint64>(cabe));
     if (leidos < 0)
     {
         return CURL_READFUNC_ABORT;
@@ -74,7 +75,8 @@ size_t leerParaSubir(char* destino, size_t tamano, size_t cantidad, void* quien)
 
 size_t escribirBajado(char* bytes, size_t tamano, size_t cantidad, void* quien)
 {
-    const qint64 escritos = static_cast<QIODevice*>(quien)->write(bytes, static_cast<qint64>(tamano * cantidad));
+    const std::size_t llegados = tamano * cantidad;
+    const qint64 escritos = static_cast<QIODevice*>(quien)->write(bytes, static_cast<qint64>(llegados));
     return escritos < 0 ? 0 : static_cast<size_t>(escritos);
 }
 
@@ -133,12 +135,13 @@ size_t juntarRespuesta(char* bytes, size_t tamano, size_t cantidad, void* quien)
 {
     constexpr qsizetype tope = 16384;
     auto* respuesta = static_cast<Respuesta*>(quien);
-    respuesta->recibidos += static_cast<qint64>(tamano * cantidad);
+    const std::size_t llegados = tamano * cantidad;
+    respuesta->recibidos += static_cast<qint64>(llegados);
     if (respuesta->texto.size() < tope)
     {
-        respuesta->texto.append(bytes, static_cast<qsizetype>(tamano * cantidad));
+        respuesta->texto.append(bytes, static_cast<qsizetype>(llegados));
     }
-    return tamano * cantidad;
+    return llegados;
 }
 
 /// The library's own watch averages over some seconds, and so would end later than the limit says.
@@ -312,14 +315,24 @@ void TransporteFtp::setAviso(Aviso aviso)
     m_interno->aviso = std::move(aviso);
 }
 
-bool TransporteFtp::conectar(const Cuenta& cuenta)
+bool TransporteFtp::iniciar()
 {
     cerrar();
-    m_interno->cuenta = cuenta;
     m_interno->facil = curl_easy_init();
     m_interno->varios = curl_multi_init();
-    if (m_interno->facil == nullptr || m_interno->varios == nullptr || !unaSolaLinea(cuenta.servidor) ||
-        cuenta.servidor.contains(QLatin1Char('/')) || cuenta.servidor.contains(QLatin1Char('@')))
+    return m_interno->facil != nullptr && m_interno->varios != nullptr;
+}
+
+bool TransporteFtp::conectar(const Cuenta& cuenta)
+{
+    m_interno->cuenta = cuenta;
+    if (!iniciar())
+    {
+        m_interno->fallar(CURLE_FAILED_INIT, QStringLiteral("no se pudo iniciar la conexión"));
+        return false;
+    }
+    if (!unaSolaLinea(cuenta.servidor) || cuenta.servidor.contains(QLatin1Char('/')) ||
+        cuenta.servidor.contains(QLatin1Char('@')))
     {
         m_interno->fallar(CURLE_URL_MALFORMAT, QStringLiteral("servidor no válido"));
         return false;

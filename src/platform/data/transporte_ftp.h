@@ -36,7 +36,9 @@ public:
     TransporteFtp& operator=(const TransporteFtp&) = delete;
 
     void setAviso(Aviso aviso);
-    /// Connects and signs on.
+    /// Starts the library anew, with no connection. False when it cannot be.
+    bool iniciar();
+    /// Connects and signs on; starts the library if need be.
     bool conectar(const Cuenta& cuenta);
     /// Says goodbye and does not wait for the answer. False when there was no connection.
     bool cerrar();
