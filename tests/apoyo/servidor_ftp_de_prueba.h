@@ -5,6 +5,9 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <string>
+#include <tuple>
 
 /// A real FTP server of the test's own on this machine, "pyftpdlib:si" or "vsftpd:lleno": what con_ftp.py offers. It
 /// knows the program's account; the test fails when it cannot be started.
@@ -27,3 +30,12 @@ private:
     QProcess m_proceso;
     QString m_direccion;
 };
+
+/// The name of a case that combines a server and something with a name `como`.
+template <class Info>
+std::string nombreDeCaso(const Info& info)
+{
+    std::string nombre = std::string(std::get<0>(info.param)) + "_" + std::get<1>(info.param).como;
+    std::replace(nombre.begin(), nombre.end(), '-', '_');
+    return nombre;
+}

@@ -16,7 +16,6 @@
 #include <QFrame>
 #include <QLabel>
 #include <QTimer>
-#include <algorithm>
 #include <cstdio>
 #include <gtest/gtest.h>
 
@@ -199,13 +198,7 @@ TEST_P(EnvioDDJJ, CajaRotuloYArchivo)
 
 INSTANTIATE_TEST_SUITE_P(Servidores, EnvioDDJJ,
                          testing::Combine(testing::Values("pyftpdlib", "vsftpd"), testing::ValuesIn(casos)),
-                         [](const auto& uno)
-                         {
-                             std::string titulo =
-                                 std::string(std::get<0>(uno.param)) + "_" + std::get<1>(uno.param).como;
-                             std::replace(titulo.begin(), titulo.end(), '-', '_');
-                             return titulo;
-                         });
+                         [](const auto& caso) { return nombreDeCaso(caso); });
 
 /// The answer decides nothing but the closing message.
 TEST(EnvioTrasBoleta, LaRespuestaSoloCallaElFinal)

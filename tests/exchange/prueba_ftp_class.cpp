@@ -8,7 +8,6 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace
@@ -166,13 +165,7 @@ TEST_P(UnEnvio, DiceYDejaLoQueCorresponde)
 
 INSTANTIATE_TEST_SUITE_P(Servidores, UnEnvio,
                          testing::Combine(testing::Values("pyftpdlib", "vsftpd"), testing::ValuesIn(casos)),
-                         [](const auto& uno)
-                         {
-                             std::string titulo =
-                                 std::string(std::get<0>(uno.param)) + "_" + std::get<1>(uno.param).como;
-                             std::replace(titulo.begin(), titulo.end(), '-', '_');
-                             return titulo;
-                         });
+                         [](const auto& caso) { return nombreDeCaso(caso); });
 
 class Servidores : public testing::TestWithParam<const char*>
 {

@@ -290,7 +290,8 @@ public:
     static void compactar(const QString& origen, const QString& destino, const Aviso& aviso = {});
     /// Throws unless the file opens as a database and passes its integrity check. `aviso` as in compactar().
     static void comprobar(const QString& ruta, const Aviso& aviso = {});
-    /// Undoes what a process that died in a transaction left half done in the closed file; a damaged one stays as it is.
+    /// Undoes what a process that died in a transaction left half done in the closed file; a damaged one stays as it
+    /// is.
     static void recuperar(const QString& ruta);
     /// The file in which a transaction keeps what it may have to undo; beside a closed database only after such a
     /// death.
