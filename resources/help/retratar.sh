@@ -3,6 +3,8 @@
 set -euo pipefail
 aqui=$(cd "$(dirname "$0")" && pwd)
 construccion=$(cd "$1" && pwd)
+. "$aqui/../../scripts/instalar.sh"
+instalar "${paquetes_de_prueba[@]}"
 carpeta=/tmp/Altoverde # it can be read in the pictures
 "$aqui/../../examples/recorrido/recorrer.sh" "$construccion" "$carpeta" >/dev/null
 for retrato in "$carpeta"/retratos/*.png; do

@@ -57,6 +57,8 @@ void pintar(QPainter& pintor, QWidget* ventana)
     pintor.setPen(QColor(0x2f, 0x4a, 0x68));
     pintor.drawRect(marco.adjusted(0, 0, -1, -1));
 }
+
+/// One picture of these windows, each over those before it.
 QImage juntar(const QWidgetList& ventanas)
 {
     QRect todo;

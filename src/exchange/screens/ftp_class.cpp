@@ -54,15 +54,17 @@ bool FTP_Class::ConectarFtp(ControlDeEstado controlStatus)
     m_controlStatus = std::move(controlStatus);
     Mensaje(QStringLiteral("...Intentando conectar a: ") + Servidor);
     puntero(true);
-    if (!m_transporte.iniciar())
-    {
-        Mensaje(QStringLiteral("Error en la conexión a internet, compruebe la conexión"));
-        puntero(false);
-        return false;
-    }
     const bool conectado = m_transporte.conectar({Servidor, Usuario, PassWord});
-    Mensaje(conectado ? QStringLiteral("Conectado a: ") + Servidor
-                      : QStringLiteral("Error. Compruebe los datos del servidor Ftp sin son correctos"));
+    if (conectado)
+    {
+        Mensaje(QStringLiteral("Conectado a: ") + Servidor);
+    }
+    else
+    {
+        Mensaje(m_transporte.iniciada()
+                    ? QStringLiteral("Error. Compruebe los datos del servidor Ftp sin son correctos")
+                    : QStringLiteral("Error en la conexión a internet, compruebe la conexión"));
+    }
     puntero(false);
     return conectado;
 }

@@ -315,18 +315,18 @@ void TransporteFtp::setAviso(Aviso aviso)
     m_interno->aviso = std::move(aviso);
 }
 
-bool TransporteFtp::iniciar()
+bool TransporteFtp::iniciada() const
 {
-    cerrar();
-    m_interno->facil = curl_easy_init();
-    m_interno->varios = curl_multi_init();
     return m_interno->facil != nullptr && m_interno->varios != nullptr;
 }
 
 bool TransporteFtp::conectar(const Cuenta& cuenta)
 {
+    cerrar();
     m_interno->cuenta = cuenta;
-    if (!iniciar())
+    m_interno->facil = curl_easy_init();
+    m_interno->varios = curl_multi_init();
+    if (!iniciada())
     {
         m_interno->fallar(CURLE_FAILED_INIT, QStringLiteral("no se pudo iniciar la conexión"));
         return false;

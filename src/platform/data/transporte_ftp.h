@@ -36,13 +36,13 @@ public:
     TransporteFtp& operator=(const TransporteFtp&) = delete;
 
     void setAviso(Aviso aviso);
-    /// Starts the library anew, with no connection. False when it cannot be.
-    bool iniciar();
-    /// Connects and signs on; starts the library if need be.
+    /// Connects and signs on.
     bool conectar(const Cuenta& cuenta);
     /// Says goodbye and does not wait for the answer. False when there was no connection.
     bool cerrar();
     [[nodiscard]] bool conectado() const;
+    /// After conectar(): false when the library itself could not be started.
+    [[nodiscard]] bool iniciada() const;
 
     /// The server's current directory; an empty text when it does not say.
     [[nodiscard]] QString directorioActual();
