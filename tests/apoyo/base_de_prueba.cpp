@@ -1,4 +1,5 @@
 #include "apoyo/base_de_prueba.h"
+#include "apoyo/rutas.h"
 
 #include "apoyo/archivos_de_prueba.h"
 #include "platform/data/archivos.h"
@@ -48,9 +49,9 @@ struct BaseDePrueba::Publicas
 BaseDePrueba::BaseDePrueba()
     : m_anteriores(std::make_unique<Publicas>())
 {
-    if (!QFile::copy(QStringLiteral(BASE_SEMBRADA), rutaBase()))
+    if (!QFile::copy(rutas::baseSembrada(), rutaBase()))
     {
-        throw std::runtime_error("no seed database at " BASE_SEMBRADA);
+        throw std::runtime_error("no seed database at " + rutas::baseSembrada().toStdString());
     }
     QFile::setPermissions(rutaBase(), QFile::ReadOwner | QFile::WriteOwner);
     m_anteriores->intercambiar();

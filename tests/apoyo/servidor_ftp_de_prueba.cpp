@@ -1,4 +1,5 @@
 #include "apoyo/servidor_ftp_de_prueba.h"
+#include "apoyo/rutas.h"
 
 #include "apoyo/archivos_de_prueba.h"
 
@@ -8,8 +9,8 @@
 ServidorFtpDePrueba::ServidorFtpDePrueba(const QString& como)
 {
     m_proceso.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_proceso.start(QStringLiteral(PROGRAMA_PYTHON),
-                    {QStringLiteral(CARPETA_FUENTES "/tests/guiones/con_ftp.py"), como, m_carpeta.path()});
+    m_proceso.start(rutas::programaPython(),
+                    {rutas::enFuentes(QStringLiteral("tests/guiones/con_ftp.py")), como, m_carpeta.path()});
     while (!m_proceso.canReadLine() && m_proceso.waitForReadyRead(-1))
     {
     }

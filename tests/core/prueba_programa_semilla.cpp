@@ -1,3 +1,4 @@
+#include "apoyo/rutas.h"
 #include "configuracion.h"
 #include "platform/data/conexion.h"
 
@@ -29,7 +30,7 @@ protected:
     int sembrar()
     {
         QProcess programa;
-        programa.start(QStringLiteral(PROGRAMA_SEMILLA), {carpeta.path(), destino});
+        programa.start(rutas::programaSemilla(), {carpeta.path(), destino});
         EXPECT_TRUE(programa.waitForFinished(60'000));
         errores = programa.readAllStandardError();
         return programa.exitCode();

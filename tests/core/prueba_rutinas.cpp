@@ -1,5 +1,6 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/hijo.h"
+#include "apoyo/rutas.h"
 #include "apoyo/version_anterior.h"
 #include "configuracion.h"
 #include "core/rutinas.h"
@@ -219,7 +220,7 @@ TEST(CompactarBase, UnaBaseDaniadaNoSeToca)
     archivo.close();
     EXPECT_FALSE(QFile::exists(base.ruta(QStringLiteral("DBBrivoTemporal.mdb"))));
     QFile::remove(base.rutaBase());
-    QFile::copy(QStringLiteral(CARPETA_INSTALACION "/DBBrivo.mdb"), base.rutaBase());
+    QFile::copy(rutas::enInstalacion(QStringLiteral("DBBrivo.mdb")), base.rutaBase());
     Rutinas::AbrirBase();
 }
 /// Part of the child below: another copy of the program with the database open.

@@ -1,3 +1,4 @@
+#include "apoyo/rutas.h"
 #include "apoyo/version_anterior.h"
 #include "configuracion.h"
 #include "platform/data/conexion.h"
@@ -52,7 +53,7 @@ class Semilla : public testing::Test
 protected:
     Semilla()
     {
-        EXPECT_TRUE(QFile::copy(QStringLiteral(BASE_SEMBRADA), ruta));
+        EXPECT_TRUE(QFile::copy(rutas::baseSembrada(), ruta));
         EXPECT_TRUE(QFile::setPermissions(ruta, QFile::ReadOwner | QFile::WriteOwner));
         conexion.abrir(ruta);
     }

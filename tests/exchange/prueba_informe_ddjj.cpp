@@ -1,6 +1,7 @@
 // The two reports of a declaration: what is staged for them, what they are handed, what is left afterwards.
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
+#include "apoyo/rutas.h"
 #include "exchange/informe_ddjj.h"
 #include "exchange/screens/imprimir_informe.h"
 #include "platform/data/error_de_ejecucion.h"
@@ -39,7 +40,7 @@ struct InformesDDJJ : testing::Test
     {
         for (const QString& nombre : layouts)
         {
-            ASSERT_TRUE(QFile::copy(QStringLiteral(CARPETA_INSTALACION "/") + nombre, base.ruta(nombre)));
+            ASSERT_TRUE(QFile::copy(rutas::enInstalacion(nombre), base.ruta(nombre)));
         }
         agregar(conexion, EmpresaDePrueba());
         conexion.ejecutar("UPDATE Empresas SET Rubro = (SELECT min(Codigo) FROM Rubros)");

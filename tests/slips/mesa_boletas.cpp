@@ -1,6 +1,7 @@
 #include "mesa_boletas.h"
 
 #include "apoyo/entrada.h"
+#include "apoyo/rutas.h"
 #include "companies/screens/buscar_empresa.h"
 #include "platform/data/reloj.h"
 #include "platform/screens/informe_vista.h"
@@ -30,7 +31,7 @@ MesaBoletas::MesaBoletas()
     for (const char* nombre : {"RptBoleta0.rpt", "RptBoleta1.rpt", "RptBoleta2.rpt", "PF_I2OF5.ttf"})
     {
         const QString archivo = QString::fromLatin1(nombre);
-        EXPECT_TRUE(QFile::copy(QStringLiteral(CARPETA_INSTALACION "/") + archivo, base.ruta(archivo))) << nombre;
+        EXPECT_TRUE(QFile::copy(rutas::enInstalacion(archivo), base.ruta(archivo))) << nombre;
     }
     auto& navegacion = Navegacion::instancia();
     navegacion.registrar(QStringLiteral("Boletas"), [] { return new Boletas; });

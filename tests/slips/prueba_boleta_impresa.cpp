@@ -1,4 +1,5 @@
 // What leaves the printer: the bars as a scanner reads them, and the words beside them.
+#include "apoyo/rutas.h"
 #include "boletas_de_prueba.h"
 #include "platform/data/formato.h"
 #include "platform/screens/fuentes.h"
@@ -19,7 +20,7 @@ using namespace dePrueba;
 
 namespace
 {
-const QString instalacion = QStringLiteral(CARPETA_INSTALACION "/");
+const QString instalacion = rutas::enInstalacion(QString());
 
 QString correr(const QString& programa, const QStringList& argumentos)
 {

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <exception>
+#include <utility>
 
 /// Anything that fails at run time: a number that screens can test and a description for the user, in Spanish.
 /// File failures keep the numbers below; a database failure carries SQLite's extended result code.
@@ -42,4 +43,15 @@ private:
     int m_numero;
     QString m_descripcion;
     QByteArray m_texto;
+};
+
+/// A failure that ends nothing: what was being done is given up, nothing of it stays written, and the program goes on.
+/// Its description is a whole sentence for the user, told in one box as it stands.
+class ErrorParaAvisar : public ErrorDeEjecucion
+{
+public:
+    ErrorParaAvisar(int numero, QString descripcion)
+        : ErrorDeEjecucion(numero, std::move(descripcion))
+    {
+    }
 };

@@ -70,6 +70,10 @@ void protegido(const std::function<void()>& cuerpo)
     {
         cuerpo();
     }
+    catch (const ErrorParaAvisar& error)
+    {
+        MsgBox(error.descripcion(), Caja::Exclamacion);
+    }
     catch (const ErrorDeEjecucion& error)
     {
         informarErrorFatal(error);

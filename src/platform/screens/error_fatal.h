@@ -12,5 +12,6 @@ void terminarProceso(int estado);
 /// Tests and the robot put their own end here; an empty function brings the real one back.
 void reemplazarFinDelProceso(std::function<void(int estado)> fin);
 
-/// Runs `cuerpo` so that no exception crosses Qt: what it throws is reported by informarErrorFatal.
+/// Runs `cuerpo` so that no exception crosses Qt: an ErrorParaAvisar is told in one box and the program goes on, any
+/// other is reported by informarErrorFatal.
 void protegido(const std::function<void()>& cuerpo);

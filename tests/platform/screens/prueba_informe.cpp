@@ -1,4 +1,5 @@
 // The report engine: layouts, pages, what stands on them.
+#include "apoyo/rutas.h"
 #include "informe_de_prueba.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/informe.h"
@@ -83,7 +84,7 @@ TEST(Informe, AFaultyLayoutIsNamedWithFileAndLine)
     {
         Informe control;
         control.ArchivoInforme = informe.escribir(QString::fromUtf8(caso.cuerpo), QString::fromUtf8(caso.cabeza));
-        control.ArchivoDatos = QStringLiteral(BASE_SEMBRADA);
+        control.ArchivoDatos = rutas::baseSembrada();
         EXPECT_NE(control.PrintReport(), 0) << caso.cuerpo;
         EXPECT_TRUE(control.LastErrorString().contains(QString::fromUtf8(caso.dice)))
             << caso.cuerpo << caso.cabeza << ": " << control.LastErrorString().toStdString();

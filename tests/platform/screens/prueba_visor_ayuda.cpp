@@ -1,3 +1,4 @@
+#include "apoyo/rutas.h"
 #include "platform/screens/visor_ayuda.h"
 
 #include <QtTest>
@@ -6,7 +7,7 @@
 
 namespace
 {
-const QDir ayuda(QStringLiteral(CARPETA_INSTALACION "/ayuda"));
+const QDir ayuda(rutas::enInstalacion(QStringLiteral("ayuda")));
 
 QString pagina(const QString& nombre)
 {

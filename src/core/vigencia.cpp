@@ -1,0 +1,25 @@
+#include "core/vigencia.h"
+
+#include "platform/data/conexion.h"
+#include "platform/data/formato.h"
+
+void exigirDeclaracion(Conexion& conexion, const ClaveDDJJ& clave)
+{
+    if (!conexion.hay("SELECT Cuit FROM DDJJ WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
+                      clave.periodo, clave.secuencia))
+    {
+        throw YaNoEsta(QStringLiteral("La Declaración Jurada %1 - %2 ya no se encuentra en la Base: fue eliminada "
+                                      "desde otra ventana u otro puesto.  No se ha grabado ningún dato.")
+                           .arg(Formato(clave.periodo, u"YYYY/MM"), QString::number(clave.secuencia)));
+    }
+}
+
+void exigirEmpresa(Conexion& conexion, const QString& cuit)
+{
+    if (!conexion.hay("SELECT CUIT FROM Empresas WHERE CUIT = ?", cuit))
+    {
+        throw YaNoEsta(QStringLiteral("La Empresa %1 ya no se encuentra en la Base: fue eliminada desde otra ventana u "
+                                      "otro puesto.  No se ha grabado ningún dato.")
+                           .arg(cuit));
+    }
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/clave_ddjj.h"
+#include "platform/data/error_de_ejecucion.h"
+
+class Conexion;
+
+/// What another screen or another desk has deleted since this one last looked. A screen that catches it reads its list
+/// anew; one that does not has it told by protegido().
+class YaNoEsta : public ErrorParaAvisar
+{
+public:
+    explicit YaNoEsta(const QString& descripcion)
+        : ErrorParaAvisar(int{SinRegistro}, descripcion)
+    {
+    }
+};
+
+/// Throws YaNoEsta unless the declaration stands in DDJJ. A write asks inside its own transaction.
+void exigirDeclaracion(Conexion& conexion, const ClaveDDJJ& clave);
+/// Throws YaNoEsta unless a company has this CUIT (masked form). A write asks inside its own transaction.
+void exigirEmpresa(Conexion& conexion, const QString& cuit);

@@ -1,0 +1,29 @@
+#include "apoyo/rutas.h"
+
+namespace rutas
+{
+QString enInstalacion(const QString& nombre)
+{
+    return QStringLiteral(CARPETA_INSTALACION "/") + nombre;
+}
+
+QString enFuentes(const QString& nombre)
+{
+    return QStringLiteral(CARPETA_FUENTES "/") + nombre;
+}
+
+QString baseSembrada()
+{
+    return QStringLiteral(BASE_SEMBRADA);
+}
+
+QString programaSemilla()
+{
+    return QStringLiteral(PROGRAMA_SEMILLA);
+}
+
+QString programaPython()
+{
+    return QStringLiteral(PROGRAMA_PYTHON);
+}
+} // namespace rutas
