@@ -224,6 +224,28 @@ public:
                                }
                            });
     }
+    /// What `leer`(const Fila&) makes of the first row; nothing when there is none.
+    template <class L, class... A>
+    [[nodiscard]] auto una(L&& leer, const A&... valores) -> std::optional<std::invoke_result_t<L&, const Fila&>>
+    {
+        std::optional<std::invoke_result_t<L&, const Fila&>> hallada;
+        recorrer(
+            [&](const Fila& fila)
+            {
+                hallada.emplace(leer(fila));
+                return false;
+            },
+            valores...);
+        return hallada;
+    }
+    /// What `leer`(const Fila&) makes of each row, in the order of the query.
+    template <class L, class... A>
+    [[nodiscard]] auto lista(L&& leer, const A&... valores) -> std::vector<std::invoke_result_t<L&, const Fila&>>
+    {
+        std::vector<std::invoke_result_t<L&, const Fila&>> todas;
+        recorrer([&](const Fila& fila) { todas.push_back(leer(fila)); }, valores...);
+        return todas;
+    }
     /// The forms for a list of values made at run time.
     int ejecutarCon(const Valor* valores, std::size_t cantidad);
     Recordset consultarCon(const Valor* valores, std::size_t cantidad);
@@ -276,6 +298,18 @@ public:
     bool recorrer(std::string_view sql, V&& visitante, const A&... valores)
     {
         return preparar(sql).recorrer(std::forward<V>(visitante), valores...);
+    }
+    /// What `leer`(const Fila&) makes of the first row; nothing when there is none.
+    template <class L, class... A>
+    [[nodiscard]] auto una(std::string_view sql, L&& leer, const A&... valores)
+    {
+        return preparar(sql).una(leer, valores...);
+    }
+    /// What `leer`(const Fila&) makes of each row, in the order of the query.
+    template <class L, class... A>
+    [[nodiscard]] auto lista(std::string_view sql, L&& leer, const A&... valores)
+    {
+        return preparar(sql).lista(leer, valores...);
     }
     template <class... A>
     [[nodiscard]] bool hay(std::string_view sql, const A&... valores)

@@ -145,6 +145,17 @@ TEST_F(ConexionAbierta, UnRecordsetNoVeCambiosPosteriores)
     EXPECT_EQ(QStringLiteral("dos"), copia[1].texto("n"));
 }
 
+TEST_F(ConexionAbierta, UnaFilaYTodas)
+{
+    conexion.ejecutar("INSERT INTO t (e) VALUES (1), (2), (3)");
+    const auto leer = [](const Fila& fila) { return fila.entero("e"); };
+    EXPECT_EQ((std::vector<qint64>{3, 2}), conexion.lista("SELECT e FROM t WHERE e > ? ORDER BY e DESC", leer, 1));
+    EXPECT_EQ(2, conexion.una("SELECT e FROM t WHERE e > ? ORDER BY e", leer, 1));
+    EXPECT_EQ(std::nullopt, conexion.una("SELECT e FROM t WHERE e > ?", leer, 3));
+    EXPECT_EQ(std::vector<qint64>(), conexion.lista("SELECT e FROM t WHERE e > ?", leer, 3));
+    conexion.ejecutar("DELETE FROM t"); // no row is still being read
+}
+
 TEST_F(ConexionAbierta, UnaSentenciaSeUsaDentroDeSiMisma)
 {
     conexion.ejecutar("INSERT INTO t (e) VALUES (1), (2), (3)");
