@@ -1,0 +1,72 @@
+#pragma once
+
+#include "core/rutinas.h"
+#include "platform/data/conexion.h"
+#include "platform/data/error_de_ejecucion.h"
+
+#include <functional>
+#include <string>
+#include <type_traits>
+
+/// One value of a row; what is put into a CURRENCY column as a text is an amount as typed: "1000" or "12,50".
+struct ValorDeFila
+{
+    const char* columna;
+    Valor valor;
+};
+
+/// Adds a row to `tabla` and gives its automatic number. The columns that are not named get what the table of default
+/// rows has for them (datos.cpp): the company of the tests, its month, a complete employee, whose Sueldo is Imponible
+/// plus Acuerdo unless told.
+qint64 poner(Conexion& conexion, const char* tabla, const std::vector<ValorDeFila>& valores = {});
+inline qint64 poner(const char* tabla, const std::vector<ValorDeFila>& valores = {})
+{
+    return poner(Rutinas::Conexion, tabla, valores);
+}
+
+/// What a query gives, as "a|b;c|d": values as they are stored, a null as "Null". Throws when two columns share a name.
+[[nodiscard]] std::string filasDe(const Recordset& filas);
+template <class... A>
+[[nodiscard]] std::string filas(Conexion& conexion, std::string_view sql, const A&... valores)
+{
+    return filasDe(conexion.consultar(sql, valores...));
+}
+template <class... A>
+[[nodiscard]] std::string filas(std::string_view sql, const A&... valores)
+{
+    return filas(Rutinas::Conexion, sql, valores...);
+}
+
+/// How many rows: "DDJJ WHERE Secuencia = ?".
+template <class... A>
+[[nodiscard]] qint64 cuantos(Conexion& conexion, const std::string& desde, const A&... valores)
+{
+    return conexion.consultar("SELECT count(*) AS N FROM " + desde, valores...).primera().entero("N");
+}
+template <class... A>
+[[nodiscard]] qint64 cuantos(const std::string& desde, const A&... valores)
+{
+    return cuantos(Rutinas::Conexion, desde, valores...);
+}
+
+/// The number of the ErrorDeEjecucion that `accion` throws, 0 when it throws none.
+template <class Accion>
+[[nodiscard]] int numeroDe(Accion accion)
+{
+    try
+    {
+        static_cast<void>(accion());
+        return 0;
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        return error.numero();
+    }
+}
+
+/// What `regla` asks of the database outside its one transaction: each statement that ran outside any, and the BEGIN of
+/// each transaction after the first, joined by ";". A rule that reads and writes must give "", or another desk can
+/// write in between:
+///     EXPECT_EQ("", fueraDeTransaccion([&] { copiarNomina(conexion, de, a); }));
+/// Opens Rutinas::Conexion anew, so that statements prepared before it are not to be used after it.
+[[nodiscard]] std::string fueraDeTransaccion(const std::function<void()>& regla);
