@@ -106,7 +106,7 @@ public:
             "WHERE Cuit = '30-12345678-9' AND Periodo = '2009-05-01' AND Secuencia = 0;"
             "COMMIT");
     }
-    void programa() override { copiarNomina(m_conexion, rectificativa, {original.periodo, original.secuencia}); }
+    void programa() override { copiarNomina(m_conexion, rectificativa, original); }
 };
 
 class CasoSueldos : public CasoNomina

@@ -25,10 +25,10 @@ std::optional<QString> razonDeCuit(Conexion& conexion, const QString& cuit)
 
 std::optional<QString> cuitDeRazon(Conexion& conexion, const QString& razon)
 {
-    return primerTexto(
-        conexion.consultar("SELECT Cuit FROM Empresas WHERE Razon = ? OR (? = '' AND Razon IS NULL) LIMIT 1", razon,
-                           razon),
-        "Cuit");
+    return primerTexto(conexion.consultar("SELECT Cuit FROM Empresas WHERE (Razon = ?1 AND Razon = ?1 COLLATE BINARY) "
+                                          "OR (?1 = '' AND Razon IS NULL) LIMIT 1",
+                                          razon),
+                       "Cuit");
 }
 
 std::optional<QString> cuitDeUnicaEmpresa(Conexion& conexion)

@@ -13,7 +13,14 @@ public:
     explicit YaNoEsta(const QString& descripcion)
         : ErrorParaAvisar(int{SinRegistro}, descripcion)
     {
+        ++m_veces;
     }
+    /// How often it was found out since the start. A screen that opens another one compares, so as not to tell again
+    /// what was told there.
+    [[nodiscard]] static int veces() { return m_veces; }
+
+private:
+    inline static int m_veces = 0;
 };
 
 /// Throws YaNoEsta unless the declaration stands in DDJJ. A write asks inside its own transaction.

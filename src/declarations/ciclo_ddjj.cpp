@@ -1,11 +1,18 @@
 #include "declarations/ciclo_ddjj.h"
 
+#include "core/vigencia.h"
 #include "platform/data/conexion.h"
 
 namespace
 {
 constexpr int primerAnio = 2006;
 constexpr int ultimoAnio = 9999; // what the field holds
+
+void borrarNomina(Conexion& conexion, const ClaveDDJJ& clave)
+{
+    conexion.ejecutar("DELETE FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
+                      clave.periodo, clave.secuencia);
+}
 } // namespace
 
 std::optional<QDate> proponerPeriodo(std::optional<QDate> ultimo)
@@ -42,12 +49,14 @@ std::optional<RechazoDePeriodo> comprobarPeriodo(const QString& anio, const QStr
 int crearDeclaracion(Conexion& conexion, const QString& cuit, QDate periodo, QDate hoy)
 {
     Transaccion transaccion(conexion);
+    exigirEmpresa(conexion, cuit);
     const std::optional<qint64> ultima =
         conexion
             .consultar("SELECT Max(Secuencia) AS UltSecuencia FROM DDJJ WHERE Cuit = ? AND Periodo = ?", cuit, periodo)
             .primera()
             .enteroONulo("UltSecuencia");
     const int secuencia = ultima ? static_cast<int>(*ultima + 1) : 0;
+    borrarNomina(conexion, {cuit, periodo, secuencia});
     conexion.ejecutar("INSERT INTO DDJJ (Cuit, Periodo, Secuencia, Fecha) VALUES (?, ?, ?, ?)", cuit, periodo,
                       secuencia, hoy);
     transaccion.confirmar();
@@ -57,8 +66,8 @@ int crearDeclaracion(Conexion& conexion, const QString& cuit, QDate periodo, QDa
 void eliminarDeclaracion(Conexion& conexion, const ClaveDDJJ& clave)
 {
     Transaccion transaccion(conexion);
-    conexion.ejecutar("DELETE FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
-                      clave.periodo, clave.secuencia);
+    exigirDeclaracion(conexion, clave);
+    borrarNomina(conexion, clave);
     conexion.ejecutar("DELETE FROM DDJJ WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit, clave.periodo,
                       clave.secuencia);
     transaccion.confirmar();

@@ -32,8 +32,10 @@ struct RechazoDePeriodo
 
 /// Stores a declaration of the month under the sequence that follows the highest one of its company and month, 0 when
 /// there is none, and gives that sequence. The number is read and used in one transaction, so that two desks never take
-/// the same one.
+/// the same one. People left under that sequence without a declaration go: a new one is empty. Throws YaNoEsta when the
+/// company is gone.
 int crearDeclaracion(Conexion& conexion, const QString& cuit, QDate periodo, QDate hoy);
 
-/// Deletes a declaration and its roster, both or none. Payments and family members stay.
+/// Deletes a declaration and its roster, both or none. Payments and family members stay. Throws YaNoEsta when
+/// it is gone.
 void eliminarDeclaracion(Conexion& conexion, const ClaveDDJJ& clave);

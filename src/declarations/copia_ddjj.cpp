@@ -1,10 +1,12 @@
 #include "declarations/copia_ddjj.h"
 
+#include "core/vigencia.h"
 #include "platform/data/conexion.h"
+#include "platform/data/formato.h"
 
-std::vector<FuenteDeCopia> fuentesDeCopia(Conexion& conexion, const ClaveDDJJ& destino)
+std::vector<ClaveDDJJ> fuentesDeCopia(Conexion& conexion, const ClaveDDJJ& destino)
 {
-    std::vector<FuenteDeCopia> fuentes;
+    std::vector<ClaveDDJJ> fuentes;
     // Only whether a declaration has people counts, so they are not counted.
     for (const Fila& fila : conexion.consultar("SELECT Periodo, Secuencia FROM DDJJ WHERE Cuit = ? AND EXISTS "
                                                "(SELECT 1 FROM DDJJ_Empleados WHERE DDJJ_Empleados.Cuit = DDJJ.Cuit "
@@ -13,8 +15,8 @@ std::vector<FuenteDeCopia> fuentesDeCopia(Conexion& conexion, const ClaveDDJJ& d
                                                "ORDER BY Periodo DESC, Secuencia DESC",
                                                destino.cuit))
     {
-        const FuenteDeCopia fuente{fila.fecha("Periodo"), static_cast<int>(fila.entero("Secuencia"))};
-        if (fuente.periodo != destino.periodo || fuente.secuencia != destino.secuencia)
+        const ClaveDDJJ fuente{destino.cuit, fila.fecha("Periodo"), static_cast<int>(fila.entero("Secuencia"))};
+        if (fuente != destino)
         {
             fuentes.push_back(fuente);
         }
@@ -22,12 +24,14 @@ std::vector<FuenteDeCopia> fuentesDeCopia(Conexion& conexion, const ClaveDDJJ& d
     return fuentes;
 }
 
-void copiarNomina(Conexion& conexion, const ClaveDDJJ& destino, const FuenteDeCopia& fuente)
+void copiarNomina(Conexion& conexion, const ClaveDDJJ& destino, const ClaveDDJJ& fuente)
 {
     Transaccion transaccion(conexion);
+    exigirDeclaracion(conexion, destino);
+    exigirDeclaracion(conexion, fuente);
     conexion.ejecutar("DELETE FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", destino.cuit,
                       destino.periodo, destino.secuencia);
-    conexion.ejecutar(
+    const int copiados = conexion.ejecutar(
         "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Sexo, Calle, Numero, Piso, "
         "Depto, CodPos, Localidad, Provincia, Telefono, Nacio, EstCivil, Afiliado, Sueldo, Imponible, Categoria, "
         "Ingreso, Egreso, Sucursal, QHoras, ART100, ART101A, ART101B, Acuerdo, Acuerdo2) "
@@ -36,6 +40,12 @@ void copiarNomina(Conexion& conexion, const ClaveDDJJ& destino, const FuenteDeCo
         "Telefono, Nacio, EstCivil, Afiliado, Sueldo, Imponible, Categoria, Ingreso, Egreso, Sucursal, QHoras, ART100, "
         "ART101A, ART101B, Acuerdo + Acuerdo2, 0 "
         "FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?",
-        destino.periodo, destino.secuencia, destino.cuit, fuente.periodo, fuente.secuencia);
+        destino.periodo, destino.secuencia, fuente.cuit, fuente.periodo, fuente.secuencia);
+    if (copiados == 0)
+    {
+        throw YaNoEsta(QStringLiteral("La Declaración Jurada %1 - %2 ya no tiene Empleados: fueron eliminados desde "
+                                      "otra ventana u otro puesto.  No se ha grabado ningún dato.")
+                           .arg(Formato(fuente.periodo, u"YYYY/MM"), QString::number(fuente.secuencia)));
+    }
     transaccion.confirmar();
 }

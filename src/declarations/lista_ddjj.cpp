@@ -13,9 +13,3 @@ std::vector<ClaveDDJJ> listarDeclaraciones(Conexion& conexion, const QString& cu
         cuit);
     return declaraciones;
 }
-
-bool tieneNomina(Conexion& conexion, const ClaveDDJJ& clave)
-{
-    return conexion.hay("SELECT Cuil FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
-                        clave.periodo, clave.secuencia);
-}

@@ -9,6 +9,3 @@ class Conexion;
 /// The declarations of a company (CUIT in masked form), the latest month first and within it the highest sequence
 /// first.
 [[nodiscard]] std::vector<ClaveDDJJ> listarDeclaraciones(Conexion& conexion, const QString& cuit);
-
-/// Has the declaration any employee?
-[[nodiscard]] bool tieneNomina(Conexion& conexion, const ClaveDDJJ& clave);

@@ -1,5 +1,6 @@
 #include "declarations/totales_ddjj.h"
 
+#include "core/vigencia.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
 
@@ -54,12 +55,15 @@ std::optional<SumasDDJJ> sumarGrupos(Conexion& conexion, const ClaveDDJJ& clave)
 
 TotalesDDJJ calcularTotales(Conexion& conexion, const ClaveDDJJ& clave)
 {
+    const Recordset declaracion =
+        conexion.consultar("SELECT Fecha FROM DDJJ WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
+                           clave.periodo, clave.secuencia);
+    if (declaracion.vacio())
+    {
+        exigirDeclaracion(conexion, clave); // says which
+    }
     TotalesDDJJ totales;
-    totales.fecha = conexion
-                        .consultar("SELECT * FROM DDJJ WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
-                                   clave.periodo, clave.secuencia)
-                        .primera()
-                        .fecha("Fecha");
+    totales.fecha = declaracion.primera().fecha("Fecha");
     totales.sumas = sumarGrupos(conexion, clave);
     if (!totales.sumas)
     {

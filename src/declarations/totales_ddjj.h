@@ -37,6 +37,6 @@ struct TotalesDDJJ
 };
 
 /// Adds up a declaration from its roster. Reads only the rows of its company and month.
-/// Throws ErrorDeEjecucion 3021 when the declaration is gone, 94 when a column to be summed holds nothing but nulls in
-/// a group, 6 when people or dependants pass 32767.
+/// Throws YaNoEsta when the declaration is gone, ErrorDeEjecucion 94 when a column to be summed holds nothing but nulls
+/// in a group, 6 when people or dependants pass 32767.
 [[nodiscard]] TotalesDDJJ calcularTotales(Conexion& conexion, const ClaveDDJJ& clave);

@@ -1,4 +1,4 @@
-#include "platform/data/servidor_ftp.h"
+#include "exchange/servidor_ftp.h"
 
 #include "configuracion.h"
 
@@ -8,19 +8,20 @@ QString reemplazo;
 TransporteFtp::Limites limitesFtp;
 } // namespace
 
-QString ServidorFtp()
+TransporteFtp::Cuenta CuentaFtp()
 {
-    return reemplazo.isEmpty() ? QString::fromUtf8(configuracion::ftpServidor) : reemplazo;
-}
-
-void reemplazarServidorFtp(const QString& servidor)
-{
-    reemplazo = servidor;
+    return {reemplazo.isEmpty() ? QString::fromUtf8(configuracion::ftpServidor) : reemplazo,
+            QStringLiteral("administrador"), QStringLiteral("KT-marcados")};
 }
 
 TransporteFtp::Limites LimitesFtp()
 {
     return limitesFtp;
+}
+
+void reemplazarServidorFtp(const QString& servidor)
+{
+    reemplazo = servidor;
 }
 
 void reemplazarLimitesFtp(const TransporteFtp::Limites& limites)

@@ -4,12 +4,14 @@
 
 #include <QString>
 
-/// Host to which the declarations go, "host" or "host:port": the installation's own unless it was replaced.
-[[nodiscard]] QString ServidorFtp();
-/// Replaces it for tests and the robot; an empty text brings the installation's own back.
+/// Where the declarations go on the union's server. Only the host is a choice of the installation.
+inline constexpr auto directorioFtp = u"/DDJJ/";
+/// The account and the host, "host" or "host:port": the installation's own unless it was replaced.
+[[nodiscard]] TransporteFtp::Cuenta CuentaFtp();
+/// Replaces the host for tests and the robot; an empty text brings the installation's own back.
 void reemplazarServidorFtp(const QString& servidor);
 
-/// How long a server may keep the program waiting.
+/// How long the server may keep the program waiting.
 [[nodiscard]] TransporteFtp::Limites LimitesFtp();
 /// Replaces them for tests; the default value brings the program's own back.
 void reemplazarLimitesFtp(const TransporteFtp::Limites& limites = {});

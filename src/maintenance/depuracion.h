@@ -10,5 +10,6 @@ class Conexion;
 [[nodiscard]] std::vector<QDate> periodosDeEmpresa(Conexion& conexion, const QString& cuit);
 
 /// Deletes all declarations of a company up to a month, that one included, with their rosters, in one transaction.
-/// Payments and dependants stay. An invalid date matches nothing.
-void depurarHasta(Conexion& conexion, const QString& cuit, QDate periodoHasta);
+/// Payments and dependants stay. An invalid date matches nothing. Throws YaNoEsta, with nothing deleted, when the
+/// company is gone or one of the months to be deleted that were `vistos` (as periodosDeEmpresa gave them) is.
+void depurarHasta(Conexion& conexion, const QString& cuit, QDate periodoHasta, const std::vector<QDate>& vistos);

@@ -1,58 +1,50 @@
 #include "apoyo/base_de_prueba.h"
-#include "datos_ddjj.h"
+#include "apoyo/datos.h"
+#include "core/vigencia.h"
 #include "declarations/totales_ddjj.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-const ClaveDDJJ original{cuitUno, QDate(2009, 5, 1), 0};
-const ClaveDDJJ rectificativa{cuitUno, QDate(2009, 5, 1), 1};
+const ClaveDDJJ original{dePrueba::cuit, dePrueba::periodo, 0};
+const ClaveDDJJ rectificativa{dePrueba::cuit, dePrueba::periodo, 1};
 
-/// A database with the declaration of the tests and, around it, others that must not count.
-class TotalesDeDDJJ : public testing::Test
+/// A declaration and, around it, others that must not count.
+struct TotalesDeDDJJ : testing::Test
 {
-protected:
-    TotalesDeDDJJ()
-    {
-        const ClaveDDJJ vecinas[] = {{cuitUno, QDate(2009, 4, 1), 0}, {cuitDos, QDate(2009, 5, 1), 0}};
-        for (const ClaveDDJJ& vecina : vecinas)
-        {
-            agregarDeclaracion(c, vecina);
-            agregarEmpleado(c, vecina, {.imponible = "9999,99", .art100 = "9", .familiares = 7, .horas = 100});
-        }
-        agregarDeclaracion(c, original, QDate(2009, 6, 3));
-        agregarDeclaracion(c, rectificativa, QDate(2009, 7, 4));
-    }
-    [[nodiscard]] TotalesDDJJ totales(const ClaveDDJJ& clave = original) { return calcularTotales(c, clave); }
-
     BaseDePrueba base;
     Conexion& c = base.conexion();
+    TotalesDeDDJJ()
+    {
+        poner("DDJJ");
+        poner("DDJJ", {{"Secuencia", 1}, {"Fecha", "2009-07-04"}});
+        poner("DDJJ_Empleados", {{"Periodo", "2009-04-01"}, {"QHoras", 100}, {"NroDoc", 0}});
+        poner("DDJJ_Empleados", {{"Cuit", "30-87654321-5"}, {"QHoras", 100}, {"NroDoc", 0}});
+    }
+    [[nodiscard]] TotalesDDJJ totales(const ClaveDDJJ& clave = original) { return calcularTotales(c, clave); }
 };
 
-std::string plano(Moneda importe)
+std::string plano(const SumaDePersonal& suma)
 {
-    return importe.textoPlano().toStdString();
+    return suma.remuneracion.textoPlano().toStdString() + "|" + std::to_string(suma.empleados) + "|" +
+           std::to_string(suma.familiares);
 }
 
-int errorAlSumar(Conexion& conexion)
+std::string aportes(const SumasDDJJ& sumas)
 {
-    try
+    std::string todos;
+    for (const Moneda importe : {sumas.art100, sumas.art101a, sumas.art101b, sumas.aDepositar()})
     {
-        (void)calcularTotales(conexion, original);
+        todos += importe.textoPlano().toStdString() + "|";
     }
-    catch (const ErrorDeEjecucion& error)
-    {
-        return error.numero();
-    }
-    return 0;
+    return todos;
 }
 } // namespace
 
 TEST_F(TotalesDeDDJJ, SinNominaNoHaySumasNiAdvertencias)
 {
-    agregarEmpleado(c, rectificativa, {.horas = 100});
+    poner("DDJJ_Empleados", {{"Secuencia", 1}, {"QHoras", 100}});
     const TotalesDDJJ t = totales();
     EXPECT_EQ(QDate(2009, 6, 3), t.fecha);
     EXPECT_FALSE(t.sumas.has_value());
@@ -61,106 +53,73 @@ TEST_F(TotalesDeDDJJ, SinNominaNoHaySumasNiAdvertencias)
 
 TEST_F(TotalesDeDDJJ, SumaAfiliadosYNoAfiliados)
 {
-    agregarEmpleado(c, original,
-                    {.cuil = "20-00000001-1",
-                     .imponible = "1000",
-                     .acuerdo = "100,5",
-                     .acuerdo2 = "50,0001",
-                     .art100 = "22,02",
-                     .art101a = "11,01",
-                     .art101b = "11,02",
-                     .familiares = 2});
-    agregarEmpleado(c, original,
-                    {.cuil = "20-00000002-1", .imponible = "0,1", .art100 = "0,1", .art101a = "0,2", .familiares = 1});
-    agregarEmpleado(c, original,
-                    {.cuil = "20-00000003-1",
-                     .afiliado = false,
-                     .imponible = "922337203685,4775",
-                     .acuerdo = "0,0001",
-                     .art100 = "20,33",
-                     .art101b = "5",
-                     .familiares = 4});
-    const TotalesDDJJ t = totales();
-    ASSERT_TRUE(t.sumas.has_value());
-    const SumasDDJJ& s = *t.sumas;
-    EXPECT_EQ("1150.6001", plano(s.afiliados.remuneracion));
-    EXPECT_EQ(2, s.afiliados.empleados);
-    EXPECT_EQ(3, s.afiliados.familiares);
-    EXPECT_EQ("922337204836.0777", plano(s.todos.remuneracion));
-    EXPECT_EQ(3, s.todos.empleados);
-    EXPECT_EQ(7, s.todos.familiares);
-    EXPECT_EQ("42.45", plano(s.art100));
-    EXPECT_EQ("11.21", plano(s.art101a));
-    EXPECT_EQ("16.02", plano(s.art101b));
-    EXPECT_EQ("69.68", plano(s.aDepositar()));
-    EXPECT_EQ(0, t.incompletos);
-    EXPECT_EQ(0, t.jornadaReducida);
-}
-
-TEST_F(TotalesDeDDJJ, SoloNoAfiliadosDejaLosAfiliadosEnCero)
-{
-    agregarEmpleado(c, original, {.afiliado = false, .imponible = "500", .art100 = "10", .familiares = 1});
+    poner("DDJJ_Empleados", {{"Cuil", "20-00000003-1"},
+                             {"Afiliado", false},
+                             {"Imponible", "922337203685,4775"},
+                             {"Acuerdo", "0,0001"},
+                             {"ART100", "20,33"},
+                             {"ART101A", "0"},
+                             {"ART101B", "5"},
+                             {"Familiares", 4}});
+    EXPECT_EQ("0|0|0", plano(totales().sumas->afiliados)); // of nobody
+    poner("DDJJ_Empleados", {{"Cuil", "20-00000001-1"},
+                             {"Acuerdo", "100,5"},
+                             {"Acuerdo2", "50,0001"},
+                             {"ART100", "22,02"},
+                             {"ART101A", "11,01"},
+                             {"ART101B", "11,02"},
+                             {"Familiares", 2}});
+    poner("DDJJ_Empleados", {{"Imponible", "0,1"}, {"ART100", "0,1"}, {"ART101A", "0,2"}, {"ART101B", "0"}});
     const SumasDDJJ s = totales().sumas.value();
-    EXPECT_EQ("0", plano(s.afiliados.remuneracion));
-    EXPECT_EQ(0, s.afiliados.empleados);
-    EXPECT_EQ(0, s.afiliados.familiares);
-    EXPECT_EQ("500", plano(s.todos.remuneracion));
-    EXPECT_EQ("10", plano(s.aDepositar()));
+    EXPECT_EQ("1150.6001|2|2", plano(s.afiliados));
+    EXPECT_EQ("922337204836.0777|3|6", plano(s.todos));
+    EXPECT_EQ("42.45|11.21|16.02|69.68|", aportes(s));
 }
 
 TEST_F(TotalesDeDDJJ, CuentaUnaVezAQuienLeFaltaAlgo)
 {
-    const char* const faltas[] = {"TipoDoc = 0",  "NroDoc = 0",    "Sexo = NULL",    "Nacio = NULL",
-                                  "EstCivil = 0", "Categoria = 0", "Ingreso = NULL", "TipoDoc = 0, NroDoc = 0"};
-    int numero = 0;
-    for (const char* falta : faltas)
+    int cuantos = 0;
+    for (const char* falta : {"TipoDoc = 0", "NroDoc = 0", "Sexo = NULL", "Nacio = NULL", "EstCivil = 0",
+                              "Categoria = 0", "Ingreso = NULL", "TipoDoc = 0, NroDoc = 0"})
     {
-        SCOPED_TRACE(falta);
-        const std::string cuil = "20-0000000" + std::to_string(++numero) + "-1";
-        agregarEmpleado(c, original, {.cuil = cuil.c_str()});
-        EXPECT_EQ(numero - 1, totales().incompletos);
-        c.ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + falta + " WHERE Cuit = ? AND Periodo = ? AND Cuil = ?",
-                   cuitUno, original.periodo, cuil);
-        EXPECT_EQ(numero, totales().incompletos);
+        const QString cuil = QStringLiteral("20-0000000%1-1").arg(++cuantos);
+        poner("DDJJ_Empleados", {{"Cuil", cuil}});
+        EXPECT_EQ(cuantos - 1, totales().incompletos) << falta;
+        c.ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + falta + " WHERE Cuil = ?", cuil);
+        EXPECT_EQ(cuantos, totales().incompletos) << falta;
     }
-    // What may be missing: address, branch, date left; and a null where only 0 counts.
-    agregarEmpleado(c, original, {.cuil = "20-99999999-1"});
-    c.ejecutar("UPDATE DDJJ_Empleados SET Calle = NULL, Sucursal = NULL, Egreso = NULL, NroDoc = NULL "
-               "WHERE Cuil = '20-99999999-1'");
-    EXPECT_EQ(numero, totales().incompletos);
+    // What may be missing: address, branch, the day he left; and a null where only 0 counts.
+    poner("DDJJ_Empleados", {{"Calle", nullptr}, {"Sucursal", nullptr}, {"Egreso", nullptr}, {"NroDoc", nullptr}});
+    EXPECT_EQ(cuantos, totales().incompletos);
 }
 
 TEST_F(TotalesDeDDJJ, LaJornadaReducidaEsDelMesEntero)
 {
-    struct Caso
+    poner("DDJJ_Empleados", {{"Secuencia", 1}});
+    poner("DDJJ_Empleados");
+    for (const auto& [horas, cuentan] : {std::pair{"200", 0}, {"NULL", 0}, {"100", 1}, {"0", 1}, {"201", 1}})
     {
-        std::optional<int> horas;
-        qint64 cuentan;
-    };
-    agregarEmpleado(c, rectificativa, {.cuil = "20-00000009-1"});
-    for (const Caso& caso : {Caso{200, 0}, Caso{std::nullopt, 0}, Caso{100, 1}, Caso{0, 1}, Caso{201, 1}})
-    {
-        c.ejecutar("DELETE FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = 0", cuitUno,
-                   original.periodo);
-        agregarEmpleado(c, original, {.horas = caso.horas});
-        EXPECT_EQ(caso.cuentan, totales(original).jornadaReducida) << caso.horas.value_or(-1);
-        EXPECT_EQ(caso.cuentan, totales(rectificativa).jornadaReducida) << caso.horas.value_or(-1);
+        c.ejecutar(std::string("UPDATE DDJJ_Empleados SET QHoras = ") + horas +
+                   " WHERE Cuit = '30-12345678-1' AND Periodo = '2009-05-01' AND Secuencia = 0");
+        EXPECT_EQ(cuentan, totales(original).jornadaReducida) << horas;
+        EXPECT_EQ(cuentan, totales(rectificativa).jornadaReducida) << horas;
     }
 }
 
 TEST_F(TotalesDeDDJJ, FallaConLoQueNoSePuedeSumar)
 {
-    agregarEmpleado(c, original);
+    poner("DDJJ_Empleados");
+    const auto errorAlSumar = [&] { return numeroDe([&] { return totales(); }); };
     for (const char* columna : {"Imponible", "Familiares", "Acuerdo", "Acuerdo2", "ART100", "ART101A", "ART101B"})
     {
-        c.ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + columna + " = NULL WHERE Cuit = ?", cuitUno);
-        EXPECT_EQ(94, errorAlSumar(c)) << columna;
-        c.ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + columna + " = 0 WHERE Cuit = ?", cuitUno);
+        c.ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + columna + " = NULL");
+        EXPECT_EQ(94, errorAlSumar()) << columna;
+        c.ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + columna + " = 0");
     }
-    c.ejecutar("UPDATE DDJJ_Empleados SET Familiares = 32767 WHERE Cuit = ?", cuitUno);
-    EXPECT_EQ(0, errorAlSumar(c));
-    agregarEmpleado(c, original, {.cuil = "20-00000009-1", .afiliado = false, .familiares = 1});
-    EXPECT_EQ(6, errorAlSumar(c));
-    c.ejecutar("DELETE FROM DDJJ WHERE Cuit = ?", cuitUno); // at another desk
-    EXPECT_EQ(3021, errorAlSumar(c));
+    c.ejecutar("UPDATE DDJJ_Empleados SET Familiares = 32767");
+    EXPECT_EQ(0, errorAlSumar());
+    poner("DDJJ_Empleados", {{"Cuil", "20-00000009-1"}, {"Afiliado", false}, {"Familiares", 1}});
+    EXPECT_EQ(6, errorAlSumar());
+    c.ejecutar("DELETE FROM DDJJ"); // at another desk
+    EXPECT_THROW((void)totales(), YaNoEsta);
 }

@@ -3,8 +3,8 @@
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/servidor_ftp_de_prueba.h"
 #include "exchange/screens/ftp_class.h"
+#include "exchange/servidor_ftp.h"
 #include "platform/data/error_de_ejecucion.h"
-#include "platform/data/servidor_ftp.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -99,11 +99,11 @@ protected:
 
 TEST_F(Depuracion, BorraHastaElMesConTodasSusSecuencias)
 {
-    depurarHasta(c, dePrueba::cuit, QDate());
+    depurarHasta(c, dePrueba::cuit, QDate(), {});
     EXPECT_EQ(todoA, quedan(dePrueba::cuit));
-    depurarHasta(c, dePrueba::cuit, QDate(2009, 2, 1));
+    depurarHasta(c, dePrueba::cuit, QDate(2009, 2, 1), {});
     EXPECT_EQ(todoA, quedan(dePrueba::cuit));
-    depurarHasta(c, dePrueba::cuit, QDate(2009, 4, 1));
+    depurarHasta(c, dePrueba::cuit, QDate(2009, 4, 1), {});
     EXPECT_EQ(QStringLiteral("05-0"), quedan(dePrueba::cuit));
     EXPECT_EQ(todoB, quedan(cuitB));
     EXPECT_EQ(7, contar("PAGOS"));
@@ -115,7 +115,7 @@ TEST_F(Depuracion, UnaFallaDejaTodoComoEstaba)
 {
     c.ejecutar("CREATE TRIGGER falla BEFORE DELETE ON DDJJ WHEN OLD.Secuencia = 2 BEGIN "
                "SELECT RAISE(ABORT, 'prueba'); END");
-    EXPECT_THROW(depurarHasta(c, dePrueba::cuit, QDate(2009, 5, 1)), ErrorDeEjecucion);
+    EXPECT_THROW(depurarHasta(c, dePrueba::cuit, QDate(2009, 5, 1), {}), ErrorDeEjecucion);
     EXPECT_EQ(todoA, quedan(dePrueba::cuit));
 }
 

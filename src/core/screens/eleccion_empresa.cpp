@@ -103,8 +103,8 @@ void EleccionEmpresa::cmbEmpresa_Click()
     {
         // Deleted or renamed at the other desk, or beside this screen, since the list was filled.
         MsgBox(QStringLiteral("La Empresa elegida ya no se encuentra en la Base de Empresas."), Caja::Critico);
-        llenarLista();
-        vaciar();
+        m_maskCuit->limpiar();
+        releer();
         return;
     }
     m_maskCuit->setText(*cuit);
@@ -118,11 +118,19 @@ void EleccionEmpresa::llenarLista()
     m_cmbEmpresa->addItems(razonesDeEmpresas(Rutinas::Conexion));
 }
 
-void EleccionEmpresa::vaciar()
+void EleccionEmpresa::releer()
 {
-    m_maskCuit->limpiar();
-    m_cmbEmpresa->setCurrentIndex(-1);
+    llenarLista();
     m_enganches.alLimpiar();
+    if (const auto razon = razonDeCuit(Rutinas::Conexion, m_maskCuit->text()))
+    {
+        mostrarRazon(*razon);
+    }
+    else
+    {
+        m_maskCuit->limpiar();
+        m_cmbEmpresa->setCurrentIndex(-1);
+    }
     m_enganches.alElegir();
 }
 

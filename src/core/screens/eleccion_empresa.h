@@ -32,6 +32,9 @@ public:
     /// Fills the list, ordered by Razon. The only company of the file is chosen at once, as by a click; otherwise
     /// nothing is. Without any company it says so (exclamation box) and gives false.
     bool cargar();
+    /// Fills the list anew, for what another screen or another desk has done to the companies: the one chosen stays
+    /// chosen, or nothing is when it is gone. Calls both hooks.
+    void releer();
 
     [[nodiscard]] bool hayEmpresa() const; ///< something is chosen in the list
     [[nodiscard]] QString cuit() const;    ///< text of MaskCuit
@@ -41,7 +44,6 @@ private:
     bool MaskCuit_Validate();
     void cmbEmpresa_Click();
     void llenarLista();
-    void vaciar();
     void mostrarRazon(const QString& razon);
 
     CampoMascara* m_maskCuit;

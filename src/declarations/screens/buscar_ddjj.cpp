@@ -2,7 +2,6 @@
 
 #include "core/rutinas.h"
 #include "declarations/copia_ddjj.h"
-#include "declarations/screens/secuencia.h"
 #include "exchange/informe_ddjj.h"
 #include "platform/data/formato.h"
 #include "platform/screens/estilo.h"
@@ -37,8 +36,8 @@ BuscarDDJJ::BuscarDDJJ(QWidget* padre)
     Estilo::boton(ui->cmdCancelar, QStringLiteral("cancelar"));
     conectar(ui->vsDDJJ, &Grilla::clic, &BuscarDDJJ::vsDDJJ_Click);
     conectar(ui->vsDDJJ, &Grilla::dejarCelda, &BuscarDDJJ::vsDDJJ_LeaveCell);
-    conectar(ui->cmdAceptar, &QPushButton::clicked, [this] { cmdAceptar_Click(); });
-    conectar(ui->cmdCancelar, &QPushButton::clicked, [this] { cmdCancelar_Click(); });
+    conectar(ui->cmdAceptar, &QPushButton::clicked, &BuscarDDJJ::cmdAceptar_Click);
+    conectar(ui->cmdCancelar, &QPushButton::clicked, &BuscarDDJJ::cmdCancelar_Click);
 }
 
 BuscarDDJJ::~BuscarDDJJ() = default;
@@ -53,13 +52,18 @@ void BuscarDDJJ::cargar()
     mostrarAdvertencia();
 }
 
+QString BuscarDDJJ::empresaEnCurso() const
+{
+    return ui->txtEmpresa->text();
+}
+
 void BuscarDDJJ::llenarLista()
 {
+    m_fuentes = fuentesDeCopia(Rutinas::Conexion, destino());
     std::vector<std::vector<QVariant>> filas;
-    for (const FuenteDeCopia& fuente : fuentesDeCopia(Rutinas::Conexion, destino()))
+    for (const ClaveDDJJ& fuente : m_fuentes)
     {
         filas.push_back({Formato(fuente.periodo, u"YYYY/MM"), qlonglong{fuente.secuencia}});
-        PeriodoFuente = fuente.periodo;
     }
     ui->vsDDJJ->cargar(std::move(filas));
 }
@@ -78,9 +82,9 @@ void BuscarDDJJ::elegirFila(int fila)
 {
     ui->vsDDJJ->pintarTodo(Grilla::blanco);
     ui->vsDDJJ->pintarFila(fila, Grilla::amarillo);
-    PeriodoFuente = LeerPeriodo(ui->vsDDJJ->texto(1, fila)).value_or(QDate());
-    ui->txtPeriodo_1->setText(Formato(PeriodoFuente, u"YYYY/MM"));
-    ui->txtSecuencia_1->setText(ui->vsDDJJ->texto(2, fila));
+    m_fuente = m_fuentes.at(static_cast<std::size_t>(fila) - 1);
+    ui->txtPeriodo_1->setText(Formato(m_fuente->periodo, u"YYYY/MM"));
+    ui->txtSecuencia_1->setText(QString::number(m_fuente->secuencia));
 }
 
 void BuscarDDJJ::vsDDJJ_Click(int, int fila)
@@ -101,13 +105,13 @@ void BuscarDDJJ::vsDDJJ_LeaveCell(int, int fila, int, int nuevaFila)
 
 void BuscarDDJJ::cmdAceptar_Click()
 {
-    if (ui->txtPeriodo_1->text().isEmpty())
+    if (!m_fuente)
     {
         MsgBox(QStringLiteral("Debe seleccionar el Periodo correspondiente."), Caja::Informacion);
         return;
     }
-    Rutinas::SecuenciaActual = comoByte(ui->txtSecuencia_1->text());
-    Rutinas::PeriodoActual = PeriodoFuente;
+    Rutinas::SecuenciaActual = comoByte(m_fuente->secuencia);
+    Rutinas::PeriodoActual = m_fuente->periodo;
     cerrar();
 }
 

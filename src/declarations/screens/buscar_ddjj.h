@@ -1,9 +1,11 @@
 #pragma once
 
+#include "core/clave_ddjj.h"
 #include "platform/screens/pantalla.h"
 
-#include <QDate>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace Ui
 {
@@ -20,6 +22,7 @@ public:
     ~BuscarDDJJ() override;
 
     void cargar() override;
+    [[nodiscard]] QString empresaEnCurso() const override;
 
 private:
     void llenarLista();
@@ -31,5 +34,6 @@ private:
     void cmdCancelar_Click();
 
     std::unique_ptr<Ui::BuscarDDJJ> ui;
-    QDate PeriodoFuente;
+    std::vector<ClaveDDJJ> m_fuentes; ///< the rows of vsDDJJ, in their order
+    std::optional<ClaveDDJJ> m_fuente;
 };

@@ -2,9 +2,10 @@
 
 #include "core/rutinas.h"
 #include "core/screens/eleccion_empresa.h"
+#include "core/vigencia.h"
 #include "declarations/lista_ddjj.h"
-#include "declarations/totales_ddjj.h"
-#include "exchange/screens/ftp_class.h"
+#include "declarations/screens/envio_ddjj.h"
+#include "exchange/informe_ddjj.h"
 #include "platform/data/formato.h"
 #include "platform/screens/campo_mascara.h"
 #include "platform/screens/estilo.h"
@@ -97,26 +98,46 @@ void DDJJ::conectarMandos()
                 txtAnio_LostFocus();
                 return true;
             });
-    conectar(ui->cmdNueva, &QPushButton::clicked, [this] { cmdNueva_Click(); });
-    conectar(ui->cmdCopiar, &QPushButton::clicked, [this] { cmdCopiar_Click(); });
-    conectar(ui->cmdEliminar, &QPushButton::clicked, [this] { cmdEliminar_Click(); });
-    conectar(ui->cmdGrabar, &QPushButton::clicked, [this] { cmdGrabar_Click(); });
-    conectar(ui->cmdCancelar, &QPushButton::clicked, [this] { cmdCancelar_Click(); });
-    conectar(ui->cmdNomina, &QPushButton::clicked, [this] { cmdNomina_Click(); });
-    conectar(ui->cmdSueldos, &QPushButton::clicked, [this] { cmdSueldos_Click(); });
-    conectar(ui->cmdImportar, &QPushButton::clicked, [this] { cmdImportar_Click(); });
-    int indice = 0;
-    for (auto* boton : {ui->cmdBoletas_0, ui->cmdBoletas_1, ui->cmdBoletas_2, ui->cmdBoletas_3})
+    conectarMando(ui->cmdNueva, &DDJJ::cmdNueva_Click);
+    conectarMando(ui->cmdCopiar, &DDJJ::cmdCopiar_Click);
+    conectarMando(ui->cmdEliminar, &DDJJ::cmdEliminar_Click);
+    conectarMando(ui->cmdGrabar, &DDJJ::cmdGrabar_Click);
+    conectarMando(ui->cmdCancelar, &DDJJ::cmdCancelar_Click);
+    conectarMando(ui->cmdNomina, &DDJJ::cmdNomina_Click);
+    conectarMando(ui->cmdSueldos, &DDJJ::cmdSueldos_Click);
+    conectarMando(ui->cmdImportar, &DDJJ::cmdImportar_Click);
+    conectarMando(ui->cmdBoletas_0, &DDJJ::cmdBoletas_Aportes_Click);
+    conectarMando(ui->cmdBoletas_1, &DDJJ::cmdBoletas_Interes_Click);
+    conectarMando(ui->cmdBoletas_2, &DDJJ::cmdBoletas_Actas_Click);
+    conectarMando(ui->cmdBoletas_3, &DDJJ::cmdBoletas_Envio_Click);
+    conectarMando(ui->cmdInformes_0, &DDJJ::cmdInformes_Declaracion_Click);
+    conectarMando(ui->cmdInformes_1, &DDJJ::cmdInformes_Incompletos_Click);
+    conectarMando(ui->cmdInformes_2, &DDJJ::cmdInformes_Texto_Click);
+}
+
+void DDJJ::conectarMando(QPushButton* boton, void (DDJJ::*haz)())
+{
+    conectar(boton, &QPushButton::clicked, [this, haz] { alDia([this, haz] { (this->*haz)(); }); });
+}
+
+void DDJJ::alDia(const std::function<void()>& haz)
+{
+    try
     {
-        conectar(boton, &QPushButton::clicked, [this, indice] { cmdBoletas_Click(indice); });
-        ++indice;
+        haz();
     }
-    indice = 0;
-    for (auto* boton : {ui->cmdInformes_0, ui->cmdInformes_1, ui->cmdInformes_2})
+    catch (const YaNoEsta&)
     {
-        conectar(boton, &QPushButton::clicked, [this, indice] { cmdInformes_Click(indice); });
-        ++indice;
+        releer();
+        throw; // told by who called
     }
+}
+
+void DDJJ::releer()
+{
+    Habilitar(true); // what was being entered was for a company that is gone
+    habilitarPaginas(true);
+    m_eleccion->releer();
 }
 
 void DDJJ::cargar()
@@ -137,8 +158,13 @@ void DDJJ::activar()
         return;
     }
     Rutinas::BoletaEmitida = false;
-    // The declaration goes out whatever the answer: it only decides whether the closing message is shown.
-    EnviarDDJJPorFtp(Preguntar(QStringLiteral("Debe enviar la Declaración Jurada correspondiente?")));
+    alDia(
+        [this]
+        {
+            exigirVigencia();
+            // The declaration goes out whatever the answer: it only decides whether the closing message is shown.
+            envio().EnviarDDJJPorFtp(Preguntar(QStringLiteral("Debe enviar la Declaración Jurada correspondiente?")));
+        });
 }
 
 bool DDJJ::descargar()
@@ -153,7 +179,7 @@ QString DDJJ::empresaEnCurso() const
 
 bool DDJJ::hayDeclaracion() const
 {
-    return !ui->txtAnio->text().isEmpty();
+    return m_seleccion.has_value();
 }
 
 bool DDJJ::exigirEmpresa()
@@ -178,17 +204,28 @@ bool DDJJ::exigirPeriodo()
 
 bool DDJJ::exigirNomina()
 {
-    if (tieneNomina(Rutinas::Conexion, clave()))
+    if (hayNomina(Rutinas::Conexion, clave()))
     {
         return true;
     }
     MsgBox(QStringLiteral("Debe ingresar primero la Nómina de Empleados."), Caja::Exclamacion);
+    mostrarPagina(ui->pagDDJJ); // where the button lies
+    ui->cmdNomina->setFocus();
     return false;
 }
 
 ClaveDDJJ DDJJ::clave() const
 {
-    return {m_eleccion->cuit(), PeriodoSel, ui->txtSecuencia->text().toInt()};
+    return m_seleccion.value();
+}
+
+void DDJJ::exigirVigencia() const
+{
+    ::exigirEmpresa(Rutinas::Conexion, m_eleccion->cuit());
+    if (hayDeclaracion())
+    {
+        exigirDeclaracion(Rutinas::Conexion, clave());
+    }
 }
 
 void DDJJ::mostrarPagina(QWidget* pagina)
@@ -234,8 +271,11 @@ void DDJJ::LimpiarDatos(bool Todo)
     {
         campo->clear();
     }
+    m_todos = {};
+    m_afiliados = {};
     if (Todo)
     {
+        m_seleccion.reset();
         ui->txtAnio->clear();
         ui->txtMes->clear();
         ui->txtSecuencia->clear();
@@ -245,13 +285,15 @@ void DDJJ::LimpiarDatos(bool Todo)
 
 void DDJJ::CargarDeclaraciones()
 {
-    std::vector<std::vector<QVariant>> filas;
+    m_declaraciones.clear();
     if (!ui->MaskCuit->vacio())
     {
-        for (const ClaveDDJJ& una : listarDeclaraciones(Rutinas::Conexion, m_eleccion->cuit()))
-        {
-            filas.push_back({Formato(una.periodo, u"YYYY/MM"), QString::number(una.secuencia)});
-        }
+        m_declaraciones = listarDeclaraciones(Rutinas::Conexion, m_eleccion->cuit());
+    }
+    std::vector<std::vector<QVariant>> filas;
+    for (const ClaveDDJJ& una : m_declaraciones)
+    {
+        filas.push_back({Formato(una.periodo, u"YYYY/MM"), QString::number(una.secuencia)});
     }
     ui->vsDDJJ->cargar(std::move(filas));
     Q_EMIT Navegacion::instancia().cambioDePantalla();
@@ -261,7 +303,7 @@ void DDJJ::vsDDJJ_Click(int /*columna*/, int fila)
 {
     if (fila != 0)
     {
-        elegirFila(fila);
+        seleccionar(fila);
     }
 }
 
@@ -269,24 +311,19 @@ void DDJJ::vsDDJJ_LeaveCell(int /*columna*/, int fila, int /*nuevaColumna*/, int
 {
     if (fila != 0 && nuevaFila != -1)
     {
-        elegirFila(nuevaFila);
+        seleccionar(nuevaFila);
     }
 }
 
-void DDJJ::elegirFila(int fila)
+void DDJJ::seleccionar(int fila)
 {
-    const std::optional<QDate> periodo = LeerPeriodo(ui->vsDDJJ->texto(1, fila));
-    if (!periodo)
-    {
-        return;
-    }
     ui->vsDDJJ->pintarTodo(Grilla::blanco);
     ui->vsDDJJ->pintarFila(fila, Grilla::amarillo);
-    PeriodoSel = *periodo;
-    ui->txtAnio->setText(QString::number(PeriodoSel.year()));
-    ui->txtMes->setText(QString::number(PeriodoSel.month()));
-    mostrarSecuencia(ui->vsDDJJ->texto(2, fila).toInt());
-    MostrarDDJJ();
+    m_seleccion = m_declaraciones.at(static_cast<std::size_t>(fila) - 1);
+    ui->txtAnio->setText(QString::number(m_seleccion->periodo.year()));
+    ui->txtMes->setText(QString::number(m_seleccion->periodo.month()));
+    mostrarSecuencia(m_seleccion->secuencia);
+    alDia([this] { MostrarDDJJ(); });
 }
 
 void DDJJ::mostrarSecuencia(int secuencia)
@@ -299,11 +336,9 @@ void DDJJ::mostrarSecuencia(int secuencia)
 
 void DDJJ::MostrarDDJJ()
 {
-    DatosCompletos = false;
     LimpiarDatos(false);
-    ui->fraPeriodo->setTitle(
-        QStringLiteral("Periodo: %1/%2 - %3")
-            .arg(ui->txtAnio->text(), Formato(ui->txtMes->text().toInt(), u"00"), ui->txtSecuencia->text()));
+    ui->fraPeriodo->setTitle(QStringLiteral("Periodo: %1 - %2")
+                                 .arg(Formato(clave().periodo, u"YYYY/MM"), QString::number(clave().secuencia)));
     const TotalesDDJJ totales = calcularTotales(Rutinas::Conexion, clave());
     ui->txtFecha->setText(Formato(totales.fecha, u"DD/MM/YY"));
     if (!totales.sumas)
@@ -311,25 +346,22 @@ void DDJJ::MostrarDDJJ()
         return; // no roster yet
     }
     mostrarSumas(*totales.sumas);
-    DatosCompletos = totales.incompletos == 0;
-    if (!DatosCompletos)
-    {
-        ui->lblIncompleto->setText(
-            QStringLiteral("Datos Incompletos en %1 Empleados - Ver Nomina de Personal").arg(totales.incompletos));
-    }
-    ui->lblIncompleto->setVisible(!DatosCompletos);
+    ui->lblIncompleto->setText(
+        QStringLiteral("Datos Incompletos en %1 Empleados - Ver Nomina de Personal").arg(totales.incompletos));
+    ui->lblIncompleto->setVisible(totales.incompletos != 0);
     ui->lblJornada->setVisible(totales.jornadaReducida != 0);
 }
 
 void DDJJ::mostrarSumas(const SumasDDJJ& sumas)
 {
-    txtCantidad[0]->setText(QString::number(sumas.todos.empleados));
-    txtCantidad[1]->setText(QString::number(sumas.afiliados.empleados));
-    txtCantidad[2]->setText(QString::number(sumas.todos.familiares));
-    txtCantidad[3]->setText(QString::number(sumas.afiliados.familiares));
-    const Moneda importes[] = {
-        sumas.todos.remuneracion, sumas.afiliados.remuneracion, sumas.art100, sumas.art101a, sumas.art101b,
-        sumas.aDepositar()};
+    m_todos = sumas.todos;
+    m_afiliados = sumas.afiliados;
+    txtCantidad[0]->setText(QString::number(m_todos.empleados));
+    txtCantidad[1]->setText(QString::number(m_afiliados.empleados));
+    txtCantidad[2]->setText(QString::number(m_todos.familiares));
+    txtCantidad[3]->setText(QString::number(m_afiliados.familiares));
+    const Moneda importes[] = {m_todos.remuneracion, m_afiliados.remuneracion, sumas.art100, sumas.art101a,
+                               sumas.art101b,        sumas.aDepositar()};
     for (std::size_t i = 0; i < txtImporte.size(); ++i)
     {
         txtImporte[i]->setText(Formato(importes[i], patronImporte));

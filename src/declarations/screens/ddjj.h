@@ -1,22 +1,26 @@
 #pragma once
 
 #include "core/clave_ddjj.h"
+#include "declarations/totales_ddjj.h"
 #include "platform/screens/pantalla.h"
 
 #include <array>
 #include <memory>
+#include <optional>
+#include <vector>
 
 class EleccionEmpresa;
-class FTP_Class;
+class EnvioDeDDJJ;
 class QLineEdit;
-struct SumasDDJJ;
+class QPushButton;
+enum class InformeDDJJ;
 namespace Ui
 {
 class DDJJ;
 }
 
 /// The centre of the program: a company, its declarations with the latest first, and everything that works on the one
-/// selected. A declaration is selected when txtAnio is not empty.
+/// selected. What another screen or another desk has deleted meanwhile is told in one box, with the lists read anew.
 class DDJJ : public Pantalla
 {
     Q_OBJECT
@@ -29,16 +33,14 @@ public:
     [[nodiscard]] bool descargar() override;
     [[nodiscard]] QString empresaEnCurso() const override;
 
-    /// Does the declaration shown have a roster with nothing missing in it?
-    [[nodiscard]] bool datosCompletos() const { return DatosCompletos; }
-
-    /// Sends the declaration's file by mail and keeps it. No command of the screen reaches it.
-    void EnviarDDJJPorCorreo();
-
 private:
     // Frame of the screen: ddjj.cpp
     void vestir();
     void conectarMandos();
+    void conectarMando(QPushButton* boton, void (DDJJ::*haz)());
+    /// Runs `haz`; when it finds out that something is gone, the lists are read anew before that is told.
+    void alDia(const std::function<void()>& haz);
+    void releer();
     void Habilitar(bool ControlStatus);
     void habilitarPaginas(bool si);
     void mostrarPagina(QWidget* pagina);
@@ -47,7 +49,7 @@ private:
     void MostrarDDJJ();
     void mostrarSumas(const SumasDDJJ& sumas);
     void mostrarSecuencia(int secuencia);
-    void elegirFila(int fila);
+    void seleccionar(int fila);
     void vsDDJJ_Click(int columna, int fila);
     void vsDDJJ_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
     void txtAnio_LostFocus();
@@ -62,35 +64,36 @@ private:
     void cmdNomina_Click();
     void cmdSueldos_Click();
     void cmdCopiar_Click();
-    void cmdBoletas_Click(int indice);
-    void cmdInformes_Click(int indice);
-    void abrirConNomina(const QString& pantalla);
-    void publicarDeclaracion();
-
-    // Reports and sending: ddjj_envio.cpp
-    void ImprimirInforme(int indice);
-    void EnviarDDJJPorFtp(bool Avisar);
-    void ConectarServidorFtp();
-
-    // Files: ddjj_archivos.cpp
     void cmdImportar_Click();
-    [[nodiscard]] bool GrabarArchivoDDJJ();
-    void GuardarArchivoComo();
+    void cmdBoletas_Aportes_Click();
+    void cmdBoletas_Interes_Click();
+    void cmdBoletas_Actas_Click();
+    void cmdBoletas_Envio_Click();
+    void cmdInformes_Declaracion_Click();
+    void cmdInformes_Incompletos_Click();
+    void cmdInformes_Texto_Click();
+    void abrirConNomina(const QString& pantalla);
+    void mostrarModal(const QString& pantalla);
+    void abrirBoletas(quint8 tipo);
+    void imprimirInforme(InformeDDJJ cual);
+    void publicarDeclaracion();
+    [[nodiscard]] EnvioDeDDJJ envio();
 
     [[nodiscard]] bool hayDeclaracion() const; ///< one is selected
     [[nodiscard]] ClaveDDJJ clave() const;     ///< of the selected declaration
+    /// Throws YaNoEsta unless the company and the selected declaration, if any, still stand in the database.
+    void exigirVigencia() const;
     // Each says so when it does not hold.
     [[nodiscard]] bool exigirEmpresa();
     [[nodiscard]] bool exigirPeriodo();
-    [[nodiscard]] bool exigirNomina();
+    [[nodiscard]] bool exigirNomina(); ///< and goes to cmdNomina
 
     std::unique_ptr<Ui::DDJJ> ui;
     EleccionEmpresa* m_eleccion = nullptr;
     std::array<QLineEdit*, 4> txtCantidad{};
     std::array<QLineEdit*, 6> txtImporte{};
-    QDate PeriodoSel; ///< of the selected declaration
-    bool DatosCompletos = false;
-    QString ArchivoDDJJ; ///< name of the declaration's text file
-    std::unique_ptr<FTP_Class> FtpDDJJ;
-    bool FtpConectado = false; ///< the last attempt to connect succeeded
+    std::vector<ClaveDDJJ> m_declaraciones; ///< the rows of vsDDJJ, in their order
+    std::optional<ClaveDDJJ> m_seleccion;   ///< the declaration at work
+    SumaDePersonal m_todos;                 ///< of the declaration shown; zero without a roster
+    SumaDePersonal m_afiliados;
 };

@@ -2,10 +2,7 @@
 #include "core/screens/eleccion_empresa.h"
 #include "declarations/ciclo_ddjj.h"
 #include "declarations/screens/ddjj.h"
-#include "platform/data/formato.h"
 #include "platform/data/reloj.h"
-#include "platform/screens/campo_mascara.h"
-#include "platform/screens/grilla.h"
 #include "platform/screens/mensajes.h"
 #include "ui_ddjj.h"
 
@@ -17,9 +14,9 @@ void DDJJ::cmdNueva_Click()
     }
     LimpiarDatos(true);
     std::optional<QDate> ultimo;
-    if (ui->vsDDJJ->filas() > 0)
+    if (!m_declaraciones.empty())
     {
-        ultimo = LeerPeriodo(ui->vsDDJJ->texto(1, 1));
+        ultimo = m_declaraciones.front().periodo;
     }
     if (const auto propuesto = proponerPeriodo(ultimo))
     {
@@ -43,8 +40,10 @@ void DDJJ::cmdGrabar_Click()
         campo->selectAll();
         return;
     }
-    PeriodoSel = QDate(ui->txtAnio->text().toInt(), ui->txtMes->text().toInt(), 1);
-    mostrarSecuencia(crearDeclaracion(Rutinas::Conexion, m_eleccion->cuit(), PeriodoSel, Reloj::Hoy()));
+    const QDate periodo(ui->txtAnio->text().toInt(), ui->txtMes->text().toInt(), 1);
+    const QString cuit = m_eleccion->cuit();
+    m_seleccion = {cuit, periodo, crearDeclaracion(Rutinas::Conexion, cuit, periodo, Reloj::Hoy())};
+    mostrarSecuencia(m_seleccion->secuencia);
     Habilitar(true);
     habilitarPaginas(true);
     CargarDeclaraciones();

@@ -1,21 +1,53 @@
 #include "core/rutinas.h"
 #include "core/screens/eleccion_empresa.h"
+#include "core/vigencia.h"
 #include "declarations/copia_ddjj.h"
-#include "declarations/lista_ddjj.h"
 #include "declarations/screens/ddjj.h"
-#include "declarations/screens/secuencia.h"
-#include "platform/data/error_de_ejecucion.h"
+#include "declarations/screens/envio_ddjj.h"
+#include "exchange/importacion.h"
+#include "exchange/informe_ddjj.h"
+#include "exchange/screens/imprimir_informe.h"
 #include "platform/screens/campo_mascara.h"
 #include "platform/screens/mensajes.h"
 #include "platform/screens/navegacion.h"
+#include "platform/screens/trabajo_largo.h"
 #include "ui_ddjj.h"
+
+namespace
+{
+// Kinds of slip, as the slip screen knows them.
+constexpr quint8 aportes = 0;
+constexpr quint8 interes = 1;
+constexpr quint8 actas = 2;
+} // namespace
 
 void DDJJ::publicarDeclaracion()
 {
     Rutinas::CuitActual = m_eleccion->cuit();
     Rutinas::EmpresaActual = m_eleccion->razon();
-    Rutinas::PeriodoActual = PeriodoSel;
-    Rutinas::SecuenciaActual = comoByte(ui->txtSecuencia->text());
+    Rutinas::PeriodoActual = clave().periodo;
+    Rutinas::SecuenciaActual = comoByte(clave().secuencia);
+}
+
+/// Shows a dialog on the selected declaration, which can be gone when it closes.
+void DDJJ::mostrarModal(const QString& pantalla)
+{
+    exigirVigencia();
+    const int antes = YaNoEsta::veces();
+    Navegacion::instancia().mostrarModal(pantalla);
+    const bool yaDicho = YaNoEsta::veces() != antes;
+    try
+    {
+        exigirVigencia();
+    }
+    catch (const YaNoEsta&)
+    {
+        if (!yaDicho)
+        {
+            throw;
+        }
+        releer();
+    }
 }
 
 void DDJJ::abrirConNomina(const QString& pantalla)
@@ -25,8 +57,11 @@ void DDJJ::abrirConNomina(const QString& pantalla)
         return;
     }
     publicarDeclaracion();
-    Navegacion::instancia().mostrarModal(pantalla);
-    MostrarDDJJ(); // the totals can have changed
+    mostrarModal(pantalla);
+    if (hayDeclaracion())
+    {
+        MostrarDDJJ(); // the totals can have changed
+    }
 }
 
 void DDJJ::cmdNomina_Click()
@@ -46,9 +81,13 @@ void DDJJ::cmdCopiar_Click()
         return;
     }
     publicarDeclaracion();
-    Navegacion::instancia().mostrarModal(QStringLiteral("BuscarDDJJ"));
-    const FuenteDeCopia fuente{Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
-    if (fuente.periodo == PeriodoSel && fuente.secuencia == ui->txtSecuencia->text().toInt())
+    mostrarModal(QStringLiteral("BuscarDDJJ"));
+    if (!hayDeclaracion())
+    {
+        return;
+    }
+    const ClaveDDJJ fuente{clave().cuit, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+    if (fuente == clave())
     {
         return; // the dialog was cancelled
     }
@@ -61,36 +100,52 @@ void DDJJ::cmdCopiar_Click()
     MostrarDDJJ();
 }
 
-void DDJJ::cmdBoletas_Click(int indice)
+void DDJJ::cmdImportar_Click()
 {
-    constexpr int aportes = 0;
-    constexpr int actas = 2;
-    constexpr int envio = 3;
-    if (ui->MaskCuit->vacio() || (!hayDeclaracion() && indice != actas))
+    if (!exigirEmpresa() || !exigirPeriodo())
     {
         return;
     }
-    if ((indice == aportes || indice == envio) && !exigirNomina())
+    Rutinas::TextoDevuelto.clear();
+    mostrarModal(QStringLiteral("Importar"));
+    if (Rutinas::TextoDevuelto.isEmpty() || !hayDeclaracion())
     {
-        mostrarPagina(ui->pagDDJJ); // where the button lies
-        ui->cmdNomina->setFocus();
         return;
     }
-    if (indice == envio)
+    const auto formato = static_cast<FormatoDeNomina>(Rutinas::FormatoImportar);
+    ResultadoImportacion resultado;
+    // After a failure the pointer stays busy, as file number 1 stays open, until an import goes well.
+    Puntero::ocupado();
+    try
     {
-        if (Preguntar(QStringLiteral("Debe enviar la Declaración Jurada seleccionada?")))
-        {
-            EnviarDDJJPorFtp(true);
-        }
+        TrabajoLargo trabajo(QStringLiteral("Importando la Nómina de Personal"));
+        resultado = importarNomina(Rutinas::Conexion, clave(), Rutinas::TextoDevuelto, formato, trabajo.aviso());
+    }
+    catch (const YaNoEsta&)
+    {
+        Puntero::normal();
+        throw;
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        MsgBox(QStringLiteral("%1 - %2").arg(error.numero()).arg(error.descripcion()));
         return;
     }
+    Puntero::normal();
+    MsgBox(mensajeDeImportacion(resultado, formato), Caja::Exclamacion);
+    MostrarDDJJ();
+}
+
+void DDJJ::abrirBoletas(quint8 tipo)
+{
     Rutinas::CuitActual = m_eleccion->cuit();
-    Rutinas::PeriodoActual = PeriodoSel;
-    Rutinas::SecuenciaActual = comoByte(ui->txtSecuencia->text());
-    Rutinas::ModoAbrir = static_cast<quint8>(indice);
-    Rutinas::CantidadEmpleados = txtCantidad[0]->text().toInt();
-    Rutinas::CantidadAfiliados = txtCantidad[1]->text().toInt();
-    if (indice == aportes && Rutinas::SecuenciaActual != 0)
+    const ClaveDDJJ cual = m_seleccion.value_or(ClaveDDJJ{}); // an act needs no declaration
+    Rutinas::PeriodoActual = cual.periodo;
+    Rutinas::SecuenciaActual = comoByte(cual.secuencia);
+    Rutinas::ModoAbrir = tipo;
+    Rutinas::CantidadEmpleados = m_todos.empleados;
+    Rutinas::CantidadAfiliados = m_afiliados.empleados;
+    if (tipo == aportes && Rutinas::SecuenciaActual != 0)
     {
         MsgBox(QStringLiteral("Recuerde que los importes reflejados en una Boleta Rectificativa (Secuencia 1, 2, 3) "
                               "surgen de la Diferencia con la Boleta de Pago Original del Periodo correspondiente "
@@ -100,18 +155,79 @@ void DDJJ::cmdBoletas_Click(int indice)
     Navegacion::instancia().mostrar(QStringLiteral("Boletas"));
 }
 
-void DDJJ::cmdInformes_Click(int indice)
+void DDJJ::cmdBoletas_Aportes_Click()
 {
     if (!hayDeclaracion())
     {
         return;
     }
-    if (indice == 2)
+    exigirVigencia();
+    if (exigirNomina())
     {
-        GuardarArchivoComo();
+        abrirBoletas(aportes);
     }
-    else
+}
+
+void DDJJ::cmdBoletas_Interes_Click()
+{
+    if (hayDeclaracion())
     {
-        ImprimirInforme(indice);
+        exigirVigencia();
+        abrirBoletas(interes);
     }
+}
+
+void DDJJ::cmdBoletas_Actas_Click()
+{
+    if (!ui->MaskCuit->vacio())
+    {
+        exigirVigencia();
+        abrirBoletas(actas);
+    }
+}
+
+void DDJJ::cmdBoletas_Envio_Click()
+{
+    if (!hayDeclaracion())
+    {
+        return;
+    }
+    exigirVigencia();
+    if (exigirNomina() && Preguntar(QStringLiteral("Debe enviar la Declaración Jurada seleccionada?")))
+    {
+        envio().EnviarDDJJPorFtp(true);
+    }
+}
+
+void DDJJ::imprimirInforme(InformeDDJJ cual)
+{
+    if (hayDeclaracion())
+    {
+        exigirVigencia();
+        ImprimirInforme(clave(), ui->txtMes->text(), ui->txtAnio->text(), cual);
+    }
+}
+
+void DDJJ::cmdInformes_Declaracion_Click()
+{
+    imprimirInforme(InformeDDJJ::Declaracion);
+}
+
+void DDJJ::cmdInformes_Incompletos_Click()
+{
+    imprimirInforme(InformeDDJJ::DatosIncompletos);
+}
+
+void DDJJ::cmdInformes_Texto_Click()
+{
+    if (hayDeclaracion())
+    {
+        envio().GuardarArchivoComo();
+    }
+}
+
+EnvioDeDDJJ DDJJ::envio()
+{
+    // The status texts overwrite the caption "Cantidad Empleados", which is not put back.
+    return EnvioDeDDJJ(m_seleccion, [this](const QString& texto) { ui->Label4->setText(texto); });
 }

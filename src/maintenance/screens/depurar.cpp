@@ -2,6 +2,7 @@
 
 #include "core/rutinas.h"
 #include "core/screens/eleccion_empresa.h"
+#include "core/vigencia.h"
 #include "maintenance/depuracion.h"
 #include "platform/data/formato.h"
 #include "platform/screens/campo_mascara.h"
@@ -23,7 +24,7 @@ Depurar::Depurar(QWidget* padre)
     m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa, {{}, [this] { CargarPeriodos(); }}, this);
     conectar(ui->vsDDJJ, &Grilla::clic, &Depurar::vsDDJJ_Click);
     conectar(ui->vsDDJJ, &Grilla::dejarCelda, &Depurar::vsDDJJ_LeaveCell);
-    conectar(ui->cmdEliminar, &QPushButton::clicked, [this] { cmdEliminar_Click(); });
+    conectar(ui->cmdEliminar, &QPushButton::clicked, &Depurar::cmdEliminar_Click);
 }
 
 Depurar::~Depurar() = default;
@@ -41,13 +42,15 @@ QString Depurar::empresaEnCurso() const
 
 void Depurar::CargarPeriodos()
 {
-    std::vector<std::vector<QVariant>> filas;
+    m_periodos.clear();
     if (!ui->MaskCuit->vacio())
     {
-        for (const QDate periodo : periodosDeEmpresa(Rutinas::Conexion, m_eleccion->cuit()))
-        {
-            filas.push_back({Formato(periodo, u"YYYY/MM")});
-        }
+        m_periodos = periodosDeEmpresa(Rutinas::Conexion, m_eleccion->cuit());
+    }
+    std::vector<std::vector<QVariant>> filas;
+    for (const QDate periodo : m_periodos)
+    {
+        filas.push_back({Formato(periodo, u"YYYY/MM")});
     }
     ui->vsDDJJ->cargar(std::move(filas));
     Q_EMIT Navegacion::instancia().cambioDePantalla();
@@ -77,7 +80,7 @@ void Depurar::elegirFila(int fila)
     {
         ui->vsDDJJ->pintarFila(vieja, Grilla::amarillo);
     }
-    PeriodoHasta = LeerPeriodo(ui->vsDDJJ->texto(1, fila)).value_or(QDate());
+    PeriodoHasta = m_periodos.at(static_cast<std::size_t>(fila) - 1);
     ui->txtAnio->setText(QString::number(PeriodoHasta.year()));
     ui->txtMes->setText(QString::number(PeriodoHasta.month()));
 }
@@ -103,9 +106,23 @@ void Depurar::cmdEliminar_Click()
     {
         return;
     }
-    depurarHasta(Rutinas::Conexion, m_eleccion->cuit(), PeriodoHasta);
+    try
+    {
+        depurarHasta(Rutinas::Conexion, m_eleccion->cuit(), PeriodoHasta, m_periodos);
+    }
+    catch (const YaNoEsta&)
+    {
+        m_eleccion->releer();
+        limpiarEleccion();
+        throw; // told once the list is anew
+    }
     MsgBox(QStringLiteral("Las Declaraciones Juradas han sido Eliminadas."), Caja::Exclamacion);
     CargarPeriodos();
+    limpiarEleccion();
+}
+
+void Depurar::limpiarEleccion()
+{
     ui->txtAnio->clear();
     ui->txtMes->clear();
 }

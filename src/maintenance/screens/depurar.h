@@ -4,6 +4,7 @@
 
 #include <QDate>
 #include <memory>
+#include <vector>
 
 class EleccionEmpresa;
 namespace Ui
@@ -28,8 +29,10 @@ private:
     void vsDDJJ_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
     void elegirFila(int fila);
     void cmdEliminar_Click();
+    void limpiarEleccion();
 
     std::unique_ptr<Ui::Depurar> ui;
     EleccionEmpresa* m_eleccion;
-    QDate PeriodoHasta; ///< the limit; the fields only show it
+    std::vector<QDate> m_periodos; ///< the rows of vsDDJJ, in their order
+    QDate PeriodoHasta;            ///< the limit; the fields only show it
 };
