@@ -165,15 +165,22 @@ std::string filasDe(const Recordset& filas)
 
 std::string fueraDeTransaccion(const std::function<void()>& regla)
 {
-    sqlite3_auto_extension(reinterpret_cast<void (*)()>(seguir));
-    abrirDeNuevo();
+    const auto mirar = reinterpret_cast<void (*)()>(seguir);
     std::vector<std::string> fuera;
+    sqlite3_auto_extension(mirar);
+    abrirDeNuevo();
+    sqlite3_cancel_auto_extension(mirar);
     sentenciasFuera = &fuera;
     transacciones = 0;
-    regla();
+    try
+    {
+        regla();
+    }
+    catch (const std::exception& error)
+    {
+        fuera.emplace_back(error.what());
+    }
     sentenciasFuera = nullptr;
-    sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(seguir));
-    abrirDeNuevo();
     std::string todas;
     for (const std::string& sentencia : fuera)
     {

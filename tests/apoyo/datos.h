@@ -6,7 +6,6 @@
 
 #include <functional>
 #include <string>
-#include <type_traits>
 
 /// One value of a row; what is put into a CURRENCY column as a text is an amount as typed: "1000" or "12,50".
 struct ValorDeFila
@@ -55,7 +54,7 @@ template <class Accion>
 {
     try
     {
-        static_cast<void>(accion());
+        static_cast<void>(accion()); // with or without a result
         return 0;
     }
     catch (const ErrorDeEjecucion& error)

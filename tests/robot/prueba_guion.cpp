@@ -1,41 +1,64 @@
 #include "guion.h"
-
 #include "teclas.h"
+#include "verbos.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-template <class Accion>
-Accion unica(const char* texto)
+/// The steps of a line, each as "verb|argument|argument"; what it says of what comes of it stands in the last one.
+std::string leida(const char* linea)
 {
-    const auto pasos = guion::leer(texto);
-    EXPECT_EQ(pasos.size(), 1U) << texto;
-    EXPECT_TRUE(std::holds_alternative<Accion>(pasos.at(0).accion)) << texto;
-    return std::get<Accion>(pasos.at(0).accion);
+    QStringList pasos;
+    for (const guion::Paso& paso : guion::leer(linea))
+    {
+        QStringList partes = QStringList{paso.verbo->nombre} + paso.argumentos.textos(0);
+        for (const guion::CajaEsperada& caja : paso.despues.cajas)
+        {
+            partes += "dice:" + (caja.clase ? guion::nombreDe(*caja.clase) + ":" : QString()) + caja.texto;
+        }
+        for (const bool si : paso.despues.respuestas)
+        {
+            partes += si ? "responde:si" : "responde:no";
+        }
+        for (const QString& ruta : paso.despues.archivos)
+        {
+            partes += "archivo:" + ruta;
+        }
+        if (!paso.despues.foco.isEmpty())
+        {
+            partes += "foco:" + paso.despues.foco;
+        }
+        pasos += partes.join('|');
+    }
+    return pasos.join(" / ").toStdString();
 }
 
-TEST(Guion, SeparaLasPalabras)
+TEST(Guion, LeeCadaForma)
 {
-    struct Caso
-    {
-        const char* texto;
-        QStringList palabras;
+    const std::pair<const char*, const char*> casos[] = {
+        {"", ""},
+        {"   # nada", ""},
+        {"\xEF\xBB\xBFsalir\r\n", "salir"},
+        {"\tescribir  txtImporte(3)\t\"1,5\" ", "escribir|txtImporte(3)|1,5"},
+        {"pulsar cmd#1 # fuera \"", "pulsar|cmd#1"},
+        {R"(menu "d\"b" "c:\\n" "c:\x" "uno\ndos" "# ñ Ω")", "menu|d\"b|c:\\n|c:\\x|uno\ndos|# ñ Ω"},
+        {"espera a \"1\" b \"\"", "espera|a|1 / espera|b|"},
+        {"espera_activo aa bb si cc no", "espera_activo|aa|bb|si / espera_activo|cc|no"},
+        {"escribir aa \"1\" Enter bb \"Tab\"", "escribir|aa|1|Enter / escribir|bb|Tab"},
+        {"celda g 1 2 \"x\" 3 \"y\"", "celda|g|1|2|x / celda|g|1|3|y"},
+        {"tecla a Down*2 Ctrl+Shift+Tab", "tecla|a|Down*2|Ctrl+Shift+Tab"},
+        {"teclear \"Enter\" Enter", "teclear|Enter|Enter"},
+        {"fecha 05/03/2007 09:30", "fecha|05/03/2007|09:30"},
+        {"espera_amarillas g", "espera_amarillas|g"},
+        {"menu a b responde Sí no dice \"x\" critico \"y\" foco z", "menu|a|b|dice:x|dice:critico:y|responde:si|"
+                                                                    "responde:no|foco:z"},
+        {"pulsar a archivo \"\" dice \"critico\"", "pulsar|a|dice:critico|archivo:"},
+        {"menu \"dice\" \"foco\"", "menu|dice|foco"},
     };
-    const Caso casos[] = {
-        {"", {}},
-        {"   # nada", {}},
-        {"pulsar cmdNueva", {"pulsar", "cmdNueva"}},
-        {"\tescribir  txtImporte(3)\t\"1,5\" ", {"escribir", "txtImporte(3)", "1,5"}},
-        {"espera lbl \"\"", {"espera", "lbl", ""}},
-        {R"(a "d\"b" "c:\\n" "c:\x" "uno\ndos")", {"a", "d\"b", "c:\\n", "c:\\x", "uno\ndos"}},
-        {"a \"# dentro\" # fuera \"", {"a", "# dentro"}},
-        {"pulsar cmd#1", {"pulsar", "cmd#1"}},
-        {"escribir x \"ñandú Ωß\"", {"escribir", "x", "ñandú Ωß"}},
-    };
-    for (const Caso& caso : casos)
+    for (const auto& [linea, esperada] : casos)
     {
-        EXPECT_EQ(guion::palabras(QString::fromUtf8(caso.texto), 1), caso.palabras) << caso.texto;
+        EXPECT_EQ(leida(linea), esperada) << linea;
     }
 }
 
@@ -43,85 +66,65 @@ TEST(Guion, LoQueEscribeEntreComillasSeLeeIgual)
 {
     for (const char* texto : {"", "simple", "con \"comillas\"", "c:\\nuevo\\", "dos\nlíneas", "\\n", "\\\""})
     {
-        const QString original = QString::fromUtf8(texto);
-        EXPECT_EQ(guion::palabras(guion::entreComillas(original), 1), QStringList{original}) << texto;
+        EXPECT_EQ(leida(("menu " + guion::entreComillas(texto)).toUtf8()), std::string("menu|") + texto);
     }
-}
-
-TEST(Guion, LeeCadaAccionConSusTipos)
-{
-    EXPECT_EQ(unica<guion::Menu>("menu \"Procesos\" \"Pago de Actas\"").entradas,
-              (QStringList{"Procesos", "Pago de Actas"}));
-    const auto celda = unica<guion::Celda>("celda vsSucursales 2 3 \"D'Angelo\"");
-    EXPECT_EQ(celda.fila, 2);
-    EXPECT_EQ(celda.columna, 3);
-    EXPECT_EQ(celda.texto, "D'Angelo");
-    EXPECT_FALSE(unica<guion::Fila>("fila vsDDJJ 0").doble);
-    EXPECT_TRUE(unica<guion::Fila>("doble vsDDJJ 4").doble);
-    EXPECT_TRUE(unica<guion::Responder>("responder Sí").si);
-    EXPECT_FALSE(unica<guion::Responder>("responder no").si);
-    EXPECT_EQ(unica<guion::Fecha>("fecha 05/03/2007").ahora, QDateTime(QDate(2007, 3, 5), QTime(0, 0)));
-    EXPECT_EQ(unica<guion::Fecha>("fecha 05/03/2007 09:30").ahora, QDateTime(QDate(2007, 3, 5), QTime(9, 30)));
-    EXPECT_EQ(unica<guion::EsperaEstado>("espera_marca chk si").cual, guion::EsperaEstado::Marca);
-    EXPECT_FALSE(unica<guion::EsperaEstado>("espera_visible lbl no").si);
-    EXPECT_EQ(unica<guion::Archivo>("archivo \"\"").ruta, "");
-    const auto tecla = unica<guion::Tecla>("tecla txt Ctrl+Shift+Tab");
-    EXPECT_EQ(tecla.tecla, Qt::Key_Backtab);
-    EXPECT_EQ(tecla.modificadores, Qt::ControlModifier | Qt::ShiftModifier);
-}
-
-TEST(Guion, GuardaLaLineaYSuTexto)
-{
-    const auto pasos = guion::leer("\xEF\xBB\xBF# cabecera\r\n\r\n  pulsar a  # aquí\r\nsalir");
-    ASSERT_EQ(pasos.size(), 2U);
-    EXPECT_EQ(pasos[0].linea, 3);
-    EXPECT_EQ(pasos[0].texto, "pulsar a  # aquí");
-    EXPECT_EQ(pasos[1].linea, 4);
 }
 
 TEST(Guion, RechazaConElNumeroDeLinea)
 {
-    const char* malos[] = {
-        "bailar",
-        "pulsar",
-        "pulsar a b",
-        "escribir a \"sin cierre",
-        "escribir a \"x\"y",
-        "fila g uno",
-        "fila g -1",
-        "celda g 0 1 x",
-        "celda g 1 0 x",
-        "responder quizás",
-        "espera_activo a tal",
-        "fecha 31/02/2007",
-        "fecha 01/01/2007 25:00",
-        "tecla a Enterr",
-        "tecla a Hiper+A",
-        "salir ya",
-        "escribir a \"\xF1\"",
-    };
-    for (const char* malo : malos)
+    for (const char* malo : {"bailar",
+                             "pulsar",
+                             "pulsar a b",
+                             "escribir a",
+                             "escribir a \"sin cierre",
+                             "escribir a \"x\"y",
+                             "fila g uno",
+                             "fila g -1",
+                             "celda g 0 1 x",
+                             "celda g 1 0 x",
+                             "celda g 1 1 x 2",
+                             "responder quizás",
+                             "espera_activo a tal",
+                             "espera_activo si",
+                             "fecha 31/02/2007",
+                             "fecha 01/01/2007 25:00",
+                             "tecla a Enterr",
+                             "tecla a Hiper+A",
+                             "tecla a Enter*0",
+                             "tecla a \"Enter\"",
+                             "salir ya",
+                             "pulsar a dice",
+                             "pulsar a responde tal",
+                             "pulsar a dice critico",
+                             "espera_caja otra \"\" \"\"",
+                             "espera a \"1\" foco a",
+                             "pulsar a foco b c"})
     {
         try
         {
-            (void)guion::leer(QByteArray("# uno\n") + malo);
-            ADD_FAILURE() << malo;
+            ADD_FAILURE() << leida((std::string("# uno\n") + malo).c_str());
         }
         catch (const guion::ErrorDeLectura& error)
         {
+            EXPECT_EQ(error.linea(), 2) << malo;
             EXPECT_FALSE(error.motivo().isEmpty());
-            EXPECT_TRUE(error.linea() == 2 || QByteArray(malo).contains('\xF1')) << malo;
         }
     }
+    EXPECT_THROW((void)guion::leer("escribir a \"\xF1\""), guion::ErrorDeLectura);
 }
 
 TEST(Guion, ConoceLasTeclas)
 {
-    EXPECT_EQ(teclaDeNombre("Enter")->key(), Qt::Key_Return);
-    EXPECT_EQ(teclaDeNombre("F12")->key(), Qt::Key_F12);
-    EXPECT_EQ(teclaDeNombre("Alt+n")->key(), Qt::Key_N);
-    EXPECT_EQ(teclaDeNombre("Alt+n")->keyboardModifiers(), Qt::AltModifier);
-    EXPECT_FALSE(teclaDeNombre("").has_value());
-    EXPECT_FALSE(teclaDeNombre("Ctrl+").has_value());
+    EXPECT_EQ(leerTeclas("Enter*3")->tecla.key(), Qt::Key_Return);
+    EXPECT_EQ(leerTeclas("Enter*3")->veces, 3);
+    EXPECT_EQ(leerTeclas("F12")->tecla.key(), Qt::Key_F12);
+    EXPECT_EQ(leerTeclas("Alt+n")->tecla, QKeyCombination(Qt::AltModifier, Qt::Key_N));
+    EXPECT_EQ(leerTeclas("Shift+Tab")->tecla.key(), Qt::Key_Backtab);
+    for (const char* nombre : {"PageUp", "PageDown", "Insert", "Delete", "Escape", "Backspace", "Space", "Home"})
+    {
+        EXPECT_TRUE(leerTeclas(nombre).has_value()) << nombre;
+    }
+    EXPECT_FALSE(leerTeclas("").has_value());
+    EXPECT_FALSE(leerTeclas("Ctrl+").has_value());
 }
 } // namespace

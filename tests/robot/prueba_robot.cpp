@@ -56,6 +56,43 @@ TEST(Robot, ActuaComoUnaPersona)
         {"espera_activo cmdApagado no\nespera_visible cmdOculto no\nespera_visible txtSegunda no", ""},
         {"espera_titulo \"Pantalla de prueba\"\nespera_ventana Prueba si\nespera_ventana Modal no", ""},
         {"cerrar\nespera_ventana Prueba no\nespera_titulo \"Principal\"", ""},
+        {"pegar txtNombre \"uno\" Enter\nespera txtNombre \"uno\"\nespera_foco txtImporte(3)", ""},
+        {"pegar txtNombre \"uno\"\npegar txtNombre \"dos\"\nespera txtNombre \"dos\"", ""},
+        {"tecla txtNombre Tab\nteclear \"12\" Left Backspace \"3\" Backtab\nespera txtImporte(3) \"32\" txtNombre "
+         "\"\"\n"
+         "espera_foco txtNombre",
+         ""},
+        {"escribir txtNombre \"a\" Enter txtImporte(3) \"b\"\nespera txtNombre \"a\" txtImporte(3) \"b\"", ""},
+        {"espera_lista cmbLista \"Uno\" \"Dos\" \"Tres\"\nespera_lista cmbLista 3", ""},
+        {"espera_lista cmbLista \"Uno\" \"Dos\"", "se esperaba"},
+    });
+}
+
+TEST(Robot, UnaLineaDiceLoQueViene)
+{
+    probar({
+        {"pulsar cmdAvisar dice \"Hola\\n\\\"amigo\\\"\"", ""},
+        {"pulsar cmdAvisar dice exclamacion \"Hola\\n\\\"amigo\\\"\"", ""},
+        {"pulsar cmdAvisar\nespera_caja exclamacion \"Aviso\" \"Hola\\n\\\"amigo\\\"\"", ""},
+        {"pulsar cmdAvisar dice critico \"Hola\\n\\\"amigo\\\"\"", "línea 2: pulsar cmdAvisar dice critico \"Hola"},
+        {"pulsar cmdAvisar dice \"Chau\"\npulsar cmdGrabar", "vino la caja exclamacion \"Hola"},
+        {"pulsar cmdGrabar dice \"Hola\"", "no vino la caja \"Hola\""},
+        {"pulsar cmdAvisar", "ninguna línea dice la caja \"Hola"},
+        {"pulsar cmdAvisar\nespera txtNombre \"\"\npulsar cmdGrabar", "línea 2: pulsar cmdAvisar: ninguna línea dice"},
+        {"pulsar cmdPreguntar responde Si\nespera lblEstado \"dijo si\"", ""},
+        {"pulsar cmdPreguntar responde No dice pregunta \"Seguro?\"\nespera lblEstado \"dijo no\"", ""},
+        {"pulsar cmdPreguntar responde Si Si\nespera lblEstado \"dijo si\"",
+         "línea 2: pulsar cmdPreguntar responde Si Si: "
+         "no vino la pregunta"},
+        {"pulsar cmdGrabar responde Si\npulsar cmdPreguntar", "no vino la pregunta"},
+        {"pulsar cmdArchivo archivo \"x.txt\"\nespera lblEstado \"x.txt\"", ""},
+        {"pulsar cmdGrabar archivo \"x.txt\"\nsalir", "no se pidió el archivo"},
+        {"escribir MaskCuit \"20\" Tab dice \"CUIT incompleto\" foco MaskCuit\nescribir MaskCuit \"\" Enter foco "
+         "cmbLista",
+         ""},
+        {"escribir MaskCuit \"20\" Tab dice \"CUIT incompleto\" foco txtNombre\nsalir", "el foco está en «MaskCuit»"},
+        {"escribir MaskCuit \"20\" Enter*2\nsalir", "antes de «Enter*1» vino una caja"},
+        {"tecla cmdModal Space foco txtModal\npulsar cmdSalir foco cmdModal", ""},
     });
 }
 
@@ -75,7 +112,14 @@ TEST(Robot, GrillasPorFilaYCelda)
         {"celda vsGrilla 2 4 si\nespera_celda vsGrilla 2 4 si\ncelda vsGrilla 2 4 si\nespera_celda vsGrilla 2 4 si\n"
          "celda vsGrilla 2 4 no\nespera_celda vsGrilla 2 4 no",
          ""},
-        {"espera_filas vsGrilla 200\nespera_celda vsGrilla 0 2 \"Nombre\"", ""},
+        {"espera_filas vsGrilla 200\nespera_celda vsGrilla 0 2 \"Nombre\" 3 \"Clase\"", ""},
+        {"celda vsGrilla 1 2 \"x\" 4 si\nespera_celda vsGrilla 1 2 \"x\" 4 si\nespera_fila vsGrilla 1 \"x\" \"\" "
+         "\"si\" \"\"\n"
+         "espera_fila vsGrilla 1 \"x||si|\"",
+         ""},
+        {"espera_fila vsGrilla 1 \"||no\"", "y dice \"||no|\""},
+        {"espera_amarillas vsGrilla", ""},
+        {"espera_amarillas vsGrilla 2", "se esperaba \"2\", y dice \"\""},
         {"fila vsGrilla 201", "200 filas"},
         {"celda vsGrilla 1 1 \"7\"", "no muestra la columna 1"},
         {"celda vsGrilla 1 5 \"x\"", "no se edita"},
@@ -148,20 +192,23 @@ TEST(Robot, UnCampoQueNoSeDejaTragaElClic)
 
 TEST(Robot, LaTranscripcionDiceCadaLineaYCadaCaja)
 {
-    const Funcion funcion = jugarGuion(abrir + "# comentario\npulsar cmdAvisar\nresponder Si\npulsar cmdPreguntar\n"
-                                               "espera lblEstado \"dijo si\"\nmenu \"Procesos\" \"Otros\" \"Aviso\"\n"
-                                               "archivo \"uno.txt\"\npulsar cmdArchivo\nespera lblEstado \"uno.txt\"\n"
-                                               "salir");
+    const Funcion funcion = jugarGuion(
+        abrir + "# comentario\npulsar cmdAvisar\nespera_caja exclamacion \"Aviso\" "
+                "\"Hola\\n\\\"amigo\\\"\"\nresponder Si\npulsar cmdPreguntar\n"
+                "espera lblEstado \"dijo si\"\nmenu \"Procesos\" \"Otros\" \"Aviso\" dice \"desde el menú\"\n"
+                "archivo \"uno.txt\"\npulsar cmdArchivo\nespera lblEstado \"uno.txt\"\n"
+                "salir");
     EXPECT_EQ(funcion.estado, 0);
     EXPECT_EQ(funcion.transcripcion.join('\n').toStdString(),
               QStringLiteral("menu \"Procesos\" \"Prueba\"\n"
                              "pulsar cmdAvisar\n"
                              "caja exclamacion \"Aviso\" \"Hola\\n\\\"amigo\\\"\" -> Aceptar\n"
+                             "espera_caja exclamacion \"Aviso\" \"Hola\\n\\\"amigo\\\"\"\n"
                              "responder Si\n"
                              "pulsar cmdPreguntar\n"
                              "caja pregunta \"Altoverde\" \"Seguro?\" -> Si\n"
                              "espera lblEstado \"dijo si\"\n"
-                             "menu \"Procesos\" \"Otros\" \"Aviso\"\n"
+                             "menu \"Procesos\" \"Otros\" \"Aviso\" dice \"desde el menú\"\n"
                              "caja simple \"Altoverde\" \"desde el menú\" -> Aceptar\n"
                              "archivo \"uno.txt\"\n"
                              "pulsar cmdArchivo\n"

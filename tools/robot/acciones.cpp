@@ -1,7 +1,7 @@
 #include "acciones.h"
 
+#include "base.h"
 #include "captura.h"
-#include "comprobaciones.h"
 #include "controles.h"
 #include "entrada.h"
 #include "falla.h"
@@ -10,97 +10,12 @@
 #include "platform/screens/navegacion.h"
 #include "platform/screens/pantalla.h"
 #include "platform/screens/validacion.h"
+#include "teclas.h"
 
-#include <QtTest>
 #include <QtWidgets>
 
 namespace
 {
-/// Plays the lines that act. A line whose click was refused by a leaving check, which told so in a box, is done: what
-/// the refusal left is for the next lines to look at.
-class Jugador
-{
-public:
-    Jugador(int linea, Contexto& contexto)
-        : m_contexto(contexto)
-        , m_linea(linea)
-        , m_cajas(contexto.cajas)
-        , m_lineas(contexto.lineas)
-    {
-    }
-
-    void operator()(const guion::Menu& paso) { menu(paso.entradas); }
-    void operator()(const guion::Salir&) { menu({QStringLiteral("Salir")}); }
-    void operator()(const guion::Pulsar& paso) { entrada::clic(controles::buscarUsable(paso.control)); }
-    void operator()(const guion::Escribir& paso);
-    void operator()(const guion::Tecla& paso);
-    void operator()(const guion::Elegir& paso);
-    void operator()(const guion::Pagina& paso);
-    void operator()(const guion::Fila& paso);
-    void operator()(const guion::Celda& paso);
-    void operator()(const guion::Responder& paso) { m_contexto.respuestas.push_back({m_linea, paso.si}); }
-    void operator()(const guion::Archivo& paso) { m_contexto.archivos.push_back({m_linea, paso.ruta}); }
-    void operator()(const guion::Ventana& paso);
-    void operator()(const guion::Cerrar&);
-    void operator()(const guion::Fecha& paso)
-    {
-        Reloj::reemplazar([ahora = paso.ahora] { return ahora; });
-    }
-    void operator()(const guion::Captura& paso)
-    {
-        grabarImagen(paso.soloLaVentana ? retratarVentana() : retratar(), m_contexto.ruta(paso.ruta));
-    }
-    void operator()(const guion::Informe& paso);
-
-    template <class Comprobacion>
-    void operator()(const Comprobacion& paso)
-    {
-        if constexpr (requires { comprobaciones::comprobar(paso); })
-        {
-            comprobaciones::comprobar(paso);
-        }
-        else
-        {
-            comprobaciones::comprobar(paso, m_contexto);
-        }
-    }
-
-private:
-    /// True when since the beginning of this line a box was shown, or other lines were played in a dialog.
-    [[nodiscard]] bool interrumpida() const { return m_contexto.cajas != m_cajas || m_contexto.lineas != m_lineas; }
-    void siNoInterrumpida(const QString& motivo) const
-    {
-        if (!interrumpida())
-        {
-            throw Falla(motivo);
-        }
-    }
-    void luego(std::function<void()> resto) { m_contexto.luego = std::move(resto); }
-
-    void pulsar(QWidget* control, QPoint lugar, bool doble)
-    {
-        if (doble)
-        {
-            entrada::dobleClic(control, lugar, [this] { return !interrumpida(); });
-            return;
-        }
-        entrada::clic(control, lugar);
-    }
-    void menu(const QStringList& entradas);
-    void abrirMenu(QMenu* menu, const QStringList& entradas);
-    bool enfocar(QWidget* control, QWidget* donde);
-    void elegirEnLista(QComboBox* lista, const QString& texto);
-    static void elegirAbierta(QComboBox* lista, int entrada);
-    void elegirEnVista(QAbstractItemView* vista, const QString& texto);
-    void marcar(Grilla* grilla, const QModelIndex& celda, const QString& texto);
-    void editar(Grilla* grilla, const QString& texto);
-
-    Contexto& m_contexto;
-    int m_linea;
-    int m_cajas;
-    int m_lineas;
-};
-
 QAction* entradaDe(const QList<QAction*>& entradas, const QString& titulo)
 {
     QStringList nombres;
@@ -124,7 +39,26 @@ QAction* entradaDe(const QList<QAction*>& entradas, const QString& titulo)
     throw Falla(QStringLiteral("no hay entrada «%1»; hay: %2").arg(titulo, nombres.join(QStringLiteral(", "))));
 }
 
-void Jugador::menu(const QStringList& entradas)
+void abrirMenu(const Jugada& jugada, QMenu* menu, const QStringList& entradas)
+{
+    if (!menu->isVisible())
+    {
+        jugada.siNoInterrumpida(QStringLiteral("el menú no se abre"));
+        return;
+    }
+    jugada.luego(
+        [jugada, menu, entradas]
+        {
+            QAction* entrada = entradaDe(menu->actions(), entradas.first());
+            entrada::clic(menu, menu->actionGeometry(entrada).center());
+            if (entradas.size() > 1 && entrada->menu() != nullptr)
+            {
+                abrirMenu(jugada, entrada->menu(), entradas.mid(1));
+            }
+        });
+}
+
+void recorrerMenu(const Jugada& jugada, const QStringList& entradas)
 {
     if (QWidget* modal = QApplication::activeModalWidget())
     {
@@ -136,7 +70,7 @@ void Jugador::menu(const QStringList& entradas)
         throw Falla(QStringLiteral("no hay ventana principal"));
     }
     QMenuBar* barra = principal->menuBar();
-    const QAction* entrada = entradaDe(barra->actions(), entradas.first());
+    QAction* entrada = entradaDe(barra->actions(), entradas.first());
     QMenu* abierto = entrada->menu();
     if ((abierto == nullptr) != (entradas.size() == 1))
     {
@@ -144,141 +78,115 @@ void Jugador::menu(const QStringList& entradas)
                                                   abierto == nullptr ? QStringLiteral("no abre un menú")
                                                                      : QStringLiteral("es un menú: falta su entrada")));
     }
-    entrada::clic(barra, barra->actionGeometry(const_cast<QAction*>(entrada)).center());
+    entrada::clic(barra, barra->actionGeometry(entrada).center());
     if (abierto != nullptr)
     {
-        abrirMenu(abierto, entradas.mid(1));
+        abrirMenu(jugada, abierto, entradas.mid(1));
     }
-}
-
-void Jugador::abrirMenu(QMenu* menu, const QStringList& entradas)
-{
-    if (!menu->isVisible())
-    {
-        siNoInterrumpida(QStringLiteral("el menú no se abre"));
-        return;
-    }
-    luego(
-        [yo = *this, menu, entradas]() mutable
-        {
-            QAction* entrada = entradaDe(menu->actions(), entradas.first());
-            entrada::clic(menu, menu->actionGeometry(entrada).center());
-            if (entradas.size() > 1 && entrada->menu() != nullptr)
-            {
-                yo.abrirMenu(entrada->menu(), entradas.mid(1));
-            }
-        });
 }
 
 /// Brings the focus to a field by a click on `donde`; false when it was refused.
-bool Jugador::enfocar(QWidget* control, QWidget* donde)
+bool enfocar(const Jugada& jugada, QWidget* control, QWidget* donde)
 {
     if (!entrada::tieneFoco(control))
     {
         entrada::clic(donde);
         if (!entrada::tieneFoco(control))
         {
-            siNoInterrumpida(QStringLiteral("«%1» no toma el foco").arg(control->objectName()));
+            jugada.siNoInterrumpida(QStringLiteral("«%1» no toma el foco").arg(control->objectName()));
             return false;
         }
     }
     return true;
 }
 
-void reemplazarTexto(const QString& texto)
+bool esDeTexto(const QWidget* control)
 {
-    entrada::tecla(Qt::Key_A, Qt::ControlModifier);
-    if (texto.isEmpty())
-    {
-        entrada::tecla(Qt::Key_Delete);
-        return;
-    }
-    entrada::escribir(texto);
+    return qobject_cast<const QLineEdit*>(control) != nullptr || qobject_cast<const QTextEdit*>(control) != nullptr ||
+           qobject_cast<const QPlainTextEdit*>(control) != nullptr;
 }
 
-void Jugador::operator()(const guion::Escribir& paso)
+/// The field is ready to be written into; false when it refused the focus.
+bool enfocarCampo(const Jugada& jugada, const QString& nombre)
 {
-    QWidget* control = controles::buscarUsable(paso.control);
+    QWidget* control = controles::buscarUsable(nombre);
     QWidget* campo = control;
     if (const auto* lista = qobject_cast<const QComboBox*>(control))
     {
         campo = lista->lineEdit();
     }
-    const bool deTexto = qobject_cast<QLineEdit*>(campo) != nullptr || qobject_cast<QTextEdit*>(campo) != nullptr ||
-                         qobject_cast<QPlainTextEdit*>(campo) != nullptr ||
-                         qobject_cast<QAbstractSpinBox*>(campo) != nullptr;
-    if (!deTexto)
+    if (!esDeTexto(campo) && qobject_cast<QAbstractSpinBox*>(campo) == nullptr)
     {
-        throw Falla(QStringLiteral("en «%1» no se escribe").arg(paso.control));
+        throw Falla(QStringLiteral("en «%1» no se escribe").arg(nombre));
     }
-    if (enfocar(control, campo))
-    {
-        reemplazarTexto(paso.texto);
-    }
+    return enfocar(jugada, control, campo);
 }
 
-void Jugador::operator()(const guion::Tecla& paso)
+/// As enfocarCampo, for any control: one that is no field comes by Tab, for a click would press it or choose a row.
+bool enfocarConTeclado(const Jugada& jugada, const QString& nombre)
 {
-    QWidget* control = controles::buscarUsable(paso.control);
-    const bool deTexto = qobject_cast<QLineEdit*>(control) != nullptr || qobject_cast<QTextEdit*>(control) != nullptr ||
-                         qobject_cast<QPlainTextEdit*>(control) != nullptr;
-    if (!entrada::tieneFoco(control) && !deTexto)
+    QWidget* control = controles::buscarUsable(nombre);
+    if (!entrada::tieneFoco(control) && !esDeTexto(control))
     {
-        // A click would press it or choose a row: the keyboard comes by Tab.
         if (!Validacion::instancia().intentarDejar())
         {
-            return;
+            return false;
         }
         control->setFocus(Qt::TabFocusReason);
         if (!entrada::tieneFoco(control))
         {
-            siNoInterrumpida(QStringLiteral("«%1» no toma el foco").arg(paso.control));
-            return;
+            jugada.siNoInterrumpida(QStringLiteral("«%1» no toma el foco").arg(nombre));
+            return false;
         }
     }
-    if (enfocar(control, control))
-    {
-        entrada::tecla(paso.tecla, paso.modificadores);
-    }
+    return enfocar(jugada, control, control);
 }
 
-void Jugador::operator()(const guion::Elegir& paso)
+/// Keys and texts one after another, to whatever holds the focus by then. A box in between fails the line.
+void teclearDesde(const Jugada& jugada, std::vector<guion::Palabra> golpes)
 {
-    QWidget* control = controles::buscarUsable(paso.control);
-    if (auto* lista = qobject_cast<QComboBox*>(control))
+    const guion::Palabra golpe = golpes.front();
+    golpes.erase(golpes.begin());
+    if (golpe.entreComillas)
     {
-        elegirEnLista(lista, paso.texto);
-    }
-    else if (auto* vista = qobject_cast<QAbstractItemView*>(control);
-             vista != nullptr && qobject_cast<Grilla*>(control) == nullptr)
-    {
-        elegirEnVista(vista, paso.texto);
+        entrada::escribir(golpe.texto);
     }
     else
     {
-        throw Falla(QStringLiteral("«%1» no es una lista").arg(paso.control));
+        const Teclas teclas = leerTeclas(golpe.texto).value();
+        entrada::tecla(teclas.tecla.key(), teclas.tecla.keyboardModifiers());
+        if (teclas.veces > 1)
+        {
+            const QString sola = golpe.texto.first(golpe.texto.lastIndexOf(u'*') + 1);
+            golpes.insert(golpes.begin(), {sola + QString::number(teclas.veces - 1)});
+        }
     }
+    if (golpes.empty())
+    {
+        return;
+    }
+    jugada.luego(
+        [jugada, golpes = std::move(golpes)]
+        {
+            if (jugada.interrumpida())
+            {
+                throw Falla(QStringLiteral("antes de «%1» vino una caja").arg(golpes.front().texto));
+            }
+            teclearDesde(jugada, golpes);
+        });
 }
 
-int entradaEn(const QComboBox& lista, const QString& texto)
+std::vector<guion::Palabra> palabrasDesde(const guion::Argumentos& a, std::size_t desde)
 {
-    const int entrada = lista.findText(texto, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (entrada >= 0)
+    std::vector<guion::Palabra> lista;
+    for (std::size_t i = desde; i < a.cantidad(); ++i)
     {
-        return entrada;
+        lista.push_back(a.palabra(i));
     }
-    QStringList todas;
-    for (int i = 0; i < lista.count(); ++i)
-    {
-        todas += lista.itemText(i);
-    }
-    const QString cerca = controles::parecidos(texto, todas);
-    throw Falla(QStringLiteral("la lista no tiene «%1»; %2")
-                    .arg(texto, cerca.isEmpty() ? QStringLiteral("tiene %1 entradas").arg(lista.count())
-                                                : QStringLiteral("parecidas: ") + cerca));
+    return lista;
 }
 
-void Jugador::elegirEnLista(QComboBox* lista, const QString& texto)
+void elegirEnLista(const Jugada& jugada, QComboBox* lista, const QString& texto)
 {
     const int entrada = entradaEn(*lista, texto);
     QStyleOptionComboBox opcion;
@@ -288,26 +196,13 @@ void Jugador::elegirEnLista(QComboBox* lista, const QString& texto)
     entrada::clic(lista, flecha.center());
     if (!lista->view()->isVisible())
     {
-        siNoInterrumpida(QStringLiteral("la lista no se abre"));
+        jugada.siNoInterrumpida(QStringLiteral("la lista no se abre"));
         return;
     }
-    luego([lista = QPointer(lista), entrada] { elegirAbierta(lista, entrada); });
+    jugada.luego([lista = QPointer(lista), entrada] { elegirAbierta(lista, entrada); });
 }
 
-/// The mouse would choose whatever lies under it if it let go too late; the keyboard does not.
-void Jugador::elegirAbierta(QComboBox* lista, int entrada)
-{
-    if (lista == nullptr || !lista->view()->isVisible())
-    {
-        throw Falla(QStringLiteral("la lista se cerró"));
-    }
-    const QModelIndex celda = lista->model()->index(entrada, lista->modelColumn(), lista->rootModelIndex());
-    lista->view()->setCurrentIndex(celda);
-    lista->view()->scrollTo(celda);
-    entrada::tecla(Qt::Key_Return);
-}
-
-void Jugador::elegirEnVista(QAbstractItemView* vista, const QString& texto)
+void elegirEnVista(QAbstractItemView* vista, const QString& texto)
 {
     const QModelIndexList halladas =
         vista->model()->match(vista->model()->index(0, 0, vista->rootIndex()), Qt::DisplayRole, texto, 1,
@@ -318,156 +213,6 @@ void Jugador::elegirEnVista(QAbstractItemView* vista, const QString& texto)
     }
     vista->scrollTo(halladas.first());
     entrada::clic(vista->viewport(), vista->visualRect(halladas.first()).center());
-}
-
-void Jugador::operator()(const guion::Pagina& paso)
-{
-    QStringList titulos;
-    for (QTabBar* barra : controles::ventanaActual()->findChildren<QTabBar*>())
-    {
-        for (int i = 0; i < barra->count(); ++i)
-        {
-            titulos += controles::sinMarca(barra->tabText(i));
-            if (!barra->isVisible() || titulos.last() != controles::sinMarca(paso.titulo))
-            {
-                continue;
-            }
-            if (!barra->isEnabled() || !barra->isTabEnabled(i))
-            {
-                throw Falla(QStringLiteral("la página «%1» está deshabilitada").arg(paso.titulo));
-            }
-            entrada::clic(barra, barra->tabRect(i).center());
-            return;
-        }
-    }
-    throw Falla(QStringLiteral("no hay página «%1»; hay: %2").arg(paso.titulo, titulos.join(QStringLiteral(", "))));
-}
-
-/// The first column that a click on the row does not change.
-int columnaParaPulsar(const Grilla& grilla, int fila)
-{
-    int visible = -1;
-    for (int columna = 0; columna < grilla.model()->columnCount(); ++columna)
-    {
-        if (grilla.isColumnHidden(columna))
-        {
-            continue;
-        }
-        const bool tilde =
-            fila > 0 && grilla.model()->index(fila - 1, columna).flags().testFlag(Qt::ItemIsUserCheckable);
-        if (!tilde)
-        {
-            return columna;
-        }
-        visible = visible < 0 ? columna : visible;
-    }
-    return visible;
-}
-
-QPoint lugarDe(const Grilla& grilla, const QModelIndex& celda)
-{
-    return (grilla.visualRect(celda) & grilla.viewport()->rect()).center();
-}
-
-void filaExiste(const Grilla& grilla, int fila)
-{
-    if (fila > grilla.filas())
-    {
-        throw Falla(QStringLiteral("la grilla tiene %1 filas").arg(grilla.filas()));
-    }
-}
-
-void Jugador::operator()(const guion::Fila& paso)
-{
-    Grilla* grilla = controles::buscarGrilla(paso.grilla, true);
-    filaExiste(*grilla, paso.fila);
-    const int columna = columnaParaPulsar(*grilla, paso.fila);
-    if (columna < 0)
-    {
-        throw Falla(QStringLiteral("la grilla no muestra ninguna columna"));
-    }
-    if (paso.fila == 0)
-    {
-        const QHeaderView* titulos = grilla->horizontalHeader();
-        const int x = titulos->sectionViewportPosition(columna) + titulos->sectionSize(columna) / 2;
-        pulsar(titulos->viewport(), QPoint(x, titulos->viewport()->height() / 2), paso.doble);
-        return;
-    }
-    const QModelIndex celda = grilla->model()->index(paso.fila - 1, columna);
-    grilla->scrollTo(celda);
-    pulsar(grilla->viewport(), lugarDe(*grilla, celda), paso.doble);
-}
-
-void Jugador::operator()(const guion::Celda& paso)
-{
-    Grilla* grilla = controles::buscarGrilla(paso.grilla, true);
-    filaExiste(*grilla, paso.fila);
-    if (paso.columna > grilla->columnas() || grilla->isColumnHidden(paso.columna - 1))
-    {
-        throw Falla(QStringLiteral("la grilla no muestra la columna %1").arg(paso.columna));
-    }
-    const QModelIndex celda = grilla->model()->index(paso.fila - 1, paso.columna - 1);
-    grilla->scrollTo(celda);
-    if (celda.data(Qt::CheckStateRole).isValid())
-    {
-        marcar(grilla, celda, paso.texto);
-        return;
-    }
-    pulsar(grilla->viewport(), lugarDe(*grilla, celda), true);
-    if (!grilla->editando())
-    {
-        siNoInterrumpida(QStringLiteral("la celda no se edita"));
-        return;
-    }
-    luego([yo = *this, grilla = QPointer(grilla), texto = paso.texto]() mutable { yo.editar(grilla, texto); });
-}
-
-void Jugador::marcar(Grilla* grilla, const QModelIndex& celda, const QString& texto)
-{
-    const std::optional<bool> si = guion::leerSiNo(texto);
-    if (!si)
-    {
-        throw Falla(QStringLiteral("la celda se marca con si o no"));
-    }
-    const auto marcada = [celda = QPersistentModelIndex(celda)]
-    { return celda.data(Qt::CheckStateRole).toInt() == Qt::Checked; };
-    if (marcada() == *si)
-    {
-        return;
-    }
-    entrada::clic(grilla->viewport(), lugarDe(*grilla, celda));
-    if (marcada() != *si)
-    {
-        siNoInterrumpida(QStringLiteral("la celda no se marca"));
-    }
-}
-
-void Jugador::editar(Grilla* grilla, const QString& texto)
-{
-    if (grilla == nullptr || !grilla->editando())
-    {
-        throw Falla(QStringLiteral("la celda dejó de editarse"));
-    }
-    for (QComboBox* lista : grilla->viewport()->findChildren<QComboBox*>())
-    {
-        if (!lista->isVisible())
-        {
-            continue;
-        }
-        const int entrada = entradaEn(*lista, texto);
-        if (!lista->view()->isVisible())
-        {
-            entrada::tecla(Qt::Key_F4);
-        }
-        elegirAbierta(lista, entrada);
-        if (grilla->editando())
-        {
-            entrada::tecla(Qt::Key_Return);
-        }
-        return;
-    }
-    reemplazarTexto(texto);
-    entrada::tecla(Qt::Key_Return);
 }
 
 /// A part of a child's title bar that nothing covers, clear of its buttons; nothing when there is none.
@@ -488,19 +233,150 @@ std::optional<QPoint> lugarDelTitulo(const QMdiSubWindow& hija)
     }
     return std::nullopt;
 }
+} // namespace
 
-void Jugador::operator()(const guion::Ventana& paso)
+void elegirAbierta(QComboBox* lista, int entrada)
 {
-    Pantalla* pantalla = Navegacion::instancia().abierta(paso.nombre);
+    if (lista == nullptr || !lista->view()->isVisible())
+    {
+        throw Falla(QStringLiteral("la lista se cerró"));
+    }
+    const QModelIndex celda = lista->model()->index(entrada, lista->modelColumn(), lista->rootModelIndex());
+    lista->view()->setCurrentIndex(celda);
+    lista->view()->scrollTo(celda);
+    entrada::tecla(Qt::Key_Return);
+}
+
+int entradaEn(const QComboBox& lista, const QString& texto)
+{
+    const int entrada = lista.findText(texto, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (entrada >= 0)
+    {
+        return entrada;
+    }
+    const QString cerca = controles::parecidos(texto, controles::entradasDe(lista));
+    throw Falla(QStringLiteral("la lista no tiene «%1»; %2")
+                    .arg(texto, cerca.isEmpty() ? QStringLiteral("tiene %1 entradas").arg(lista.count())
+                                                : QStringLiteral("parecidas: ") + cerca));
+}
+
+void reemplazarTexto(const QString& texto)
+{
+    entrada::tecla(Qt::Key_A, Qt::ControlModifier);
+    if (texto.isEmpty())
+    {
+        entrada::tecla(Qt::Key_Delete);
+        return;
+    }
+    entrada::escribir(texto);
+}
+
+namespace acciones
+{
+void menu(Jugada& jugada, const Argumentos& a)
+{
+    recorrerMenu(jugada, a.textos(0));
+}
+
+void salir(Jugada& jugada, const Argumentos&)
+{
+    recorrerMenu(jugada, {QStringLiteral("Salir")});
+}
+
+void pulsar(Jugada&, const Argumentos& a)
+{
+    entrada::clic(controles::buscarUsable(a.texto(0)));
+}
+
+void escribir(Jugada& jugada, const Argumentos& a)
+{
+    if (enfocarCampo(jugada, a.texto(0)))
+    {
+        reemplazarTexto(a.texto(1));
+        if (a.cantidad() > 2)
+        {
+            jugada.luego([jugada, teclas = palabrasDesde(a, 2)] { teclearDesde(jugada, teclas); });
+        }
+    }
+}
+
+void pegar(Jugada& jugada, const Argumentos& a)
+{
+    if (enfocarCampo(jugada, a.texto(0)))
+    {
+        QApplication::clipboard()->setText(a.texto(1));
+        std::vector<guion::Palabra> teclas = {{QStringLiteral("Ctrl+A")}, {QStringLiteral("Ctrl+V")}};
+        std::ranges::copy(palabrasDesde(a, 2), std::back_inserter(teclas));
+        teclearDesde(jugada, teclas);
+    }
+}
+
+void tecla(Jugada& jugada, const Argumentos& a)
+{
+    if (enfocarConTeclado(jugada, a.texto(0)))
+    {
+        teclearDesde(jugada, palabrasDesde(a, 1));
+    }
+}
+
+void teclear(Jugada& jugada, const Argumentos& a)
+{
+    teclearDesde(jugada, palabrasDesde(a, 0));
+}
+
+void elegir(Jugada& jugada, const Argumentos& a)
+{
+    QWidget* control = controles::buscarUsable(a.texto(0));
+    if (auto* lista = qobject_cast<QComboBox*>(control))
+    {
+        elegirEnLista(jugada, lista, a.texto(1));
+    }
+    else if (auto* vista = qobject_cast<QAbstractItemView*>(control);
+             vista != nullptr && qobject_cast<Grilla*>(control) == nullptr)
+    {
+        elegirEnVista(vista, a.texto(1));
+    }
+    else
+    {
+        throw Falla(QStringLiteral("«%1» no es una lista").arg(a.texto(0)));
+    }
+}
+
+void pagina(Jugada&, const Argumentos& a)
+{
+    QStringList titulos;
+    for (QTabBar* barra : controles::ventanaActual()->findChildren<QTabBar*>())
+    {
+        for (int i = 0; i < barra->count(); ++i)
+        {
+            titulos += controles::sinMarca(barra->tabText(i));
+            if (!barra->isVisible() || titulos.last() != controles::sinMarca(a.texto(0)))
+            {
+                continue;
+            }
+            if (!barra->isEnabled() || !barra->isTabEnabled(i))
+            {
+                throw Falla(QStringLiteral("la página «%1» está deshabilitada").arg(a.texto(0)));
+            }
+            entrada::clic(barra, barra->tabRect(i).center());
+            return;
+        }
+    }
+    throw Falla(QStringLiteral("no hay página «%1»; hay: %2").arg(a.texto(0), titulos.join(QStringLiteral(", "))));
+}
+
+void ventana(Jugada&, const Argumentos& a)
+{
+    Pantalla* pantalla = Navegacion::instancia().abierta(a.texto(0));
     if (pantalla == nullptr)
     {
-        throw Falla(QStringLiteral("la ventana «%1» no está abierta").arg(paso.nombre));
+        throw Falla(QStringLiteral("la ventana «%1» no está abierta").arg(a.texto(0)));
     }
     const QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr && modal != pantalla->window())
     {
         throw Falla(
-            QStringLiteral("«%1» está detrás de la ventana modal «%2»").arg(paso.nombre, controles::nombreDe(modal)));
+            QStringLiteral("«%1» está detrás de la ventana modal «%2»").arg(a.texto(0), controles::nombreDe(modal)));
     }
     pantalla->window()->activateWindow();
     QMdiSubWindow* hija = nullptr;
@@ -523,45 +399,61 @@ void Jugador::operator()(const guion::Ventana& paso)
     }
 }
 
-void Jugador::operator()(const guion::Cerrar&)
+void cerrar(Jugada&, const Argumentos&)
 {
     controles::ventanaActual()->close();
 }
 
 /// The preview is found by what it is called and what it can do, so that the robot does not depend on it.
-void Jugador::operator()(const guion::Informe& paso)
+void informe(Jugada& jugada, const Argumentos& a)
 {
-    QWidget* vista = nullptr;
-    for (QWidget* ventana : QApplication::topLevelWidgets())
-    {
-        if (ventana->isVisible() && ventana->objectName() == QStringLiteral("Informe"))
-        {
-            vista = ventana;
-        }
-    }
-    if (vista == nullptr)
+    const QWidgetList todas = QApplication::topLevelWidgets();
+    const auto vista = std::ranges::find_if(todas, [](const QWidget* w)
+                                            { return w->isVisible() && w->objectName() == QStringLiteral("Informe"); });
+    if (vista == todas.end())
     {
         throw Falla(QStringLiteral("no hay ningún informe a la vista"));
     }
-    const QString ruta = m_contexto.ruta(paso.ruta);
+    const QString ruta = jugada.contexto().ruta(a.texto(0));
     QDir().mkpath(QFileInfo(ruta).absolutePath());
     QFile::remove(ruta);
-    if (!QMetaObject::invokeMethod(vista, "guardarPdf", Qt::DirectConnection, Q_ARG(QString, ruta)) ||
+    if (!QMetaObject::invokeMethod(*vista, "guardarPdf", Qt::DirectConnection, Q_ARG(QString, ruta)) ||
         !QFileInfo::exists(ruta))
     {
-        throw Falla(QStringLiteral("el informe no se guarda en %1").arg(paso.ruta));
+        throw Falla(QStringLiteral("el informe no se guarda en %1").arg(a.texto(0)));
     }
-    vista->close();
-}
-} // namespace
-
-QString Contexto::ruta(const QString& delGuion) const
-{
-    return QDir::toNativeSeparators(QDir::cleanPath(QDir(carpeta).absoluteFilePath(delGuion)));
+    (*vista)->close();
 }
 
-void jugar(const guion::Paso& paso, Contexto& contexto)
+void responder(Jugada& jugada, const Argumentos& a)
 {
-    ++contexto.lineas;
-    std::visit(Jugador(paso.linea, contexto), paso.accion);
+    jugada.contexto().respuestas.push_back({jugada.linea(), a.siNo(0)});
 }
+
+void archivo(Jugada& jugada, const Argumentos& a)
+{
+    jugada.contexto().archivos.push_back({jugada.linea(), a.texto(0)});
+}
+
+void fecha(Jugada&, const Argumentos& a)
+{
+    const QTime hora = a.cantidad() > 1 ? QTime::fromString(a.texto(1), QStringLiteral("HH:mm")) : QTime(0, 0);
+    const QDateTime ahora(QDate::fromString(a.texto(0), QStringLiteral("dd/MM/yyyy")), hora);
+    Reloj::reemplazar([ahora] { return ahora; });
+}
+
+void sql(Jugada& jugada, const Argumentos& a)
+{
+    ejecutarEnBase(jugada.contexto().base(), a.texto(0).toStdString());
+}
+
+void captura(Jugada& jugada, const Argumentos& a)
+{
+    grabarImagen(retratar(), jugada.contexto().ruta(a.texto(0)));
+}
+
+void retrato(Jugada& jugada, const Argumentos& a)
+{
+    grabarImagen(retratarVentana(), jugada.contexto().ruta(a.texto(0)));
+}
+} // namespace acciones

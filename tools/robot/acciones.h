@@ -1,36 +1,39 @@
 #pragma once
 
 #include "guion.h"
+#include "jugada.h"
 
-#include <QString>
-#include <deque>
-#include <functional>
-
-/// What the lines of a script leave for later lines, and what boxes and dialogs leave for the script.
-struct Contexto
+/// The verbs that act. Each throws Falla when a person could not do it.
+namespace acciones
 {
-    struct Respuesta
-    {
-        int linea = 0; ///< of the script that queued it
-        bool si = false;
-    };
-    struct RutaPedida
-    {
-        int linea = 0;
-        QString ruta;
-    };
-    QString carpeta;         ///< relative paths are relative to it
-    QString carpetaDelGuion; ///< the expected files lie beside the script
-    std::deque<Respuesta> respuestas;
-    std::deque<RutaPedida> archivos;
-    QString ultimaCaja;
-    int cajas = 0;  ///< shown so far
-    int lineas = 0; ///< of the script, begun so far
-    /// The rest of the line at work, played once the program has come to rest.
-    std::function<void()> luego;
+using guion::Argumentos;
+void menu(Jugada& jugada, const Argumentos& a);
+void salir(Jugada& jugada, const Argumentos& a);
+void pulsar(Jugada& jugada, const Argumentos& a);
+void escribir(Jugada& jugada, const Argumentos& a);
+void pegar(Jugada& jugada, const Argumentos& a);
+void tecla(Jugada& jugada, const Argumentos& a);
+void teclear(Jugada& jugada, const Argumentos& a);
+void elegir(Jugada& jugada, const Argumentos& a);
+void pagina(Jugada& jugada, const Argumentos& a);
+void fila(Jugada& jugada, const Argumentos& a);
+void doble(Jugada& jugada, const Argumentos& a);
+void celda(Jugada& jugada, const Argumentos& a);
+void ventana(Jugada& jugada, const Argumentos& a);
+void cerrar(Jugada& jugada, const Argumentos& a);
+void informe(Jugada& jugada, const Argumentos& a);
+void responder(Jugada& jugada, const Argumentos& a);
+void archivo(Jugada& jugada, const Argumentos& a);
+void fecha(Jugada& jugada, const Argumentos& a);
+void sql(Jugada& jugada, const Argumentos& a);
+void captura(Jugada& jugada, const Argumentos& a);
+void retrato(Jugada& jugada, const Argumentos& a);
+} // namespace acciones
 
-    [[nodiscard]] QString ruta(const QString& delGuion) const;
-};
-
-/// Plays one line. Throws Falla when a person could not do it or what it says does not hold.
-void jugar(const guion::Paso& paso, Contexto& contexto);
+/// Chooses an entry of a list that is already open, by the keyboard: the mouse would choose whatever lies under it if
+/// it let go too late.
+void elegirAbierta(QComboBox* lista, int entrada);
+/// The entry with this text; throws Falla with those near it.
+[[nodiscard]] int entradaEn(const QComboBox& lista, const QString& texto);
+/// Types over what the field with the focus holds; an empty text deletes it.
+void reemplazarTexto(const QString& texto);

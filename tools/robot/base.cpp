@@ -10,6 +10,8 @@
 
 namespace
 {
+constexpr int esperaEnMs = 10'000;
+
 int comparar(void*, int largoA, const void* a, int largoB, const void* b)
 {
     return compararEspanol({static_cast<const char*>(a), static_cast<std::size_t>(largoA)},
@@ -27,7 +29,6 @@ QString consultarBase(const QString& ruta, const QString& sql)
 {
     try
     {
-        constexpr int esperaEnMs = 10'000;
         SQLite::Database base(ruta.toStdString(), SQLite::OPEN_READONLY, esperaEnMs);
         enEspanol(base);
         SQLite::Statement consulta(base, sql.toStdString());
@@ -54,7 +55,7 @@ void ejecutarEnBase(const QString& ruta, const std::string& sql)
 {
     try
     {
-        SQLite::Database base(ruta.toStdString(), SQLite::OPEN_READWRITE);
+        SQLite::Database base(ruta.toStdString(), SQLite::OPEN_READWRITE, esperaEnMs);
         enEspanol(base);
         SQLite::Transaction transaccion(base);
         base.exec(sql);

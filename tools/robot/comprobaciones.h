@@ -1,19 +1,33 @@
 #pragma once
 
-#include "acciones.h"
+#include "guion.h"
+#include "jugada.h"
 
-/// The lines that look and touch nothing. Each throws Falla with what was expected and what there is.
+/// The verbs that look and touch nothing. Each throws Falla with what was expected and what there is.
 namespace comprobaciones
 {
-void comprobar(const guion::Espera& paso);
-void comprobar(const guion::EsperaCelda& paso);
-void comprobar(const guion::EsperaFilas& paso);
-void comprobar(const guion::EsperaMensaje& paso, const Contexto& contexto);
-void comprobar(const guion::EsperaTitulo& paso);
-void comprobar(const guion::EsperaEstado& paso);
-void comprobar(const guion::EsperaFoco& paso);
-void comprobar(const guion::EsperaVentana& paso);
-void comprobar(const guion::EsperaArchivo& paso, const Contexto& contexto);
-void comprobar(const guion::EsperaSinArchivo& paso, const Contexto& contexto);
-void comprobar(const guion::EsperaBase& paso, const Contexto& contexto);
+using guion::Argumentos;
+void texto(Jugada& jugada, const Argumentos& a);
+void activo(Jugada& jugada, const Argumentos& a);
+void visible(Jugada& jugada, const Argumentos& a);
+void marca(Jugada& jugada, const Argumentos& a);
+void foco(Jugada& jugada, const Argumentos& a);
+void lista(Jugada& jugada, const Argumentos& a);
+void celda(Jugada& jugada, const Argumentos& a);
+void fila(Jugada& jugada, const Argumentos& a);
+void filas(Jugada& jugada, const Argumentos& a);
+void amarillas(Jugada& jugada, const Argumentos& a);
+void mensaje(Jugada& jugada, const Argumentos& a);
+void caja(Jugada& jugada, const Argumentos& a);
+void titulo(Jugada& jugada, const Argumentos& a);
+void estado(Jugada& jugada, const Argumentos& a);
+void ventana(Jugada& jugada, const Argumentos& a);
+void archivo(Jugada& jugada, const Argumentos& a);
+void sinArchivo(Jugada& jugada, const Argumentos& a);
+void base(Jugada& jugada, const Argumentos& a);
+
+/// The focus is in this control.
+void exigirFoco(const QString& control);
+/// The boxes that came of a line are those it names, in their order, or questions that it answers.
+void exigirCajas(const std::vector<DatosDeCaja>& cajas, const std::vector<guion::CajaEsperada>& esperadas);
 } // namespace comprobaciones

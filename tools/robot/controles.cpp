@@ -377,6 +377,16 @@ bool muestra(const QWidget* control, const QString& esperado)
            QString(texto).replace(u'/', u'-') == esperado;
 }
 
+QStringList entradasDe(const QComboBox& lista)
+{
+    QStringList todas;
+    for (int i = 0; i < lista.count(); ++i)
+    {
+        todas += lista.itemText(i);
+    }
+    return todas;
+}
+
 QString sinMarca(const QString& texto)
 {
     QString limpio;

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class QAbstractItemView;
+class QComboBox;
 class QLineEdit;
 class QMainWindow;
 class QMdiSubWindow;
@@ -35,6 +36,8 @@ namespace controles
 [[nodiscard]] QString textoDe(const QWidget* control);
 /// True when `esperado` is that text; a mnemonic mark in it and the dashes of a date out of focus are accepted.
 [[nodiscard]] bool muestra(const QWidget* control, const QString& esperado);
+
+[[nodiscard]] QStringList entradasDe(const QComboBox& lista);
 
 /// "&Nueva DDJJ" is "Nueva DDJJ".
 [[nodiscard]] QString sinMarca(const QString& texto);

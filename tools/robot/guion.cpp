@@ -1,189 +1,212 @@
 #include "guion.h"
 
 #include "teclas.h"
+#include "verbos.h"
 
-#include <QHash>
 #include <QStringDecoder>
-#include <functional>
-#include <optional>
 
 namespace guion
 {
 namespace
 {
-/// The words after an action's name, read one by one.
-class Argumentos
+constexpr Caja todasLasClases[] = {Caja::Informacion, Caja::Exclamacion, Caja::Critico, Caja::Pregunta, Caja::Simple};
+
+std::optional<Caja> claseDe(const Palabra& palabra)
+{
+    const auto* const hallada =
+        std::ranges::find_if(todasLasClases, [&](Caja c) { return nombreDe(c) == palabra.texto; });
+    return palabra.entreComillas || hallada == std::end(todasLasClases) ? std::nullopt : std::optional(*hallada);
+}
+
+/// Why a word is not of this kind; empty when it is.
+QString porQueNo(char clase, const Palabra& palabra)
+{
+    const QString& texto = palabra.texto;
+    bool bien = true;
+    switch (clase)
+    {
+    case 'f':
+    case 'n':
+        return texto.toInt(&bien) < (clase == 'n' ? 1 : 0) || !bien
+                   ? QStringLiteral("«%1» no es un número desde %2").arg(texto, clase == 'n' ? u'1' : u'0')
+                   : QString();
+    case 's':
+        return leerSiNo(texto) ? QString() : QStringLiteral("se espera si o no, y dice «%1»").arg(texto);
+    case 'x': // a text, or a key by its name
+        if (palabra.entreComillas)
+        {
+            return {};
+        }
+        [[fallthrough]];
+    case 'k':
+        return !palabra.entreComillas && leerTeclas(texto) ? QString() : QStringLiteral("no hay tecla «%1»").arg(texto);
+    case 'e':
+        return claseDe(palabra) ? QString() : QStringLiteral("no hay cajas «%1»").arg(texto);
+    case 'd':
+        bien = QDate::fromString(texto, QStringLiteral("dd/MM/yyyy")).isValid();
+        return bien ? QString() : QStringLiteral("«%1» no es una fecha DD/MM/AAAA").arg(texto);
+    case 'h':
+        bien = QTime::fromString(texto, QStringLiteral("HH:mm")).isValid();
+        return bien ? QString() : QStringLiteral("«%1» no es una hora HH:MM").arg(texto);
+    case 'c':
+        return leerSiNo(texto) ? QStringLiteral("falta el nombre, y dice «%1»").arg(texto) : QString();
+    case '!':
+        return QStringLiteral("sobra «%1»").arg(texto);
+    default:
+        return {};
+    }
+}
+
+/// Reads the words of one line from left to right.
+class Lector
 {
 public:
-    Argumentos(QStringList lista, int linea)
-        : m_lista(std::move(lista))
+    Lector(std::vector<Palabra> palabras, int linea)
+        : m_palabras(std::move(palabras))
         , m_linea(linea)
     {
     }
-
-    [[nodiscard]] QString texto(qsizetype n) const { return m_lista.at(n); }
-    [[nodiscard]] QStringList todos() const { return m_lista; }
-    [[nodiscard]] qsizetype cantidad() const { return m_lista.size(); }
-    [[nodiscard]] int numero(qsizetype n, int minimo) const
-    {
-        bool bien = false;
-        const int valor = m_lista.at(n).toInt(&bien);
-        if (!bien || valor < minimo)
-        {
-            fallar(QStringLiteral("«%1» no es un número desde %2").arg(m_lista.at(n)).arg(minimo));
-        }
-        return valor;
-    }
-    [[nodiscard]] bool siNo(qsizetype n) const
-    {
-        const std::optional<bool> leido = leerSiNo(m_lista.at(n));
-        if (!leido)
-        {
-            fallar(QStringLiteral("se espera si o no, y dice «%1»").arg(m_lista.at(n)));
-        }
-        return *leido;
-    }
-    [[noreturn]] void fallar(const QString& motivo) const { throw ErrorDeLectura(m_linea, motivo); }
+    std::vector<Paso> leer(const QString& texto);
 
 private:
-    QStringList m_lista;
+    [[nodiscard]] bool quedan() const { return m_lugar < m_hasta; }
+    [[nodiscard]] const Palabra& sacar() { return m_palabras[m_lugar++]; }
+    [[noreturn]] void fallar(const QString& motivo) const { throw ErrorDeLectura(m_linea, motivo); }
+    void exigir(char clase);
+    void tomar(std::string_view clases, std::vector<Palabra>& tomadas);
+    bool sigue();
+    Despues despues();
+
+    std::vector<Palabra> m_palabras;
+    std::size_t m_lugar = 0;
+    std::size_t m_hasta = 0; ///< where the words of the verb end
     int m_linea;
 };
 
-struct Forma
+void Lector::exigir(char clase)
 {
-    qsizetype minimo;
-    qsizetype maximo;
-    std::function<Accion(const Argumentos&)> hacer;
-};
-
-Tecla leerTecla(const Argumentos& a)
-{
-    const std::optional<QKeyCombination> leida = teclaDeNombre(a.texto(1));
-    if (!leida)
+    const QString motivo = quedan() ? porQueNo(clase, m_palabras[m_lugar])
+                                    : QStringLiteral("faltan argumentos de %1").arg(m_palabras.front().texto);
+    if (!motivo.isEmpty())
     {
-        a.fallar(QStringLiteral("no hay tecla «%1»").arg(a.texto(1)));
+        fallar(motivo);
     }
-    return {a.texto(0), leida->key(), leida->keyboardModifiers()};
 }
 
-Fecha leerFecha(const Argumentos& a)
+/// Words of these kinds, each letter with "?", "*" or "+" after it.
+void Lector::tomar(std::string_view clases, std::vector<Palabra>& tomadas)
 {
-    const QDate dia = QDate::fromString(a.texto(0), QStringLiteral("dd/MM/yyyy"));
-    const QTime hora = a.cantidad() == 2 ? QTime::fromString(a.texto(1), QStringLiteral("HH:mm")) : QTime(0, 0);
-    if (!dia.isValid() || !hora.isValid())
+    while (!clases.empty())
     {
-        a.fallar(QStringLiteral("se espera DD/MM/AAAA [HH:MM]"));
+        const char clase = clases.front();
+        clases.remove_prefix(1);
+        const char cuantas = clases.empty() ? ' ' : clases.front();
+        const bool puedeFaltar = cuantas == '?' || cuantas == '*';
+        const bool varias = cuantas == '+' || cuantas == '*';
+        if (puedeFaltar || varias)
+        {
+            clases.remove_prefix(1);
+        }
+        if (!puedeFaltar)
+        {
+            exigir(clase);
+            tomadas.push_back(sacar());
+        }
+        for (bool otra = puedeFaltar || varias; otra && quedan() && porQueNo(clase, m_palabras[m_lugar]).isEmpty();
+             otra = varias)
+        {
+            tomadas.push_back(sacar());
+        }
     }
-    return {QDateTime(dia, hora)};
 }
 
-Forma estado(EsperaEstado::Cual cual)
+bool esSufijo(const Palabra& palabra)
 {
-    return {2, 2, [cual](const Argumentos& a) { return EsperaEstado{cual, a.texto(0), a.siNo(1)}; }};
+    static const QStringList todos = {"dice", "responde", "archivo", "foco"};
+    return !palabra.entreComillas && todos.contains(palabra.texto);
 }
 
-QHash<QString, Forma> acciones()
+/// The next word if it goes on with what the word before it began.
+bool Lector::sigue()
 {
-    const auto fila = [](bool doble) {
-        return Forma{2, 2, [doble](const Argumentos& a) { return Fila{a.texto(0), a.numero(1, 0), doble}; }};
-    };
-    return {
-        {"menu", {1, 9, [](const Argumentos& a) { return Menu{a.todos()}; }}},
-        {"pulsar", {1, 1, [](const Argumentos& a) { return Pulsar{a.texto(0)}; }}},
-        {"escribir",
-         {2, 2,
-          [](const Argumentos& a) {
-              return Escribir{a.texto(0), a.texto(1)};
-          }}},
-        {"tecla", {2, 2, leerTecla}},
-        {"elegir",
-         {2, 2,
-          [](const Argumentos& a) {
-              return Elegir{a.texto(0), a.texto(1)};
-          }}},
-        {"pagina", {1, 1, [](const Argumentos& a) { return Pagina{a.texto(0)}; }}},
-        {"fila", fila(false)},
-        {"doble", fila(true)},
-        {"celda",
-         {4, 4,
-          [](const Argumentos& a) {
-              return Celda{a.texto(0), a.numero(1, 1), a.numero(2, 1), a.texto(3)};
-          }}},
-        {"responder", {1, 1, [](const Argumentos& a) { return Responder{a.siNo(0)}; }}},
-        {"archivo", {1, 1, [](const Argumentos& a) { return Archivo{a.texto(0)}; }}},
-        {"ventana", {1, 1, [](const Argumentos& a) { return Ventana{a.texto(0)}; }}},
-        {"cerrar", {0, 0, [](const Argumentos&) { return Cerrar{}; }}},
-        {"fecha", {1, 2, leerFecha}},
-        {"espera",
-         {2, 2,
-          [](const Argumentos& a) {
-              return Espera{a.texto(0), a.texto(1)};
-          }}},
-        {"espera_celda",
-         {4, 4,
-          [](const Argumentos& a) {
-              return EsperaCelda{a.texto(0), a.numero(1, 0), a.numero(2, 1), a.texto(3)};
-          }}},
-        {"espera_filas",
-         {2, 2,
-          [](const Argumentos& a) {
-              return EsperaFilas{a.texto(0), a.numero(1, 0)};
-          }}},
-        {"espera_mensaje", {1, 1, [](const Argumentos& a) { return EsperaMensaje{a.texto(0)}; }}},
-        {"espera_titulo", {1, 1, [](const Argumentos& a) { return EsperaTitulo{a.texto(0)}; }}},
-        {"espera_activo", estado(EsperaEstado::Activo)},
-        {"espera_visible", estado(EsperaEstado::Visible)},
-        {"espera_marca", estado(EsperaEstado::Marca)},
-        {"espera_foco", {1, 1, [](const Argumentos& a) { return EsperaFoco{a.texto(0)}; }}},
-        {"espera_ventana",
-         {2, 2,
-          [](const Argumentos& a) {
-              return EsperaVentana{a.texto(0), a.siNo(1)};
-          }}},
-        {"espera_archivo",
-         {2, 2,
-          [](const Argumentos& a) {
-              return EsperaArchivo{a.texto(0), a.texto(1)};
-          }}},
-        {"espera_sin_archivo", {1, 1, [](const Argumentos& a) { return EsperaSinArchivo{a.texto(0)}; }}},
-        {"espera_base",
-         {2, 2,
-          [](const Argumentos& a) {
-              return EsperaBase{a.texto(0), a.texto(1)};
-          }}},
-        {"captura", {1, 1, [](const Argumentos& a) { return Captura{a.texto(0)}; }}},
-        {"retrato",
-         {1, 1,
-          [](const Argumentos& a) {
-              return Captura{a.texto(0), true};
-          }}},
-        {"informe", {1, 1, [](const Argumentos& a) { return Informe{a.texto(0)}; }}},
-        {"salir", {0, 0, [](const Argumentos&) { return Salir{}; }}},
-    };
+    return quedan() && !esSufijo(m_palabras[m_lugar]);
 }
 
-Accion leerAccion(QStringList lista, int linea)
+Despues Lector::despues()
 {
-    static const QHash<QString, Forma> conocidas = acciones();
-    const QString nombre = lista.takeFirst();
-    const auto forma = conocidas.constFind(nombre);
-    if (forma == conocidas.constEnd())
+    Despues todo;
+    while (quedan())
     {
-        throw ErrorDeLectura(linea, QStringLiteral("no hay acción «%1»").arg(nombre));
+        const QString cual = sacar().texto;
+        do
+        {
+            if (cual == QStringLiteral("dice"))
+            {
+                const std::optional<Caja> clase = quedan() ? claseDe(m_palabras[m_lugar]) : std::nullopt;
+                m_lugar += clase ? 1U : 0U;
+                exigir('t');
+                todo.cajas.push_back({clase, sacar().texto});
+            }
+            else if (cual == QStringLiteral("responde"))
+            {
+                exigir('s');
+                todo.respuestas.push_back(*leerSiNo(sacar().texto));
+            }
+            else if (cual == QStringLiteral("archivo"))
+            {
+                exigir('t');
+                todo.archivos += sacar().texto;
+            }
+            else
+            {
+                exigir(todo.foco.isEmpty() ? 'c' : '!');
+                todo.foco = sacar().texto;
+            }
+        } while (sigue());
     }
-    if (lista.size() < forma->minimo || lista.size() > forma->maximo)
-    {
-        const QString cuantos = forma->minimo == forma->maximo
-                                    ? QString::number(forma->minimo)
-                                    : QStringLiteral("de %1 a %2").arg(forma->minimo).arg(forma->maximo);
-        throw ErrorDeLectura(linea,
-                             QStringLiteral("%1 lleva %2 argumentos, y hay %3").arg(nombre, cuantos).arg(lista.size()));
-    }
-    return forma->hacer(Argumentos(std::move(lista), linea));
+    return todo;
 }
 
-/// The text in quotes that begins at `lugar`, which is left after the closing quote.
+std::vector<Paso> Lector::leer(const QString& texto)
+{
+    const QString& nombre = m_palabras.front().texto;
+    const Verbo* verbo = buscarVerbo(nombre);
+    if (verbo == nullptr)
+    {
+        fallar(QStringLiteral("no hay acción «%1»").arg(nombre));
+    }
+    m_lugar = 1;
+    m_hasta =
+        static_cast<std::size_t>(std::find_if(m_palabras.begin() + 1, m_palabras.end(), esSufijo) - m_palabras.begin());
+    const std::string_view clases = verbo->argumentos;
+    const std::size_t grupo = clases.find('(');
+    std::vector<Palabra> fijas;
+    tomar(clases.substr(0, grupo), fijas);
+    std::vector<Paso> pasos;
+    do
+    {
+        std::vector<Palabra> palabras = fijas;
+        if (grupo != std::string_view::npos)
+        {
+            tomar(clases.substr(grupo + 1, clases.size() - grupo - 2), palabras);
+        }
+        pasos.push_back({m_linea, pasos.empty() ? texto : QString(), verbo, Argumentos(std::move(palabras)), {}});
+    } while (quedan() && grupo != std::string_view::npos);
+    if (quedan())
+    {
+        fallar(QStringLiteral("%1 no lleva «%2»").arg(nombre, m_palabras[m_lugar].texto));
+    }
+    m_hasta = m_palabras.size();
+    if (quedan() && !verbo->actua)
+    {
+        fallar(QStringLiteral("%1 no hace nada: no lleva «%2»").arg(nombre, m_palabras[m_lugar].texto));
+    }
+    pasos.back().despues = despues();
+    return pasos;
+}
+
+/// The text in quotes that begins at `lugar`, which is left after the closing quote. In it \" is a quote, \\ a
+/// backslash and \n a line end; any other backslash stands for itself.
 QString leerComillas(const QString& texto, qsizetype& lugar, int linea)
 {
     QString palabra;
@@ -210,45 +233,55 @@ QString leerComillas(const QString& texto, qsizetype& lugar, int linea)
     }
     throw ErrorDeLectura(linea, QStringLiteral("faltan las comillas que cierran"));
 }
+
+/// A "#" that begins a word outside quotes begins a comment.
+std::vector<Palabra> palabrasDe(const QString& texto, int linea)
+{
+    std::vector<Palabra> lista;
+    qsizetype lugar = 0;
+    while (lugar < texto.size() && texto.at(lugar) != u'#')
+    {
+        if (texto.at(lugar).isSpace())
+        {
+            ++lugar;
+            continue;
+        }
+        if (texto.at(lugar) == u'"')
+        {
+            lista.push_back({leerComillas(texto, lugar, linea), true});
+            continue;
+        }
+        const qsizetype desde = lugar;
+        while (lugar < texto.size() && !texto.at(lugar).isSpace())
+        {
+            ++lugar;
+        }
+        lista.push_back({texto.sliced(desde, lugar - desde)});
+    }
+    return lista;
+}
 } // namespace
+
+QStringList Argumentos::textos(std::size_t desde) const
+{
+    QStringList lista;
+    for (std::size_t i = desde; i < m_palabras.size(); ++i)
+    {
+        lista += m_palabras[i].texto;
+    }
+    return lista;
+}
+
+bool Argumentos::siNo(std::size_t n) const
+{
+    return leerSiNo(texto(n)).value();
+}
 
 ErrorDeLectura::ErrorDeLectura(int numeroDeLinea, const QString& queFalla)
     : std::runtime_error(QStringLiteral("línea %1: %2").arg(numeroDeLinea).arg(queFalla).toStdString())
     , m_linea(numeroDeLinea)
     , m_motivo(queFalla)
 {
-}
-
-QStringList palabras(const QString& texto, int linea)
-{
-    QStringList lista;
-    qsizetype lugar = 0;
-    while (lugar < texto.size())
-    {
-        const QChar letra = texto.at(lugar);
-        if (letra.isSpace())
-        {
-            ++lugar;
-        }
-        else if (letra == u'#')
-        {
-            break;
-        }
-        else if (letra == u'"')
-        {
-            lista += leerComillas(texto, lugar, linea);
-        }
-        else
-        {
-            const qsizetype desde = lugar;
-            while (lugar < texto.size() && !texto.at(lugar).isSpace())
-            {
-                ++lugar;
-            }
-            lista += texto.sliced(desde, lugar - desde);
-        }
-    }
-    return lista;
 }
 
 std::vector<Paso> leer(const QByteArray& utf8)
@@ -264,10 +297,9 @@ std::vector<Paso> leer(const QByteArray& utf8)
     for (const QString& texto : todo.split(u'\n'))
     {
         ++linea;
-        const QStringList lista = palabras(texto, linea);
-        if (!lista.isEmpty())
+        if (std::vector<Palabra> palabras = palabrasDe(texto, linea); !palabras.empty())
         {
-            pasos.push_back({linea, texto.trimmed(), leerAccion(lista, linea)});
+            std::ranges::move(Lector(std::move(palabras), linea).leer(texto.trimmed()), std::back_inserter(pasos));
         }
     }
     return pasos;
@@ -289,5 +321,23 @@ std::optional<bool> leerSiNo(const QString& texto)
         return true;
     }
     return bajo == QStringLiteral("no") ? std::optional<bool>(false) : std::nullopt;
+}
+
+QString nombreDe(Caja clase)
+{
+    switch (clase)
+    {
+    case Caja::Informacion:
+        return QStringLiteral("informacion");
+    case Caja::Exclamacion:
+        return QStringLiteral("exclamacion");
+    case Caja::Critico:
+        return QStringLiteral("critico");
+    case Caja::Pregunta:
+        return QStringLiteral("pregunta");
+    case Caja::Simple:
+        break;
+    }
+    return QStringLiteral("simple");
 }
 } // namespace guion

@@ -1,166 +1,69 @@
 #pragma once
 
+#include "platform/screens/mensajes.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <optional>
 #include <stdexcept>
-#include <variant>
 #include <vector>
 
-/// Acceptance scripts: UTF-8, one action a line, "#" comments, texts with blanks in double quotes.
+struct Verbo;
+
+/// Acceptance scripts: UTF-8, one line an action, "#" comments, texts with blanks in double quotes.
 namespace guion
 {
-/// An entry of the menu bar, then of the menu it opens, and so on.
-struct Menu
-{
-    QStringList entradas;
-};
-struct Pulsar
-{
-    QString control;
-};
-struct Escribir
-{
-    QString control;
-    QString texto;
-};
-struct Tecla
-{
-    QString control;
-    Qt::Key tecla = Qt::Key_unknown;
-    Qt::KeyboardModifiers modificadores;
-};
-struct Elegir
-{
-    QString control;
-    QString texto;
-};
-struct Pagina
-{
-    QString titulo;
-};
-/// Click on a row, counted from 1; 0 is the header.
-struct Fila
-{
-    QString grilla;
-    int fila = 0;
-    bool doble = false;
-};
-/// Both counted from 1.
-struct Celda
-{
-    QString grilla;
-    int fila = 0;
-    int columna = 0;
-    QString texto;
-};
-struct Responder
-{
-    bool si = false;
-};
-/// Answer to the next file or folder dialog; an empty path cancels it.
-struct Archivo
-{
-    QString ruta;
-};
-struct Ventana
-{
-    QString nombre;
-};
-struct Cerrar
-{
-};
-struct Fecha
-{
-    QDateTime ahora;
-};
-struct Espera
-{
-    QString control;
-    QString texto;
-};
-struct EsperaCelda
-{
-    QString grilla;
-    int fila = 0;
-    int columna = 0;
-    QString texto;
-};
-struct EsperaFilas
-{
-    QString grilla;
-    int filas = 0;
-};
-struct EsperaMensaje
+struct Palabra
 {
     QString texto;
+    bool entreComillas = false;
 };
-struct EsperaTitulo
+
+/// The words after a verb, whose kinds leer() has looked at.
+class Argumentos
 {
-    QString texto;
-};
-/// What a control is, yes or no.
-struct EsperaEstado
-{
-    enum Cual
+public:
+    Argumentos() = default;
+    explicit Argumentos(std::vector<Palabra> palabras)
+        : m_palabras(std::move(palabras))
     {
-        Activo,
-        Visible,
-        Marca,
-    };
-    Cual cual = Activo;
-    QString control;
-    bool si = false;
-};
-struct EsperaFoco
-{
-    QString control;
-};
-struct EsperaVentana
-{
-    QString nombre;
-    bool si = false;
-};
-/// Byte by byte; the expected file's path is relative to the script.
-struct EsperaArchivo
-{
-    QString ruta;
-    QString esperado;
-};
-struct EsperaSinArchivo
-{
-    QString ruta;
-};
-/// Rows joined by ";", their values by "|".
-struct EsperaBase
-{
-    QString sql;
-    QString esperado;
-};
-struct Captura
-{
-    QString ruta;
-    bool soloLaVentana = false;
-};
-struct Informe
-{
-    QString ruta;
-};
-struct Salir
-{
+    }
+    [[nodiscard]] std::size_t cantidad() const { return m_palabras.size(); }
+    [[nodiscard]] const Palabra& palabra(std::size_t n) const { return m_palabras.at(n); }
+    [[nodiscard]] const QString& texto(std::size_t n) const { return m_palabras.at(n).texto; }
+    [[nodiscard]] QStringList textos(std::size_t desde) const;
+    [[nodiscard]] int numero(std::size_t n) const { return texto(n).toInt(); }
+    [[nodiscard]] bool siNo(std::size_t n) const;
+
+private:
+    std::vector<Palabra> m_palabras;
 };
 
-using Accion =
-    std::variant<Menu, Pulsar, Escribir, Tecla, Elegir, Pagina, Fila, Celda, Responder, Archivo, Ventana, Cerrar, Fecha,
-                 Espera, EsperaCelda, EsperaFilas, EsperaMensaje, EsperaTitulo, EsperaEstado, EsperaFoco, EsperaVentana,
-                 EsperaArchivo, EsperaSinArchivo, EsperaBase, Captura, Informe, Salir>;
+struct CajaEsperada
+{
+    std::optional<Caja> clase;
+    QString texto;
+};
 
+/// What a line says of what comes of its action.
+struct Despues
+{
+    std::vector<CajaEsperada> cajas;
+    std::vector<bool> respuestas;
+    QStringList archivos;
+    QString foco;
+};
+
+/// A line that does several things of a kind is as many steps; only the first has its text.
 struct Paso
 {
     int linea = 0; ///< of the script, from 1
     QString texto; ///< the line as it stands there, without the blanks around it
-    Accion accion;
+    const Verbo* verbo = nullptr;
+    Argumentos argumentos;
+    Despues despues;
 };
 
 /// A line that cannot be read.
@@ -179,13 +82,12 @@ private:
 /// The whole script, so that nothing is played of one that cannot be read. Throws ErrorDeLectura.
 [[nodiscard]] std::vector<Paso> leer(const QByteArray& utf8);
 
-/// The words of one line. In quotes \" is a quote, \\ a backslash and \n a line end; any other backslash stands for
-/// itself. A "#" that begins a word outside quotes begins a comment. Throws ErrorDeLectura with `linea`.
-[[nodiscard]] QStringList palabras(const QString& texto, int linea);
-
 /// A text as it stands between quotes in a script or in the transcript, on one line.
 [[nodiscard]] QString entreComillas(const QString& texto);
 
 /// "Si", "Sí" or "No", whatever the case; nothing for another text.
 [[nodiscard]] std::optional<bool> leerSiNo(const QString& texto);
+
+/// "informacion", "exclamacion", "critico", "pregunta" or "simple".
+[[nodiscard]] QString nombreDe(Caja clase);
 } // namespace guion

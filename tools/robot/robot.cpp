@@ -1,6 +1,7 @@
 #include "robot.h"
 
 #include "captura.h"
+#include "comprobaciones.h"
 #include "controles.h"
 #include "entrada.h"
 #include "falla.h"
@@ -8,6 +9,7 @@
 #include "platform/screens/dialogos.h"
 #include "platform/screens/error_fatal.h"
 #include "platform/screens/trabajo_largo.h"
+#include "verbos.h"
 
 #include <QtWidgets>
 #include <cstdio>
@@ -20,28 +22,10 @@ constexpr int esperaDeVentanaEnMs = 1000;
 /// A button pressed by its letter clicks 100 ms later.
 constexpr int esperaDeBotonEnMs = 1000;
 
-QString nombreDeClase(Caja clase)
-{
-    switch (clase)
-    {
-    case Caja::Informacion:
-        return QStringLiteral("informacion");
-    case Caja::Exclamacion:
-        return QStringLiteral("exclamacion");
-    case Caja::Critico:
-        return QStringLiteral("critico");
-    case Caja::Pregunta:
-        return QStringLiteral("pregunta");
-    case Caja::Simple:
-        break;
-    }
-    return QStringLiteral("simple");
-}
-
 QString lineaDeCaja(const DatosDeCaja& datos, const QString& respuesta)
 {
     return QStringLiteral("caja %1 %2 %3 -> %4")
-        .arg(nombreDeClase(datos.clase), guion::entreComillas(datos.titulo), guion::entreComillas(datos.texto),
+        .arg(guion::nombreDe(datos.clase), guion::entreComillas(datos.titulo), guion::entreComillas(datos.texto),
              respuesta);
 }
 } // namespace
@@ -80,8 +64,10 @@ void Robot::tomarPuertas()
         [this](const DatosDeCaja& datos)
         {
             m_cajas.push_back(datos);
-            m_contexto.ultimaCaja = datos.texto;
-            ++m_contexto.cajas;
+            m_contexto.cajas.push_back(datos);
+            m_contexto.cajas.back().texto.replace(m_contexto.carpeta, QStringLiteral("$CARPETA"));
+            m_contexto.nombradas = false;
+            ++m_contexto.cajasEnTotal;
         },
         [this](const DatosDeCaja& datos, bool respuesta) { cerrarCaja(datos, respuesta); });
     reemplazarDialogoArchivo([this](const PedidoDeArchivo& pedido)
@@ -233,11 +219,83 @@ void Robot::seguir()
 
 void Robot::jugarPaso()
 {
+    const guion::Paso& paso = m_pasos[m_siguiente];
+    if (!terminaLinea(paso.verbo->actua))
+    {
+        return;
+    }
     const std::size_t numero = m_siguiente++;
-    const guion::Paso& paso = m_pasos[numero];
     m_vigia.empieza(nombreDelPaso(numero).toStdString());
-    m_escribir(paso.texto);
-    ejecutar(numero, [&] { jugar(paso, m_contexto); });
+    if (!paso.texto.isEmpty())
+    {
+        m_escribir(paso.texto);
+    }
+    if (paso.verbo->actua)
+    {
+        m_actuo = numero;
+        m_mirada = false;
+        m_contexto.cajas.clear();
+    }
+    for (const bool si : paso.despues.respuestas)
+    {
+        m_contexto.respuestas.push_back({paso.linea, si});
+    }
+    for (const QString& ruta : paso.despues.archivos)
+    {
+        m_contexto.archivos.push_back({paso.linea, ruta});
+    }
+    ++m_contexto.lineas;
+    ejecutar(numero,
+             [&]
+             {
+                 Jugada jugada(paso.linea, m_contexto);
+                 paso.verbo->jugar(jugada, paso.argumentos);
+             });
+}
+
+/// What came of the last line that acts is what it says, and no box came that no line tells of. Asked once that line is
+/// over: before the next one and at the end. False when it fails the script.
+bool Robot::terminaLinea(bool sigueUnaQueActua)
+{
+    if (!m_actuo)
+    {
+        return true;
+    }
+    if (!std::exchange(m_mirada, true))
+    {
+        ejecutar(*m_actuo, [this] { comprobarDespues(m_pasos[*m_actuo]); });
+    }
+    const auto callada = [this](const DatosDeCaja& caja)
+    { return !m_contexto.nombradas && caja.clase != Caja::Pregunta; };
+    const auto caja = std::ranges::find_if(m_contexto.cajas, callada);
+    if (sigueUnaQueActua && caja != m_contexto.cajas.end())
+    {
+        fallar(*m_actuo, QStringLiteral("ninguna línea dice la caja %1").arg(guion::entreComillas(caja->texto)));
+    }
+    return !m_terminado;
+}
+
+void Robot::comprobarDespues(const guion::Paso& paso)
+{
+    const guion::Despues& despues = paso.despues;
+    if (!despues.cajas.empty() || !despues.respuestas.empty())
+    {
+        comprobaciones::exigirCajas(m_contexto.cajas, despues.cajas);
+        m_contexto.nombradas = true;
+    }
+    const auto deEsta = [&](const auto& cola) { return cola.linea == paso.linea; };
+    if (!despues.respuestas.empty() && std::ranges::any_of(m_contexto.respuestas, deEsta))
+    {
+        throw Falla(QStringLiteral("no vino la pregunta"));
+    }
+    if (!despues.archivos.isEmpty() && std::ranges::any_of(m_contexto.archivos, deEsta))
+    {
+        throw Falla(QStringLiteral("no se pidió el archivo"));
+    }
+    if (!despues.foco.isEmpty())
+    {
+        comprobaciones::exigirFoco(despues.foco);
+    }
 }
 
 void Robot::ejecutar(std::size_t paso, const std::function<void()>& accion)
@@ -342,7 +400,10 @@ bool Robot::quedaAlgo()
 
 void Robot::terminarGuion()
 {
-    terminar(quedaAlgo() ? Mal : Bien);
+    if (terminaLinea(true))
+    {
+        terminar(quedaAlgo() ? Mal : Bien);
+    }
 }
 
 void Robot::programaTermino(int estado)
@@ -353,7 +414,10 @@ void Robot::programaTermino(int estado)
     }
     if (estado == ErrorDelPrograma)
     {
-        terminar(ErrorDelPrograma);
+        if (terminaLinea(false))
+        {
+            terminar(ErrorDelPrograma);
+        }
         return;
     }
     if (m_siguiente < m_pasos.size())

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "acciones.h"
 #include "guion.h"
+#include "jugada.h"
 #include "platform/screens/mensajes.h"
 #include "reposo.h"
 #include "vigia.h"
@@ -65,6 +65,8 @@ private:
     void terminarGuion();
     void terminar(int estado);
     bool quedaAlgo();
+    bool terminaLinea(bool sigueUnaQueActua);
+    void comprobarDespues(const guion::Paso& paso);
     [[nodiscard]] QString nombreDelPaso(std::size_t paso) const;
     void colgarse(const std::string& enQue);
 
@@ -78,7 +80,9 @@ private:
     std::vector<int> m_niveles;       ///< event loop levels at which the lines at work began
     std::vector<DatosDeCaja> m_cajas; ///< the boxes on the screen, the top one last
     std::size_t m_siguiente = 0;
-    QElapsedTimer m_desdeLaUltima; ///< since the last line began
+    std::optional<std::size_t> m_actuo; ///< the last line that acts
+    bool m_mirada = false;              ///< what that line says of what comes of it was looked at
+    QElapsedTimer m_desdeLaUltima;      ///< since the last line began
     bool m_activando = false;
     bool m_listo = false;
     bool m_terminado = false;

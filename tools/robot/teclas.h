@@ -3,5 +3,12 @@
 #include <QString>
 #include <optional>
 
-/// A key by its name in a script: "Enter", "Tab", "F1", "Ctrl+A", "Alt+g". Nothing for a name that is no key.
-[[nodiscard]] std::optional<QKeyCombination> teclaDeNombre(const QString& nombre);
+/// A key, and how often it is pressed.
+struct Teclas
+{
+    QKeyCombination tecla;
+    int veces = 1;
+};
+
+/// By its name in a script: "Enter", "F1", "Ctrl+A", "Alt+g", "Enter*3". Nothing for a name that is no key.
+[[nodiscard]] std::optional<Teclas> leerTeclas(const QString& nombre);
