@@ -30,4 +30,4 @@ struct Funcion
 };
 
 /// Plays a script on a fresh program, with `carpeta` as the program's folder and as the script's.
-[[nodiscard]] Funcion jugarGuion(const QString& guion, const QString& carpeta = QString());
+[[nodiscard]] Funcion jugarGuion(const QString& guion, const QString& carpeta = QStringLiteral("/carpeta"));
