@@ -1,5 +1,4 @@
 -- Tables of DBBrivo.mdb at version 2.0. The seed tool runs these statements once, on an empty file.
--- A statement ends with ";" at the end of a line.
 --
 -- Kinds of columns: INTEGER whole number, TEXT, DATE as 'YYYY-MM-DD', TIME as 'HH:MM:SS', CURRENCY in whole
 -- ten-thousandths, YESNO 0 or 1. Names, streets and towns are compared and ordered by the collation "espanol".

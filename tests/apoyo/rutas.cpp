@@ -17,11 +17,6 @@ QString baseSembrada()
     return QStringLiteral(BASE_SEMBRADA);
 }
 
-QString programaSemilla()
-{
-    return QStringLiteral(PROGRAMA_SEMILLA);
-}
-
 QString programaPython()
 {
     return QStringLiteral(PROGRAMA_PYTHON);

@@ -8,6 +8,5 @@ namespace rutas
 [[nodiscard]] QString enInstalacion(const QString& nombre); ///< in the installation that the build lays out
 [[nodiscard]] QString enFuentes(const QString& nombre);
 [[nodiscard]] QString baseSembrada(); ///< the database as it was seeded
-[[nodiscard]] QString programaSemilla();
 [[nodiscard]] QString programaPython();
 } // namespace rutas
