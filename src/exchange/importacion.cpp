@@ -1,10 +1,14 @@
 #include "exchange/importacion.h"
 
+#include "core/vigencia.h"
 #include "exchange/linea_de_nomina.h"
+#include "exchange/sumas_de_nomina.h"
 #include "platform/data/archivos.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
+
+#include <QScopeGuard>
 
 namespace
 {
@@ -13,6 +17,9 @@ constexpr int canal = 1;
 constexpr int tramo = 256;
 constexpr int jornadaCompleta = 200;
 constexpr int jornadaReducida = 100;
+
+/// Many times what the people that a declaration has room for take, with their families.
+constexpr std::size_t archivoMasLargo = std::size_t{64} * 1024 * 1024;
 
 /// Contributions of a line, in single precision from step to step, so that they agree cent by cent with those of
 /// other copies of the file.
@@ -76,6 +83,7 @@ private:
     std::string m_localidad;
     std::string m_telefono;
     std::string m_codigo;
+    SumasDeNomina m_sumas;
     ResultadoImportacion m_resultado;
 };
 
@@ -104,6 +112,7 @@ Importacion::Importacion(Conexion& conexion, const ClaveDDJJ& clave)
     , m_insertarFamiliar(
           conexion.preparar("INSERT INTO Empleados_Familiares (CUIL, Familiar, AyN, TipoDoc, NroDoc, Sexo, Nacio) "
                             "VALUES (?, ?, ?, ?, ?, ?, ?)"))
+    , m_sumas(conexion, clave)
 {
 }
 
@@ -128,6 +137,8 @@ void Importacion::tomarAfip(const LineaDeNomina& linea)
     const int horas = linea.trozo(58, 3) == "001" ? jornadaReducida : jornadaCompleta;
     const float acuerdo = std::max(sueldo - imponible, 0.0F);
     const AportesDeLinea aportes = calcular(imponible, acuerdo, horas, true);
+    m_sumas.agregar(familiares, {Moneda::deSimple(imponible), Moneda::deSimple(acuerdo), aportes.art100, aportes.art101,
+                                 aportes.art101});
     ++m_resultado.titulares;
     m_insertarAfip.ejecutar(m_cuit, m_periodo, m_secuencia, m_cuil, m_ayn, nroDoc, Moneda::deSimple(sueldo),
                             Moneda::deSimple(imponible), horas, aportes.art100, aportes.art101, aportes.art101,
@@ -175,6 +186,8 @@ void Importacion::tomarEmpleado(const LineaDeNomina& linea, int tipoDoc, int nro
     linea.texto(130, 30, m_localidad);
     const std::optional<int> provincia = linea.enteroOBlanco(160, 2, "Provincia");
     linea.texto(162, 20, m_telefono);
+    m_sumas.agregar(
+        0, {Moneda::deSimple(imponible), Moneda::deSimple(acuerdo), aportes.art100, aportes.art101, aportes.art101});
     ++m_resultado.titulares;
     m_insertarBrivo.ejecutar(m_cuit, m_periodo, m_secuencia, m_cuil, m_ayn, tipoDoc, nroDoc, sexo, m_calle, numero,
                              m_piso, m_depto, m_codPos, m_localidad, provincia, m_telefono, linea.fecha(63, "Nacio"),
@@ -240,22 +253,48 @@ void tomarLinea(Importacion& importacion, const LineaDeNomina& linea, FormatoDeN
                                QStringLiteral("%1: línea %2").arg(error.descripcion(), QString::number(numero)));
     }
 }
+
+/// All lines of the file, each with one "\n" at its end: a file on a slow share must not keep the database locked.
+std::string leerLineas(const Aviso& aviso)
+{
+    std::string lineas;
+    QByteArrayView linea;
+    for (int numero = 1; Archivos::leerLinea(canal, linea); ++numero)
+    {
+        if (lineas.size() + static_cast<std::size_t>(linea.size()) > archivoMasLargo)
+        {
+            throw ErrorDeEjecucion(ErrorDeEjecucion::SinMemoria, QStringLiteral("el archivo tiene más de 64 MB"));
+        }
+        lineas.append(linea.data(), static_cast<std::size_t>(linea.size())) += '\n';
+        if (numero % tramo == 0 && aviso)
+        {
+            aviso(0, Archivos::largo(canal));
+        }
+    }
+    return lineas;
+}
 } // namespace
 
 ResultadoImportacion importarNomina(Conexion& conexion, const ClaveDDJJ& clave, const QString& ruta,
-                                    FormatoDeNomina formato,
-                                    const std::function<void(qint64 hecho, qint64 total)>& aviso)
+                                    FormatoDeNomina formato, const Aviso& aviso)
 {
-    Transaccion transaccion(conexion);
     Archivos::abrirParaLeer(canal, ruta);
+    const std::string lineas = leerLineas(aviso);
+    auto cierre = qScopeGuard([] { Archivos::cerrar(canal); });
+    Transaccion transaccion(conexion);
+    exigirDeclaracion(conexion, clave);
     Importacion importacion(conexion, clave);
-    QByteArrayView bytes;
-    for (int numero = 1; Archivos::leerLinea(canal, bytes); ++numero)
+    cierre.dismiss(); // an error in a line leaves the file open
+    std::size_t desde = 0;
+    for (int numero = 1; desde < lineas.size(); ++numero)
     {
-        tomarLinea(importacion, LineaDeNomina(bytes), formato, numero);
+        const std::size_t fin = lineas.find('\n', desde);
+        const QByteArrayView linea(lineas.data() + desde, static_cast<qsizetype>(fin - desde));
+        tomarLinea(importacion, LineaDeNomina(linea), formato, numero);
+        desde = fin + 1;
         if (numero % tramo == 0 && aviso)
         {
-            aviso(Archivos::posicion(canal), Archivos::largo(canal));
+            aviso(static_cast<qint64>(desde), static_cast<qint64>(lineas.size()));
         }
     }
     Archivos::cerrar(canal);

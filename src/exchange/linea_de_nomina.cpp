@@ -142,10 +142,15 @@ QDate LineaDeNomina::fecha(std::size_t posicion, const char* campo) const
 
 void LineaDeNomina::cuil(std::string& destino) const
 {
-    destino.clear();
-    agregarUtf8(destino, trozo(1, 2));
-    destino += '-';
-    agregarUtf8(destino, trozo(3, 8));
-    destino += '-';
-    agregarUtf8(destino, trozo(11, 1));
+    constexpr std::size_t largo = 11;
+    const std::string_view digitos = trozo(1, largo);
+    if (digitos.size() != largo || !std::all_of(digitos.begin(), digitos.end(), esDigito))
+    {
+        noCoincide("Cuil");
+    }
+    destino.assign(digitos.substr(0, 2))
+        .append("-")
+        .append(digitos.substr(2, 8))
+        .append("-")
+        .append(digitos.substr(10));
 }

@@ -38,7 +38,7 @@ public:
     [[nodiscard]] float importe(std::size_t posicion, std::size_t ancho, const char* campo) const;
     /// DDMMYYYY; eight blanks or zeros are no date. Throws FallaDeCampo 13 for anything that is none.
     [[nodiscard]] QDate fecha(std::size_t posicion, const char* campo) const;
-    /// CUIL of the first 11 characters, with its dashes.
+    /// CUIL of the first 11 characters, with its dashes. Throws FallaDeCampo 13 unless all are digits.
     void cuil(std::string& destino) const;
 
 private:

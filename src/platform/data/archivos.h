@@ -15,8 +15,9 @@ namespace Archivos
 /// whatever happens in between; opening it again fails with 55.
 void abrirParaLeer(int canal, const QString& ruta);
 void abrirParaEscribir(int canal, const QString& ruta);
-/// Next line without its end: CR LF, LF or CR; 14 for one of a mebibyte or more. Bytes as they stand in the file. The
-/// view of the bytes is good until the next call for the channel. False at the end of the file.
+/// Next line without its end: CR LF, LF or CR; 14 for one of a mebibyte or more. Bytes as they stand in the file, save
+/// that one 0x1A at its very end is no part of it. The view of the bytes is good until the next call for the channel.
+/// False at the end of the file.
 [[nodiscard]] bool leerLinea(int canal, QByteArrayView& linea);
 /// Bytes read so far and in all, for the progress shown to the user.
 [[nodiscard]] qint64 posicion(int canal);

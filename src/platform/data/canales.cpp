@@ -15,6 +15,7 @@ namespace
 {
 constexpr std::size_t tamanoDelBloque = std::size_t{64} * 1024;
 constexpr std::size_t lineaMasLarga = std::size_t{1024} * 1024;
+constexpr char marcaDeFin = 0x1A; // with which programs of the DOS end a text file
 
 [[noreturn]] void fallar(const QString& ruta)
 {
@@ -96,6 +97,10 @@ private:
         }
         m_lleno += leidos;
         m_leido += static_cast<qint64>(leidos);
+        if (leidos == 0 && m_lleno > m_inicio && m_bloque[m_lleno - 1] == marcaDeFin)
+        {
+            i = --m_lleno;
+        }
         return i < m_lleno;
     }
 

@@ -8,6 +8,8 @@ QString descripcionDe(ErrorDeEjecucion::Numero numero)
     {
     case ErrorDeEjecucion::Desbordamiento:
         return QStringLiteral("Desbordamiento");
+    case ErrorDeEjecucion::SinMemoria:
+        return QStringLiteral("No hay memoria suficiente");
     case ErrorDeEjecucion::DivisionPorCero:
         return QStringLiteral("División por cero");
     case ErrorDeEjecucion::NoCoincidenTipos:

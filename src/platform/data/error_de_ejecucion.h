@@ -13,6 +13,7 @@ public:
     enum Numero : int
     {
         Desbordamiento = 6,
+        SinMemoria = 7,
         DivisionPorCero = 11,
         NoCoincidenTipos = 13,
         LineaDemasiadoLarga = 14,

@@ -56,6 +56,11 @@ TEST_F(Canales, FinesDeLinea)
         {"a\n\r\nb", {"a", "", "b"}},
         {"a\r\r\nb", {"a", "", "b"}},
         {QByteArray("a\0b\xD1\r\n", 6), {QByteArray("a\0b\xD1", 4)}},
+        {"a\x1A", {"a"}},
+        {"a\r\n\x1A", {"a"}},
+        {"\x1A", {}},
+        {"a\x1A\x1A", {"a\x1A"}},
+        {"a\x1A\r\n", {"a\x1A"}},
     };
     for (const Caso& caso : casos)
     {
