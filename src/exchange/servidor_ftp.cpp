@@ -5,7 +5,7 @@
 namespace
 {
 QString reemplazo;
-TransporteFtp::Limites limitesFtp;
+TransporteFtp::Limites limitesFtp = limitesDelPrograma;
 } // namespace
 
 TransporteFtp::Cuenta CuentaFtp()

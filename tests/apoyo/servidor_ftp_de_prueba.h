@@ -19,16 +19,21 @@ public:
     ServidorFtpDePrueba(const ServidorFtpDePrueba&) = delete;
     ServidorFtpDePrueba& operator=(const ServidorFtpDePrueba&) = delete;
 
+    /// False for a server that cannot run here: the test is to be left out.
+    [[nodiscard]] bool disponible() const { return !m_direccion.isEmpty(); }
     [[nodiscard]] const QString& direccion() const { return m_direccion; } ///< host:port
     /// Ends it, so that what it has received no longer changes.
     void terminar();
     [[nodiscard]] QStringList archivos() const; ///< all that it has received, as "DDJJ/x.txt"
     [[nodiscard]] QByteArray leer(const QString& archivo) const;
+    /// After terminar(): the commands that came, with "|" between them.
+    [[nodiscard]] QByteArray ordenes();
 
 private:
     QTemporaryDir m_carpeta;
     QProcess m_proceso;
     QString m_direccion;
+    QByteArray m_ordenes;
 };
 
 /// The name of a case that combines a server and something with a name `como`.

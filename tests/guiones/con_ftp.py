@@ -1,9 +1,10 @@
 #!/usr/bin/python3
 """con_ftp.py [SERVIDOR:]COMO CARPETA [ORDEN...]: runs a command with an FTP server of its own, whose address it adds as
 "--ftp HOST:PORT"; the files that arrive lie in CARPETA. The exit status is the command's. Without a command it prints
-the address and serves until its input ends.
+the address, serves until its input ends, and prints each command that a client sends.
 
-SERVIDOR is "pyftpdlib", which ends lines as this system does, or "vsftpd", which keeps the bytes as they came. COMO:
+Both servers keep the bytes as they came. SERVIDOR is "pyftpdlib", or "vsftpd", which needs root and is else left out
+with the exit status 77. COMO:
   si           all is well
   cerrado      nobody listens there
   rechaza      the password is another one
@@ -35,13 +36,14 @@ CUPO = 2048
 AQUI = "127.0.0.1"
 PAM = pathlib.Path("/etc/pam.d")
 NUESTRO_PAM = "altoverde-prueba-"
+ORDEN = sys.argv[3:]
 SANOS = {"si", "rechaza", "sin_carpeta", "no_sube", "lleno"}
 
 
 def con_pyftpdlib(como: str, carpeta: pathlib.Path, recursos: contextlib.ExitStack) -> int:
     from pyftpdlib.authorizers import DummyAuthorizer
     from pyftpdlib.filesystems import AbstractedFS
-    from pyftpdlib.handlers import FTPHandler
+    from pyftpdlib.handlers import DTPHandler, FTPHandler
     from pyftpdlib.servers import FTPServer
 
     class DiscoLleno(AbstractedFS):
@@ -59,10 +61,20 @@ def con_pyftpdlib(como: str, carpeta: pathlib.Path, recursos: contextlib.ExitSta
 
             return Acotado() if "w" in mode else archivo
 
+    class Datos(DTPHandler):
+        def enable_receiving(self, tipo, orden):
+            super().enable_receiving("i", orden)  # in ASCII it would take the CRs out
+
     class Manejador(FTPHandler):
         authorizer = DummyAuthorizer()
+        dtp_handler = Datos
         auth_failed_timeout = 0
         abstracted_fs = DiscoLleno if como == "lleno" else AbstractedFS
+
+        def pre_process_command(self, linea, orden, argumento):
+            if not ORDEN:
+                print(f"{orden} {argumento}".rstrip(), flush=True)
+            super().pre_process_command(linea, orden, argumento)
 
     permisos = "elr" if como == "no_sube" else "elradfmw"
     Manejador.authorizer.add_user(USUARIO, OTRA_CLAVE if como == "rechaza" else CLAVE, str(carpeta), perm=permisos)
@@ -85,7 +97,8 @@ def con_vsftpd(como: str, carpeta: pathlib.Path, recursos: contextlib.ExitStack)
     if not list(pathlib.Path("/lib").glob("*/security/pam_pwdfile.so")):
         sys.exit("con_ftp.py: libpam-pwdfile is not installed (scripts/instalar.sh names the packages)")
     if os.geteuid() != 0:
-        sys.exit("con_ftp.py: vsftpd signs its users on only when it runs as root")
+        print("con_ftp.py: left out, for vsftpd signs its users on only when it runs as root", file=sys.stderr)
+        sys.exit(77)
     quitar_pam_de_los_muertos()
     propia = pathlib.Path(recursos.enter_context(tempfile.TemporaryDirectory(prefix="vsftpd-")))
     claves = propia / "claves"
@@ -149,7 +162,7 @@ def abrir(servidor: str, como: str, carpeta: pathlib.Path, recursos: contextlib.
 
 def main() -> int:
     servidor, _, como = sys.argv[1].rpartition(":")
-    carpeta, orden = pathlib.Path(sys.argv[2]).resolve(), sys.argv[3:]
+    carpeta = pathlib.Path(sys.argv[2]).resolve()
     conocido = como in SANOS | {"cerrado", "corta", "traba"} or como.startswith("calla-")
     if servidor not in {"", "pyftpdlib", "vsftpd"} or not conocido:
         sys.exit(f"con_ftp.py: {sys.argv[1]}?")
@@ -157,8 +170,8 @@ def main() -> int:
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     with contextlib.ExitStack() as recursos:
         direccion = f"{AQUI}:{abrir(servidor or 'pyftpdlib', como, carpeta, recursos)}"
-        if orden:
-            return subprocess.run([*orden, "--ftp", direccion], check=False).returncode
+        if ORDEN:
+            return subprocess.run([*ORDEN, "--ftp", direccion], check=False).returncode
         print(direccion, flush=True)
         sys.stdin.read()
     return 0

@@ -17,7 +17,7 @@ public:
     /// Switches the form's mouse pointer.
     using Formulario = std::function<void(bool ocupado)>;
 
-    explicit FTP_Class(TransporteFtp::Limites limites = {});
+    explicit FTP_Class(TransporteFtp::Limites limites);
     ~FTP_Class();
     FTP_Class(const FTP_Class&) = delete;
     FTP_Class& operator=(const FTP_Class&) = delete;

@@ -2,6 +2,7 @@
 
 #include "platform/data/archivos.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QSaveFile>
 #include <QUrl>
@@ -37,40 +38,10 @@ bool unaSolaLinea(const QString& texto)
     return !texto.contains(QLatin1Char('\r')) && !texto.contains(QLatin1Char('\n')) && !texto.contains(QChar(0));
 }
 
-struct Lectura
-{
-    QFile* archivo;
-    bool ascii;
-};
-
-/// In ASCII the library turns each LF into CR LF by itself: the file's own CR before it must not go out twice.
 size_t leerParaSubir(char* destino, size_t tamano, size_t cantidad, void* quien)
 {
-    auto* lectura = static_cast<Lectura*>(quien);
-    const std::size_t cabe = tamano * cantidad;
-    const qint64 leidos = lectura->archivo->read(destino, static_cast<qint64>(cabe));
-    if (leidos < 0)
-    {
-        return CURL_READFUNC_ABORT;
-    }
-    if (!lectura->ascii || leidos == 0)
-    {
-        return static_cast<size_t>(leidos);
-    }
-    qint64 quedan = 0;
-    for (qint64 i = 0; i < leidos; ++i)
-    {
-        char siguiente = 0;
-        const bool haySiguiente =
-            i + 1 < leidos ? (siguiente = destino[i + 1], true) : lectura->archivo->peek(&siguiente, 1) == 1;
-        if (destino[i] == '\r' && haySiguiente && siguiente == '\n')
-        {
-            continue;
-        }
-        destino[quedan++] = destino[i];
-    }
-    // A buffer that held nothing but a CR must not read as the end of the file.
-    return quedan > 0 ? static_cast<size_t>(quedan) : leerParaSubir(destino, tamano, cantidad, quien);
+    const qint64 leidos = static_cast<QIODevice*>(quien)->read(destino, static_cast<qint64>(tamano * cantidad));
+    return leidos < 0 ? CURL_READFUNC_ABORT : static_cast<size_t>(leidos);
 }
 
 size_t escribirBajado(char* bytes, size_t tamano, size_t cantidad, void* quien)
@@ -184,7 +155,16 @@ struct TransporteFtp::Interno
     int codigo = 0;
     QString error;
     Respuesta respuesta;
+    CURLcode preparada = CURLE_OK;
     char detalle[CURL_ERROR_SIZE] = {};
+
+    /// Sets an option of the next operation, which fails when one could not be set.
+    template <class V>
+    void poner(CURLoption opcion, V valor)
+    {
+        const CURLcode puesta = curl_easy_setopt(facil, opcion, valor);
+        preparada = preparada == CURLE_OK ? puesta : preparada;
+    }
 
     void fallar(int numero, const QString& texto)
     {
@@ -197,29 +177,30 @@ struct TransporteFtp::Interno
     {
         curl_easy_reset(facil);
         respuesta = {};
+        preparada = CURLE_OK;
         vigilancia.empezar(limites.sinAvance);
         detalle[0] = 0;
         const QByteArray direccion = "ftp://" + cuenta.servidor.toUtf8() + '/' + QUrl::toPercentEncoding(remoto);
-        curl_easy_setopt(facil, CURLOPT_URL, direccion.constData());
-        curl_easy_setopt(facil, CURLOPT_PROTOCOLS_STR, "ftp");
-        curl_easy_setopt(facil, CURLOPT_DEFAULT_PROTOCOL, "ftp");
-        curl_easy_setopt(facil, CURLOPT_USERNAME, cuenta.usuario.toUtf8().constData());
-        curl_easy_setopt(facil, CURLOPT_PASSWORD, cuenta.clave.toUtf8().constData());
-        curl_easy_setopt(facil, CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
-        curl_easy_setopt(facil, CURLOPT_FTP_USE_EPSV, 0L);
-        curl_easy_setopt(facil, CURLOPT_PROXY, "");
-        curl_easy_setopt(facil, CURLOPT_OPENSOCKETFUNCTION, abrirConexion);
-        curl_easy_setopt(facil, CURLOPT_OPENSOCKETDATA, &puerta);
-        curl_easy_setopt(facil, CURLOPT_NOSIGNAL, 1L);
-        curl_easy_setopt(facil, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(limites.conexion.count()));
-        curl_easy_setopt(facil, CURLOPT_SERVER_RESPONSE_TIMEOUT, segundosHaciaArriba(limites.sinAvance));
-        curl_easy_setopt(facil, CURLOPT_QUICK_EXIT, 1L); // a name that is still being looked up is not waited for
-        curl_easy_setopt(facil, CURLOPT_NOPROGRESS, 0L);
-        curl_easy_setopt(facil, CURLOPT_XFERINFOFUNCTION, avanzar);
-        curl_easy_setopt(facil, CURLOPT_XFERINFODATA, this);
-        curl_easy_setopt(facil, CURLOPT_ERRORBUFFER, detalle);
-        curl_easy_setopt(facil, CURLOPT_HEADERFUNCTION, juntarRespuesta);
-        curl_easy_setopt(facil, CURLOPT_HEADERDATA, &respuesta);
+        poner(CURLOPT_URL, direccion.constData());
+        poner(CURLOPT_PROTOCOLS_STR, "ftp");
+        poner(CURLOPT_DEFAULT_PROTOCOL, "ftp");
+        poner(CURLOPT_USERNAME, cuenta.usuario.toUtf8().constData());
+        poner(CURLOPT_PASSWORD, cuenta.clave.toUtf8().constData());
+        poner(CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
+        poner(CURLOPT_FTP_USE_EPSV, 0L);
+        poner(CURLOPT_PROXY, "");
+        poner(CURLOPT_OPENSOCKETFUNCTION, abrirConexion);
+        poner(CURLOPT_OPENSOCKETDATA, &puerta);
+        poner(CURLOPT_NOSIGNAL, 1L);
+        poner(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(limites.conexion.count()));
+        poner(CURLOPT_SERVER_RESPONSE_TIMEOUT, segundosHaciaArriba(limites.sinAvance));
+        poner(CURLOPT_QUICK_EXIT, 1L); // a name that is still being looked up is not waited for
+        poner(CURLOPT_NOPROGRESS, 0L);
+        poner(CURLOPT_XFERINFOFUNCTION, avanzar);
+        poner(CURLOPT_XFERINFODATA, this);
+        poner(CURLOPT_ERRORBUFFER, detalle);
+        poner(CURLOPT_HEADERFUNCTION, juntarRespuesta);
+        poner(CURLOPT_HEADERDATA, &respuesta);
     }
 
     /// The library calls it in each of its rounds, and once a second while it waits by itself for a file's last answer.
@@ -235,7 +216,12 @@ struct TransporteFtp::Interno
 
     bool realizar()
     {
-        curl_multi_add_handle(varios, facil);
+        const bool agregada = preparada == CURLE_OK && curl_multi_add_handle(varios, facil) == CURLM_OK;
+        if (!agregada)
+        {
+            fallar(CURLE_FAILED_INIT, QString::fromUtf8(curl_easy_strerror(preparada)));
+            return false;
+        }
         int enCurso = 1;
         CURLMcode estado = CURLM_OK;
         while (enCurso > 0 && estado == CURLM_OK)
@@ -275,8 +261,8 @@ struct TransporteFtp::Interno
         }
         preparar();
         const ListaDeCurl lista('*' + orden.toUtf8());
-        curl_easy_setopt(facil, CURLOPT_NOBODY, 1L);
-        curl_easy_setopt(facil, CURLOPT_QUOTE, lista.lista);
+        poner(CURLOPT_NOBODY, 1L);
+        poner(CURLOPT_QUOTE, lista.lista);
         if (!realizar())
         {
             return false;
@@ -291,11 +277,6 @@ struct TransporteFtp::Interno
         return codigoDelServidor < primeroDeLosRechazos;
     }
 };
-
-TransporteFtp::TransporteFtp()
-    : TransporteFtp(Limites())
-{
-}
 
 TransporteFtp::TransporteFtp(Limites limites)
     : m_interno(std::make_unique<Interno>())
@@ -338,7 +319,7 @@ bool TransporteFtp::conectar(const Cuenta& cuenta)
         return false;
     }
     m_interno->preparar();
-    curl_easy_setopt(m_interno->facil, CURLOPT_NOBODY, 1L);
+    m_interno->poner(CURLOPT_NOBODY, 1L);
     m_interno->puerta.conectado = m_interno->realizar();
     return m_interno->puerta.conectado;
 }
@@ -397,12 +378,26 @@ bool TransporteFtp::subir(const QString& local, const QString& remoto, Tipo tipo
         m_interno->fallar(CURLE_READ_ERROR, archivo.errorString());
         return false;
     }
-    Lectura lectura{&archivo, tipo == Tipo::Ascii};
+    QByteArray bytes = archivo.readAll();
+    if (archivo.error() != QFileDevice::NoError)
+    {
+        m_interno->fallar(CURLE_READ_ERROR, archivo.errorString());
+        return false;
+    }
+    const bool ascii = tipo == Tipo::Ascii;
+    if (ascii)
+    {
+        // The library makes CR LF of every LF: by itself in ASCII on some systems, with CURLOPT_CRLF on all.
+        bytes.replace("\r\n", "\n");
+    }
+    QBuffer lectura(&bytes);
+    lectura.open(QIODevice::ReadOnly);
     m_interno->preparar(remoto);
-    curl_easy_setopt(m_interno->facil, CURLOPT_UPLOAD, 1L);
-    curl_easy_setopt(m_interno->facil, CURLOPT_TRANSFERTEXT, lectura.ascii ? 1L : 0L);
-    curl_easy_setopt(m_interno->facil, CURLOPT_READFUNCTION, leerParaSubir);
-    curl_easy_setopt(m_interno->facil, CURLOPT_READDATA, &lectura);
+    m_interno->poner(CURLOPT_UPLOAD, 1L);
+    m_interno->poner(CURLOPT_TRANSFERTEXT, ascii ? 1L : 0L);
+    m_interno->poner(CURLOPT_CRLF, ascii ? 1L : 0L);
+    m_interno->poner(CURLOPT_READFUNCTION, leerParaSubir);
+    m_interno->poner(CURLOPT_READDATA, static_cast<QIODevice*>(&lectura));
     return m_interno->realizar();
 }
 
@@ -420,9 +415,9 @@ bool TransporteFtp::bajar(const QString& remoto, const QString& local, bool fall
         return false;
     }
     m_interno->preparar(remoto);
-    curl_easy_setopt(m_interno->facil, CURLOPT_TRANSFERTEXT, tipo == Tipo::Ascii ? 1L : 0L);
-    curl_easy_setopt(m_interno->facil, CURLOPT_WRITEFUNCTION, escribirBajado);
-    curl_easy_setopt(m_interno->facil, CURLOPT_WRITEDATA, static_cast<QIODevice*>(&archivo));
+    m_interno->poner(CURLOPT_TRANSFERTEXT, tipo == Tipo::Ascii ? 1L : 0L);
+    m_interno->poner(CURLOPT_WRITEFUNCTION, escribirBajado);
+    m_interno->poner(CURLOPT_WRITEDATA, static_cast<QIODevice*>(&archivo));
     return m_interno->realizar() && archivo.commit();
 }
 

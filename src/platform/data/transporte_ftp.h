@@ -17,8 +17,8 @@ public:
     };
     struct Limites
     {
-        std::chrono::milliseconds conexion = std::chrono::seconds(20);  ///< until signed on
-        std::chrono::milliseconds sinAvance = std::chrono::seconds(30); ///< with nothing sent and nothing received
+        std::chrono::milliseconds conexion;  ///< until signed on
+        std::chrono::milliseconds sinAvance; ///< with nothing sent and nothing received
     };
     struct Cuenta
     {
@@ -29,7 +29,6 @@ public:
     /// Called while an operation runs, at least once a second: bytes done and in all (0 while unknown). Must not throw.
     using Aviso = std::function<void(qint64 hecho, qint64 total)>;
 
-    TransporteFtp();
     explicit TransporteFtp(Limites limites);
     ~TransporteFtp();
     TransporteFtp(const TransporteFtp&) = delete;
