@@ -70,8 +70,11 @@ std::unique_ptr<SQLite::Database> abrirBase(const QString& ruta, int modo)
                 std::make_unique<SQLite::Database>(comoUtf8(ruta), modo | SQLITE_OPEN_NOMUTEX, esperaMilisegundos);
             sqlite3* manija = base->getHandle();
             sqlite3_extended_result_codes(manija, 1);
-            sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-            sqlite3_db_config(manija, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+            if (sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr) != SQLITE_OK ||
+                sqlite3_db_config(manija, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr) != SQLITE_OK)
+            {
+                throw detalle::errorDeBase(manija);
+            }
             detalle::registrarEspanol(manija);
             exigirPropia(*base, ruta);
             return base;
@@ -197,7 +200,10 @@ void Conexion::abrir(const QString& ruta, Modo modo)
         traducir(
             [&]
             {
-                nuevo->base->exec("PRAGMA journal_mode=DELETE");
+                if (nuevo->base->execAndGet("PRAGMA journal_mode=DELETE").getString() != "delete")
+                {
+                    throw detalle::errorDeBase(SQLITE_PROTOCOL, QStringLiteral("journal_mode"));
+                }
                 nuevo->base->exec("PRAGMA synchronous=FULL");
                 // An import stays in memory until it is confirmed, so that other copies can read meanwhile.
                 nuevo->base->exec("PRAGMA cache_size=-32768");

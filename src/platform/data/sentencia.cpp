@@ -7,11 +7,20 @@ bool soloBlancos(std::string_view texto)
     return texto.find_first_not_of(" \t\r\n;") == std::string_view::npos;
 }
 
-void enlazarTexto(sqlite3_stmt* sentencia, int numero, std::string_view texto)
+int enlazarUno(sqlite3_stmt* sentencia, int numero, const Valor& valor)
 {
-    // A null address would bind a Null.
-    const char* inicio = texto.data() == nullptr ? "" : texto.data();
-    sqlite3_bind_text64(sentencia, numero, inicio, texto.size(), SQLITE_STATIC, SQLITE_UTF8);
+    switch (valor.clase())
+    {
+    case Valor::Clase::Nulo:
+        return sqlite3_bind_null(sentencia, numero);
+    case Valor::Clase::Entero:
+        return sqlite3_bind_int64(sentencia, numero, valor.entero());
+    case Valor::Clase::Texto:
+        break;
+    }
+    const std::string_view texto = valor.texto();
+    const char* inicio = texto.data() == nullptr ? "" : texto.data(); // a null address would bind a Null
+    return sqlite3_bind_text64(sentencia, numero, inicio, texto.size(), SQLITE_STATIC, SQLITE_UTF8);
 }
 } // namespace
 
@@ -109,18 +118,9 @@ void detalle::Preparada::enlazar(const Valor* valores, std::size_t cantidad)
     }
     for (std::size_t i = 0; i < cantidad; ++i)
     {
-        const int numero = static_cast<int>(i) + 1;
-        switch (valores[i].clase())
+        if (enlazarUno(sentencia, static_cast<int>(i) + 1, valores[i]) != SQLITE_OK)
         {
-        case Valor::Clase::Nulo:
-            sqlite3_bind_null(sentencia, numero);
-            break;
-        case Valor::Clase::Entero:
-            sqlite3_bind_int64(sentencia, numero, valores[i].entero());
-            break;
-        case Valor::Clase::Texto:
-            enlazarTexto(sentencia, numero, valores[i].texto());
-            break;
+            throw errorDeBase(sqlite3_db_handle(sentencia));
         }
     }
 }

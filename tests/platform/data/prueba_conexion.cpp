@@ -216,6 +216,8 @@ TEST_F(ConexionAbierta, UnaSentenciaSirveDespuesDeUnError)
     EXPECT_EQ(1, insertar.ejecutar(6, "tres"));
     EXPECT_EQ(25, numeroDe([&] { return insertar.ejecutar(7); })); // too few values
     EXPECT_EQ(25, numeroDe([&] { return insertar.ejecutar(7, "a", "b"); }));
+    // Past what the database takes; the text is not even looked at.
+    EXPECT_EQ(18, numeroDe([&] { return insertar.ejecutar(7, std::string_view("", 1'000'000'001)); }));
     EXPECT_EQ(1, insertar.ejecutar(7, nullptr));
     EXPECT_EQ(3, filas());
     EXPECT_EQ(1, numeroDe([&] { return conexion.ejecutar("DELETE FROM nada"); }));
