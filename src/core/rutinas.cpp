@@ -31,12 +31,42 @@ bool sinFallar(Paso&& paso)
     }
 }
 
-/// The schema version as it stood when the program started; nothing when it cannot be read.
-std::optional<QString> leerVersion()
+/// One upgrade step as one transaction: its version number and its statements stand together or not at all. A statement
+/// that the database refuses, say for a column that is there already, ends the step and leaves what came before it; one
+/// that could not be carried out (a full disk, another copy at work) undoes the step, and the next start tries again.
+template <class Paso>
+void enUnaTransaccion(Paso&& paso)
 {
-    std::optional<QString> version;
-    sinFallar([&] { version = Conexion.consultar("SELECT * FROM Parametros").primera().texto("Version"); });
-    return version;
+    constexpr int rechazada = 1; // SQLite's code for a statement that makes no sense as the tables are
+    sinFallar(
+        [&]
+        {
+            Transaccion transaccion(Conexion);
+            try
+            {
+                paso();
+            }
+            catch (const ErrorDeEjecucion& error)
+            {
+                if (error.numero() != rechazada)
+                {
+                    throw;
+                }
+            }
+            transaccion.confirmar();
+        });
+}
+
+void cerarNulos(const char* busqueda, const char* cambio)
+{
+    sinFallar(
+        [&]
+        {
+            if (Conexion.hay(busqueda)) // a search waits for no other copy that writes
+            {
+                Conexion.ejecutar(cambio);
+            }
+        });
 }
 } // namespace
 
@@ -51,25 +81,43 @@ void Main(const std::function<void()>& mostrarMenuPpal)
     AbrirBase();
 
     sinFallar([] { Archivos::crearCarpeta(RutaApp + QStringLiteral("Copias")); });
-    // One copy of the version, taken before any step: a database climbs one version a start. A version that cannot be
-    // read counts as each of them.
-    const std::optional<QString> version = leerVersion();
-    const auto esVersion = [&](const char* cual) { return !version || *version == QLatin1String(cual); };
-    if (esVersion("1.0"))
+    SubirUnaVersion();
+    mostrarMenuPpal();
+}
+
+void SubirUnaVersion()
+{
+    constexpr std::chrono::milliseconds espera{1000};
+    const ::Conexion::EsperaCorta corta(espera);
+    // One copy of the version, taken before any step. One that cannot be read counts as each of them, unless it is only
+    // that another copy of the program holds the base.
+    std::optional<QString> version;
+    try
     {
-        sinFallar(ActualizarA11);
+        version = Conexion.consultar("SELECT * FROM Parametros").primera().texto("Version");
     }
-    if (esVersion("1.1"))
+    catch (const ErrorParaAvisar&)
     {
-        sinFallar(ActualizarA12);
+        return;
     }
-    if (esVersion("1.2"))
+    catch (const ErrorDeEjecucion&)
     {
-        sinFallar(ActualizarA20);
+        version.reset();
     }
-    sinFallar([] { Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo = 0 WHERE Acuerdo IS NULL"); });
-    sinFallar([] { Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo2 = 0 WHERE Acuerdo2 IS NULL"); });
-    sinFallar(mostrarMenuPpal);
+    const auto desde = [&](const char* cual, void (*paso)())
+    {
+        if (!version || *version == QLatin1String(cual))
+        {
+            enUnaTransaccion(paso);
+        }
+    };
+    desde("1.0", ActualizarA11);
+    desde("1.1", ActualizarA12);
+    desde("1.2", ActualizarA20);
+    cerarNulos("SELECT 1 FROM DDJJ_Empleados WHERE Acuerdo IS NULL",
+               "UPDATE DDJJ_Empleados SET Acuerdo = 0 WHERE Acuerdo IS NULL");
+    cerarNulos("SELECT 1 FROM DDJJ_Empleados WHERE Acuerdo2 IS NULL",
+               "UPDATE DDJJ_Empleados SET Acuerdo2 = 0 WHERE Acuerdo2 IS NULL");
 }
 
 void AbrirBase()

@@ -32,12 +32,18 @@ inline bool BoletaEmitida = false; ///< a contributions slip was issued; DDJJ ac
 [[nodiscard]] QString rutaBase();
 
 /// Process entry: opens the database, runs at most one upgrade step, zeroes null agreement sums and shows the main
-/// window. A database that cannot be opened throws; from there on every failing statement is passed over.
+/// window. A database that cannot be opened throws, and so does a window that cannot be shown; the failing statements
+/// in between are passed over.
 void Main(const std::function<void()>& mostrarMenuPpal);
 /// Opens a new Conexion on the database file beside the program.
 void AbrirBase();
 void CerrarBase();
 
+/// What a start does for an older database, on the open one: the one upgrade step of its version, as one transaction,
+/// and zero for agreement sums that are null. Nothing of it throws. It waits for other copies of the program one second
+/// in all; what they did not let it do is left to the next call.
+void SubirUnaVersion();
+/// The statements of each step, in whatever transaction there is.
 void ActualizarA11();
 void ActualizarA12();
 void ActualizarA20();

@@ -1,6 +1,7 @@
 #include "core/screens/mdi_menu_ppal.h"
 
 #include "core/rutinas.h"
+#include "core/screens/base_cerrada.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/dialogos.h"
 #include "platform/screens/error_fatal.h"
@@ -135,30 +136,19 @@ void MDIMenuPpal::mnuTool_Click(int indice)
 
 void MDIMenuPpal::mantenimiento()
 {
-    Rutinas::CerrarBase();
-    QString fallo;
-    try
-    {
-        TrabajoLargo trabajo(QStringLiteral("Compactando la base de datos"));
-        Rutinas::CompactarBase(trabajo.aviso());
-    }
-    catch (const ErrorDeEjecucion& error)
-    {
-        fallo = QStringLiteral("%1 - %2").arg(error.numero()).arg(error.descripcion());
-    }
-    catch (const std::exception& error)
-    {
-        fallo = QStringLiteral("5 - ") + QString::fromUtf8(error.what());
-    }
-    if (fallo.isEmpty())
-    {
-        MsgBox(QStringLiteral("LA BASE HA SIDO COMPACTADA Y REPARADA CON EXITO."), Caja::Exclamacion);
-    }
-    else
-    {
-        MsgBox(fallo);
-    }
-    Rutinas::AbrirBase();
+    Rutinas::ConLaBaseCerrada(
+        QStringLiteral("Compactando la base de datos"), Rutinas::CompactarBase,
+        [](const std::optional<ErrorDeEjecucion>& falla)
+        {
+            if (falla)
+            {
+                MsgBox(QStringLiteral("%1 - %2").arg(QString::number(falla->numero()), falla->descripcion()));
+            }
+            else
+            {
+                MsgBox(QStringLiteral("LA BASE HA SIDO COMPACTADA Y REPARADA CON EXITO."), Caja::Exclamacion);
+            }
+        });
 }
 
 void MDIMenuPpal::mnuAyuda_Click()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/screens/espera_de_base.h"
+
 #include <QMainWindow>
 #include <memory>
 
@@ -39,6 +41,7 @@ private:
     void mostrarEmpresaEnCurso();
 
     std::unique_ptr<Ui::MDIMenuPpal> ui;
+    EsperaDeBase m_esperaDeBase;
     QLabel* m_rutaBase = nullptr;
     QLabel* m_empresa = nullptr;
 };

@@ -15,7 +15,6 @@
 
 namespace
 {
-constexpr int esperaMilisegundos = 10'000;
 constexpr int idDePrograma = 0x416C7456; // "AltV", in the file's head
 
 std::string comoUtf8(const QString& ruta)
@@ -27,6 +26,7 @@ std::string comoUtf8(const QString& ruta)
 template <class A>
 auto traducir(const A& accion)
 {
+    const detalle::FinDeEspera fin;
     try
     {
         return accion();
@@ -34,7 +34,7 @@ auto traducir(const A& accion)
     catch (const SQLite::Exception& error)
     {
         const int codigo = error.getExtendedErrorCode() > 0 ? error.getExtendedErrorCode() : error.getErrorCode();
-        throw detalle::errorDeBase(codigo, QString::fromUtf8(error.getErrorStr()));
+        detalle::fallar(detalle::errorDeBase(codigo, QString::fromUtf8(error.getErrorStr())));
     }
 }
 
@@ -66,9 +66,9 @@ std::unique_ptr<SQLite::Database> abrirBase(const QString& ruta, int modo)
     return traducir(
         [&]
         {
-            auto base =
-                std::make_unique<SQLite::Database>(comoUtf8(ruta), modo | SQLITE_OPEN_NOMUTEX, esperaMilisegundos);
+            auto base = std::make_unique<SQLite::Database>(comoUtf8(ruta), modo | SQLITE_OPEN_NOMUTEX);
             sqlite3* manija = base->getHandle();
+            detalle::esperarAOtrasCopias(manija);
             sqlite3_extended_result_codes(manija, 1);
             if (sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr) != SQLITE_OK ||
                 sqlite3_db_config(manija, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr) != SQLITE_OK)

@@ -7,6 +7,7 @@
 #include <QDate>
 #include <QString>
 #include <QTime>
+#include <chrono>
 #include <concepts>
 #include <functional>
 #include <memory>
@@ -276,7 +277,8 @@ public:
     Conexion& operator=(Conexion&&) noexcept;
 
     /// Opens an existing file; never creates one. Takes the shared lock of running copies ("X.ldb" beside "X.mdb"),
-    /// waits 10 s for other copies' writes, and reads the file once, so that what is no database fails here.
+    /// waits for other copies' writes as alEsperar() tells, and reads the file once, so that what is no database fails
+    /// here.
     void abrir(const QString& ruta, Modo modo = Modo::LecturaEscritura);
     /// Closing twice is harmless.
     void cerrar();
@@ -318,6 +320,20 @@ public:
     }
     [[nodiscard]] qint64 ultimoNumero() const; ///< automatic number of the last insert
     [[nodiscard]] bool enTransaccion() const;
+
+    /// What the program does while a connection waits for another copy to let the file go, which it does for up to
+    /// 10 s before it fails with an ErrorParaAvisar: called with true again and again during the wait, and once with
+    /// false at its end. It uses no connection and throws nothing.
+    static void alEsperar(std::function<void(bool espera)> aviso);
+    /// While it lives all waits together last at most this long.
+    class EsperaCorta
+    {
+    public:
+        explicit EsperaCorta(std::chrono::milliseconds limite);
+        ~EsperaCorta();
+        EsperaCorta(const EsperaCorta&) = delete;
+        EsperaCorta& operator=(const EsperaCorta&) = delete;
+    };
 
     /// Rewrites the closed file `origen` compactly into `destino`, which must not exist, checks the result and flushes
     /// it. `aviso` is told the bytes written, and an exception of it stops the work.

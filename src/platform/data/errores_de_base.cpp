@@ -11,9 +11,10 @@ QString descripcionDe(int codigo)
     case SQLITE_AUTH:
         return QStringLiteral("No hay permiso para usar la base de datos");
     case SQLITE_BUSY:
-        return QStringLiteral("La base de datos está ocupada por otra copia del programa");
+        return QStringLiteral("La base de datos está ocupada por otra copia del programa.  Espere unos "
+                              "segundos e inténtelo nuevamente.");
     case SQLITE_LOCKED:
-        return QStringLiteral("La tabla está en uso");
+        return QStringLiteral("La tabla está en uso.  Espere unos segundos e inténtelo nuevamente.");
     case SQLITE_NOMEM:
         return QStringLiteral("No hay memoria suficiente");
     case SQLITE_READONLY:
@@ -69,4 +70,14 @@ ErrorDeEjecucion detalle::errorDeBase(int codigo, const QString& mensaje)
 ErrorDeEjecucion detalle::errorDeBase(sqlite3* base)
 {
     return errorDeBase(sqlite3_extended_errcode(base), QString::fromUtf8(sqlite3_errmsg(base)));
+}
+
+void detalle::fallar(const ErrorDeEjecucion& error)
+{
+    const int codigo = error.numero() & 0xFF;
+    if (codigo == SQLITE_BUSY || codigo == SQLITE_LOCKED)
+    {
+        throw ErrorParaAvisar(error.numero(), error.descripcion());
+    }
+    throw error;
 }

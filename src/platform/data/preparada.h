@@ -13,6 +13,19 @@ namespace detalle
 /// The failure that a connection reports, with SQLite's extended code and a description in Spanish.
 [[nodiscard]] ErrorDeEjecucion errorDeBase(sqlite3* base);
 [[nodiscard]] ErrorDeEjecucion errorDeBase(int codigo, const QString& mensaje);
+/// Throws the failure: as an ErrorParaAvisar when another copy of the program holds the base, which passes.
+[[noreturn]] void fallar(const ErrorDeEjecucion& error);
+
+/// Makes the connection wait while another copy of the program holds the file, as Conexion::alEsperar() tells.
+void esperarAOtrasCopias(sqlite3* base);
+/// At its end a wait that a call of SQLite made is over.
+struct FinDeEspera
+{
+    FinDeEspera() = default;
+    ~FinDeEspera();
+    FinDeEspera(const FinDeEspera&) = delete;
+    FinDeEspera& operator=(const FinDeEspera&) = delete;
+};
 
 /// Names of a statement's columns, and the way from a name as the program writes it to its number.
 struct Columnas

@@ -69,12 +69,13 @@ int detalle::Columnas::buscar(const char* nombre) const
 detalle::Preparada::Preparada(sqlite3* base, std::string_view texto)
     : sql(texto)
 {
+    const FinDeEspera fin;
     const char* resto = nullptr;
     const int codigo = sqlite3_prepare_v3(base, sql.c_str(), static_cast<int>(sql.size()) + 1,
                                           SQLITE_PREPARE_PERSISTENT, &sentencia, &resto);
     if (codigo != SQLITE_OK)
     {
-        throw errorDeBase(base);
+        fallar(errorDeBase(base));
     }
     if (sentencia == nullptr || !soloBlancos(resto))
     {
@@ -131,6 +132,7 @@ bool detalle::Preparada::paso()
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::ObjetoNoEstablecido); // a visitor closed the connection
     }
+    const FinDeEspera fin;
     const int codigo = sqlite3_step(sentencia);
     if (codigo == SQLITE_ROW)
     {
@@ -138,7 +140,7 @@ bool detalle::Preparada::paso()
     }
     if (codigo != SQLITE_DONE)
     {
-        throw errorDeBase(sqlite3_db_handle(sentencia));
+        fallar(errorDeBase(sqlite3_db_handle(sentencia)));
     }
     return false;
 }

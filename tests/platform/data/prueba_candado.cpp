@@ -192,7 +192,9 @@ TEST_F(DosProcesos, MientrasOtroEscribeSeLeeLoAnteriorYNoSeEscribe)
     catch (const ErrorDeEjecucion& error)
     {
         EXPECT_EQ(5, error.numero() & 0xFF);
-        EXPECT_EQ("La base de datos está ocupada por otra copia del programa", error.descripcion().toStdString());
+        EXPECT_EQ("La base de datos está ocupada por otra copia del programa.  Espere unos segundos e "
+                  "inténtelo nuevamente.",
+                  error.descripcion().toStdString());
     }
     EXPECT_TRUE(otro.seguir());
     Transaccion transaccion(conexion);
