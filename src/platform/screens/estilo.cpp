@@ -12,14 +12,14 @@
 #include <QPlainTextEdit>
 #include <QProxyStyle>
 #include <QStyle>
-#include <QSvgRenderer>
 #include <QTextEdit>
 #include <QTranslator>
 
 // Outside every namespace, as Qt wants it: a static library's resources are linked in by this call.
 static void traerRecursos()
 {
-    Q_INIT_RESOURCE(iconos);
+    Q_INIT_RESOURCE(dibujos);
+    Q_INIT_RESOURCE(estilo);
     Q_INIT_RESOURCE(traduccion);
 }
 
@@ -171,15 +171,9 @@ QIcon Estilo::iconoDelPrograma()
 {
     traerRecursos();
     QIcon icono;
-    QSvgRenderer dibujo(QStringLiteral(":/imagenes/altoverde.svg"));
-    for (const int lado : {16, 24, 32, 48, 64, 128, 256})
+    for (const int lado : {16, 20, 24, 32, 40, 48, 64, 128, 256})
     {
-        QPixmap imagen(lado, lado);
-        imagen.fill(Qt::transparent);
-        QPainter pintor(&imagen);
-        dibujo.render(&pintor);
-        pintor.end();
-        icono.addPixmap(imagen);
+        icono.addPixmap(QPixmap(QStringLiteral(":/imagenes/altoverde_%1.png").arg(lado)));
     }
     return icono;
 }
@@ -244,19 +238,15 @@ void Estilo::importe(QWidget* campo)
 void Estilo::pintarFondo(QPainter& pintor, const QRect& zona)
 {
     traerRecursos();
-    static QImage imagen; // rendered once a size
+    static QImage imagen; // scaled once a size
     const qreal densidad = pintor.device()->devicePixelRatioF();
     const QSize pixeles = (QSizeF(zona.size()) * densidad).toSize();
     if (imagen.size() != pixeles && !pixeles.isEmpty())
     {
-        QSvgRenderer dibujo(QStringLiteral(":/imagenes/fondo.svg"));
-        const QSizeF natural = dibujo.defaultSize();
-        const QSizeF lleno = natural.scaled(pixeles, Qt::KeepAspectRatioByExpanding);
-        imagen = QImage(pixeles, QImage::Format_RGB32);
-        QPainter pincel(&imagen);
-        dibujo.render(&pincel, QRectF((pixeles.width() - lleno.width()) / 2, pixeles.height() - lleno.height(),
-                                      lleno.width(), lleno.height()));
-        pincel.end();
+        const QImage lleno = QImage(QStringLiteral(":/imagenes/fondo.png"))
+                                 .convertToFormat(QImage::Format_RGB32)
+                                 .scaled(pixeles, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+        imagen = lleno.copy(QRect({(lleno.width() - pixeles.width()) / 2, lleno.height() - pixeles.height()}, pixeles));
     }
     pintor.drawImage(zona, imagen);
 }

@@ -2,23 +2,38 @@
 
 #include <QFile>
 #include <QIconEngine>
+#include <QImage>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
+#include <algorithm>
 
 namespace
 {
-constexpr const char* acentoDelDibujo = "#1f5f8b"; // as the drawings have it
 constexpr QColor grisApagado{0x96, 0xa1, 0xaa};
 constexpr QColor blancoElegido{0xff, 0xff, 0xff};
 
-/// Draws at the size asked for, so that lines stay sharp on every screen.
+QString rutaDelDibujo(const QString& nombre)
+{
+    return QStringLiteral(":/iconos/%1.png").arg(nombre);
+}
+
+/// The red of a drawing tells how much of a pixel its lines cover, the blue how much its accents do.
+QRgb colorear(QRgb cubierto, QColor trazo, QColor acento)
+{
+    const int lineas = qRed(cubierto);
+    const int acentos = qBlue(cubierto);
+    const auto mezcla = [lineas, acentos](int deTrazo, int deAcento)
+    { return std::min(255, (lineas * deTrazo + acentos * deAcento + 127) / 255); };
+    return qRgba(mezcla(trazo.red(), acento.red()), mezcla(trazo.green(), acento.green()),
+                 mezcla(trazo.blue(), acento.blue()), mezcla(255, 255));
+}
+
+/// Scales a drawing down from one that is far larger to the very pixels asked for, so that lines stay sharp.
 class MotorDeTrazos : public QIconEngine
 {
 public:
-    MotorDeTrazos(QString nombre, QByteArray dibujo, QColor trazo, QColor acento)
+    MotorDeTrazos(QString nombre, QColor trazo, QColor acento)
         : m_nombre(std::move(nombre))
-        , m_dibujo(std::move(dibujo))
         , m_trazo(trazo)
         , m_acento(acento)
     {
@@ -27,10 +42,9 @@ public:
     void paint(QPainter* pintor, const QRect& zona, QIcon::Mode modo, QIcon::State) override
     {
         const int lado = std::min(zona.width(), zona.height());
-        QRectF cuadro(0, 0, lado, lado);
-        cuadro.moveCenter(QRectF(zona).center());
-        QSvgRenderer dibujo(coloreado(modo));
-        dibujo.render(pintor, cuadro);
+        QRect cuadro(0, 0, lado, lado);
+        cuadro.moveCenter(zona.center());
+        pintor->drawPixmap(cuadro, dibujado(qRound(lado * pintor->device()->devicePixelRatioF()), modo));
     }
 
     QPixmap pixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State estado) override
@@ -38,45 +52,42 @@ public:
         return scaledPixmap(tamano, modo, estado, 1.0);
     }
 
-    QPixmap scaledPixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State estado, qreal) override
+    QPixmap scaledPixmap(const QSize& tamano, QIcon::Mode modo, QIcon::State, qreal) override
     {
-        const QString clave = QStringLiteral("trazos/%1/%2/%3/%4/%5x%6")
-                                  .arg(m_nombre, m_trazo.name(), m_acento.name())
-                                  .arg(int(modo))
-                                  .arg(tamano.width())
-                                  .arg(tamano.height());
+        return dibujado(std::min(tamano.width(), tamano.height()), modo);
+    }
+
+    QIconEngine* clone() const override { return new MotorDeTrazos(*this); }
+    QString key() const override { return QStringLiteral("trazos"); }
+    bool isNull() override { return false; }
+
+private:
+    [[nodiscard]] QPixmap dibujado(int lado, QIcon::Mode modo) const
+    {
+        const QColor unico = modo == QIcon::Disabled ? grisApagado : blancoElegido;
+        const bool propios = modo != QIcon::Disabled && modo != QIcon::Selected;
+        const QColor trazo = propios ? m_trazo : unico;
+        const QColor acento = propios ? m_acento : unico;
+        const QString clave = QStringLiteral("trazos/%1/%2/%3/%4").arg(m_nombre, trazo.name(), acento.name()).arg(lado);
         QPixmap imagen;
         if (!QPixmapCache::find(clave, &imagen))
         {
-            imagen = QPixmap(tamano);
-            imagen.fill(Qt::transparent);
-            QPainter pintor(&imagen);
-            paint(&pintor, QRect({}, tamano), modo, estado);
-            pintor.end();
+            QImage dibujo = QImage(rutaDelDibujo(m_nombre))
+                                .convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                                .scaled(lado, lado, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            for (int y = 0; y < dibujo.height(); ++y)
+            {
+                auto* renglon = reinterpret_cast<QRgb*>(dibujo.scanLine(y));
+                std::transform(renglon, renglon + dibujo.width(), renglon,
+                               [trazo, acento](QRgb punto) { return colorear(punto, trazo, acento); });
+            }
+            imagen = QPixmap::fromImage(std::move(dibujo));
             QPixmapCache::insert(clave, imagen);
         }
         return imagen;
     }
 
-    QIconEngine* clone() const override { return new MotorDeTrazos(*this); }
-    QString key() const override { return QStringLiteral("trazos"); }
-    bool isNull() override { return m_dibujo.isEmpty(); }
-
-private:
-    [[nodiscard]] QByteArray coloreado(QIcon::Mode modo) const
-    {
-        const QColor trazo = modo == QIcon::Disabled ? grisApagado : modo == QIcon::Selected ? blancoElegido : m_trazo;
-        const QColor acento = modo == QIcon::Disabled   ? grisApagado
-                              : modo == QIcon::Selected ? blancoElegido
-                                                        : m_acento;
-        QByteArray texto = m_dibujo;
-        texto.replace(acentoDelDibujo, acento.name().toLatin1());
-        texto.replace("currentColor", trazo.name().toLatin1());
-        return texto;
-    }
-
     QString m_nombre;
-    QByteArray m_dibujo;
     QColor m_trazo;
     QColor m_acento;
 };
@@ -84,10 +95,5 @@ private:
 
 QIcon iconoDeTrazos(const QString& nombre, QColor trazo, QColor acento)
 {
-    QFile archivo(QStringLiteral(":/iconos/%1.svg").arg(nombre));
-    if (!archivo.open(QIODevice::ReadOnly))
-    {
-        return {};
-    }
-    return QIcon(new MotorDeTrazos(nombre, archivo.readAll(), trazo, acento));
+    return QFile::exists(rutaDelDibujo(nombre)) ? QIcon(new MotorDeTrazos(nombre, trazo, acento)) : QIcon();
 }
