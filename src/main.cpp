@@ -1,4 +1,5 @@
 #include "core/screens/arranque.h"
+#include "platform/data/directorio_programa.h"
 #include "platform/screens/estilo.h"
 #include "registro.h"
 
@@ -7,6 +8,8 @@
 int main(int argc, char** argv)
 {
     QApplication aplicacion(argc, argv);
+    // A program that was installed for all users works on a folder of each one.
+    reemplazarDirectorioPrograma(qEnvironmentVariable("ALTOVERDE_CARPETA"));
     Estilo::aplicar(aplicacion);
     registrarPantallas();
     const auto menu = arrancar();
