@@ -41,6 +41,7 @@ Priority: optional
 Maintainer: Altoverde <soporte@example.org>
 Installed-Size: $(du -sk --exclude=DEBIAN $raiz | cut -f1)
 Depends: $bibliotecas, qt6-qpa-plugins, fonts-dejavu-core
+Recommends: xdg-utils
 Description: Sistema de Pagos Regulares y Declaraciones Juradas
  Declaraciones juradas mensuales, nóminas y boletas de pago. Los datos de cada
  usuario quedan en la carpeta altoverde de sus propios datos y no se borran al
