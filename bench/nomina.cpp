@@ -61,7 +61,7 @@ void nomina::escribirAfip(const QString& ruta, int lineas)
         const std::string nombre = std::string(uno(apellidos, i)) + ' ' + uno(nombres, i);
         const int pago = centavos(i);
         std::fprintf(archivo.get(), "20%08d%d%-30.30s%c%02d%13s%03d%9s%8d.%02d%8d,%02d\r\n", 10'000'000 + i, i % 10,
-                     nombre.c_str(), i % 3 == 0 ? 'T' : ' ', i % 5, "", i % 8 == 0 ? 1 : 14, "", pago / 100 + i % 200,
+                     nombre.c_str(), i % 3 == 0 ? 'T' : ' ', i % 2, "", i % 8 == 0 ? 1 : 14, "", pago / 100 + i % 200,
                      pago % 100, pago / 100, pago % 100);
     }
 }
