@@ -9,6 +9,7 @@
 #include "platform/data/formato.h"
 
 #include <QScopeGuard>
+#include <unordered_map>
 
 namespace
 {
@@ -40,6 +41,11 @@ AportesDeLinea calcular(float imponible, float acuerdo, int horas, bool afiliado
         aportes.art101 = Moneda::deSimple(Redondear2(base * factor / 100.0F));
     }
     return aportes;
+}
+
+std::optional<std::string_view> comoTexto(const std::optional<FechaDeNomina>& fecha)
+{
+    return fecha ? std::optional(std::string_view(fecha->data(), fecha->size())) : std::nullopt;
 }
 
 void recortar(std::string& texto)
@@ -83,6 +89,7 @@ private:
     std::string m_localidad;
     std::string m_telefono;
     std::string m_codigo;
+    std::unordered_map<std::string, qint64> m_sucursales; ///< what a code was found to be
     SumasDeNomina m_sumas;
     ResultadoImportacion m_resultado;
 };
@@ -137,12 +144,13 @@ void Importacion::tomarAfip(const LineaDeNomina& linea)
     const int horas = linea.trozo(58, 3) == "001" ? jornadaReducida : jornadaCompleta;
     const float acuerdo = std::max(sueldo - imponible, 0.0F);
     const AportesDeLinea aportes = calcular(imponible, acuerdo, horas, true);
-    m_sumas.agregar(familiares, {Moneda::deSimple(imponible), Moneda::deSimple(acuerdo), aportes.art100, aportes.art101,
-                                 aportes.art101});
+    const Moneda imponibleExacto = Moneda::deSimple(imponible);
+    const Moneda acuerdoExacto = Moneda::deSimple(acuerdo);
+    m_sumas.agregar(familiares, {imponibleExacto, acuerdoExacto, aportes.art100, aportes.art101, aportes.art101});
     ++m_resultado.titulares;
     m_insertarAfip.ejecutar(m_cuit, m_periodo, m_secuencia, m_cuil, m_ayn, nroDoc, Moneda::deSimple(sueldo),
-                            Moneda::deSimple(imponible), horas, aportes.art100, aportes.art101, aportes.art101,
-                            familiares, Moneda::deSimple(acuerdo));
+                            imponibleExacto, horas, aportes.art100, aportes.art101, aportes.art101, familiares,
+                            acuerdoExacto);
 }
 
 void Importacion::tomarBrivo(const LineaDeNomina& linea)
@@ -186,14 +194,18 @@ void Importacion::tomarEmpleado(const LineaDeNomina& linea, int tipoDoc, int nro
     linea.texto(130, 30, m_localidad);
     const std::optional<int> provincia = linea.enteroOBlanco(160, 2, "Provincia");
     linea.texto(162, 20, m_telefono);
-    m_sumas.agregar(
-        0, {Moneda::deSimple(imponible), Moneda::deSimple(acuerdo), aportes.art100, aportes.art101, aportes.art101});
+    const Moneda imponibleExacto = Moneda::deSimple(imponible);
+    const Moneda acuerdoExacto = Moneda::deSimple(acuerdo);
+    m_sumas.agregar(0, {imponibleExacto, acuerdoExacto, aportes.art100, aportes.art101, aportes.art101});
+    const auto nacio = linea.fecha(63, "Nacio");
+    const auto ingreso = linea.fecha(204, "Ingreso");
+    const auto egreso = linea.fecha(212, "Egreso");
     ++m_resultado.titulares;
     m_insertarBrivo.ejecutar(m_cuit, m_periodo, m_secuencia, m_cuil, m_ayn, tipoDoc, nroDoc, sexo, m_calle, numero,
-                             m_piso, m_depto, m_codPos, m_localidad, provincia, m_telefono, linea.fecha(63, "Nacio"),
-                             estCivil, afiliado, Moneda::deSimple(sueldo), Moneda::deSimple(imponible), categoria,
-                             linea.fecha(204, "Ingreso"), linea.fecha(212, "Egreso"), idSucursal, horas, aportes.art100,
-                             aportes.art101, aportes.art101, Moneda::deSimple(acuerdo));
+                             m_piso, m_depto, m_codPos, m_localidad, provincia, m_telefono, comoTexto(nacio), estCivil,
+                             afiliado, Moneda::deSimple(sueldo), imponibleExacto, categoria, comoTexto(ingreso),
+                             comoTexto(egreso), idSucursal, horas, aportes.art100, aportes.art101, aportes.art101,
+                             acuerdoExacto);
 }
 
 void Importacion::tomarFamiliar(const LineaDeNomina& linea, int familiar, int tipoDoc, int nroDoc, int sexo)
@@ -202,7 +214,8 @@ void Importacion::tomarFamiliar(const LineaDeNomina& linea, int familiar, int ti
     {
         return;
     }
-    const QDate nacio = linea.fecha(63, "Nacio");
+    const auto fecha = linea.fecha(63, "Nacio");
+    const auto nacio = comoTexto(fecha);
     if (m_buscarFamiliar.hay(m_cuil, familiar, m_ayn, tipoDoc, nroDoc, sexo, nacio))
     {
         return;
@@ -215,18 +228,17 @@ void Importacion::tomarFamiliar(const LineaDeNomina& linea, int familiar, int ti
 qint64 Importacion::sucursal(const LineaDeNomina& linea)
 {
     linea.texto(220, 10, m_codigo);
-    qint64 id = 0;
-    if (!m_codigo.empty())
+    if (m_codigo.empty())
     {
-        m_buscarSucursal.recorrer(
-            [&](const Fila& fila)
-            {
-                id = fila.entero("ID");
-                return false;
-            },
-            m_cuit, m_codigo);
+        return 0;
     }
-    return id;
+    const auto [sucursal, nueva] = m_sucursales.try_emplace(m_codigo, 0);
+    if (nueva)
+    {
+        const auto id = [](const Fila& fila) { return fila.entero("ID"); };
+        sucursal->second = m_buscarSucursal.una(id, m_cuit, m_codigo).value_or(0);
+    }
+    return sucursal->second;
 }
 
 void tomarLinea(Importacion& importacion, const LineaDeNomina& linea, FormatoDeNomina formato, int numero)

@@ -1,11 +1,11 @@
 #include "exchange/linea_de_nomina.h"
 
 #include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
 #include "platform/data/windows1252.h"
 
+#include <QDate>
 #include <algorithm>
-#include <array>
+#include <charconv>
 
 namespace
 {
@@ -101,43 +101,51 @@ int LineaDeNomina::valor(std::size_t posicion, std::size_t ancho) const
 
 float LineaDeNomina::importe(std::size_t posicion, std::size_t ancho, const char* campo) const
 {
-    std::array<char16_t, anchoMaximo> caracteres{};
-    qsizetype cuantos = 0;
+    std::array<char, anchoMaximo> numero{};
+    std::size_t largo = 0;
     for (const char c : trozo(posicion, std::min(ancho, anchoMaximo)))
     {
         if (c != ' ')
         {
-            caracteres.at(static_cast<std::size_t>(cuantos++)) = static_cast<unsigned char>(c);
+            numero.at(largo++) = c == ',' ? '.' : c;
         }
     }
-    try
+    std::string_view cifras(numero.data(), largo);
+    const bool negativo = cifras.starts_with('-');
+    if (negativo || cifras.starts_with('+'))
     {
-        return LeerImporteDeArchivo(QStringView(caracteres.data(), cuantos));
+        cifras.remove_prefix(1);
     }
-    catch (const ErrorDeEjecucion& error)
+    // By itself the conversion takes powers of ten and infinities, too, and stops at a second mark.
+    float valor = 0;
+    const char* fin = cifras.data() + cifras.size();
+    if (cifras.find_first_not_of("0123456789.") != std::string_view::npos ||
+        std::from_chars(cifras.data(), fin, valor).ptr != fin || cifras.empty())
     {
-        throw FallaDeCampo{error.numero(), campo};
+        noCoincide(campo);
     }
+    return negativo ? -valor : valor;
 }
 
-QDate LineaDeNomina::fecha(std::size_t posicion, const char* campo) const
+std::optional<FechaDeNomina> LineaDeNomina::fecha(std::size_t posicion, const char* campo) const
 {
     const std::string_view leida = trozo(posicion, 8);
-    if (leida.size() == 8 && (soloDe(leida, ' ') || soloDe(leida, '0')))
-    {
-        return {};
-    }
     if (leida.size() != 8)
     {
         noCoincide(campo);
     }
+    if (soloDe(leida, ' ') || soloDe(leida, '0'))
+    {
+        return std::nullopt;
+    }
+    const int dia = numeroDe(leida.substr(0, 2), campo);
+    const int mes = numeroDe(leida.substr(2, 2), campo);
     const int anio = numeroDe(leida.substr(4, 4), campo);
-    const QDate fecha(anio, numeroDe(leida.substr(2, 2), campo), numeroDe(leida.substr(0, 2), campo));
-    if (!fecha.isValid() || anio < anioMinimo)
+    if (!QDate::isValid(anio, mes, dia) || anio < anioMinimo)
     {
         noCoincide(campo);
     }
-    return fecha;
+    return FechaDeNomina{leida[4], leida[5], leida[6], leida[7], '-', leida[2], leida[3], '-', leida[0], leida[1]};
 }
 
 void LineaDeNomina::cuil(std::string& destino) const

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QByteArrayView>
-#include <QDate>
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +12,9 @@ struct FallaDeCampo
     int numero; ///< of ErrorDeEjecucion
     const char* campo;
 };
+
+/// A date as the database has it: YYYY-MM-DD.
+using FechaDeNomina = std::array<char, 10>;
 
 /// A line of a roster file: fixed positions counted from 1, one byte a character. What lies past the line's end reads
 /// as empty. Good as long as the bytes.
@@ -34,10 +37,11 @@ public:
     [[nodiscard]] std::optional<int> enteroOBlanco(std::size_t posicion, std::size_t ancho, const char* campo) const;
     /// The number with which a text begins, its blanks left out; 0 when it begins with none ("S/N").
     [[nodiscard]] int valor(std::size_t posicion, std::size_t ancho) const;
-    /// Amount with "." or "," as its decimal mark, its blanks left out. Throws FallaDeCampo 13, 6 when it does not fit.
+    /// Amount of at most 16 characters with "." or "," as its decimal mark, its blanks left out. Throws
+    /// FallaDeCampo 13.
     [[nodiscard]] float importe(std::size_t posicion, std::size_t ancho, const char* campo) const;
     /// DDMMYYYY; eight blanks or zeros are no date. Throws FallaDeCampo 13 for anything that is none.
-    [[nodiscard]] QDate fecha(std::size_t posicion, const char* campo) const;
+    [[nodiscard]] std::optional<FechaDeNomina> fecha(std::size_t posicion, const char* campo) const;
     /// CUIL of the first 11 characters, with its dashes. Throws FallaDeCampo 13 unless all are digits.
     void cuil(std::string& destino) const;
 
