@@ -1,17 +1,51 @@
 #pragma once
 
 #include "apoyo/base_de_prueba.h"
+#include "apoyo/datos.h"
+#include "roster/guardar_empleado.h"
 
-#include <QByteArray>
-#include <QString>
+/// Fills the open database with a company, a declaration and `empleados` employees, about 150 bytes each.
+inline void llenarBase(int empleados)
+{
+    Conexion& conexion = Rutinas::Conexion;
+    Transaccion transaccion(conexion);
+    poner("Empresas");
+    poner("DDJJ");
+    conexion.ejecutar("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) "
+                      "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Imponible, "
+                      "QHoras, Calle) SELECT Cuit, Periodo, Secuencia, printf('20-%08d-0', i), "
+                      "printf('Empleado de prueba %d', i), 1, i, 10000000, 200, 'Calle de nombre largo' FROM n, DDJJ",
+                      empleados);
+    transaccion.confirmar();
+}
 
-/// Fills the open database with a company, a declaration and `empleados` employees, whose wages are all `sueldo`.
-/// About 150 bytes an employee.
-void llenarBase(Conexion& conexion, int empleados, int sueldo);
+/// An employee as the screen gives him to the save.
+[[nodiscard]] inline EntradaEmpleado entrada(const QString& cuil, int sueldo, bool nuevo)
+{
+    EntradaEmpleado e;
+    e.nuevo = nuevo;
+    e.cuil = cuil;
+    e.ayn = QStringLiteral("Guardado ") + cuil;
+    e.tipoDoc = 1;
+    e.documento = QStringLiteral("12345678");
+    e.qHoras = QStringLiteral("200");
+    e.haberes = QString::number(sueldo);
+    return e;
+}
 
-/// What the database says, and not how it lies in the file: a digest of all rows of all tables, and of the schema.
-[[nodiscard]] QByteArray contenidoDe(Conexion& conexion);
+/// What the database says, and not how it lies in the file: its schema and all rows of all tables.
+[[nodiscard]] inline std::string contenidoDe()
+{
+    std::string todo = filas("SELECT sql FROM sqlite_schema ORDER BY name");
+    for (const Fila& tabla : Rutinas::Conexion.consultar("SELECT name FROM sqlite_schema WHERE type = 'table'"))
+    {
+        todo += filas("SELECT * FROM " + tabla.texto("name").toStdString());
+    }
+    return todo;
+}
 
-/// Opens the database of the program's directory as every start does, and closes it: the problem that the integrity
-/// check finds, or the error of the opening; empty when all is well.
-[[nodiscard]] QString problemaDeLaBase();
+/// A number that the variable of this name changes, so that runs can be longer or other ones.
+[[nodiscard]] inline int pedido(const char* variable, int sinElla)
+{
+    return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : sinElla;
+}

@@ -1,39 +1,80 @@
 // A disk that fills up in the middle of a backup, a restore, a compaction, an import, a save and the writing of a text
-// file, and folders where nothing can be written: each ends in the message told, the database is as it was, nothing
-// half made is left, and the same action goes well once there is room.
+// file: each ends in the error told, the database is as it was, nothing half made is left, and the same goes well once
+// there is room. A disk of a few MiB is mounted for this process alone; where that is not allowed, no file grows past a
+// limit, which fails at the same writes with another number of the system.
 #include "apoyo/archivos_de_prueba.h"
-#include "apoyo/entrada.h"
-#include "apoyo/mesa.h"
 #include "exchange/archivo_ddjj.h"
 #include "exchange/importacion.h"
 #include "fallos/base_grande.h"
-#include "fallos/disco_chico.h"
-#include "maintenance/screens/backup.h"
+#include "maintenance/respaldo.h"
 #include "platform/data/archivos.h"
-#include "platform/data/directorio_programa.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/reloj.h"
-#include "platform/screens/navegacion.h"
-#include "roster/guardar_empleado.h"
 
-#include <QAction>
 #include <QDir>
 #include <QFile>
-#include <QTabBar>
-#include <QTabWidget>
-#include <gtest/gtest.h>
-#ifdef __linux__
-#include <cerrno>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
+#include <QStorageInfo>
+#include <csignal>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
 
 namespace
 {
-const ClaveDDJJ clave{dePrueba::cuit, dePrueba::periodo, 0};
-const QString pregunta = QStringLiteral("Está seguro que desea reemplazar la Base de Datos Actual?");
+class DiscoChico
+{
+public:
+    DiscoChico()
+    {
+        static const bool apartado =
+            ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+        m_montado = apartado && ::mount("none", lugar().constData(), "tmpfs", 0, "size=16m") == 0;
+        ::getrlimit(RLIMIT_FSIZE, &m_limite);
+        std::signal(SIGXFSZ, SIG_IGN);
+        qputenv("TMPDIR", lugar());
+    }
+    ~DiscoChico()
+    {
+        vaciar();
+        m_temporal.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", m_temporal);
+        ::umount2(lugar().constData(), MNT_DETACH);
+    }
+    DiscoChico(const DiscoChico&) = delete;
+    DiscoChico& operator=(const DiscoChico&) = delete;
 
-/// The error of what failed; "" when it went well.
+    /// Leaves about `libres` bytes; with no disk of its own no file grows past `tope`.
+    void llenar(qint64 libres, qint64 tope)
+    {
+        vaciar();
+        if (m_montado)
+        {
+            const qint64 sobran = QStorageInfo(m_lugar.path()).bytesAvailable() - libres;
+            escribirArchivo(relleno(), QByteArray(sobran, 'x'));
+            return;
+        }
+        const rlimit nuevo{static_cast<rlim_t>(tope), m_limite.rlim_max};
+        ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &nuevo));
+    }
+    void vaciar()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_limite);
+        QFile::remove(relleno());
+    }
+    /// What the database says of a write that found no room.
+    [[nodiscard]] QString textoDeLaBase() const
+    {
+        return m_montado ? QStringLiteral("El disco está lleno")
+                         : QStringLiteral("Error al leer o escribir la base de datos en el disco");
+    }
+
+private:
+    [[nodiscard]] QByteArray lugar() const { return QFile::encodeName(m_lugar.path()); }
+    [[nodiscard]] QString relleno() const { return m_lugar.filePath(QStringLiteral("relleno")); }
+    QTemporaryDir m_lugar;
+    QByteArray m_temporal = qgetenv("TMPDIR");
+    bool m_montado = false;
+    rlimit m_limite{};
+};
+
+/// What failed tells; "" when it went well. A failed import leaves its file open, as told.
 QString fallaDe(const std::function<void()>& haz)
 {
     try
@@ -43,7 +84,8 @@ QString fallaDe(const std::function<void()>& haz)
     }
     catch (const ErrorDeEjecucion& error)
     {
-        return QStringLiteral("%1 - %2").arg(error.numero()).arg(error.descripcion());
+        Archivos::cerrarTodos();
+        return error.descripcion();
     }
 }
 
@@ -52,112 +94,74 @@ class DiscoLleno : public testing::Test
 protected:
     DiscoLleno()
     {
-        Reloj::reemplazar([] { return QDateTime(QDate(2009, 6, 3), QTime(9, 7)); });
-        Navegacion::instancia().registrar(QStringLiteral("Backup"), [] { return new Backup; });
         QDir(en(QString())).mkpath(QStringLiteral("Copias"));
-        llenarBase(mesa.conexion(), 6'000, 1000);
-        contenido = contenidoDe(mesa.conexion());
-        largo = QFileInfo(mesa.base.rutaBase()).size();
-        std::cout << "[ disco    ] " << (disco.montado() ? "a disk of its own" : "files limited in size") << std::endl;
+        QDir(en(QString())).mkpath(QStringLiteral("otra"));
+        constexpr int empleados = 6'000;
+        llenarBase(empleados);
+        largo = QFileInfo(base.rutaBase()).size();
+        EXPECT_TRUE(QFile::copy(base.rutaBase(), en(QStringLiteral("otra/DBBrivo.mdb"))));
     }
-    ~DiscoLleno() override { Reloj::reemplazar({}); }
-    [[nodiscard]] QString en(const QString& nombre) const { return mesa.base.ruta(nombre); }
-    /// Every file but the lock, which stays open, and journals of no length.
+    [[nodiscard]] QString en(const QString& nombre) const { return base.ruta(nombre); }
+    /// Every file but the lock, which stays open.
     [[nodiscard]] QStringList archivos() const
     {
         QStringList todos = QDir(en(QString())).entryList(QDir::Files | QDir::Hidden);
-        todos += QDir(en(QStringLiteral("Copias/20090603_0907"))).entryList(QDir::Files | QDir::Hidden);
+        todos += QDir(en(QStringLiteral("Copias/1"))).entryList(QDir::Files | QDir::Hidden);
         todos.removeAll(QStringLiteral("DBBrivo.ldb"));
         return todos;
     }
-    void nadaCambio(const QStringList& antes)
+    /// `haz` fails with `texto` as often as there is a number of free bytes, then it goes well. What a failed one may
+    /// leave is `queda`.
+    void probar(const char* que, const std::function<void()>& haz, const QString& texto,
+                const std::vector<qint64>& libres, qint64 tope, const QString& queda = {})
     {
-        EXPECT_EQ(antes, archivos());
-        ASSERT_TRUE(mesa.conexion().abierta());
-        EXPECT_EQ(contenido, contenidoDe(mesa.conexion()));
-        EXPECT_EQ("ok",
-                  mesa.conexion().consultar("PRAGMA integrity_check").primera().texto("integrity_check").toStdString());
-        EXPECT_EQ(0, mesa.fines);
+        SCOPED_TRACE(que);
+        const std::string contenido = contenidoDe();
+        const QStringList antes = archivos();
+        for (const qint64 bytes : libres)
+        {
+            disco.llenar(bytes, tope);
+            EXPECT_TRUE(fallaDe(haz).startsWith(texto)) << bytes << ' ' << fallaDe(haz).toStdString();
+            Rutinas::AbrirBase();
+            QStringList ahora = archivos();
+            ahora.removeAll(queda);
+            EXPECT_EQ(antes, ahora);
+            EXPECT_EQ(contenido, contenidoDe());
+        }
+        disco.vaciar();
+        EXPECT_EQ("", fallaDe(haz).toStdString());
+        Rutinas::AbrirBase();
     }
-    static void abrirBackup(int pagina)
-    {
-        Mesa::abrir("Backup");
-        auto* barra = dynamic_cast<QTabWidget&>(Mesa::control("SSTab1")).tabBar();
-        Entrada::pulsar(*barra, barra->tabRect(pagina).center());
-    }
-    void mantenimiento() const { mesa.menu->findChild<QAction*>(QStringLiteral("mnuTool_2"))->trigger(); }
 
     QTemporaryDir fuera; ///< on a disk with room
-    DiscoChico disco{6};
-    Mesa mesa;
-    QByteArray contenido;
+    DiscoChico disco;
+    BaseDePrueba base;
+    const ClaveDDJJ clave{dePrueba::cuit, dePrueba::periodo, 0};
+    const QString deArchivo = QStringLiteral("El disco está lleno: ");
     qint64 largo = 0;
 };
-} // namespace
 
-TEST_F(DiscoLleno, AlResguardar)
+TEST_F(DiscoLleno, AlCopiarLaBase)
 {
-    const QStringList antes = archivos();
-    abrirBackup(0);
-    disco.llenar(largo / 2, largo / 2);
-    mesa.cajas.esperaQueDiga(Caja::Simple, QStringLiteral("61 El disco está lleno: "));
-    Mesa::pulsar("cmdOK");
-    disco.llenar(0, largo / 2); // no room for anything at all
-    mesa.cajas.esperaQueDiga(Caja::Simple, QStringLiteral("61 El disco está lleno: "));
-    Mesa::pulsar("cmdOK");
-    nadaCambio(antes);
-    disco.vaciar();
-    mesa.cajas.esperaQueDiga(Caja::Informacion, QStringLiteral("Se ha realizado una Copia"));
-    Mesa::pulsar("cmdOK");
-    EXPECT_EQ(largo, QFileInfo(en(QStringLiteral("Copias/20090603_0907/DBBrivo.mdb"))).size());
-}
-
-TEST_F(DiscoLleno, AlRestaurar)
-{
-    QDir(en(QString())).mkdir(QStringLiteral("otra"));
-    const QString otra = en(QStringLiteral("otra")) + QDir::separator() + QStringLiteral("DBBrivo.mdb");
-    ASSERT_TRUE(QFile::copy(mesa.base.rutaBase(), otra));
-    Conexion conexion;
-    conexion.abrir(otra);
-    conexion.ejecutar("UPDATE Parametros SET EMail = 'otra@example.org'");
-    conexion.cerrar();
-    QStringList antes = archivos();
-    abrirBackup(1);
-    Mesa::escribir("txtOrigen_1", otra.toUtf8());
-    // No room for the safety copy; then room for it, and none for the database.
-    for (const qint64 libres : {largo / 2, largo * 3 / 2})
+    const auto cerrada = [](const std::function<void()>& haz)
     {
-        disco.llenar(libres, largo / 2);
-        mesa.cajas.esperaPregunta(pregunta, true);
-        mesa.cajas.esperaQueDiga(Caja::Simple, QStringLiteral("61 El disco está lleno: "));
-        Mesa::pulsar("cmdOK");
-        if (libres > largo && disco.montado())
+        return [haz]
         {
-            antes.insert(antes.indexOf(QStringLiteral("DBBrivo.mdb")) + 1, QStringLiteral("DBBrivo_Bak.mdb"));
-        }
-        nadaCambio(antes);
-    }
-    disco.vaciar();
-    mesa.cajas.esperaPregunta(pregunta, true);
-    mesa.cajas.espera(Caja::Informacion, QStringLiteral("La Base de Datos ha sido reemplazada con exito."));
-    Mesa::pulsar("cmdOK");
-    EXPECT_TRUE(mesa.conexion().hay("SELECT 1 FROM Parametros WHERE EMail = 'otra@example.org'"));
-}
-
-TEST_F(DiscoLleno, AlCompactar)
-{
-    const QStringList antes = archivos();
-    for (const qint64 libres : {largo / 2, qint64{0}})
-    {
-        disco.llenar(libres, largo / 2);
-        mesa.cajas.esperaQueDiga(Caja::Simple, QStringLiteral(" - ") + disco.textoDeLaBase());
-        mantenimiento();
-        nadaCambio(antes);
-    }
-    disco.vaciar();
-    mesa.cajas.espera(Caja::Exclamacion, QStringLiteral("LA BASE HA SIDO COMPACTADA Y REPARADA CON EXITO."));
-    mantenimiento();
-    nadaCambio(antes);
+            Rutinas::CerrarBase();
+            haz();
+        };
+    };
+    probar("backup", cerrada([this] { resguardar(base.rutaBase(), prepararCopia(en(QStringLiteral("Copias/1")))); }),
+           deArchivo, {largo / 2, 0}, largo / 2);
+    // No room for the safety copy; then room for it, and none for the database.
+    probar("restore",
+           cerrada(
+               [this] {
+                   restaurar(en(QStringLiteral("otra/DBBrivo.mdb")), base.rutaBase(),
+                             en(QStringLiteral("DBBrivo_Bak.mdb")));
+               }),
+           deArchivo, {largo / 2, largo * 3 / 2}, largo / 2, QStringLiteral("DBBrivo_Bak.mdb"));
+    probar("compaction", cerrada([] { Rutinas::CompactarBase(); }), disco.textoDeLaBase(), {largo / 2, 0}, largo / 2);
 }
 
 TEST_F(DiscoLleno, AlImportarYAlGuardar)
@@ -171,34 +175,13 @@ TEST_F(DiscoLleno, AlImportarYAlGuardar)
     }
     const QString nomina = fuera.filePath(QStringLiteral("nomina.txt"));
     escribirArchivo(nomina, lineas);
-    EntradaEmpleado empleado;
-    empleado.nuevo = true;
-    empleado.cuil = dePrueba::cuil;
-    empleado.ayn = QStringLiteral("Pérez Juan");
-    empleado.tipoDoc = 1;
-    empleado.documento = QStringLiteral("12345678");
-    empleado.qHoras = QStringLiteral("200");
-
-    const QStringList antes = archivos();
-    const auto importar = [&]
-    {
-        const auto hecho = importarNomina(mesa.conexion(), clave, nomina, FormatoDeNomina::AfipSijp);
-        EXPECT_EQ(cantidad, hecho.titulares);
-    };
-    const auto guardar = [&] { EXPECT_TRUE(guardarEmpleado(mesa.conexion(), clave, empleado)); };
-    for (const qint64 libres : {largo / 4, qint64{16 * 1024}, qint64{0}})
-    {
-        disco.llenar(libres, largo + 4096);
-        EXPECT_TRUE(fallaDe(importar).section(QStringLiteral(" - "), 1).startsWith(disco.textoDeLaBase())) << libres;
-        Archivos::cerrarTodos();
-        nadaCambio(antes);
-    }
-    disco.llenar(0, 0);
-    EXPECT_TRUE(fallaDe(guardar).section(QStringLiteral(" - "), 1).startsWith(disco.textoDeLaBase()));
-    nadaCambio(antes);
-    disco.vaciar();
-    EXPECT_EQ(QString(), fallaDe(importar));
-    EXPECT_EQ(QString(), fallaDe(guardar));
+    probar(
+        "save", [&] { EXPECT_TRUE(guardarEmpleado(base.conexion(), clave, entrada(dePrueba::cuil, 1000, true))); },
+        disco.textoDeLaBase(), {0}, 0);
+    probar(
+        "import", [&] { (void)importarNomina(base.conexion(), clave, nomina, FormatoDeNomina::AfipSijp); },
+        disco.textoDeLaBase(), {largo / 4, 16 * 1024, 0}, largo + 4096);
+    EXPECT_EQ(cuantos("DDJJ_Empleados"), 6'000 + 1 + cantidad);
 }
 
 TEST_F(DiscoLleno, AlEscribirUnArchivoDeTexto)
@@ -206,71 +189,27 @@ TEST_F(DiscoLleno, AlEscribirUnArchivoDeTexto)
     const DatosArchivoDDJJ datos{clave.cuit, clave.periodo, QStringLiteral("2009"), QStringLiteral("5"),
                                  QStringLiteral("0")};
     QString nombre;
-    const auto grabar = [&] { GrabarArchivoDDJJ(mesa.conexion(), datos, nombre); };
-    for (const qint64 libres : {largo / 4, qint64{0}})
+    // Half of the file, none of it, and all but the end of its last block.
+    const auto grabar = [&] { GrabarArchivoDDJJ(base.conexion(), datos, nombre); };
+    ASSERT_EQ("", fallaDe(grabar).toStdString());
+    const QString escrito = rutaArchivoDDJJ(nombre);
+    const qint64 bytes = QFileInfo(escrito).size();
+    const QString destino = en(QStringLiteral("otro.txt"));
+    for (const qint64 libres : {bytes / 2, qint64{0}, bytes - 100})
     {
-        disco.llenar(libres, largo / 4);
-        EXPECT_TRUE(fallaDe(grabar).startsWith(QStringLiteral("61 - El disco está lleno: "))) << libres;
-        EXPECT_FALSE(Archivos::abierto(1)) << "the next one must not fail on it";
-        QFile::remove(rutaArchivoDDJJ(nombre));
+        QFile::remove(escrito);
+        disco.llenar(libres, libres);
+        EXPECT_TRUE(fallaDe(grabar).startsWith(deArchivo)) << libres;
+        QFile::remove(escrito);
     }
     disco.vaciar();
-    const QStringList antes = archivos();
-    ASSERT_EQ(QString(), fallaDe(grabar));
-
+    ASSERT_EQ("", fallaDe(grabar).toStdString());
     // Saved as another file, on the disk with no room: the file that was there stays.
     const QString grande = fuera.filePath(QStringLiteral("grande.txt"));
-    ASSERT_TRUE(QFile::rename(rutaArchivoDDJJ(nombre), grande));
-    const QString destino = mesa.base.escribir(QStringLiteral("otro.txt"), "el que estaba");
-    disco.llenar(largo / 4, largo / 4);
-    EXPECT_TRUE(
-        fallaDe([&] { Archivos::copiar(grande, destino); }).startsWith(QStringLiteral("61 - El disco está lleno: ")));
+    ASSERT_TRUE(QFile::rename(escrito, grande));
+    escribirArchivo(destino, "el que estaba");
+    disco.llenar(bytes / 2, bytes / 2);
+    EXPECT_TRUE(fallaDe([&] { Archivos::copiar(grande, destino); }).startsWith(deArchivo));
     EXPECT_EQ("el que estaba", leerArchivo(destino));
-    disco.vaciar();
-    QFile::remove(destino);
-    nadaCambio(antes);
 }
-
-#ifdef __linux__
-/// A folder in which not even root makes anything; an empty text where there is none.
-QString carpetaDeNadie()
-{
-    for (const char* carpeta : {"/sys", "/dev/pts"})
-    {
-        const std::string dentro = std::string(carpeta) + "/altoverde";
-        if (::mkdir(dentro.c_str(), S_IRWXU) != 0 && (errno == EPERM || errno == EACCES))
-        {
-            return QLatin1String(carpeta);
-        }
-        ::rmdir(dentro.c_str());
-    }
-    return {};
-}
-
-TEST_F(DiscoLleno, DondeNoSePuedeEscribir)
-{
-    const QString nadie = carpetaDeNadie();
-    ASSERT_FALSE(nadie.isEmpty()) << "neither /sys nor /dev/pts is mounted";
-    QDir(en(QStringLiteral("Copias"))).removeRecursively();
-    ASSERT_TRUE(QFile::link(nadie, en(QStringLiteral("Copias"))));
-    const QStringList antes = archivos();
-    abrirBackup(0);
-    mesa.cajas.esperaQueDiga(Caja::Simple, QStringLiteral("75 Error de acceso a la ruta o al archivo: "));
-    Mesa::pulsar("cmdOK");
-    nadaCambio(antes);
-    // A copy that may not be made there counts as refused.
-    const QString suelto = fuera.filePath(QStringLiteral("suelto.txt"));
-    escribirArchivo(suelto, "algo");
-    EXPECT_TRUE(fallaDe([&] { Archivos::copiar(suelto, nadie + QStringLiteral("/copia")); })
-                    .startsWith(QStringLiteral("70 - ")));
-    const DatosArchivoDDJJ datos{clave.cuit, clave.periodo, QStringLiteral("2009"), QStringLiteral("5"),
-                                 QStringLiteral("0")};
-    QString nombre;
-    const QString propio = DirectorioPrograma();
-    reemplazarDirectorioPrograma(nadie);
-    EXPECT_TRUE(fallaDe([&] { GrabarArchivoDDJJ(mesa.conexion(), datos, nombre); })
-                    .startsWith(QStringLiteral("75 - Error de acceso a la ruta o al archivo: ")));
-    reemplazarDirectorioPrograma(propio);
-    nadaCambio(antes);
-}
-#endif
+} // namespace
