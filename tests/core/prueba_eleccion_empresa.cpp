@@ -1,201 +1,84 @@
-// The choice of a company by its CUIT or its name, and the look-ups behind it.
+// The choice of a company by its name, and the look-ups behind it. Leaving the CUIT is played by scripts.
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
-#include "apoyo/entrada.h"
+#include "apoyo/datos.h"
 #include "core/lista_empresas.h"
 #include "core/screens/eleccion_empresa.h"
-#include "core/screens/mdi_menu_ppal.h"
 #include "platform/screens/campo_mascara.h"
-#include "platform/screens/navegacion.h"
-#include "platform/screens/pantalla.h"
 
 #include <QComboBox>
-#include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 namespace
 {
-const QString cuitUno = QStringLiteral("20-12345678-6");
-const QString cuitDos = QStringLiteral("30-50001091-2");
-const QString cuitTres = QStringLiteral("20-20202020-9");
-const QString noEsta =
-    QStringLiteral("Verifique los datos de la Empresa.  El Nro. de CUIT no se encuentra en la Base de Empresas.");
-
-/// A screen with nothing but the choice and a field after it.
-class PantallaEleccion : public Pantalla
+void sembrar(const char* cuit, const char* razon)
 {
-public:
-    PantallaEleccion()
-        : Pantalla(QStringLiteral("Eleccion"))
-        , maskCuit(new CampoMascara(this))
-        , cmbEmpresa(new QComboBox(this))
-        , despues(new QLineEdit(this))
-        , eleccion(new EleccionEmpresa(maskCuit, cmbEmpresa,
-                                       {[this] { hechos += QLatin1Char('L'); }, [this] { elegida(); }}, this))
-    {
-        auto* columna = new QVBoxLayout(this);
-        maskCuit->setObjectName(QStringLiteral("MaskCuit"));
-        cmbEmpresa->setObjectName(QStringLiteral("cmbEmpresa"));
-        despues->setObjectName(QStringLiteral("despues"));
-        for (QWidget* control :
-             {static_cast<QWidget*>(maskCuit), static_cast<QWidget*>(cmbEmpresa), static_cast<QWidget*>(despues)})
-        {
-            columna->addWidget(control);
-        }
-    }
-    void cargar() override
-    {
-        if (!eleccion->cargar())
-        {
-            cerrar();
-        }
-    }
-    void elegida() { hechos += QStringLiteral("E(%1,%2)").arg(eleccion->cuit(), eleccion->razon()); }
+    poner("Empresas", {{"CUIT", cuit}, {"Razon", razon}});
+}
 
-    CampoMascara* maskCuit;
-    QComboBox* cmbEmpresa;
-    QLineEdit* despues;
-    QString hechos; ///< calls of the hooks
-    EleccionEmpresa* eleccion;
-};
-
-struct ListaEmpresas : testing::Test
+struct Eleccion : testing::Test
 {
     BaseDePrueba base;
-
-    void sembrar(const QString& cuit, const char* razon) const
-    {
-        agregar(base.conexion(), EmpresaDePrueba{.cuit = cuit, .razon = QString::fromUtf8(razon)});
-    }
-};
-
-struct Eleccion : ListaEmpresas
-{
     CajasDePrueba cajas;
-    MDIMenuPpal menu;
-    PantallaEleccion* pantalla = nullptr;
+    CampoMascara maskCuit;
+    QComboBox cmbEmpresa;
+    QString hechos; ///< calls of the hooks
+    EleccionEmpresa eleccion{&maskCuit,
+                             &cmbEmpresa,
+                             {[this] { hechos += QLatin1Char('L'); },
+                              [this] { hechos += QStringLiteral("E(%1,%2)").arg(eleccion.cuit(), eleccion.razon()); }},
+                             nullptr};
 
-    void abrir()
+    Eleccion() { maskCuit.setClase(CampoMascara::Cuit); }
+    QString elegir(int posicion)
     {
-        Navegacion::instancia().registrar(QStringLiteral("Eleccion"), [] { return new PantallaEleccion; });
-        Entrada::activar(menu);
-        Navegacion::instancia().mostrar(QStringLiteral("Eleccion"));
-        Entrada::asentar();
-        pantalla = dynamic_cast<PantallaEleccion*>(Navegacion::instancia().abierta(QStringLiteral("Eleccion")));
+        cmbEmpresa.setCurrentIndex(posicion);
+        Q_EMIT cmbEmpresa.activated(posicion);
+        return std::exchange(hechos, {});
     }
-    void tipearCuit(const char* digitos) const
-    {
-        Entrada::pulsar(*pantalla->maskCuit);
-        Entrada::tecla(Qt::Key_A, Qt::ControlModifier);
-        Entrada::tecla(Qt::Key_Delete);
-        Entrada::escribir(QString::fromLatin1(digitos));
-    }
-    [[nodiscard]] QString foco() const
-    {
-        const QWidget* enfocado = menu.focusWidget();
-        return enfocado != nullptr ? enfocado->objectName() : QString();
-    }
-    [[nodiscard]] QString hechos() const { return std::exchange(pantalla->hechos, {}); }
 };
 } // namespace
 
-TEST_F(ListaEmpresas, NombresYCuits)
+TEST_F(Eleccion, CadaNombreEsElDeSuCuit)
 {
     Conexion& conexion = base.conexion();
-    EXPECT_EQ(cuitDeUnicaEmpresa(conexion), std::nullopt);
-    sembrar(cuitUno, "Zapatería");
-    EXPECT_EQ(cuitDeUnicaEmpresa(conexion), cuitUno);
-    sembrar(cuitDos, "Ñandú S.A.");
-    sembrar(cuitTres, "D'Angelo");
-    EXPECT_EQ(cuitDeUnicaEmpresa(conexion), std::nullopt);
-    EXPECT_EQ(razonesDeEmpresas(conexion),
-              (QStringList{QStringLiteral("D'Angelo"), QStringLiteral("Ñandú S.A."), QStringLiteral("Zapatería")}));
-    EXPECT_EQ(cuitDeRazon(conexion, QStringLiteral("D'Angelo")), cuitTres);
-    EXPECT_EQ(cuitDeRazon(conexion, QStringLiteral("D'Ang")), std::nullopt);
-    EXPECT_EQ(cuitDeRazon(conexion, QString()), std::nullopt);
-    conexion.ejecutar("INSERT INTO Empresas (Cuit) VALUES ('30-00000000-7')"); // in the list as an empty line
-    EXPECT_EQ(cuitDeRazon(conexion, QString()), QStringLiteral("30-00000000-7"));
-    EXPECT_EQ(razonDeCuit(conexion, cuitDos), QStringLiteral("Ñandú S.A."));
-    EXPECT_EQ(razonDeCuit(conexion, QStringLiteral("30-5000109_-_")), std::nullopt);
-}
-
-TEST_F(Eleccion, SinEmpresasLoDice)
-{
-    cajas.espera(Caja::Exclamacion, QStringLiteral("Debe Ingresar primero la Empresa correspondiente."));
-    abrir();
-    EXPECT_EQ(pantalla, nullptr);
-}
-
-TEST_F(Eleccion, LaUnicaSeEligeSola)
-{
-    sembrar(cuitUno, "D'Angelo");
-    abrir();
-    EXPECT_EQ(hechos(), QStringLiteral("LE(%1,D'Angelo)").arg(cuitUno));
-    EXPECT_TRUE(pantalla->eleccion->hayEmpresa());
-}
-
-TEST_F(Eleccion, CadaCampoSigueAlOtro)
-{
-    sembrar(cuitUno, "D'Angelo");
-    sembrar(cuitDos, "Abasto");
-    abrir();
-    EXPECT_EQ(hechos(), QString());
-    EXPECT_FALSE(pantalla->eleccion->hayEmpresa());
-
-    tipearCuit("20123456786");
-    Entrada::tecla(Qt::Key_Return);
-    EXPECT_EQ(hechos(), QStringLiteral("LE(%1,D'Angelo)").arg(cuitUno));
-    EXPECT_EQ(foco(), QStringLiteral("cmbEmpresa"));
-    Entrada::tecla(Qt::Key_Up);
-    EXPECT_EQ(hechos(), QStringLiteral("LE(%1,Abasto)").arg(cuitDos));
-
-    for (const bool porClic : {true, false})
+    EXPECT_EQ(std::nullopt, cuitDeUnicaEmpresa(conexion));
+    sembrar("30-00000001-1", "Ñandú");
+    EXPECT_EQ(QStringLiteral("30-00000001-1"), cuitDeUnicaEmpresa(conexion));
+    sembrar("30-00000002-1", "ÑANDÚ");
+    sembrar("30-00000003-1", "Ñandu");
+    sembrar("30-00000004-1", "D'Angelo");
+    sembrar("30-00000005-1", "D'Angelo"); // the name of two is that of the first
+    poner("Empresas", {{"CUIT", "30-00000006-1"}, {"Razon", nullptr}});
+    EXPECT_EQ(std::nullopt, cuitDeUnicaEmpresa(conexion));
+    for (const auto& [razon, cuit] : {std::pair{"Ñandú", "30-00000001-1"},
+                                      {"ÑANDÚ", "30-00000002-1"},
+                                      {"Ñandu", "30-00000003-1"},
+                                      {"D'Angelo", "30-00000004-1"},
+                                      {"", "30-00000006-1"},
+                                      {"ñandú", ""},
+                                      {"D'Ang", ""}})
     {
-        tipearCuit("3050001");
-        cajas.espera(Caja::Critico, noEsta);
-        if (porClic)
-        {
-            Entrada::pulsar(*pantalla->despues);
-        }
-        else
-        {
-            Entrada::tecla(Qt::Key_Tab);
-        }
-        EXPECT_EQ(foco(), QStringLiteral("MaskCuit"));
-        EXPECT_EQ(hechos(), QStringLiteral("L")); // cleared, and nothing chosen
-        EXPECT_EQ(pantalla->eleccion->razon(), QStringLiteral("Abasto"));
+        EXPECT_EQ(QLatin1String(cuit), cuitDeRazon(conexion, QString::fromUtf8(razon)).value_or(QString())) << razon;
     }
-    tipearCuit("");
-    Entrada::pulsar(*pantalla->despues);
-    EXPECT_EQ(foco(), QStringLiteral("despues"));
-    EXPECT_EQ(hechos(), QStringLiteral("LE(__-________-_,)"));
-    EXPECT_FALSE(pantalla->eleccion->hayEmpresa());
+    EXPECT_EQ(QStringLiteral("ÑANDÚ"), razonDeCuit(conexion, QStringLiteral("30-00000002-1")));
+    EXPECT_EQ(std::nullopt, razonDeCuit(conexion, QStringLiteral("30-0000000_-_")));
 }
 
-TEST_F(Eleccion, ElNombreDeDosEsElDeLaPrimera)
+TEST_F(Eleccion, EliminadasYAgregadasDespuesDeLlenarLaLista)
 {
-    sembrar(cuitUno, "Igual");
-    sembrar(cuitDos, "Igual");
-    abrir();
-    tipearCuit("30500010912");
-    Entrada::tecla(Qt::Key_Return);
-    EXPECT_EQ(hechos(), QStringLiteral("LE(%1,Igual)").arg(cuitDos)); // a typed CUIT stands
-    Entrada::tecla(Qt::Key_End);
-    EXPECT_EQ(hechos(), QStringLiteral("LE(%1,Igual)").arg(cuitUno));
-}
+    sembrar("30-00000001-1", "Dos");
+    sembrar("30-00000002-1", "Uno");
+    EXPECT_TRUE(eleccion.cargar());
+    EXPECT_EQ(QStringLiteral("LE(30-00000002-1,Uno)"), elegir(1));
+    sembrar("30-00000003-1", "Tres");
+    base.conexion().ejecutar("DELETE FROM Empresas WHERE Razon = 'Dos'");
+    eleccion.releer();
+    EXPECT_EQ(QStringLiteral("LE(30-00000002-1,Uno)"), std::exchange(hechos, {}));
+    EXPECT_EQ(2, cmbEmpresa.count());
 
-TEST_F(Eleccion, EntradasYEliminadasDespuesDeLlenarLaLista)
-{
-    sembrar(cuitUno, "Uno");
-    sembrar(cuitDos, "Dos");
-    abrir();
-    sembrar(cuitTres, "Tres");
-    tipearCuit("20202020209");
-    Entrada::tecla(Qt::Key_Return);
-    EXPECT_EQ(hechos(), QStringLiteral("LE(%1,Tres)").arg(cuitTres));
-    base.conexion().ejecutar("DELETE FROM Empresas WHERE Cuit = ?", cuitDos);
-    cajas.esperaQueDiga(Caja::Critico, QStringLiteral("ya no se encuentra"));
-    Entrada::tecla(Qt::Key_Home);
-    EXPECT_EQ(hechos(), QStringLiteral("LE(__-________-_,)"));
-    EXPECT_EQ(pantalla->cmbEmpresa->count(), 2);
+    base.conexion().ejecutar("DELETE FROM Empresas WHERE Razon = 'Tres'");
+    cajas.espera(Caja::Critico, QStringLiteral("La Empresa elegida ya no se encuentra en la Base de Empresas."));
+    EXPECT_EQ(QStringLiteral("LE(__-________-_,)"), elegir(0));
+    EXPECT_EQ(1, cmbEmpresa.count());
 }
