@@ -1,8 +1,7 @@
-// What another screen or another desk deletes beside an open declarations screen.
+// What another screen or another desk deletes beside an open declarations screen: each command tells it, once.
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/datos.h"
-#include "core/vigencia.h"
 #include "declarations/screens/ddjj.h"
 #include "platform/screens/grilla.h"
 #include "platform/screens/navegacion.h"
@@ -15,75 +14,59 @@
 
 namespace
 {
-const QString fin =
-    QStringLiteral(" ya no se encuentra en la Base: fue eliminada desde otra ventana u otro puesto.  No "
-                   "se ha grabado ningún dato.");
-const QString sinDeclaracion = QStringLiteral("La Declaración Jurada 2009/05 - 0") + fin;
-const QString sinEmpresa = QStringLiteral("La Empresa 30-12345678-1") + fin;
-
-/// A screen that does something and is gone.
-class Fugaz : public Pantalla
+struct Caso
 {
-public:
-    Fugaz(const QString& nombre, const std::function<void()>& haz)
-        : Pantalla(nombre)
-        , m_haz(haz)
-    {
-    }
-    void cargar() override
-    {
-        m_haz();
-        cerrar();
-    }
-
-private:
-    const std::function<void()>& m_haz;
+    const char* mando;
+    bool conPreguntas = false;
+    bool sinMirarLaEmpresa = false;
 };
 
-/// The screen on the only declaration of one of two companies.
-struct OtroPuesto : testing::Test
+void PrintTo(const Caso& caso, std::ostream* salida)
+{
+    *salida << caso.mando;
+}
+
+const Caso casos[] = {
+    {"vsDDJJ", false, true}, {"cmdEliminar", true, true},
+    {"cmdNomina"},           {"cmdSueldos"},
+    {"cmdImportar"},         {"cmdCopiar"},
+    {"cmdBoletas_0"},        {"cmdBoletas_1"},
+    {"cmdBoletas_2"},        {"cmdBoletas_3"},
+    {"cmdInformes_0"},       {"cmdInformes_1"},
+    {"cmdInformes_2"},       {"activar"},
+};
+
+struct OtroPuesto : testing::TestWithParam<Caso>
 {
     BaseDePrueba base;
     CajasDePrueba cajas;
-    std::function<void()> enOtraPantalla = [] { ADD_FAILURE() << "a screen was opened on what is gone"; };
     std::unique_ptr<DDJJ> pantalla;
 
-    OtroPuesto()
-    {
-        for (const char* nombre : {"Empleados", "DDJJ_Sueldos", "Importar", "BuscarDDJJ", "Boletas"})
-        {
-            const QString suyo = QString::fromLatin1(nombre);
-            Navegacion::instancia().registrar(suyo, [this, suyo] { return new Fugaz(suyo, enOtraPantalla); });
-        }
-        poner("Empresas", {{"CUIT", "30-87654321-5"}, {"Razon", "Otra"}});
-    }
     template <class Control>
     Control& control(const char* nombre)
     {
         return *pantalla->findChild<Control*>(QString::fromLatin1(nombre));
     }
-    void elegirYBorrar(const char* borrado)
+    /// The screen on the only declaration of one of two companies.
+    void abrir()
     {
-        for (const char* tabla : {"Empresas", "DDJJ", "DDJJ_Empleados"})
+        for (const char* nombre : {"Empleados", "DDJJ_Sueldos", "Importar", "BuscarDDJJ", "Boletas"})
         {
-            base.conexion().ejecutar(std::string("DELETE FROM ") + tabla + " WHERE CUIT = '30-12345678-1'");
-            poner(tabla);
+            Navegacion::instancia().registrar(QString::fromLatin1(nombre),
+                                              []() -> Pantalla*
+                                              { throw ErrorParaAvisar(0, QStringLiteral("opened on what is gone")); });
         }
+        base.conexion().ejecutar("DELETE FROM Empresas");
+        poner("Empresas");
+        poner("Empresas", {{"CUIT", "30-87654321-5"}, {"Razon", "Abasto"}});
+        poner("DDJJ");
+        poner("DDJJ_Empleados");
         pantalla = std::make_unique<DDJJ>();
         pantalla->cargar();
-        control<QComboBox>("cmbEmpresa").setCurrentIndex(1);
-        Q_EMIT control<QComboBox>("cmbEmpresa").activated(1);
+        auto& empresas = control<QComboBox>("cmbEmpresa");
+        empresas.setCurrentIndex(1);
+        Q_EMIT empresas.activated(1);
         Q_EMIT control<Grilla>("vsDDJJ").clic(1, 1);
-        EXPECT_EQ(QStringLiteral("2009"), control<QLineEdit>("txtAnio").text());
-        borrar(borrado);
-    }
-    void borrar(const std::string& tabla)
-    {
-        base.conexion().ejecutar("DELETE FROM " + tabla + " WHERE CUIT = '30-12345678-1'");
-        if (tabla == "DDJJ")
-        {
-            base.conexion().ejecutar("DELETE FROM DDJJ_Empleados");
-        }
     }
     void mandar(const std::string& mando)
     {
@@ -102,81 +85,43 @@ struct OtroPuesto : testing::Test
         }
     }
     /// Nothing is selected, the lists are those of now, and nothing was written, in the database or beside it.
-    void comprobar(bool conEmpresa)
+    void comprobar(int empresas)
     {
         EXPECT_EQ(0U, cajas.pendientes());
         EXPECT_EQ(QString(), control<QLineEdit>("txtAnio").text());
         EXPECT_EQ(0, control<Grilla>("vsDDJJ").filas());
-        EXPECT_EQ(conEmpresa ? 2 : 1, control<QComboBox>("cmbEmpresa").count());
-        EXPECT_EQ(conEmpresa, control<QComboBox>("cmbEmpresa").currentIndex() != -1);
-        EXPECT_EQ(0, cuantos("PAGOS") + cuantos("DDJJ_Empleados WHERE NOT EXISTS (SELECT 1 FROM DDJJ)"));
+        EXPECT_EQ(empresas, control<QComboBox>("cmbEmpresa").count());
+        EXPECT_EQ(0, cuantos("PAGOS") + cuantos("DDJJ_Empleados") + cuantos("DDJJ"));
         EXPECT_EQ(QStringList(), QDir(base.ruta({})).entryList({QStringLiteral("*.txt")}));
     }
 };
+
+const QString fin =
+    QStringLiteral(" ya no se encuentra en la Base: fue eliminada desde otra ventana u otro puesto.  No "
+                   "se ha grabado ningún dato.");
 } // namespace
 
-TEST_F(OtroPuesto, LoBorradoSeDiceUnaVezEnCadaMando)
+TEST_P(OtroPuesto, SeDiceUnaVez)
 {
-    for (const char* mando :
-         {"vsDDJJ", "cmdEliminar", "cmdNomina", "cmdSueldos", "cmdImportar", "cmdCopiar", "cmdBoletas_0",
-          "cmdBoletas_1", "cmdBoletas_2", "cmdBoletas_3", "cmdInformes_0", "cmdInformes_1", "cmdInformes_2", "activar"})
+    for (const bool conEmpresa : {true, false})
     {
-        SCOPED_TRACE(mando);
-        elegirYBorrar("DDJJ");
-        if (mando == std::string("cmdEliminar"))
+        abrir();
+        for (const char* borrado :
+             {"DDJJ", "DDJJ_Empleados", conEmpresa ? "PAGOS" : "Empresas WHERE Razon <> 'Abasto'"})
         {
-            cajas.esperaQueDiga(Caja::Pregunta, QStringLiteral("ELIMINAR"))
-                .esperaQueDiga(Caja::Pregunta, QStringLiteral("Eliminaran"));
+            base.conexion().ejecutar(std::string("DELETE FROM ") + borrado);
         }
-        cajas.espera(Caja::Exclamacion, sinDeclaracion);
-        mandar(mando);
-        comprobar(true);
-        if (mando != std::string("vsDDJJ") && mando != std::string("cmdEliminar")) // these do without the company
+        for (int preguntas = GetParam().conPreguntas ? 2 : 0; preguntas > 0; --preguntas)
         {
-            elegirYBorrar("Empresas");
-            borrar("DDJJ");
-            cajas.espera(Caja::Exclamacion, sinEmpresa);
-            mandar(mando);
-            comprobar(false);
+            cajas.esperaQueDiga(Caja::Pregunta, {});
         }
+        cajas.espera(Caja::Exclamacion,
+                     (conEmpresa || GetParam().sinMirarLaEmpresa ? QStringLiteral("La Declaración Jurada 2009/05 - 0")
+                                                                 : QStringLiteral("La Empresa 30-12345678-1")) +
+                         fin);
+        mandar(GetParam().mando);
+        comprobar(conEmpresa ? 2 : 1);
     }
 }
 
-TEST_F(OtroPuesto, LoBorradoTrasUnDialogoSeDiceUnaVez)
-{
-    for (const char* mando : {"cmdNomina", "cmdSueldos", "cmdImportar", "cmdCopiar"})
-    {
-        for (const bool dichoEnEl : {false, true})
-        {
-            SCOPED_TRACE(mando);
-            elegirYBorrar("PAGOS");
-            enOtraPantalla = [&]
-            {
-                borrar("DDJJ");
-                Rutinas::TextoDevuelto = QStringLiteral("nomina.txt"); // the import's answer
-                Rutinas::PeriodoActual = QDate(2009, 4, 1);            // the copy's
-                if (dichoEnEl)
-                {
-                    protegido([] { exigirDeclaracion(Rutinas::Conexion, {dePrueba::cuit, dePrueba::periodo, 0}); });
-                }
-            };
-            cajas.espera(Caja::Exclamacion, sinDeclaracion);
-            mandar(mando);
-            comprobar(true);
-        }
-    }
-}
-
-TEST_F(OtroPuesto, NadaSeCreaParaUnaEmpresaBorrada)
-{
-    elegirYBorrar("DDJJ");
-    mandar("cmdNueva");
-    control<QLineEdit>("txtAnio").setText(QStringLiteral("2009"));
-    control<QLineEdit>("txtMes").setText(QStringLiteral("5"));
-    borrar("Empresas");
-    cajas.espera(Caja::Exclamacion, sinEmpresa);
-    mandar("cmdGrabar");
-    comprobar(false);
-    EXPECT_EQ(0, cuantos("DDJJ"));
-    EXPECT_TRUE(control<QPushButton>("cmdNueva").isEnabled());
-}
+INSTANTIATE_TEST_SUITE_P(Mandos, OtroPuesto, testing::ValuesIn(casos));

@@ -25,34 +25,28 @@ struct TotalesDeDDJJ : testing::Test
     [[nodiscard]] TotalesDDJJ totales(const ClaveDDJJ& clave = original) { return calcularTotales(c, clave); }
 };
 
-std::string plano(const SumaDePersonal& suma)
+/// Pay, people and dependants of all and of the members, then the three contributions and their sum.
+std::string plano(const SumasDDJJ& s)
 {
-    return suma.remuneracion.textoPlano().toStdString() + "|" + std::to_string(suma.empleados) + "|" +
-           std::to_string(suma.familiares);
-}
-
-std::string aportes(const SumasDDJJ& sumas)
-{
-    std::string todos;
-    for (const Moneda importe : {sumas.art100, sumas.art101a, sumas.art101b, sumas.aDepositar()})
+    QStringList partes;
+    for (const SumaDePersonal& suma : {s.todos, s.afiliados})
     {
-        todos += importe.textoPlano().toStdString() + "|";
+        partes += suma.remuneracion.textoPlano() + QStringLiteral(" %1 %2").arg(suma.empleados).arg(suma.familiares);
     }
-    return todos;
+    for (const Moneda importe : {s.art100, s.art101a, s.art101b, s.aDepositar()})
+    {
+        partes += importe.textoPlano();
+    }
+    return partes.join(QLatin1Char('|')).toStdString();
 }
 } // namespace
 
-TEST_F(TotalesDeDDJJ, SinNominaNoHaySumasNiAdvertencias)
-{
-    poner("DDJJ_Empleados", {{"Secuencia", 1}, {"QHoras", 100}});
-    const TotalesDDJJ t = totales();
-    EXPECT_EQ(QDate(2009, 6, 3), t.fecha);
-    EXPECT_FALSE(t.sumas.has_value());
-    EXPECT_EQ(0, t.jornadaReducida);
-}
-
 TEST_F(TotalesDeDDJJ, SumaAfiliadosYNoAfiliados)
 {
+    poner("DDJJ_Empleados", {{"Secuencia", 1}, {"QHoras", 100}});
+    EXPECT_EQ(QDate(2009, 6, 3), totales().fecha);
+    EXPECT_FALSE(totales().sumas.has_value()); // nobody: no warning either
+    EXPECT_EQ(0, totales().jornadaReducida);
     poner("DDJJ_Empleados", {{"Cuil", "20-00000003-1"},
                              {"Afiliado", false},
                              {"Imponible", "922337203685,4775"},
@@ -61,7 +55,7 @@ TEST_F(TotalesDeDDJJ, SumaAfiliadosYNoAfiliados)
                              {"ART101A", "0"},
                              {"ART101B", "5"},
                              {"Familiares", 4}});
-    EXPECT_EQ("0|0|0", plano(totales().sumas->afiliados)); // of nobody
+    EXPECT_EQ("922337203685.4776 1 4|0 0 0|20.33|0|5|25.33", plano(*totales().sumas));
     poner("DDJJ_Empleados", {{"Cuil", "20-00000001-1"},
                              {"Acuerdo", "100,5"},
                              {"Acuerdo2", "50,0001"},
@@ -70,10 +64,7 @@ TEST_F(TotalesDeDDJJ, SumaAfiliadosYNoAfiliados)
                              {"ART101B", "11,02"},
                              {"Familiares", 2}});
     poner("DDJJ_Empleados", {{"Imponible", "0,1"}, {"ART100", "0,1"}, {"ART101A", "0,2"}, {"ART101B", "0"}});
-    const SumasDDJJ s = totales().sumas.value();
-    EXPECT_EQ("1150.6001|2|2", plano(s.afiliados));
-    EXPECT_EQ("922337204836.0777|3|6", plano(s.todos));
-    EXPECT_EQ("42.45|11.21|16.02|69.68|", aportes(s));
+    EXPECT_EQ("922337204836.0777 3 6|1150.6001 2 2|42.45|11.21|16.02|69.68", plano(*totales().sumas));
 }
 
 TEST_F(TotalesDeDDJJ, CuentaUnaVezAQuienLeFaltaAlgo)
