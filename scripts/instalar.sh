@@ -8,7 +8,7 @@ paquetes_de_construccion=(
   libsqlitecpp-dev libsqlite3-dev libkainjow-mustache-dev libcurl4-openssl-dev libboost-dev
   libgtest-dev libgmock-dev fonts-dejavu-core
 )
-paquetes_de_prueba=(python3-pyftpdlib vsftpd libpam-pwdfile zbar-tools zint poppler-utils imagemagick)
+paquetes_de_prueba=(python3-pyftpdlib vsftpd zbar-tools zint poppler-utils imagemagick)
 
 instalar() {
   local faltan=()

@@ -1,4 +1,5 @@
-"""Stands between a client and an FTP server and lets the net fail between them; con_ftp.py tells how."""
+"""Stands between a client and an FTP server: gives the user another name, and lets the net fail between them, as
+con_ftp.py tells."""
 import contextlib
 import re
 import socket
@@ -24,8 +25,9 @@ def cortar(*enchufes: socket.socket):
 
 
 class Sesion:
-    def __init__(self, como: str, cliente: socket.socket, servidor: socket.socket):
+    def __init__(self, como: str, nombres: tuple, cliente: socket.socket, servidor: socket.socket):
         self.como = como
+        self.nombres = nombres
         self.cliente = cliente
         self.servidor = servidor
         self.callada = como == "calla-saludo"
@@ -40,7 +42,8 @@ class Sesion:
             for linea in self.cliente.makefile("rb"):
                 if self.como == "calla-" + linea[:4].decode("latin-1").strip().upper():
                     self.callada = True
-                self.servidor.sendall(linea)
+                de, a = (b"USER %s\r\n" % nombre.encode() for nombre in self.nombres)
+                self.servidor.sendall(a if linea == de else linea)
 
     def respuestas(self):
         with contextlib.suppress(OSError):
@@ -65,15 +68,15 @@ class Sesion:
         return f"227 Entering Passive Mode (127,0,0,1,{alto},{bajo}).\r\n".encode()
 
     def datos(self, escucha: socket.socket, puerto: int):
-        cliente, _ = escucha.accept()
-        servidor = socket.create_connection((AQUI, puerto))
-        self.transfirio = True
-        sin_soltar.append((cliente, servidor))
-        if self.como == "traba":
-            self.callada = True
-            return
-        pasados = 0
         with contextlib.suppress(OSError):
+            cliente, _ = escucha.accept()
+            servidor = socket.create_connection((AQUI, puerto))
+            self.transfirio = True
+            sin_soltar.append((cliente, servidor))
+            if self.como == "traba":
+                self.callada = True
+                return
+            pasados = 0
             while trozo := cliente.recv(512):
                 servidor.sendall(trozo)
                 pasados += len(trozo)
@@ -84,14 +87,14 @@ class Sesion:
             servidor.shutdown(socket.SHUT_WR)
 
 
-def interponer(como: str, puerto: int) -> int:
-    """Gives the port at which the clients of this server are to be let down."""
+def interponer(como: str, puerto: int, de: str, a: str) -> int:
+    """Gives the port at which the clients of this server are to be let down; the user `de` becomes `a` there."""
     escucha = socket.create_server((AQUI, 0))
 
     def atender():
         while True:
             cliente, _ = escucha.accept()
-            Sesion(como, cliente, socket.create_connection((AQUI, puerto)))
+            Sesion(como, (de, a), cliente, socket.create_connection((AQUI, puerto)))
 
     en_otro_hilo(atender)
     return escucha.getsockname()[1]

@@ -1,6 +1,5 @@
 #include "guion.h"
 #include "teclas.h"
-#include "verbos.h"
 
 #include <gtest/gtest.h>
 
@@ -12,23 +11,14 @@ std::string leida(const char* linea)
     QStringList pasos;
     for (const guion::Paso& paso : guion::leer(linea))
     {
-        QStringList partes = QStringList{paso.verbo->nombre} + paso.argumentos.textos(0);
-        for (const guion::CajaEsperada& caja : paso.despues.cajas)
+        QStringList partes = QStringList{paso.verbo->nombre} + guion::textos(paso.argumentos, 0);
+        for (const guion::CajaEsperada& caja : paso.cajas)
         {
             partes += "dice:" + (caja.clase ? guion::nombreDe(*caja.clase) + ":" : QString()) + caja.texto;
         }
-        for (const bool si : paso.despues.respuestas)
-        {
-            partes += si ? "responde:si" : "responde:no";
-        }
-        for (const QString& ruta : paso.despues.archivos)
-        {
-            partes += "archivo:" + ruta;
-        }
-        if (!paso.despues.foco.isEmpty())
-        {
-            partes += "foco:" + paso.despues.foco;
-        }
+        partes += paso.respuestas.isEmpty() ? QStringList() : QStringList{"responde:" + paso.respuestas.join(',')};
+        partes += paso.archivos.isEmpty() ? QStringList() : QStringList{"archivo:" + paso.archivos.join(',')};
+        partes += paso.foco.isEmpty() ? QStringList() : QStringList{"foco:" + paso.foco};
         pasos += partes.join('|');
     }
     return pasos.join(" / ").toStdString();
@@ -51,8 +41,8 @@ TEST(Guion, LeeCadaForma)
         {"teclear \"Enter\" Enter", "teclear|Enter|Enter"},
         {"fecha 05/03/2007 09:30", "fecha|05/03/2007|09:30"},
         {"espera_amarillas g", "espera_amarillas|g"},
-        {"menu a b responde Sí no dice \"x\" critico \"y\" foco z", "menu|a|b|dice:x|dice:critico:y|responde:si|"
-                                                                    "responde:no|foco:z"},
+        {"menu a b responde Sí no dice \"x\" critico \"y\" foco z",
+         "menu|a|b|dice:x|dice:critico:y|responde:Sí,no|foco:z"},
         {"pulsar a archivo \"\" dice \"critico\"", "pulsar|a|dice:critico|archivo:"},
         {"menu \"dice\" \"foco\"", "menu|dice|foco"},
     };
@@ -104,13 +94,12 @@ TEST(Guion, RechazaConElNumeroDeLinea)
         {
             ADD_FAILURE() << leida((std::string("# uno\n") + malo).c_str());
         }
-        catch (const guion::ErrorDeLectura& error)
+        catch (const Falla& falla)
         {
-            EXPECT_EQ(error.linea(), 2) << malo;
-            EXPECT_FALSE(error.motivo().isEmpty());
+            EXPECT_TRUE(falla.motivo().startsWith("línea 2: ")) << malo << falla.what();
         }
     }
-    EXPECT_THROW((void)guion::leer("escribir a \"\xF1\""), guion::ErrorDeLectura);
+    EXPECT_THROW((void)guion::leer("escribir a \"\xF1\""), Falla);
 }
 
 TEST(Guion, ConoceLasTeclas)

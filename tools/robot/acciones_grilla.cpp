@@ -1,42 +1,38 @@
 #include "acciones.h"
 #include "controles.h"
 #include "entrada.h"
-#include "falla.h"
+#include "guion.h"
+#include "jugada.h"
 #include "platform/screens/grilla.h"
 
 #include <QtWidgets>
 
+namespace guion
+{
 namespace
 {
 void clic(const Jugada& jugada, QWidget* control, QPoint lugar, bool doble)
 {
-    if (doble)
-    {
-        entrada::dobleClic(control, lugar, [jugada] { return !jugada.interrumpida(); });
-        return;
-    }
-    entrada::clic(control, lugar);
+    doble ? entrada::dobleClic(control, lugar, [jugada] { return !jugada.interrumpida(); })
+          : entrada::clic(control, lugar);
 }
 
-/// The first column that a click on the row does not change.
+bool esTilde(const QModelIndex& celda)
+{
+    return celda.data(Qt::CheckStateRole).isValid();
+}
+
+/// The first column shown that a click on the row does not change.
 int columnaParaPulsar(const Grilla& grilla, int fila)
 {
-    int visible = -1;
-    for (int columna = 0; columna < grilla.model()->columnCount(); ++columna)
+    for (int columna = 0; columna < grilla.columnas(); ++columna)
     {
-        if (grilla.isColumnHidden(columna))
-        {
-            continue;
-        }
-        const bool tilde =
-            fila > 0 && grilla.model()->index(fila - 1, columna).flags().testFlag(Qt::ItemIsUserCheckable);
-        if (!tilde)
+        if (!grilla.isColumnHidden(columna) && (fila == 0 || !esTilde(grilla.model()->index(fila - 1, columna))))
         {
             return columna;
         }
-        visible = visible < 0 ? columna : visible;
     }
-    return visible;
+    throw Falla("la grilla no muestra ninguna columna");
 }
 
 QPoint lugarDe(const Grilla& grilla, const QModelIndex& celda)
@@ -47,22 +43,14 @@ QPoint lugarDe(const Grilla& grilla, const QModelIndex& celda)
 Grilla* grillaConFila(const QString& nombre, int fila)
 {
     Grilla* grilla = controles::buscarGrilla(nombre, true);
-    if (fila > grilla->filas())
-    {
-        throw Falla(QStringLiteral("la grilla tiene %1 filas").arg(grilla->filas()));
-    }
-    return grilla;
+    return fila <= grilla->filas() ? grilla : throw Falla("la grilla tiene %1 filas", grilla->filas());
 }
 
-void pulsarFila(const Jugada& jugada, const guion::Argumentos& a, bool doble)
+void pulsarFila(const Jugada& jugada, const Argumentos& a, bool doble)
 {
-    const int fila = a.numero(1);
-    Grilla* grilla = grillaConFila(a.texto(0), fila);
+    const int fila = a[1].numero();
+    Grilla* grilla = grillaConFila(a[0].texto, fila);
     const int columna = columnaParaPulsar(*grilla, fila);
-    if (columna < 0)
-    {
-        throw Falla(QStringLiteral("la grilla no muestra ninguna columna"));
-    }
     if (fila == 0)
     {
         const QHeaderView* titulos = grilla->horizontalHeader();
@@ -75,23 +63,31 @@ void pulsarFila(const Jugada& jugada, const guion::Argumentos& a, bool doble)
     clic(jugada, grilla->viewport(), lugarDe(*grilla, celda), doble);
 }
 
-void marcar(const Jugada& jugada, Grilla* grilla, const QModelIndex& celda, const QString& texto)
+void fila(const Jugada& jugada, const Argumentos& a)
 {
-    const std::optional<bool> si = guion::leerSiNo(texto);
+    pulsarFila(jugada, a, false);
+}
+
+void doble(const Jugada& jugada, const Argumentos& a)
+{
+    pulsarFila(jugada, a, true);
+}
+
+void marcar(const Jugada& jugada, Grilla* grilla, const QPersistentModelIndex& celda, const QString& texto)
+{
+    const std::optional<bool> si = leerSiNo(texto);
+    const auto falta = [&] { return (celda.data(Qt::CheckStateRole).toInt() == Qt::Checked) != *si; };
     if (!si)
     {
-        throw Falla(QStringLiteral("la celda se marca con si o no"));
+        throw Falla("la celda se marca con si o no");
     }
-    const auto marcada = [celda = QPersistentModelIndex(celda)]
-    { return celda.data(Qt::CheckStateRole).toInt() == Qt::Checked; };
-    if (marcada() == *si)
+    if (falta())
     {
-        return;
+        entrada::clic(grilla->viewport(), lugarDe(*grilla, celda));
     }
-    entrada::clic(grilla->viewport(), lugarDe(*grilla, celda));
-    if (marcada() != *si)
+    if (falta())
     {
-        jugada.siNoInterrumpida(QStringLiteral("la celda no se marca"));
+        jugada.siNoInterrumpida("la celda no se marca");
     }
 }
 
@@ -99,64 +95,56 @@ void editar(const Grilla* grilla, const QString& texto)
 {
     if (grilla == nullptr || !grilla->editando())
     {
-        throw Falla(QStringLiteral("la celda dejó de editarse"));
+        throw Falla("la celda dejó de editarse");
     }
-    for (QComboBox* lista : grilla->viewport()->findChildren<QComboBox*>())
+    const QList<QComboBox*> listas = grilla->viewport()->findChildren<QComboBox*>();
+    const auto lista = std::ranges::find_if(listas, &QComboBox::isVisible);
+    if (lista == listas.end())
     {
-        if (!lista->isVisible())
-        {
-            continue;
-        }
-        const int entrada = entradaEn(*lista, texto);
-        if (!lista->view()->isVisible())
+        reemplazarTexto(texto);
+    }
+    else
+    {
+        if (!(*lista)->view()->isVisible())
         {
             entrada::tecla(Qt::Key_F4);
         }
-        elegirAbierta(lista, entrada);
-        if (grilla->editando())
-        {
-            entrada::tecla(Qt::Key_Return);
-        }
-        return;
+        elegirAbierta(*lista, texto);
     }
-    reemplazarTexto(texto);
-    entrada::tecla(Qt::Key_Return);
-}
-} // namespace
-
-namespace acciones
-{
-void fila(Jugada& jugada, const Argumentos& a)
-{
-    pulsarFila(jugada, a, false);
+    if (grilla->editando())
+    {
+        entrada::tecla(Qt::Key_Return);
+    }
 }
 
-void doble(Jugada& jugada, const Argumentos& a)
+void celda(const Jugada& jugada, const Argumentos& a)
 {
-    pulsarFila(jugada, a, true);
-}
-
-void celda(Jugada& jugada, const Argumentos& a)
-{
-    Grilla* grilla = grillaConFila(a.texto(0), a.numero(1));
-    const int columna = a.numero(2);
+    Grilla* grilla = grillaConFila(a[0].texto, a[1].numero());
+    const int columna = a[2].numero();
     if (columna > grilla->columnas() || grilla->isColumnHidden(columna - 1))
     {
-        throw Falla(QStringLiteral("la grilla no muestra la columna %1").arg(columna));
+        throw Falla("la grilla no muestra la columna %1", columna);
     }
-    const QModelIndex celda = grilla->model()->index(a.numero(1) - 1, columna - 1);
+    const QModelIndex celda = grilla->model()->index(a[1].numero() - 1, columna - 1);
     grilla->scrollTo(celda);
-    if (celda.data(Qt::CheckStateRole).isValid())
+    if (esTilde(celda))
     {
-        marcar(jugada, grilla, celda, a.texto(3));
+        marcar(jugada, grilla, celda, a[3].texto);
         return;
     }
     clic(jugada, grilla->viewport(), lugarDe(*grilla, celda), true);
     if (!grilla->editando())
     {
-        jugada.siNoInterrumpida(QStringLiteral("la celda no se edita"));
+        jugada.siNoInterrumpida("la celda no se edita");
         return;
     }
-    jugada.luego([grilla = QPointer(grilla), texto = a.texto(3)] { editar(grilla, texto); });
+    jugada.luego([grilla = QPointer(grilla), texto = a[3].texto] { editar(grilla, texto); });
 }
-} // namespace acciones
+} // namespace
+
+std::span<const Verbo> verbosDeGrilla()
+{
+    static constexpr Verbo todos[] = {{"fila", "cf", fila}, {"doble", "cf", doble}, {"celda", "cn(nt)", celda}};
+    return todos;
+}
+} // namespace guion

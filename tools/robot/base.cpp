@@ -39,7 +39,7 @@ QString consultarBase(const QString& ruta, const QString& sql)
             for (int columna = 0; columna < consulta.getColumnCount(); ++columna)
             {
                 const SQLite::Column valor = consulta.getColumn(columna);
-                valores += valor.isNull() ? QStringLiteral("Null") : QString::fromStdString(valor.getString());
+                valores += valor.isNull() ? "Null" : QString::fromStdString(valor.getString());
             }
             filas += valores.join(u'|');
         }
@@ -47,7 +47,7 @@ QString consultarBase(const QString& ruta, const QString& sql)
     }
     catch (const SQLite::Exception& error)
     {
-        throw Falla(QStringLiteral("la consulta falla: %1").arg(QString::fromUtf8(error.what())));
+        throw Falla("la consulta falla: %1", error.what());
     }
 }
 
@@ -63,6 +63,6 @@ void ejecutarEnBase(const QString& ruta, const std::string& sql)
     }
     catch (const SQLite::Exception& error)
     {
-        throw Falla(QStringLiteral("la base no admite las sentencias: %1").arg(QString::fromUtf8(error.what())));
+        throw Falla("la base no admite las sentencias: %1", error.what());
     }
 }

@@ -8,20 +8,17 @@
 namespace
 {
 constexpr int altoDelTitulo = 28;
-constexpr int margen = 8;
 
-/// From the bottom to the top.
+/// From the bottom to the top: the main window, then what lies over it by how many windows it stands on.
 QWidgetList ventanasEnOrden()
 {
-    QWidgetList lista;
-    for (QWidget* ventana : QApplication::topLevelWidgets())
-    {
-        const bool propia = ventana->windowType() == Qt::Window || ventana->windowType() == Qt::Dialog;
-        if (ventana->isVisible() && propia)
+    QWidgetList lista = QApplication::topLevelWidgets();
+    lista.removeIf(
+        [](const QWidget* ventana)
         {
-            lista += ventana;
-        }
-    }
+            const bool propia = ventana->windowType() == Qt::Window || ventana->windowType() == Qt::Dialog;
+            return !ventana->isVisible() || !propia;
+        });
     const auto altura = [](const QWidget* ventana)
     {
         int alto = 0;
@@ -32,8 +29,7 @@ QWidgetList ventanasEnOrden()
         const bool arriba = ventana == QApplication::activeModalWidget();
         return std::tuple(ventana != controles::ventanaPrincipal(), arriba, ventana->isModal(), alto);
     };
-    std::stable_sort(lista.begin(), lista.end(),
-                     [&](const QWidget* a, const QWidget* b) { return altura(a) < altura(b); });
+    std::ranges::stable_sort(lista, {}, altura);
     return lista;
 }
 
@@ -45,6 +41,7 @@ QRect conMarco(const QWidget* ventana)
 
 void pintar(QPainter& pintor, QWidget* ventana)
 {
+    constexpr int margen = 8;
     const QRect marco = conMarco(ventana);
     const QRect titulo(marco.topLeft(), QSize(marco.width(), altoDelTitulo));
     const bool activa = ventana == controles::ventanaActual()->window();
@@ -66,10 +63,6 @@ QImage juntar(const QWidgetList& ventanas)
     {
         todo = todo.united(conMarco(ventana));
     }
-    if (todo.isEmpty())
-    {
-        return {};
-    }
     QImage cuadro(todo.size(), QImage::Format_RGB32);
     cuadro.fill(Qt::white);
     QPainter pintor(&cuadro);
@@ -90,14 +83,8 @@ QImage retratar()
 QImage retratarVentana()
 {
     QWidget* actual = controles::ventanaActual();
-    for (QWidget* padre = actual; padre != nullptr; padre = padre->parentWidget())
-    {
-        if (qobject_cast<QMdiSubWindow*>(padre) != nullptr)
-        {
-            return padre->grab().toImage();
-        }
-    }
-    return juntar({actual->window()});
+    QWidget* hija = controles::hijaDe(actual);
+    return hija != nullptr ? hija->grab().toImage() : juntar({actual->window()});
 }
 
 void grabarImagen(const QImage& imagen, const QString& ruta)
@@ -105,6 +92,6 @@ void grabarImagen(const QImage& imagen, const QString& ruta)
     QDir().mkpath(QFileInfo(ruta).absolutePath());
     if (!imagen.save(ruta, "PNG"))
     {
-        throw Falla(QStringLiteral("no se puede grabar %1").arg(ruta));
+        throw Falla("no se puede grabar %1", ruta);
     }
 }

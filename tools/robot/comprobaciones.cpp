@@ -3,105 +3,90 @@
 #include "base.h"
 #include "controles.h"
 #include "entrada.h"
-#include "falla.h"
+#include "jugada.h"
 #include "platform/screens/grilla.h"
 #include "platform/screens/navegacion.h"
 #include "platform/screens/pantalla.h"
 
 #include <QtWidgets>
 
+namespace guion
+{
 namespace
 {
 void iguales(const QString& hay, const QString& esperado)
 {
     if (hay != esperado)
     {
-        throw Falla(
-            QStringLiteral("se esperaba %1, y dice %2").arg(guion::entreComillas(esperado), guion::entreComillas(hay)));
+        throw Falla("se esperaba %1, y dice %2", entreComillas(esperado), entreComillas(hay));
     }
 }
 
 QString siNo(bool si)
 {
-    return si ? QStringLiteral("si") : QStringLiteral("no");
+    return si ? "si" : "no";
 }
 
-QByteArray contenidoDe(const QString& ruta)
+void texto(const Jugada&, const Argumentos& a)
 {
-    QFile archivo(ruta);
-    if (!archivo.open(QIODevice::ReadOnly))
+    const QWidget* control = controles::buscarVisible(a[0].texto);
+    if (!controles::muestra(control, a[1].texto))
     {
-        throw Falla(QStringLiteral("no se puede leer %1: %2").arg(ruta, archivo.errorString()));
+        iguales(controles::textoDe(control), a[1].texto);
     }
-    return archivo.readAll();
 }
 
-/// Where two files begin to differ, told as a person looks for it.
-QString diferencia(const QByteArray& hay, const QByteArray& esperado)
+/// What each of several names is, told by the last word.
+void cadaUno(const Argumentos& a, const char* motivo, const std::function<bool(const QString&)>& es)
 {
-    const auto [a, b] = std::mismatch(hay.begin(), hay.end(), esperado.begin(), esperado.end());
-    const qsizetype lugar = a - hay.begin();
-    const qsizetype linea = hay.first(lugar).count('\n');
-    const qsizetype desde = hay.first(lugar).lastIndexOf('\n') + 1;
-    const auto renglon = [desde](const QByteArray& todo)
+    const QString esperado = siNo(*leerSiNo(a.back().texto));
+    for (std::size_t i = 0; i + 1 < a.size(); ++i)
     {
-        const qsizetype fin = todo.indexOf('\n', desde);
-        return guion::entreComillas(QString::fromLatin1(todo.mid(desde, (fin < 0 ? todo.size() : fin) - desde)));
-    };
-    return QStringLiteral("difieren en el byte %1 (línea %2, posición %3): %4 y se esperaba %5 (largo %6 y %7)")
-        .arg(lugar)
-        .arg(linea + 1)
-        .arg(lugar - desde + 1)
-        .arg(renglon(hay), renglon(esperado))
-        .arg(hay.size())
-        .arg(esperado.size());
-}
-
-bool ventanaAbierta(const QString& nombre)
-{
-    if (Navegacion::instancia().abierta(nombre) != nullptr)
-    {
-        return true;
-    }
-    const QWidgetList todas = QApplication::topLevelWidgets();
-    return std::any_of(todas.begin(), todas.end(),
-                       [&](const QWidget* ventana) { return ventana->isVisible() && ventana->objectName() == nombre; });
-}
-
-/// What each of several controls is, told by the last word.
-void cadaUno(const guion::Argumentos& a, QWidget* (*buscar)(const QString&), bool (*es)(const QWidget*))
-{
-    const std::size_t ultimo = a.cantidad() - 1;
-    for (std::size_t i = 0; i < ultimo; ++i)
-    {
-        if (es(buscar(a.texto(i))) != a.siNo(ultimo))
+        const QString hay = siNo(es(a[i].texto));
+        if (hay != esperado)
         {
-            throw Falla(QStringLiteral("«%1»: se esperaba %2").arg(a.texto(i), siNo(a.siNo(ultimo))));
+            throw Falla(motivo, a[i].texto, hay);
         }
     }
 }
 
-bool estaMarcado(const QWidget* control)
+void activo(const Jugada&, const Argumentos& a)
 {
-    if (const auto* boton = qobject_cast<const QAbstractButton*>(control))
-    {
-        return boton->isChecked();
-    }
-    if (const auto* marco = qobject_cast<const QGroupBox*>(control))
-    {
-        return marco->isChecked();
-    }
-    throw Falla(QStringLiteral("«%1» no se marca").arg(control->objectName()));
+    cadaUno(a, "«%1» activo: %2", [](const QString& nombre) { return controles::buscar(nombre)->isEnabled(); });
+}
+
+void visible(const Jugada&, const Argumentos& a)
+{
+    cadaUno(a, "«%1» visible: %2", [](const QString& nombre) { return controles::buscar(nombre)->isVisible(); });
+}
+
+void marca(const Jugada&, const Argumentos& a)
+{
+    cadaUno(a, "«%1» marcado: %2",
+            [](const QString& nombre)
+            {
+                const QVariant marcado = controles::buscarVisible(nombre)->property("checked");
+                return marcado.isValid() ? marcado.toBool() : throw Falla("«%1» no se marca", nombre);
+            });
+}
+
+void ventana(const Jugada&, const Argumentos& a)
+{
+    cadaUno(a, "la ventana «%1» abierta: %2",
+            [](const QString& nombre)
+            { return Navegacion::instancia().abierta(nombre) != nullptr || controles::suelta(nombre) != nullptr; });
+}
+
+void foco(const Jugada&, const Argumentos& a)
+{
+    exigirFoco(a[0].texto);
 }
 
 /// As the screen shows it; a tick is "si" or "no".
 QString celdaDe(const Grilla& grilla, int fila, int columna)
 {
-    if (fila == 0)
-    {
-        return grilla.model()->headerData(columna - 1, Qt::Horizontal).toString();
-    }
-    const QVariant marca = grilla.model()->index(fila - 1, columna - 1).data(Qt::CheckStateRole);
+    const QVariant marca =
+        fila > 0 ? grilla.model()->index(fila - 1, columna - 1).data(Qt::CheckStateRole) : QVariant();
     return marca.isValid() ? siNo(marca.toInt() == Qt::Checked) : grilla.texto(columna, fila);
 }
 
@@ -111,103 +96,48 @@ QString filaDe(const Grilla& grilla, int fila)
     QStringList celdas;
     for (int columna = 1; columna <= grilla.columnas(); ++columna)
     {
-        if (!grilla.isColumnHidden(columna - 1))
-        {
-            celdas += celdaDe(grilla, fila, columna);
-        }
+        celdas += grilla.isColumnHidden(columna - 1) ? QStringList() : QStringList{celdaDe(grilla, fila, columna)};
     }
     return celdas.join(u'|');
 }
 
-/// `a` after its first word is the number of things in `hay`, or each of them.
-void todasIguales(const QStringList& hay, const guion::Argumentos& a)
+const Grilla* grillaCon(const Argumentos& a, int fila, int columna = 1)
 {
-    bool esNumero = !a.palabra(1).entreComillas && a.cantidad() == 2;
-    const int cuantas = esNumero ? a.texto(1).toInt(&esNumero) : 0;
-    if (esNumero)
-    {
-        iguales(QString::number(hay.size()), QString::number(cuantas));
-        return;
-    }
-    iguales(hay.join(u'\n'), a.textos(1).join(u'\n'));
-}
-} // namespace
-
-namespace comprobaciones
-{
-void texto(Jugada&, const Argumentos& a)
-{
-    const QWidget* control = controles::buscarVisible(a.texto(0));
-    if (!controles::muestra(control, a.texto(1)))
-    {
-        iguales(controles::textoDe(control), a.texto(1));
-    }
+    const Grilla* grilla = controles::buscarGrilla(a[0].texto);
+    return fila <= grilla->filas() && columna <= grilla->columnas()
+               ? grilla
+               : throw Falla("la grilla tiene %1 filas y %2 columnas", grilla->filas(), grilla->columnas());
 }
 
-void activo(Jugada&, const Argumentos& a)
+void celda(const Jugada&, const Argumentos& a)
 {
-    cadaUno(a, controles::buscar, [](const QWidget* control) { return control->isEnabled(); });
+    const Grilla* grilla = grillaCon(a, a[1].numero(), a[2].numero());
+    iguales(celdaDe(*grilla, a[1].numero(), a[2].numero()), a[3].texto);
 }
 
-void visible(Jugada&, const Argumentos& a)
+void fila(const Jugada&, const Argumentos& a)
 {
-    cadaUno(a, controles::buscar, [](const QWidget* control) { return control->isVisible(); });
+    iguales(filaDe(*grillaCon(a, a[1].numero()), a[1].numero()), textos(a, 2).join(u'|'));
 }
 
-void marca(Jugada&, const Argumentos& a)
+/// The words after the first one are these texts, or their number.
+void todasIguales(const QStringList& hay, const Argumentos& a)
 {
-    cadaUno(a, controles::buscarVisible, estaMarcado);
+    bool esNumero = a.size() == 2 && !a[1].citada;
+    const int cuantas = esNumero ? a[1].texto.toInt(&esNumero) : 0;
+    esNumero ? iguales(QString::number(hay.size()), QString::number(cuantas))
+             : iguales(hay.join(u'\n'), textos(a, 1).join(u'\n'));
 }
 
-void exigirFoco(const QString& control)
+void lista(const Jugada&, const Argumentos& a)
 {
-    if (!entrada::tieneFoco(controles::buscar(control)))
-    {
-        const QWidget* foco = QApplication::focusWidget();
-        throw Falla(QStringLiteral("el foco está en «%1», y se esperaba en «%2»")
-                        .arg(foco == nullptr ? QStringLiteral("ninguno") : foco->objectName(), control));
-    }
+    const auto* lista = qobject_cast<const QComboBox*>(controles::buscarVisible(a[0].texto));
+    todasIguales(lista != nullptr ? controles::entradasDe(*lista) : throw Falla("«%1» no es una lista", a[0].texto), a);
 }
 
-void foco(Jugada&, const Argumentos& a)
+void filas(const Jugada&, const Argumentos& a)
 {
-    exigirFoco(a.texto(0));
-}
-
-void lista(Jugada&, const Argumentos& a)
-{
-    const auto* lista = qobject_cast<const QComboBox*>(controles::buscarVisible(a.texto(0)));
-    if (lista == nullptr)
-    {
-        throw Falla(QStringLiteral("«%1» no es una lista").arg(a.texto(0)));
-    }
-    todasIguales(controles::entradasDe(*lista), a);
-}
-
-void celda(Jugada&, const Argumentos& a)
-{
-    const Grilla* grilla = controles::buscarGrilla(a.texto(0), false);
-    if (a.numero(1) > grilla->filas() || a.numero(2) > grilla->columnas())
-    {
-        throw Falla(
-            QStringLiteral("la grilla tiene %1 filas y %2 columnas").arg(grilla->filas()).arg(grilla->columnas()));
-    }
-    iguales(celdaDe(*grilla, a.numero(1), a.numero(2)), a.texto(3));
-}
-
-void fila(Jugada&, const Argumentos& a)
-{
-    const Grilla* grilla = controles::buscarGrilla(a.texto(0), false);
-    if (a.numero(1) > grilla->filas())
-    {
-        throw Falla(QStringLiteral("la grilla tiene %1 filas").arg(grilla->filas()));
-    }
-    iguales(filaDe(*grilla, a.numero(1)), a.textos(2).join(u'|'));
-}
-
-void filas(Jugada&, const Argumentos& a)
-{
-    const Grilla* grilla = controles::buscarGrilla(a.texto(0), false);
+    const Grilla* grilla = grillaCon(a, 0);
     QStringList todas;
     for (int fila = 1; fila <= grilla->filas(); ++fila)
     {
@@ -216,42 +146,131 @@ void filas(Jugada&, const Argumentos& a)
     todasIguales(todas, a);
 }
 
-void amarillas(Jugada&, const Argumentos& a)
+void amarillas(const Jugada&, const Argumentos& a)
 {
-    const Grilla* grilla = controles::buscarGrilla(a.texto(0), false);
+    const Grilla* grilla = grillaCon(a, 0);
     QStringList hay;
     for (int fila = 1; fila <= grilla->filas(); ++fila)
     {
-        if (grilla->colorDeFila(fila) == Grilla::amarillo)
-        {
-            hay += QString::number(fila);
-        }
+        hay += grilla->colorDeFila(fila) == Grilla::amarillo ? QStringList{QString::number(fila)} : QStringList();
     }
-    iguales(hay.join(u' '), a.textos(1).join(u' '));
+    iguales(hay.join(u' '), textos(a, 1).join(u' '));
 }
 
 /// The last of the boxes; those before it count as told, too.
-const DatosDeCaja& ultimaCaja(Contexto& contexto)
+const DatosDeCaja& ultimaCaja(const Jugada& jugada)
 {
-    if (contexto.cajas.empty())
+    jugada.contexto->nombradas = true;
+    const std::vector<DatosDeCaja>& cajas = jugada.contexto->cajas;
+    return !cajas.empty() ? cajas.back() : throw Falla("no hubo ninguna caja");
+}
+
+void mensaje(const Jugada& jugada, const Argumentos& a)
+{
+    iguales(ultimaCaja(jugada).texto, a[0].texto);
+}
+
+void caja(const Jugada& jugada, const Argumentos& a)
+{
+    const DatosDeCaja& caja = ultimaCaja(jugada);
+    iguales(QStringList{nombreDe(caja.clase), caja.titulo, caja.texto}.join(u'|'), textos(a, 0).join(u'|'));
+}
+
+void titulo(const Jugada&, const Argumentos& a)
+{
+    const QWidget* ventana = controles::ventanaActual();
+    const auto* pantalla = ventana->windowTitle().isEmpty() ? ventana->findChild<const Pantalla*>() : nullptr;
+    iguales(pantalla != nullptr ? pantalla->windowTitle() : ventana->windowTitle(), a[0].texto);
+}
+
+void estado(const Jugada&, const Argumentos& a)
+{
+    const auto* barra = controles::ventanaPrincipal()->findChild<const QStatusBar*>();
+    QStringList partes = {barra->currentMessage()};
+    for (const QLabel* parte : barra->findChildren<const QLabel*>())
     {
-        throw Falla(QStringLiteral("no hubo ninguna caja"));
+        partes += parte->text();
     }
-    contexto.nombradas = true;
-    return contexto.cajas.back();
+    if (!partes.contains(a[0].texto))
+    {
+        iguales(partes.join(" / "), a[0].texto);
+    }
 }
 
-void mensaje(Jugada& jugada, const Argumentos& a)
+QStringList lineasDe(const QString& ruta)
 {
-    iguales(ultimaCaja(jugada.contexto()).texto, a.texto(0));
+    QFile archivo(ruta);
+    if (!archivo.open(QIODevice::ReadOnly))
+    {
+        throw Falla("no se puede leer %1: %2", ruta, archivo.errorString());
+    }
+    return QString::fromLatin1(archivo.readAll()).split(u'\n');
 }
 
-void caja(Jugada& jugada, const Argumentos& a)
+/// The first line that differs, with its place in it.
+void archivo(const Jugada& jugada, const Argumentos& a)
 {
-    const DatosDeCaja& caja = ultimaCaja(jugada.contexto());
-    iguales(guion::nombreDe(caja.clase), a.texto(0));
-    iguales(caja.titulo, a.texto(1));
-    iguales(caja.texto, a.texto(2));
+    const QStringList hay = lineasDe(jugada.contexto->ruta(a[0].texto));
+    const QStringList esperadas = lineasDe(QDir(jugada.contexto->carpetaDelGuion).absoluteFilePath(a[1].texto));
+    const auto [una, otra] = std::ranges::mismatch(hay, esperadas);
+    if (una != hay.end() || otra != esperadas.end())
+    {
+        const QString linea = una != hay.end() ? *una : QString();
+        const QString esperada = otra != esperadas.end() ? *otra : QString();
+        const auto lugar = std::ranges::mismatch(linea, esperada).in1 - linea.begin();
+        throw Falla("difieren en la línea %1, posición %2: %3 y se esperaba %4", una - hay.begin() + 1, lugar + 1,
+                    entreComillas(linea), entreComillas(esperada));
+    }
+}
+
+void sinArchivo(const Jugada& jugada, const Argumentos& a)
+{
+    if (QFileInfo::exists(jugada.contexto->ruta(a[0].texto)))
+    {
+        throw Falla("existe %1", a[0].texto);
+    }
+}
+
+void base(const Jugada& jugada, const Argumentos& a)
+{
+    iguales(consultarBase(jugada.contexto->ruta("DBBrivo.mdb"), a[0].texto), textos(a, 1).join(u';'));
+}
+} // namespace
+
+std::span<const Verbo> verbosQueMiran()
+{
+    static constexpr Verbo todos[] = {
+        {"espera", "(ct)", texto},
+        {"espera_activo", "(c+s)", activo},
+        {"espera_visible", "(c+s)", visible},
+        {"espera_marca", "(c+s)", marca},
+        {"espera_foco", "c", foco},
+        {"espera_lista", "ct+", lista},
+        {"espera_celda", "cf(nt)", celda},
+        {"espera_fila", "cnt+", fila},
+        {"espera_filas", "ct+", filas},
+        {"espera_amarillas", "cn*", amarillas},
+        {"espera_mensaje", "t", mensaje},
+        {"espera_caja", "ett", caja},
+        {"espera_titulo", "t", titulo},
+        {"espera_estado", "t", estado},
+        {"espera_ventana", "(c+s)", ventana},
+        {"espera_archivo", "tt", archivo},
+        {"espera_sin_archivo", "t", sinArchivo},
+        {"espera_base", "tt+", base},
+    };
+    return todos;
+}
+} // namespace guion
+
+void exigirFoco(const QString& control)
+{
+    if (!entrada::tieneFoco(controles::buscar(control)))
+    {
+        const QWidget* foco = QApplication::focusWidget();
+        throw Falla("el foco está en «%1», y se esperaba en «%2»", foco == nullptr ? "ninguno" : foco->objectName(),
+                    control);
+    }
 }
 
 void exigirCajas(const std::vector<DatosDeCaja>& cajas, const std::vector<guion::CajaEsperada>& esperadas)
@@ -263,76 +282,13 @@ void exigirCajas(const std::vector<DatosDeCaja>& cajas, const std::vector<guion:
                         esperada->clase.value_or(caja.clase) == caja.clase;
         if (!es && caja.clase != Caja::Pregunta)
         {
-            throw Falla(QStringLiteral("vino la caja %1 %2, que la línea no dice")
-                            .arg(guion::nombreDe(caja.clase), guion::entreComillas(caja.texto)));
+            throw Falla("vino la caja %1 %2, que la línea no dice", guion::nombreDe(caja.clase),
+                        guion::entreComillas(caja.texto));
         }
         esperada += es ? 1 : 0;
     }
     if (esperada != esperadas.end())
     {
-        throw Falla(QStringLiteral("no vino la caja %1").arg(guion::entreComillas(esperada->texto)));
+        throw Falla("no vino la caja %1", guion::entreComillas(esperada->texto));
     }
 }
-
-void titulo(Jugada&, const Argumentos& a)
-{
-    const QWidget* ventana = controles::ventanaActual();
-    const auto* pantalla = ventana->windowTitle().isEmpty() ? ventana->findChild<const Pantalla*>() : nullptr;
-    iguales(pantalla != nullptr ? pantalla->windowTitle() : ventana->windowTitle(), a.texto(0));
-}
-
-void estado(Jugada&, const Argumentos& a)
-{
-    const QMainWindow* principal = controles::ventanaPrincipal();
-    const auto* barra = principal != nullptr ? principal->findChild<const QStatusBar*>() : nullptr;
-    if (barra == nullptr)
-    {
-        throw Falla(QStringLiteral("no hay barra de estado"));
-    }
-    QStringList partes = {barra->currentMessage()};
-    for (const QLabel* parte : barra->findChildren<const QLabel*>())
-    {
-        partes += parte->text();
-    }
-    if (!partes.contains(a.texto(0)))
-    {
-        iguales(partes.join(QStringLiteral(" / ")), a.texto(0));
-    }
-}
-
-void ventana(Jugada&, const Argumentos& a)
-{
-    const std::size_t ultimo = a.cantidad() - 1;
-    for (std::size_t i = 0; i < ultimo; ++i)
-    {
-        if (ventanaAbierta(a.texto(i)) != a.siNo(ultimo))
-        {
-            throw Falla(QStringLiteral("la ventana «%1» %2 abierta")
-                            .arg(a.texto(i), a.siNo(ultimo) ? QStringLiteral("no está") : QStringLiteral("está")));
-        }
-    }
-}
-
-void archivo(Jugada& jugada, const Argumentos& a)
-{
-    const QByteArray hay = contenidoDe(jugada.contexto().ruta(a.texto(0)));
-    const QByteArray esperado = contenidoDe(QDir(jugada.contexto().carpetaDelGuion).absoluteFilePath(a.texto(1)));
-    if (hay != esperado)
-    {
-        throw Falla(diferencia(hay, esperado));
-    }
-}
-
-void sinArchivo(Jugada& jugada, const Argumentos& a)
-{
-    if (QFileInfo::exists(jugada.contexto().ruta(a.texto(0))))
-    {
-        throw Falla(QStringLiteral("existe %1").arg(a.texto(0)));
-    }
-}
-
-void base(Jugada& jugada, const Argumentos& a)
-{
-    iguales(consultarBase(jugada.contexto().base(), a.texto(0)), a.textos(1).join(u';'));
-}
-} // namespace comprobaciones

@@ -8,161 +8,96 @@
 
 #include <QtWidgets>
 #include <algorithm>
-#include <optional>
 
 namespace controles
 {
 namespace
 {
-/// One place where a control can be: a window, without the child windows that lie in it.
-struct Ambito
+/// The controls with a name of their own in a window. A dialog is a child of the window over which it lies, and so is a
+/// child window of the main window: their controls are not its own.
+QWidgetList controlesDe(const QWidget* ventana)
 {
-    QWidget* ventana = nullptr;
-    bool sinHijas = false;
-};
-
-bool enHija(const QWidget* control, const QWidget* hasta)
-{
-    for (; control != nullptr && control != hasta; control = control->parentWidget())
-    {
-        if (qobject_cast<const QMdiSubWindow*>(control) != nullptr)
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
-QWidgetList controlesDe(const Ambito& ambito)
-{
-    QWidgetList lista;
-    for (QWidget* control : ambito.ventana->findChildren<QWidget*>())
-    {
-        const bool propio =
-            !control->objectName().isEmpty() && !control->objectName().startsWith(QStringLiteral("qt_"));
-        // A dialog is a child of the window over which it lies, and yet a place of its own.
-        if (propio && control->window() == ambito.ventana->window() &&
-            !(ambito.sinHijas && enHija(control, ambito.ventana)))
-        {
-            lista += control;
-        }
-    }
+    QWidgetList lista = ventana->findChildren<QWidget*>(QRegularExpression("^(?!qt_)."));
+    lista.removeIf([&](const QWidget* control)
+                   { return control->window() != ventana->window() || hijaDe(control) != hijaDe(ventana); });
     return lista;
 }
 
-/// Windows of their own that are not the main window: the preview of a report, the help.
-QWidgetList sueltas()
+/// Where a control can be, the nearest place first.
+QWidgetList ambitos()
 {
-    QWidgetList lista;
+    if (QWidget* modal = QApplication::activeModalWidget())
+    {
+        return {modal};
+    }
+    QWidgetList lista = {hijaActiva(), ventanaPrincipal()};
     for (QWidget* ventana : QApplication::topLevelWidgets())
     {
-        if (ventana->isVisible() && ventana != ventanaPrincipal() && ventana->windowType() == Qt::Window)
+        if (ventana->isVisible() && ventana->windowType() == Qt::Window)
         {
             lista += ventana;
         }
     }
+    lista.removeAll(nullptr);
     return lista;
 }
 
-std::vector<Ambito> ambitos()
+/// `txtImporte(3)` is the object txtImporte_3.
+QString nombreDeObjeto(QString nombre)
 {
-    if (QWidget* modal = QApplication::activeModalWidget())
-    {
-        return {{modal}};
-    }
-    std::vector<Ambito> lista;
-    if (QWidget* hija = hijaActiva())
-    {
-        lista.push_back({hija});
-    }
-    if (QWidget* principal = ventanaPrincipal())
-    {
-        lista.push_back({principal, true});
-    }
-    for (QWidget* suelta : sueltas())
-    {
-        lista.push_back({suelta});
-    }
-    return lista;
+    return nombre.replace(QRegularExpression("\\((\\d+)\\)$"), "_\\1");
 }
 
-QString nombreDeObjeto(const QString& nombre)
+QString nombreDeControl(QString objeto)
 {
-    static const QRegularExpression deArreglo(QStringLiteral("^(\\w+)\\((\\d+)\\)$"),
-                                              QRegularExpression::UseUnicodePropertiesOption);
-    const auto partes = deArreglo.match(nombre);
-    return partes.hasMatch() ? partes.captured(1) + u'_' + partes.captured(2) : nombre;
+    return objeto.replace(QRegularExpression("_(\\d+)$"), "(\\1)");
 }
 
-QString nombreDeControl(const QString& deObjeto)
-{
-    static const QRegularExpression deArreglo(QStringLiteral("^(.+)_(\\d+)$"));
-    const auto partes = deArreglo.match(deObjeto);
-    return partes.hasMatch() ? QStringLiteral("%1(%2)").arg(partes.captured(1), partes.captured(2)) : deObjeto;
-}
-
+/// Of several controls that the name may mean, the one written so, and the one that is shown.
 QWidget* elegido(const QWidgetList& lista, const QString& objeto)
 {
-    QWidget* mejor = nullptr;
-    int nota = 0;
-    for (QWidget* control : lista)
+    const auto nota = [&](const QWidget* control)
     {
-        if (control->objectName().compare(objeto, Qt::CaseInsensitive) != 0)
-        {
-            continue;
-        }
-        const int suya = 1 + (control->objectName() == objeto ? 2 : 0) + (control->isVisible() ? 1 : 0);
-        if (suya > nota)
-        {
-            nota = suya;
-            mejor = control;
-        }
-    }
-    return mejor;
+        return control->objectName().compare(objeto, Qt::CaseInsensitive) != 0
+                   ? 0
+                   : 1 + (control->objectName() == objeto ? 2 : 0) + (control->isVisible() ? 1 : 0);
+    };
+    const auto mejor = std::ranges::max_element(lista, {}, nota);
+    return mejor == lista.end() || nota(*mejor) == 0 ? nullptr : *mejor;
 }
 
-/// Why the control is not where it was looked for.
-QString dondeEsta(const QString& objeto)
+/// Throws why the control is not where it was looked for, if there is one.
+void explicarDondeEsta(const QString& nombre)
 {
-    for (QWidget* ventana : QApplication::topLevelWidgets())
+    for (const QWidget* ventana : QApplication::topLevelWidgets())
     {
-        const QWidget* control = ventana->isVisible() ? elegido(ventana->findChildren<QWidget*>(), objeto) : nullptr;
-        if (control == nullptr)
+        const QWidget* control =
+            ventana->isVisible() ? elegido(ventana->findChildren<QWidget*>(), nombreDeObjeto(nombre)) : nullptr;
+        if (control != nullptr)
         {
-            continue;
-        }
-        if (QWidget* modal = QApplication::activeModalWidget())
-        {
-            return QStringLiteral("está detrás de la ventana modal «%1»").arg(nombreDe(modal));
-        }
-        for (const QWidget* padre = control; padre != nullptr; padre = padre->parentWidget())
-        {
-            if (qobject_cast<const QMdiSubWindow*>(padre) != nullptr)
-            {
-                return QStringLiteral("está en otra ventana, «%1»").arg(nombreDe(padre));
-            }
+            exigirDelante(nombre);
+            throw Falla("«%1» está en otra ventana, «%2»", nombre,
+                        nombreDe(hijaDe(control) != nullptr ? hijaDe(control) : ventana));
         }
     }
-    return {};
 }
 
 QString porQueNoSeVe(const QWidget* control)
 {
     for (const QWidget* parte = control; parte->parentWidget() != nullptr; parte = parte->parentWidget())
     {
-        const auto* pila = qobject_cast<const QStackedWidget*>(parte->parentWidget());
-        const auto* paginas = pila != nullptr ? qobject_cast<const QTabWidget*>(pila->parentWidget()) : nullptr;
-        if (paginas != nullptr && paginas->currentWidget() != parte)
+        const auto* paginas = qobject_cast<const QTabWidget*>(parte->parentWidget()->parentWidget());
+        const int pagina = paginas != nullptr ? paginas->indexOf(const_cast<QWidget*>(parte)) : -1;
+        if (pagina >= 0 && pagina != paginas->currentIndex())
         {
-            const int pagina = paginas->indexOf(const_cast<QWidget*>(parte));
-            return QStringLiteral("está en otra página, «%1»").arg(sinMarca(paginas->tabText(pagina)));
+            return QString("está en otra página, «%1»").arg(sinMarca(paginas->tabText(pagina)));
         }
         if (parte != control && parte->isHidden() && !parte->isWindow())
         {
-            return QStringLiteral("está oculto con «%1»").arg(nombreDeControl(parte->objectName()));
+            return QString("está oculto con «%1»").arg(nombreDeControl(parte->objectName()));
         }
     }
-    return QStringLiteral("está oculto");
+    return "está oculto";
 }
 
 QString porQueNoActua(const QWidget* control)
@@ -172,51 +107,31 @@ QString porQueNoActua(const QWidget* control)
     {
         causa = causa->parentWidget();
     }
-    return causa == control ? QStringLiteral("está deshabilitado")
-                            : QStringLiteral("está deshabilitado con «%1»").arg(nombreDeControl(causa->objectName()));
-}
-
-[[noreturn]] void rechazar(const QString& nombre, const QString& motivo)
-{
-    throw Falla(QStringLiteral("«%1» %2").arg(nombre, motivo));
-}
-
-int distancia(const QString& a, const QString& b)
-{
-    std::vector<int> fila(static_cast<std::size_t>(b.size()) + 1);
-    std::iota(fila.begin(), fila.end(), 0);
-    for (qsizetype i = 0; i < a.size(); ++i)
-    {
-        int diagonal = fila.front()++;
-        for (std::size_t j = 1; j < fila.size(); ++j)
-        {
-            const bool igual = a.at(i) == b.at(static_cast<qsizetype>(j) - 1);
-            const int siguiente = std::min({fila[j] + 1, fila[j - 1] + 1, diagonal + (igual ? 0 : 1)});
-            diagonal = std::exchange(fila[j], siguiente);
-        }
-    }
-    return fila.back();
-}
-
-std::optional<QString> textoDeBoton(const QWidget* control)
-{
-    const auto* boton = qobject_cast<const QAbstractButton*>(control);
-    return boton != nullptr ? std::optional(sinMarca(boton->text())) : std::nullopt;
+    return causa == control ? QString("está deshabilitado")
+                            : QString("está deshabilitado con «%1»").arg(nombreDeControl(causa->objectName()));
 }
 
 QString textoDeRotulo(const QLabel& rotulo)
 {
-    const QString texto = rotulo.text();
-    const bool rico =
-        rotulo.textFormat() == Qt::RichText || (rotulo.textFormat() == Qt::AutoText && Qt::mightBeRichText(texto));
-    return rico ? QTextDocumentFragment::fromHtml(texto).toPlainText()
-                : (rotulo.buddy() != nullptr ? sinMarca(texto) : texto);
+    const bool rico = rotulo.textFormat() == Qt::RichText ||
+                      (rotulo.textFormat() == Qt::AutoText && Qt::mightBeRichText(rotulo.text()));
+    return rico ? QTextDocumentFragment::fromHtml(rotulo.text()).toPlainText()
+                : (rotulo.buddy() != nullptr ? sinMarca(rotulo.text()) : rotulo.text());
 }
 } // namespace
 
 QMainWindow* ventanaPrincipal()
 {
     return Navegacion::instancia().ventana();
+}
+
+QMdiSubWindow* hijaDe(const QWidget* control)
+{
+    while (control != nullptr && qobject_cast<const QMdiSubWindow*>(control) == nullptr)
+    {
+        control = control->parentWidget();
+    }
+    return const_cast<QMdiSubWindow*>(static_cast<const QMdiSubWindow*>(control));
 }
 
 QMdiSubWindow* hijaActiva()
@@ -230,63 +145,65 @@ QMdiSubWindow* hijaActiva()
 
 QWidget* ventanaActual()
 {
-    if (QWidget* modal = QApplication::activeModalWidget())
+    QWidget* activa = QApplication::activeModalWidget();
+    if (activa == nullptr)
     {
-        return modal;
+        activa = QApplication::activeWindow();
+        activa = activa == ventanaPrincipal() || (activa != nullptr && !activa->isVisible()) ? nullptr : activa;
     }
-    QWidget* activa = QApplication::activeWindow();
-    if (activa != nullptr && activa != ventanaPrincipal() && activa->isVisible())
+    for (QWidget* ventana : {activa, static_cast<QWidget*>(hijaActiva()), static_cast<QWidget*>(ventanaPrincipal())})
     {
-        return activa;
+        if (ventana != nullptr)
+        {
+            return ventana;
+        }
     }
-    if (QWidget* hija = hijaActiva())
-    {
-        return hija;
-    }
-    if (QWidget* principal = ventanaPrincipal())
-    {
-        return principal;
-    }
-    throw Falla(QStringLiteral("no hay ninguna ventana"));
+    throw Falla("no hay ninguna ventana");
 }
 
 QString nombreDe(const QWidget* ventana)
 {
-    if (const auto* pantalla = qobject_cast<const Pantalla*>(ventana))
+    const auto* pantalla = qobject_cast<const Pantalla*>(ventana);
+    if (pantalla == nullptr && ventana != ventanaPrincipal())
     {
-        return pantalla->objectName();
+        pantalla = ventana->findChild<const Pantalla*>();
     }
-    if (const auto* pantalla = ventana->findChild<const Pantalla*>();
-        pantalla != nullptr && ventana != ventanaPrincipal())
+    return pantalla != nullptr                ? pantalla->objectName()
+           : ventana->windowTitle().isEmpty() ? ventana->objectName()
+                                              : ventana->windowTitle();
+}
+
+QWidget* suelta(const QString& nombre)
+{
+    const QWidgetList todas = QApplication::topLevelWidgets();
+    const auto hallada = std::ranges::find_if(todas, [&](const QWidget* ventana)
+                                              { return ventana->isVisible() && ventana->objectName() == nombre; });
+    return hallada == todas.end() ? nullptr : *hallada;
+}
+
+void exigirDelante(const QString& que)
+{
+    if (const QWidget* modal = QApplication::activeModalWidget())
     {
-        return pantalla->objectName();
+        throw Falla("«%1» está detrás de la ventana modal «%2»", que, nombreDe(modal));
     }
-    return ventana->windowTitle().isEmpty() ? ventana->objectName() : ventana->windowTitle();
 }
 
 QWidget* buscar(const QString& nombre)
 {
-    const QString objeto = nombreDeObjeto(nombre);
     QStringList nombres;
-    for (const Ambito& ambito : ambitos())
+    for (const QWidget* ambito : ambitos())
     {
         const QWidgetList lista = controlesDe(ambito);
-        if (QWidget* control = elegido(lista, objeto))
+        if (QWidget* control = elegido(lista, nombreDeObjeto(nombre)))
         {
             return control;
         }
-        for (const QWidget* control : lista)
-        {
-            nombres += nombreDeControl(control->objectName());
-        }
+        std::ranges::transform(lista, std::back_inserter(nombres),
+                               [](const QWidget* control) { return nombreDeControl(control->objectName()); });
     }
-    if (const QString donde = dondeEsta(objeto); !donde.isEmpty())
-    {
-        rechazar(nombre, donde);
-    }
-    const QString cerca = parecidos(nombre, nombres);
-    throw Falla(QStringLiteral("no hay control «%1» en «%2»").arg(nombre, nombreDe(ventanaActual())) +
-                (cerca.isEmpty() ? QString() : QStringLiteral("; parecidos: ") + cerca));
+    explicarDondeEsta(nombre);
+    throw Falla("no hay control «%1» en «%2»%3", nombre, nombreDe(ventanaActual()), parecidos(nombre, nombres));
 }
 
 QWidget* buscarVisible(const QString& nombre)
@@ -294,7 +211,7 @@ QWidget* buscarVisible(const QString& nombre)
     QWidget* control = buscar(nombre);
     if (!control->isVisible())
     {
-        rechazar(nombre, porQueNoSeVe(control));
+        throw Falla("«%1» %2", nombre, porQueNoSeVe(control));
     }
     return control;
 }
@@ -304,7 +221,7 @@ QWidget* buscarUsable(const QString& nombre)
     QWidget* control = buscarVisible(nombre);
     if (!control->isEnabled())
     {
-        rechazar(nombre, porQueNoActua(control));
+        throw Falla("«%1» %2", nombre, porQueNoActua(control));
     }
     return control;
 }
@@ -314,7 +231,7 @@ Grilla* buscarGrilla(const QString& nombre, bool usable)
     auto* grilla = qobject_cast<Grilla*>(usable ? buscarUsable(nombre) : buscarVisible(nombre));
     if (grilla == nullptr)
     {
-        rechazar(nombre, QStringLiteral("no es una grilla"));
+        throw Falla("«%1» no es una grilla", nombre);
     }
     return grilla;
 }
@@ -325,44 +242,24 @@ QString textoDe(const QWidget* control)
     {
         return mascara->text();
     }
-    if (const auto* linea = qobject_cast<const QLineEdit*>(control))
-    {
-        return linea->text();
-    }
-    if (const auto* lista = qobject_cast<const QComboBox*>(control))
-    {
-        return lista->currentText();
-    }
     if (const auto* rotulo = qobject_cast<const QLabel*>(control))
     {
         return textoDeRotulo(*rotulo);
-    }
-    if (const auto* marco = qobject_cast<const QGroupBox*>(control))
-    {
-        return sinMarca(marco->title());
-    }
-    if (const auto boton = textoDeBoton(control))
-    {
-        return *boton;
     }
     if (const auto* paginas = qobject_cast<const QTabWidget*>(control))
     {
         return sinMarca(paginas->tabText(paginas->currentIndex()));
     }
-    if (const auto* vista = qobject_cast<const QAbstractItemView*>(control);
-        vista != nullptr && qobject_cast<const Grilla*>(control) == nullptr)
-    {
-        return vista->currentIndex().data().toString();
-    }
-    // Text boxes, numbers and progress bars.
-    for (const char* propiedad : {"plainText", "text", "value"})
+    const bool conMarca =
+        qobject_cast<const QAbstractButton*>(control) != nullptr || qobject_cast<const QGroupBox*>(control) != nullptr;
+    for (const char* propiedad : {"currentText", "text", "title", "plainText", "value"})
     {
         if (const QVariant valor = control->property(propiedad); valor.isValid())
         {
-            return valor.toString();
+            return conMarca ? sinMarca(valor.toString()) : valor.toString();
         }
     }
-    rechazar(nombreDeControl(control->objectName()), QStringLiteral("no muestra un texto"));
+    throw Falla("«%1» no muestra un texto", nombreDeControl(control->objectName()));
 }
 
 bool muestra(const QWidget* control, const QString& esperado)
@@ -389,40 +286,19 @@ QStringList entradasDe(const QComboBox& lista)
 
 QString sinMarca(const QString& texto)
 {
-    QString limpio;
-    for (qsizetype i = 0; i < texto.size(); ++i)
-    {
-        if (texto.at(i) == u'&' && i + 1 < texto.size())
-        {
-            ++i;
-        }
-        limpio += texto.at(i);
-    }
-    return limpio;
+    return QString(texto).replace(QRegularExpression("&(.)"), "\\1");
 }
 
 QString parecidos(const QString& nombre, const QStringList& posibles)
 {
-    const QString bajo = nombre.toLower();
-    std::vector<std::pair<int, QString>> cercanos;
-    for (const QString& posible : posibles)
-    {
-        const QString otro = posible.toLower();
-        const int lejos = otro.contains(bajo) || bajo.contains(otro) ? 1 : distancia(bajo, otro);
-        if (lejos <= std::max<qsizetype>(2, nombre.size() / 2))
-        {
-            cercanos.emplace_back(lejos, posible);
-        }
-    }
-    std::sort(cercanos.begin(), cercanos.end());
-    QStringList lista;
-    for (const auto& [lejos, posible] : cercanos)
-    {
-        if (!lista.contains(posible) && lista.size() < 5)
-        {
-            lista += posible;
-        }
-    }
-    return lista.join(QStringLiteral(", "));
+    // A slip of the finger leaves the first half or the second one.
+    const qsizetype mitad = std::max<qsizetype>(3, nombre.size() / 2);
+    QStringList cercanos =
+        posibles.filter(QRegularExpression("^" + QRegularExpression::escape(nombre.left(mitad)) + "|" +
+                                               QRegularExpression::escape(nombre.right(mitad)) + "$",
+                                           QRegularExpression::CaseInsensitiveOption));
+    cercanos.removeDuplicates();
+    constexpr int bastantes = 5;
+    return cercanos.isEmpty() ? QString() : "; parecidos: " + cercanos.mid(0, bastantes).join(", ");
 }
 } // namespace controles

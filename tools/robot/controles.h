@@ -3,9 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-class QAbstractItemView;
 class QComboBox;
-class QLineEdit;
 class QMainWindow;
 class QMdiSubWindow;
 class QWidget;
@@ -15,6 +13,8 @@ class Grilla;
 namespace controles
 {
 [[nodiscard]] QMainWindow* ventanaPrincipal();
+/// The child window in which a control lies, or none.
+[[nodiscard]] QMdiSubWindow* hijaDe(const QWidget* control);
 /// The active child window, or none.
 [[nodiscard]] QMdiSubWindow* hijaActiva();
 /// What a person has in front of him: the active dialog, else a window of its own that is active (the preview of a
@@ -22,6 +22,10 @@ namespace controles
 [[nodiscard]] QWidget* ventanaActual();
 /// Its name for messages: the screen's name, else its title.
 [[nodiscard]] QString nombreDe(const QWidget* ventana);
+/// The open window of that name that has no screen in it, as the preview of a report, or none.
+[[nodiscard]] QWidget* suelta(const QString& nombre);
+/// Throws Falla when a dialog lies over what was asked for.
+void exigirDelante(const QString& que);
 
 /// The control of this name (`txtImporte(3)`) in the active dialog, else in the active child window, else in the main
 /// window.
@@ -30,17 +34,16 @@ namespace controles
 [[nodiscard]] QWidget* buscarVisible(const QString& nombre);
 /// The same, and it is enabled.
 [[nodiscard]] QWidget* buscarUsable(const QString& nombre);
-[[nodiscard]] Grilla* buscarGrilla(const QString& nombre, bool usable);
+[[nodiscard]] Grilla* buscarGrilla(const QString& nombre, bool usable = false);
 
 /// The text that a control shows, without mnemonic marks.
 [[nodiscard]] QString textoDe(const QWidget* control);
 /// True when `esperado` is that text; a mnemonic mark in it and the dashes of a date out of focus are accepted.
 [[nodiscard]] bool muestra(const QWidget* control, const QString& esperado);
-
 [[nodiscard]] QStringList entradasDe(const QComboBox& lista);
 
 /// "&Nueva DDJJ" is "Nueva DDJJ".
 [[nodiscard]] QString sinMarca(const QString& texto);
-/// The names nearest to a wrong one, for the message that refuses it; empty when none is near.
+/// "; parecidos: " and those of `posibles` that are like a wrong name; empty when none is.
 [[nodiscard]] QString parecidos(const QString& nombre, const QStringList& posibles);
 } // namespace controles

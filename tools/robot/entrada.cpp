@@ -24,31 +24,18 @@ QWindow* ventanaConFoco()
             return posible->windowHandle();
         }
     }
-    throw Falla(QStringLiteral("ninguna ventana recibe el teclado"));
+    throw Falla("ninguna ventana recibe el teclado");
 }
 
 /// A part without a name of its own goes by that of the control it belongs to.
 QString nombreDe(const QWidget* control)
 {
-    const QWidget* con = control;
-    while (con->parentWidget() != nullptr &&
-           (con->objectName().isEmpty() || con->objectName().startsWith(QStringLiteral("qt_"))))
+    while (control->parentWidget() != nullptr &&
+           (control->objectName().isEmpty() || control->objectName().startsWith("qt_")))
     {
-        con = con->parentWidget();
+        control = control->parentWidget();
     }
-    return con->objectName().isEmpty() ? QString::fromLatin1(control->metaObject()->className()) : con->objectName();
-}
-
-/// Scrolls the control into view, as a person does who sees a part of it.
-void aLaVista(QWidget* control)
-{
-    for (QWidget* parte = control->parentWidget(); parte != nullptr; parte = parte->parentWidget())
-    {
-        if (auto* rollo = qobject_cast<QScrollArea*>(parte))
-        {
-            rollo->ensureWidgetVisible(control);
-        }
-    }
+    return control->objectName().isEmpty() ? QString(control->metaObject()->className()) : control->objectName();
 }
 
 /// A list or menu left open closes before something else is clicked.
@@ -71,15 +58,13 @@ QPoint centroDe(const QWidget* control)
 {
     QStyleOptionButton opcion;
     opcion.initFrom(control);
-    if (qobject_cast<const QCheckBox*>(control) != nullptr)
+    const bool tilde = qobject_cast<const QCheckBox*>(control) != nullptr;
+    if (!tilde && qobject_cast<const QRadioButton*>(control) == nullptr)
     {
-        return control->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &opcion, control).center();
+        return control->rect().center();
     }
-    if (qobject_cast<const QRadioButton*>(control) != nullptr)
-    {
-        return control->style()->subElementRect(QStyle::SE_RadioButtonIndicator, &opcion, control).center();
-    }
-    return control->rect().center();
+    const auto marca = tilde ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator;
+    return control->style()->subElementRect(marca, &opcion, control).center();
 }
 } // namespace
 
@@ -91,19 +76,17 @@ void clic(QWidget* control)
 void clic(QWidget* control, QPoint lugar)
 {
     cerrarListasAbiertas(control);
-    aLaVista(control);
     QWidget* ventana = control->window();
     const QPoint enVentana = control->mapTo(ventana, lugar);
     const QWidget* encima = ventana->childAt(enVentana);
     const bool libre = encima == control || control->isAncestorOf(encima) || (encima == nullptr && control == ventana);
     if (ventana->windowHandle() == nullptr || !ventana->rect().contains(enVentana))
     {
-        throw Falla(QStringLiteral("«%1» queda fuera de la ventana").arg(nombreDe(control)));
+        throw Falla("«%1» queda fuera de la ventana", nombreDe(control));
     }
     if (!libre)
     {
-        throw Falla(QStringLiteral("«%1» está tapado por «%2»")
-                        .arg(nombreDe(control), nombreDe(encima != nullptr ? encima : ventana)));
+        throw Falla("«%1» está tapado por «%2»", nombreDe(control), nombreDe(encima != nullptr ? encima : ventana));
     }
     QTest::mouseMove(ventana->windowHandle(), enVentana);
     QTest::mouseClick(ventana->windowHandle(), Qt::LeftButton, Qt::NoModifier, enVentana);

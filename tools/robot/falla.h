@@ -2,19 +2,24 @@
 
 #include <QString>
 #include <stdexcept>
-#include <utility>
 
-/// A line of the script that does not hold: why, for the user of the script.
+/// A line of the script that does not hold, or cannot be read: why, for the user of the script.
 class Falla : public std::runtime_error
 {
 public:
-    explicit Falla(QString queFalla)
-        : std::runtime_error(queFalla.toStdString())
-        , m_motivo(std::move(queFalla))
+    /// The values stand for "%1", "%2" and so on.
+    template <class... Valores>
+    explicit Falla(QString texto, const Valores&... valores)
+        : std::runtime_error(con(std::move(texto), valores...))
     {
     }
-    [[nodiscard]] const QString& motivo() const { return m_motivo; }
+    [[nodiscard]] QString motivo() const { return QString::fromUtf8(what()); }
 
 private:
-    QString m_motivo;
+    template <class... Valores>
+    static std::string con(QString texto, const Valores&... valores)
+    {
+        ((texto = texto.arg(valores)), ...);
+        return texto.toStdString();
+    }
 };

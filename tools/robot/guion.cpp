@@ -1,101 +1,103 @@
 #include "guion.h"
 
 #include "teclas.h"
-#include "verbos.h"
 
+#include <QDate>
 #include <QStringDecoder>
+#include <QTime>
+#include <algorithm>
+#include <iterator>
 
 namespace guion
 {
 namespace
 {
-constexpr Caja todasLasClases[] = {Caja::Informacion, Caja::Exclamacion, Caja::Critico, Caja::Pregunta, Caja::Simple};
+/// In the order of Caja.
+constexpr const char* nombresDeCajas[] = {"informacion", "exclamacion", "critico", "pregunta", "simple"};
 
 std::optional<Caja> claseDe(const Palabra& palabra)
 {
     const auto* const hallada =
-        std::ranges::find_if(todasLasClases, [&](Caja c) { return nombreDe(c) == palabra.texto; });
-    return palabra.entreComillas || hallada == std::end(todasLasClases) ? std::nullopt : std::optional(*hallada);
+        std::ranges::find_if(nombresDeCajas, [&](const char* nombre) { return palabra.texto == nombre; });
+    return palabra.citada || hallada == std::end(nombresDeCajas)
+               ? std::nullopt
+               : std::optional(static_cast<Caja>(hallada - nombresDeCajas));
 }
 
-/// Why a word is not of this kind; empty when it is.
-QString porQueNo(char clase, const Palabra& palabra)
+/// What a word of this kind is called; with the word, whether it is one.
+std::pair<bool, const char*> mirar(char clase, const Palabra& palabra)
 {
     const QString& texto = palabra.texto;
-    bool bien = true;
     switch (clase)
     {
-    case 'f':
     case 'n':
-        return texto.toInt(&bien) < (clase == 'n' ? 1 : 0) || !bien
-                   ? QStringLiteral("«%1» no es un número desde %2").arg(texto, clase == 'n' ? u'1' : u'0')
-                   : QString();
+        return {texto.toInt() > 0, "un número desde 1"};
+    case 'f':
+        return {texto.toInt() > 0 || texto == "0", "un número desde 0"};
     case 's':
-        return leerSiNo(texto) ? QString() : QStringLiteral("se espera si o no, y dice «%1»").arg(texto);
-    case 'x': // a text, or a key by its name
-        if (palabra.entreComillas)
-        {
-            return {};
-        }
-        [[fallthrough]];
+        return {leerSiNo(texto).has_value(), "si o no"};
     case 'k':
-        return !palabra.entreComillas && leerTeclas(texto) ? QString() : QStringLiteral("no hay tecla «%1»").arg(texto);
+        return {!palabra.citada && leerTeclas(texto), "una tecla"};
+    case 'x':
+        return {palabra.citada || leerTeclas(texto), "una tecla o un texto entre comillas"};
     case 'e':
-        return claseDe(palabra) ? QString() : QStringLiteral("no hay cajas «%1»").arg(texto);
+        return {claseDe(palabra).has_value(), "una clase de caja"};
     case 'd':
-        bien = QDate::fromString(texto, QStringLiteral("dd/MM/yyyy")).isValid();
-        return bien ? QString() : QStringLiteral("«%1» no es una fecha DD/MM/AAAA").arg(texto);
+        return {QDate::fromString(texto, "dd/MM/yyyy").isValid(), "una fecha DD/MM/AAAA"};
     case 'h':
-        bien = QTime::fromString(texto, QStringLiteral("HH:mm")).isValid();
-        return bien ? QString() : QStringLiteral("«%1» no es una hora HH:MM").arg(texto);
+        return {QTime::fromString(texto, "HH:mm").isValid(), "una hora HH:MM"};
     case 'c':
-        return leerSiNo(texto) ? QStringLiteral("falta el nombre, y dice «%1»").arg(texto) : QString();
-    case '!':
-        return QStringLiteral("sobra «%1»").arg(texto);
+        return {!leerSiNo(texto), "un nombre"};
     default:
-        return {};
+        return {true, "un texto"};
     }
+}
+
+bool esSufijo(const Palabra& palabra)
+{
+    static const QStringList todos = {"dice", "responde", "archivo", "foco"};
+    return !palabra.citada && todos.contains(palabra.texto);
+}
+
+std::pair<const Verbo*, bool> buscarVerbo(const QString& nombre)
+{
+    for (const auto& verbos : {verbosQueActuan(), verbosDeGrilla(), verbosQuePreparan(), verbosQueMiran()})
+    {
+        const auto hallado = std::ranges::find_if(verbos, [&](const Verbo& v) { return nombre == v.nombre; });
+        if (hallado != verbos.end())
+        {
+            const bool actua = verbos.data() == verbosQueActuan().data() || verbos.data() == verbosDeGrilla().data();
+            return {&*hallado, actua};
+        }
+    }
+    throw Falla("no hay acción «%1»", nombre);
 }
 
 /// Reads the words of one line from left to right.
 class Lector
 {
 public:
-    Lector(std::vector<Palabra> palabras, int linea)
+    explicit Lector(std::vector<Palabra> palabras)
         : m_palabras(std::move(palabras))
-        , m_linea(linea)
     {
     }
-    std::vector<Paso> leer(const QString& texto);
+    std::vector<Paso> leer();
 
 private:
     [[nodiscard]] bool quedan() const { return m_lugar < m_hasta; }
-    [[nodiscard]] const Palabra& sacar() { return m_palabras[m_lugar++]; }
-    [[noreturn]] void fallar(const QString& motivo) const { throw ErrorDeLectura(m_linea, motivo); }
-    void exigir(char clase);
-    void tomar(std::string_view clases, std::vector<Palabra>& tomadas);
-    bool sigue();
-    Despues despues();
+    [[nodiscard]] bool es(char clase) const { return quedan() && mirar(clase, m_palabras[m_lugar]).first; }
+    Argumentos tomar(std::string_view clases);
+    void tomarSufijo(Paso& paso);
 
     std::vector<Palabra> m_palabras;
-    std::size_t m_lugar = 0;
+    std::size_t m_lugar = 1;
     std::size_t m_hasta = 0; ///< where the words of the verb end
-    int m_linea;
 };
 
-void Lector::exigir(char clase)
-{
-    const QString motivo = quedan() ? porQueNo(clase, m_palabras[m_lugar])
-                                    : QStringLiteral("faltan argumentos de %1").arg(m_palabras.front().texto);
-    if (!motivo.isEmpty())
-    {
-        fallar(motivo);
-    }
-}
-
 /// Words of these kinds, each letter with "?", "*" or "+" after it.
-void Lector::tomar(std::string_view clases, std::vector<Palabra>& tomadas)
+Argumentos Lector::tomar(std::string_view clases)
 {
+    Argumentos tomadas;
     while (!clases.empty())
     {
         const char clase = clases.front();
@@ -103,152 +105,118 @@ void Lector::tomar(std::string_view clases, std::vector<Palabra>& tomadas)
         const char cuantas = clases.empty() ? ' ' : clases.front();
         const bool puedeFaltar = cuantas == '?' || cuantas == '*';
         const bool varias = cuantas == '+' || cuantas == '*';
-        if (puedeFaltar || varias)
+        clases.remove_prefix(puedeFaltar || varias ? 1 : 0);
+        if (!puedeFaltar && !es(clase))
         {
-            clases.remove_prefix(1);
+            throw Falla("se espera %1, y %2", mirar(clase, {}).second,
+                        quedan() ? QString("dice «%1»").arg(m_palabras[m_lugar].texto) : "no hay más");
         }
-        if (!puedeFaltar)
-        {
-            exigir(clase);
-            tomadas.push_back(sacar());
-        }
-        for (bool otra = puedeFaltar || varias; otra && quedan() && porQueNo(clase, m_palabras[m_lugar]).isEmpty();
-             otra = varias)
-        {
-            tomadas.push_back(sacar());
-        }
-    }
-}
-
-bool esSufijo(const Palabra& palabra)
-{
-    static const QStringList todos = {"dice", "responde", "archivo", "foco"};
-    return !palabra.entreComillas && todos.contains(palabra.texto);
-}
-
-/// The next word if it goes on with what the word before it began.
-bool Lector::sigue()
-{
-    return quedan() && !esSufijo(m_palabras[m_lugar]);
-}
-
-Despues Lector::despues()
-{
-    Despues todo;
-    while (quedan())
-    {
-        const QString cual = sacar().texto;
         do
         {
-            if (cual == QStringLiteral("dice"))
+            if (es(clase))
             {
-                const std::optional<Caja> clase = quedan() ? claseDe(m_palabras[m_lugar]) : std::nullopt;
-                m_lugar += clase ? 1U : 0U;
-                exigir('t');
-                todo.cajas.push_back({clase, sacar().texto});
+                tomadas.push_back(m_palabras[m_lugar++]);
             }
-            else if (cual == QStringLiteral("responde"))
-            {
-                exigir('s');
-                todo.respuestas.push_back(*leerSiNo(sacar().texto));
-            }
-            else if (cual == QStringLiteral("archivo"))
-            {
-                exigir('t');
-                todo.archivos += sacar().texto;
-            }
-            else
-            {
-                exigir(todo.foco.isEmpty() ? 'c' : '!');
-                todo.foco = sacar().texto;
-            }
-        } while (sigue());
+        } while (varias && es(clase));
     }
-    return todo;
+    return tomadas;
 }
 
-std::vector<Paso> Lector::leer(const QString& texto)
+void Lector::tomarSufijo(Paso& paso)
 {
-    const QString& nombre = m_palabras.front().texto;
-    const Verbo* verbo = buscarVerbo(nombre);
-    if (verbo == nullptr)
+    const QString cual = m_palabras[m_lugar++].texto;
+    do
     {
-        fallar(QStringLiteral("no hay acción «%1»").arg(nombre));
-    }
-    m_lugar = 1;
-    m_hasta =
-        static_cast<std::size_t>(std::find_if(m_palabras.begin() + 1, m_palabras.end(), esSufijo) - m_palabras.begin());
+        if (cual == "dice")
+        {
+            const Argumentos caja = tomar("e?t");
+            paso.cajas.push_back({caja.size() > 1 ? claseDe(caja[0]) : std::nullopt, caja.back().texto});
+        }
+        else if (cual == "foco" && !paso.foco.isEmpty())
+        {
+            throw Falla("el foco está en un solo lugar");
+        }
+        else
+        {
+            const QString texto = tomar(cual == "responde" ? "s" : cual == "foco" ? "c" : "t")[0].texto;
+            (cual == "foco"       ? paso.foco
+             : cual == "responde" ? paso.respuestas.emplaceBack()
+                                  : paso.archivos.emplaceBack()) = texto;
+        }
+    } while (quedan() && !esSufijo(m_palabras[m_lugar]));
+}
+
+std::vector<Paso> Lector::leer()
+{
+    const auto [verbo, actua] = buscarVerbo(m_palabras.front().texto);
+    const auto fin = std::find_if(m_palabras.begin() + 1, m_palabras.end(), esSufijo);
+    m_hasta = static_cast<std::size_t>(fin - m_palabras.begin());
     const std::string_view clases = verbo->argumentos;
-    const std::size_t grupo = clases.find('(');
-    std::vector<Palabra> fijas;
-    tomar(clases.substr(0, grupo), fijas);
+    const std::size_t grupo = std::min(clases.find('('), clases.size());
+    const Argumentos fijas = tomar(clases.substr(0, grupo));
     std::vector<Paso> pasos;
     do
     {
-        std::vector<Palabra> palabras = fijas;
-        if (grupo != std::string_view::npos)
+        Paso& paso = pasos.emplace_back();
+        paso.verbo = verbo;
+        paso.actua = actua;
+        paso.argumentos = fijas;
+        if (grupo < clases.size())
         {
-            tomar(clases.substr(grupo + 1, clases.size() - grupo - 2), palabras);
+            std::ranges::move(tomar(clases.substr(grupo + 1, clases.size() - grupo - 2)),
+                              std::back_inserter(paso.argumentos));
         }
-        pasos.push_back({m_linea, pasos.empty() ? texto : QString(), verbo, Argumentos(std::move(palabras)), {}});
-    } while (quedan() && grupo != std::string_view::npos);
+    } while (quedan() && grupo < clases.size());
+    m_hasta = actua ? m_hasta : m_palabras.size();
     if (quedan())
     {
-        fallar(QStringLiteral("%1 no lleva «%2»").arg(nombre, m_palabras[m_lugar].texto));
+        throw Falla("sobra «%1»", m_palabras[m_lugar].texto);
     }
     m_hasta = m_palabras.size();
-    if (quedan() && !verbo->actua)
+    while (quedan())
     {
-        fallar(QStringLiteral("%1 no hace nada: no lleva «%2»").arg(nombre, m_palabras[m_lugar].texto));
+        tomarSufijo(pasos.back());
     }
-    pasos.back().despues = despues();
     return pasos;
 }
 
 /// The text in quotes that begins at `lugar`, which is left after the closing quote. In it \" is a quote, \\ a
 /// backslash and \n a line end; any other backslash stands for itself.
-QString leerComillas(const QString& texto, qsizetype& lugar, int linea)
+QString leerComillas(const QString& texto, qsizetype& lugar)
 {
     QString palabra;
-    for (++lugar; lugar < texto.size(); ++lugar)
+    for (++lugar; lugar < texto.size() && texto.at(lugar) != u'"'; ++lugar)
     {
-        const QChar letra = texto.at(lugar);
-        if (letra == u'"')
-        {
-            ++lugar;
-            if (lugar < texto.size() && !texto.at(lugar).isSpace())
-            {
-                throw ErrorDeLectura(linea, QStringLiteral("después de las comillas falta un blanco"));
-            }
-            return palabra;
-        }
-        const QChar otra = letra == u'\\' && lugar + 1 < texto.size() ? texto.at(lugar + 1) : QChar();
-        if (otra == u'"' || otra == u'\\' || otra == u'n')
+        const QChar otra = lugar + 1 < texto.size() ? texto.at(lugar + 1) : QChar();
+        if (texto.at(lugar) == u'\\' && (otra == u'"' || otra == u'\\' || otra == u'n'))
         {
             palabra += otra == u'n' ? QChar(u'\n') : otra;
             ++lugar;
             continue;
         }
-        palabra += letra;
+        palabra += texto.at(lugar);
     }
-    throw ErrorDeLectura(linea, QStringLiteral("faltan las comillas que cierran"));
+    if (lugar == texto.size())
+    {
+        throw Falla("faltan las comillas que cierran");
+    }
+    if (++lugar < texto.size() && !texto.at(lugar).isSpace())
+    {
+        throw Falla("después de las comillas falta un blanco");
+    }
+    return palabra;
 }
 
 /// A "#" that begins a word outside quotes begins a comment.
-std::vector<Palabra> palabrasDe(const QString& texto, int linea)
+std::vector<Palabra> palabrasDe(const QString& texto)
 {
     std::vector<Palabra> lista;
     qsizetype lugar = 0;
     while (lugar < texto.size() && texto.at(lugar) != u'#')
     {
-        if (texto.at(lugar).isSpace())
-        {
-            ++lugar;
-            continue;
-        }
         if (texto.at(lugar) == u'"')
         {
-            lista.push_back({leerComillas(texto, lugar, linea), true});
+            lista.push_back({leerComillas(texto, lugar), true});
             continue;
         }
         const qsizetype desde = lugar;
@@ -256,50 +224,53 @@ std::vector<Palabra> palabrasDe(const QString& texto, int linea)
         {
             ++lugar;
         }
-        lista.push_back({texto.sliced(desde, lugar - desde)});
+        if (lugar > desde)
+        {
+            lista.push_back({texto.sliced(desde, lugar - desde)});
+        }
+        else
+        {
+            ++lugar;
+        }
     }
     return lista;
 }
 } // namespace
 
-QStringList Argumentos::textos(std::size_t desde) const
+QStringList textos(const Argumentos& a, std::size_t desde)
 {
     QStringList lista;
-    for (std::size_t i = desde; i < m_palabras.size(); ++i)
-    {
-        lista += m_palabras[i].texto;
-    }
+    std::for_each(a.begin() + static_cast<std::ptrdiff_t>(desde), a.end(),
+                  [&](const Palabra& palabra) { lista += palabra.texto; });
     return lista;
-}
-
-bool Argumentos::siNo(std::size_t n) const
-{
-    return leerSiNo(texto(n)).value();
-}
-
-ErrorDeLectura::ErrorDeLectura(int numeroDeLinea, const QString& queFalla)
-    : std::runtime_error(QStringLiteral("línea %1: %2").arg(numeroDeLinea).arg(queFalla).toStdString())
-    , m_linea(numeroDeLinea)
-    , m_motivo(queFalla)
-{
 }
 
 std::vector<Paso> leer(const QByteArray& utf8)
 {
     QStringDecoder decodificador(QStringDecoder::Utf8);
-    const QString todo = decodificador(utf8);
+    const QStringList lineas = QString(decodificador(utf8)).split(u'\n');
     if (decodificador.hasError())
     {
-        throw ErrorDeLectura(1, QStringLiteral("el guion no está en UTF-8"));
+        throw Falla("el guion no está en UTF-8");
     }
     std::vector<Paso> pasos;
-    int linea = 0;
-    for (const QString& texto : todo.split(u'\n'))
+    for (int i = 0; i < lineas.size(); ++i)
     {
-        ++linea;
-        if (std::vector<Palabra> palabras = palabrasDe(texto, linea); !palabras.empty())
+        try
         {
-            std::ranges::move(Lector(std::move(palabras), linea).leer(texto.trimmed()), std::back_inserter(pasos));
+            std::vector<Palabra> palabras = palabrasDe(lineas[i]);
+            const std::size_t antes = pasos.size();
+            if (!palabras.empty())
+            {
+                std::ranges::move(Lector(std::move(palabras)).leer(), std::back_inserter(pasos));
+                pasos[antes].texto = lineas[i].trimmed();
+            }
+            std::for_each(pasos.begin() + static_cast<std::ptrdiff_t>(antes), pasos.end(),
+                          [&](Paso& paso) { paso.linea = i + 1; });
+        }
+        catch (const Falla& falla)
+        {
+            throw Falla("línea %1: %2", i + 1, falla.motivo());
         }
     }
     return pasos;
@@ -308,36 +279,18 @@ std::vector<Paso> leer(const QByteArray& utf8)
 QString entreComillas(const QString& texto)
 {
     QString dentro = texto;
-    dentro.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
-    dentro.remove(u'\r').replace(u'\n', QStringLiteral("\\n"));
+    dentro.replace("\\", "\\\\").replace("\"", "\\\"").remove(u'\r').replace("\n", "\\n");
     return u'"' + dentro + u'"';
 }
 
 std::optional<bool> leerSiNo(const QString& texto)
 {
     const QString bajo = texto.toLower();
-    if (bajo == QStringLiteral("si") || bajo == QStringLiteral("sí"))
-    {
-        return true;
-    }
-    return bajo == QStringLiteral("no") ? std::optional<bool>(false) : std::nullopt;
+    return bajo == "no" ? std::optional(false) : bajo == "si" || bajo == "sí" ? std::optional(true) : std::nullopt;
 }
 
 QString nombreDe(Caja clase)
 {
-    switch (clase)
-    {
-    case Caja::Informacion:
-        return QStringLiteral("informacion");
-    case Caja::Exclamacion:
-        return QStringLiteral("exclamacion");
-    case Caja::Critico:
-        return QStringLiteral("critico");
-    case Caja::Pregunta:
-        return QStringLiteral("pregunta");
-    case Caja::Simple:
-        break;
-    }
-    return QStringLiteral("simple");
+    return nombresDeCajas[static_cast<std::size_t>(clase)];
 }
 } // namespace guion

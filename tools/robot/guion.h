@@ -1,16 +1,15 @@
 #pragma once
 
+#include "falla.h"
 #include "platform/screens/mensajes.h"
 
 #include <QByteArray>
-#include <QDateTime>
-#include <QString>
 #include <QStringList>
 #include <optional>
-#include <stdexcept>
+#include <span>
 #include <vector>
 
-struct Verbo;
+class Jugada;
 
 /// Acceptance scripts: UTF-8, one line an action, "#" comments, texts with blanks in double quotes.
 namespace guion
@@ -18,42 +17,35 @@ namespace guion
 struct Palabra
 {
     QString texto;
-    bool entreComillas = false;
+    bool citada = false; ///< it stands in quotes
+    [[nodiscard]] int numero() const { return texto.toInt(); }
 };
+/// The words after a verb. Their kinds are what the verb asks for.
+using Argumentos = std::vector<Palabra>;
+[[nodiscard]] QStringList textos(const Argumentos& a, std::size_t desde);
 
-/// The words after a verb, whose kinds leer() has looked at.
-class Argumentos
+/// A word with which a line can begin.
+struct Verbo
 {
-public:
-    Argumentos() = default;
-    explicit Argumentos(std::vector<Palabra> palabras)
-        : m_palabras(std::move(palabras))
-    {
-    }
-    [[nodiscard]] std::size_t cantidad() const { return m_palabras.size(); }
-    [[nodiscard]] const Palabra& palabra(std::size_t n) const { return m_palabras.at(n); }
-    [[nodiscard]] const QString& texto(std::size_t n) const { return m_palabras.at(n).texto; }
-    [[nodiscard]] QStringList textos(std::size_t desde) const;
-    [[nodiscard]] int numero(std::size_t n) const { return texto(n).toInt(); }
-    [[nodiscard]] bool siNo(std::size_t n) const;
-
-private:
-    std::vector<Palabra> m_palabras;
+    const char* nombre;
+    /// Kinds of its arguments: c control or window, t text, n number from 1, f number from 0, s yes or no, k key, x
+    /// text or key, e kind of box, d date, h hour. After a kind "?" says that it may be missing, "+" that there may be
+    /// more,
+    /// "*" both. What stands in brackets can come several times, and each time is a step of its own.
+    const char* argumentos;
+    /// Plays it. Throws Falla when a person could not do it or what it says does not hold.
+    void (*jugar)(const Jugada&, const Argumentos&);
 };
+/// The verbs that act, after which a line can say what comes of it; those that act on grids; and the others.
+[[nodiscard]] std::span<const Verbo> verbosQueActuan();
+[[nodiscard]] std::span<const Verbo> verbosDeGrilla();
+[[nodiscard]] std::span<const Verbo> verbosQuePreparan();
+[[nodiscard]] std::span<const Verbo> verbosQueMiran();
 
 struct CajaEsperada
 {
     std::optional<Caja> clase;
     QString texto;
-};
-
-/// What a line says of what comes of its action.
-struct Despues
-{
-    std::vector<CajaEsperada> cajas;
-    std::vector<bool> respuestas;
-    QStringList archivos;
-    QString foco;
 };
 
 /// A line that does several things of a kind is as many steps; only the first has its text.
@@ -62,32 +54,22 @@ struct Paso
     int linea = 0; ///< of the script, from 1
     QString texto; ///< the line as it stands there, without the blanks around it
     const Verbo* verbo = nullptr;
+    bool actua = false;
     Argumentos argumentos;
-    Despues despues;
+    // What the line says of what comes of its action.
+    std::vector<CajaEsperada> cajas;
+    QStringList respuestas;
+    QStringList archivos;
+    QString foco;
 };
 
-/// A line that cannot be read.
-class ErrorDeLectura : public std::runtime_error
-{
-public:
-    ErrorDeLectura(int numeroDeLinea, const QString& queFalla);
-    [[nodiscard]] int linea() const { return m_linea; }
-    [[nodiscard]] const QString& motivo() const { return m_motivo; }
-
-private:
-    int m_linea;
-    QString m_motivo;
-};
-
-/// The whole script, so that nothing is played of one that cannot be read. Throws ErrorDeLectura.
+/// The whole script, so that nothing is played of one that cannot be read. Throws Falla with the line.
 [[nodiscard]] std::vector<Paso> leer(const QByteArray& utf8);
 
 /// A text as it stands between quotes in a script or in the transcript, on one line.
 [[nodiscard]] QString entreComillas(const QString& texto);
-
 /// "Si", "Sí" or "No", whatever the case; nothing for another text.
 [[nodiscard]] std::optional<bool> leerSiNo(const QString& texto);
-
 /// "informacion", "exclamacion", "critico", "pregunta" or "simple".
 [[nodiscard]] QString nombreDe(Caja clase);
 } // namespace guion

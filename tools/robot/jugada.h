@@ -1,7 +1,9 @@
 #pragma once
 
+#include "falla.h"
 #include "platform/screens/mensajes.h"
 
+#include <QDir>
 #include <QString>
 #include <deque>
 #include <functional>
@@ -10,20 +12,16 @@
 /// What the lines of a script leave for later lines, and what boxes and dialogs leave for the script.
 struct Contexto
 {
-    struct Respuesta
+    /// An answer, or the path of a file, that waits for who asks for it.
+    struct Pendiente
     {
         int linea = 0; ///< of the script that queued it
-        bool si = false;
-    };
-    struct RutaPedida
-    {
-        int linea = 0;
-        QString ruta;
+        QString texto;
     };
     QString carpeta;         ///< relative paths are relative to it
     QString carpetaDelGuion; ///< the expected files lie beside the script
-    std::deque<Respuesta> respuestas;
-    std::deque<RutaPedida> archivos;
+    std::deque<Pendiente> respuestas;
+    std::deque<Pendiente> archivos;
     std::vector<DatosDeCaja> cajas; ///< shown since the last line that acts began
     bool nombradas = false;         ///< a line has told what those boxes say
     int cajasEnTotal = 0;
@@ -31,8 +29,10 @@ struct Contexto
     /// The rest of the line at work, played once the program has come to rest.
     std::function<void()> luego;
 
-    [[nodiscard]] QString ruta(const QString& delGuion) const;
-    [[nodiscard]] QString base() const { return ruta(QStringLiteral("DBBrivo.mdb")); }
+    [[nodiscard]] QString ruta(const QString& delGuion) const
+    {
+        return QDir::toNativeSeparators(QDir::cleanPath(QDir(carpeta).absoluteFilePath(delGuion)));
+    }
 };
 
 /// One line at play. A line whose click was refused by a leaving check, which told so in a box, is done: what the
@@ -40,28 +40,34 @@ struct Contexto
 class Jugada
 {
 public:
-    Jugada(int linea, Contexto& contexto)
-        : m_contexto(&contexto)
-        , m_linea(linea)
-        , m_cajas(contexto.cajasEnTotal)
-        , m_lineas(contexto.lineas)
+    Jugada(int numero, Contexto& deTodas)
+        : contexto(&deTodas)
+        , linea(numero)
+        , m_cajas(deTodas.cajasEnTotal)
+        , m_lineas(deTodas.lineas)
     {
     }
-    [[nodiscard]] Contexto& contexto() const { return *m_contexto; }
-    [[nodiscard]] int linea() const { return m_linea; }
     /// True when since the beginning of this line a box was shown, or other lines were played in a dialog.
     [[nodiscard]] bool interrumpida() const
     {
-        return m_contexto->cajasEnTotal != m_cajas || m_contexto->lineas != m_lineas;
+        return contexto->cajasEnTotal != m_cajas || contexto->lineas != m_lineas;
     }
     /// Throws Falla with the reason unless the line was interrupted.
-    void siNoInterrumpida(const QString& motivo) const;
+    template <class... Valores>
+    void siNoInterrumpida(const char* motivo, const Valores&... valores) const
+    {
+        if (!interrumpida())
+        {
+            throw Falla(motivo, valores...);
+        }
+    }
     /// The rest of this line, to be played once the program has come to rest.
-    void luego(std::function<void()> resto) const { m_contexto->luego = std::move(resto); }
+    void luego(std::function<void()> resto) const { contexto->luego = std::move(resto); }
+
+    Contexto* contexto;
+    int linea;
 
 private:
-    Contexto* m_contexto;
-    int m_linea;
     int m_cajas;
     int m_lineas;
 };

@@ -1,6 +1,8 @@
+#include "base.h"
 #include "core/rutinas.h"
 #include "core/screens/arranque.h"
 #include "exchange/servidor_ftp.h"
+#include "falla.h"
 #include "guion.h"
 #include "platform/data/directorio_programa.h"
 #include "platform/screens/estilo.h"
@@ -21,16 +23,6 @@ namespace
 {
 constexpr int noSeLee = 2;
 
-struct Pedido
-{
-    QString guion;
-    QString carpeta;
-    QString ftp;
-    QString foto;
-    QSize pantalla;
-    bool conPantalla = false;
-};
-
 [[noreturn]] void rechazar(const QString& motivo)
 {
     std::fprintf(stderr, "robot: %s\n", motivo.toUtf8().constData());
@@ -38,52 +30,53 @@ struct Pedido
     std::_Exit(noSeLee);
 }
 
+/// The robot's own arguments; rejects what it does not know.
+void leerArgumentos(QCommandLineParser& lector, const QStringList& argumentos)
+{
+    lector.addOptions({{"en", {}, "CARPETA"},
+                       {"ftp", {}, "HOST:PUERTO"},
+                       {"foto", {}, "RUTA.png"},
+                       {"sql", {}, "ARCHIVO"},
+                       {"tamano", {}, "ANCHOxALTO", "1280x800"},
+                       {"pantalla", {}}});
+    if (!lector.parse(argumentos) || lector.positionalArguments().size() != 1 || !lector.isSet("en"))
+    {
+        rechazar("uso: robot GUION --en CARPETA [--ftp HOST:PUERTO] [--pantalla] [--tamano ANCHOxALTO] "
+                 "[--foto RUTA.png] [--sql ARCHIVO]...\n" +
+                 lector.errorText());
+    }
+    if (!QFileInfo(lector.value("en")).isDir())
+    {
+        rechazar("no existe la carpeta " + lector.value("en"));
+    }
+}
+
 QSize leerTamano(const QString& texto)
 {
-    const QStringList partes = texto.split(u'x');
-    const QSize tamano = partes.size() == 2 ? QSize(partes[0].toInt(), partes[1].toInt()) : QSize();
+    const QSize tamano(texto.section(u'x', 0, 0).toInt(), texto.section(u'x', 1).toInt());
     if (tamano.width() < 320 || tamano.height() < 200)
     {
-        rechazar(QStringLiteral("«%1» no es un tamaño de pantalla").arg(texto));
+        rechazar(QString("«%1» no es un tamaño de pantalla").arg(texto));
     }
     return tamano;
 }
 
-Pedido leerArgumentos(const QStringList& argumentos)
-{
-    QCommandLineParser lector;
-    const QCommandLineOption en(QStringLiteral("en"), {}, QStringLiteral("CARPETA"));
-    const QCommandLineOption ftp(QStringLiteral("ftp"), {}, QStringLiteral("HOST:PUERTO"));
-    const QCommandLineOption foto(QStringLiteral("foto"), {}, QStringLiteral("RUTA.png"));
-    const QCommandLineOption tamano(QStringLiteral("tamano"), {}, QStringLiteral("ANCHOxALTO"),
-                                    QStringLiteral("1280x800"));
-    const QCommandLineOption pantalla(QStringLiteral("pantalla"));
-    lector.addOptions({en, ftp, foto, tamano, pantalla});
-    const bool leido = lector.parse(argumentos);
-    if (!leido || lector.positionalArguments().size() != 1 || !lector.isSet(en))
-    {
-        rechazar(QStringLiteral("uso: robot GUION --en CARPETA [--ftp HOST:PUERTO] [--pantalla] "
-                                "[--tamano ANCHOxALTO] [--foto RUTA.png]%1")
-                     .arg(leido ? QString() : u'\n' + lector.errorText()));
-    }
-    return {lector.positionalArguments().constFirst(), lector.value(en),      lector.value(ftp), lector.value(foto),
-            leerTamano(lector.value(tamano)),          lector.isSet(pantalla)};
-}
-
-std::vector<guion::Paso> leerGuion(const QString& ruta)
+/// What `leer` makes of the file's bytes.
+template <class Leer>
+auto leerArchivo(const QString& ruta, Leer leer)
 {
     QFile archivo(ruta);
     if (!archivo.open(QIODevice::ReadOnly))
     {
-        rechazar(QStringLiteral("%1: %2").arg(ruta, archivo.errorString()));
+        rechazar(ruta + ": " + archivo.errorString());
     }
     try
     {
-        return guion::leer(archivo.readAll());
+        return leer(archivo.readAll());
     }
-    catch (const guion::ErrorDeLectura& error)
+    catch (const Falla& falla)
     {
-        rechazar(QStringLiteral("%1:%2: %3").arg(ruta).arg(error.linea()).arg(error.motivo()));
+        rechazar(ruta + ": " + falla.motivo());
     }
 }
 
@@ -108,8 +101,7 @@ void pedirPantallaDeMemoria(QSize tamano, QTemporaryFile& configuracion)
 /// What the platform without a display says of each thing it cannot do tells nothing about the script.
 void callarPlataforma(QtMsgType, const QMessageLogContext&, const QString& mensaje)
 {
-    if (!mensaje.startsWith(QStringLiteral("This plugin does not support")) &&
-        !mensaje.startsWith(QStringLiteral("QStandardPaths: XDG_RUNTIME_DIR")))
+    if (!mensaje.startsWith("This plugin does not support") && !mensaje.startsWith("QStandardPaths: XDG_RUNTIME_DIR"))
     {
         std::fprintf(stderr, "%s\n", mensaje.toUtf8().constData());
     }
@@ -147,30 +139,39 @@ int main(int cantidad, char** valores)
     {
         argumentos += QString::fromLocal8Bit(valores[i]);
     }
-    const Pedido pedido = leerArgumentos(argumentos);
-    std::vector<guion::Paso> pasos = leerGuion(pedido.guion);
-    const QFileInfo carpeta(pedido.carpeta);
-    if (!carpeta.isDir())
+    QCommandLineParser pedido;
+    leerArgumentos(pedido, argumentos);
+    const QFileInfo ruta(pedido.positionalArguments().constFirst());
+    const QFileInfo carpeta(pedido.value("en"));
+    std::vector<guion::Paso> pasos = leerArchivo(ruta.filePath(), guion::leer);
+    for (const QString& sql : pedido.values("sql"))
     {
-        rechazar(QStringLiteral("no existe la carpeta %1").arg(pedido.carpeta));
+        leerArchivo(sql, [&](const QByteArray& sentencias)
+                    { ejecutarEnBase(QDir(carpeta.filePath()).filePath("DBBrivo.mdb"), sentencias.toStdString()); });
     }
     qInstallMessageHandler(callarPlataforma);
     auto configuracion = std::make_unique<QTemporaryFile>();
-    if (!pedido.conPantalla)
+    if (!pedido.isSet("pantalla"))
     {
-        pedirPantallaDeMemoria(pedido.pantalla, *configuracion);
+        pedirPantallaDeMemoria(leerTamano(pedido.value("tamano")), *configuracion);
     }
     QApplication aplicacion(cantidad, valores);
     configuracion.reset();
     QApplication::setCursorFlashTime(0); // the same picture whenever it is taken
     Estilo::aplicar(aplicacion);
     reemplazarDirectorioPrograma(QDir::toNativeSeparators(carpeta.absoluteFilePath()));
-    reemplazarServidorFtp(pedido.ftp);
+    reemplazarServidorFtp(pedido.value("ftp"));
     registrarPantallas();
 
-    Robot robot(std::move(pasos), {carpeta.absoluteFilePath(), QFileInfo(pedido.guion).absolutePath(), pedido.foto},
-                escribir, terminar);
+    Robot robot(std::move(pasos), {carpeta.absoluteFilePath(), ruta.absolutePath(), pedido.value("foto")}, escribir,
+                terminar);
     robot.empezar();
+    robot.vigilar(
+        [](const QString& enQue)
+        {
+            escribir(QString("falla en %1: el programa no queda en reposo").arg(enQue));
+            std::_Exit(Robot::Mal);
+        });
     const auto menu = arrancar();
     if (menu == nullptr)
     {

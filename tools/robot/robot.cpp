@@ -4,30 +4,20 @@
 #include "comprobaciones.h"
 #include "controles.h"
 #include "entrada.h"
-#include "falla.h"
 #include "platform/data/reloj.h"
 #include "platform/screens/dialogos.h"
 #include "platform/screens/error_fatal.h"
 #include "platform/screens/trabajo_largo.h"
-#include "verbos.h"
 
 #include <QtWidgets>
-#include <cstdio>
-#include <cstdlib>
+#include <thread>
 
 namespace
 {
-/// A window manager answers at once or not at all.
-constexpr int esperaDeVentanaEnMs = 1000;
-/// A button pressed by its letter clicks 100 ms later.
-constexpr int esperaDeBotonEnMs = 1000;
+/// A window manager answers at once or not at all; a button pressed by its letter clicks 100 ms later.
+constexpr int esperaEnMs = 1000;
 
-QString lineaDeCaja(const DatosDeCaja& datos, const QString& respuesta)
-{
-    return QStringLiteral("caja %1 %2 %3 -> %4")
-        .arg(guion::nombreDe(datos.clase), guion::entreComillas(datos.titulo), guion::entreComillas(datos.texto),
-             respuesta);
-}
+using guion::entreComillas;
 } // namespace
 
 Robot::Robot(std::vector<guion::Paso> pasos, Opciones opciones, Escribir escribir, AlTerminar alTerminar)
@@ -36,7 +26,6 @@ Robot::Robot(std::vector<guion::Paso> pasos, Opciones opciones, Escribir escribi
     , m_escribir(std::move(escribir))
     , m_alTerminar(std::move(alTerminar))
     , m_reposo(&m_reloj)
-    , m_vigia(m_opciones.limite, [this](const std::string& enQue) { colgarse(enQue); })
 {
     m_contexto.carpeta = m_opciones.carpeta;
     m_contexto.carpetaDelGuion = m_opciones.carpetaDelGuion;
@@ -54,8 +43,21 @@ void Robot::empezar()
 {
     tomarPuertas();
     m_desdeLaUltima.start();
-    m_vigia.empieza("arranque del programa");
     m_reloj.start();
+}
+
+void Robot::vigilar(std::function<void(const QString& enQue)> alColgarse)
+{
+    const auto mirar = [this, alColgarse = std::move(alColgarse)]
+    {
+        constexpr int limite = 60;
+        while (++m_segundosSinReposo <= limite)
+        {
+            std::this_thread::sleep_for(std::chrono::seconds(1));
+        }
+        alColgarse(nombreDelPaso(enJuego()));
+    };
+    std::thread(mirar).detach();
 }
 
 void Robot::tomarPuertas()
@@ -63,30 +65,36 @@ void Robot::tomarPuertas()
     observarCajas(
         [this](const DatosDeCaja& datos)
         {
-            m_cajas.push_back(datos);
             m_contexto.cajas.push_back(datos);
-            m_contexto.cajas.back().texto.replace(m_contexto.carpeta, QStringLiteral("$CARPETA"));
+            m_contexto.cajas.back().texto.replace(m_contexto.carpeta, "$CARPETA");
             m_contexto.nombradas = false;
             ++m_contexto.cajasEnTotal;
         },
-        [this](const DatosDeCaja& datos, bool respuesta) { cerrarCaja(datos, respuesta); });
+        [this](const DatosDeCaja& datos, bool respuesta)
+        {
+            m_escribir(QString("caja %1 %2 %3 -> %4")
+                           .arg(guion::nombreDe(datos.clase), entreComillas(datos.titulo), entreComillas(datos.texto),
+                                datos.clase != Caja::Pregunta ? "Aceptar"
+                                : respuesta                   ? "Si"
+                                                              : "No"));
+        });
     reemplazarDialogoArchivo([this](const PedidoDeArchivo& pedido)
                              { return atenderArchivo(pedido.titulo, pedido.debeExistir, pedido.extension); });
     reemplazarDialogoCarpeta([this](const QString& titulo, const QString&)
-                             { return atenderArchivo(titulo, true, QString()); });
-    reemplazarConfigurarImpresora([this] { m_escribir(QStringLiteral("impresora")); });
+                             { return atenderArchivo(titulo, true, {}); });
+    reemplazarConfigurarImpresora([this] { m_escribir("impresora"); });
     reemplazarAbrirEnlace(
         [this](const QString& direccion)
         {
-            m_escribir(QStringLiteral("enlace ") + guion::entreComillas(direccion));
+            m_escribir("enlace " + entreComillas(direccion));
             return true;
         });
     reemplazarCorreo(
         [this](const MensajeDeCorreo& mensaje)
         {
-            m_escribir(QStringLiteral("correo %1 %2 %3")
-                           .arg(guion::entreComillas(mensaje.destinatario), guion::entreComillas(mensaje.asunto),
-                                guion::entreComillas(mensaje.adjunto)));
+            m_escribir(QString("correo %1 %2 %3")
+                           .arg(entreComillas(mensaje.destinatario), entreComillas(mensaje.asunto),
+                                entreComillas(mensaje.adjunto)));
         });
     reemplazarFinDelProceso([this](int estado) { programaTermino(estado); });
 }
@@ -107,20 +115,24 @@ QString Robot::atenderArchivo(const QString& titulo, bool debeExistir, const QSt
 {
     if (m_contexto.archivos.empty())
     {
-        fallar(m_siguiente - 1, QStringLiteral("se pide un archivo, «%1», y no hay respuesta").arg(titulo));
+        fallar(enJuego(), QString("se pide un archivo, «%1», y no hay respuesta").arg(titulo));
         return {};
     }
-    const QString pedida = m_contexto.archivos.front().ruta;
+    const QString pedida = m_contexto.archivos.front().texto;
     m_contexto.archivos.pop_front();
-    QString ruta = pedida.isEmpty() ? QString() : m_contexto.ruta(pedida);
-    if (!ruta.isEmpty() && !extension.isEmpty() && QFileInfo(ruta).suffix().isEmpty())
+    m_escribir(QString("dialogo %1 -> %2").arg(entreComillas(titulo), entreComillas(pedida)));
+    if (pedida.isEmpty())
+    {
+        return {};
+    }
+    QString ruta = m_contexto.ruta(pedida);
+    if (!extension.isEmpty() && QFileInfo(ruta).suffix().isEmpty())
     {
         ruta += u'.' + extension;
     }
-    m_escribir(QStringLiteral("dialogo %1 -> %2").arg(guion::entreComillas(titulo), guion::entreComillas(pedida)));
-    if (!ruta.isEmpty() && debeExistir && !QFileInfo::exists(ruta))
+    if (debeExistir && !QFileInfo::exists(ruta))
     {
-        fallar(m_siguiente - 1, QStringLiteral("el diálogo no acepta %1: no existe").arg(pedida));
+        fallar(enJuego(), QString("el diálogo no acepta %1: no existe").arg(pedida));
         return {};
     }
     return ruta;
@@ -139,18 +151,14 @@ void Robot::latido()
     {
         // A line is at work, or the program is, and only looks at its events in between.
         m_reposo.empezarDeNuevo();
-        if (TrabajoLargo::enCurso())
-        {
-            m_vigia.vive();
-        }
-        return;
+        m_segundosSinReposo = TrabajoLargo::enCurso() ? 0 : m_segundosSinReposo.load();
     }
-    if (m_reposo.alcanzado() && !esperarVentanaActiva() && !hayBotonHundido())
+    else if (m_reposo.alcanzado() && !esperarVentanaActiva() && !hayBotonHundido())
     {
         m_activando = false;
         m_reposo.empezarDeNuevo();
         m_desdeLaUltima.restart();
-        m_vigia.vive();
+        m_segundosSinReposo = 0;
         seguir();
     }
 }
@@ -158,24 +166,20 @@ void Robot::latido()
 /// After a dialog closes, no window may be active where no window manager chooses one.
 bool Robot::esperarVentanaActiva()
 {
-    if (QApplication::activePopupWidget() != nullptr || m_desdeLaUltima.elapsed() > esperaDeVentanaEnMs)
-    {
-        return false;
-    }
     QWidget* querida = QApplication::activeModalWidget();
     if (querida == nullptr)
     {
         querida =
             QApplication::activeWindow() != nullptr ? QApplication::activeWindow() : controles::ventanaPrincipal();
     }
-    if (querida == nullptr || querida->windowHandle() == nullptr ||
+    if (QApplication::activePopupWidget() != nullptr || m_desdeLaUltima.elapsed() > esperaEnMs || querida == nullptr ||
+        querida->windowHandle() == nullptr ||
         (QApplication::activeWindow() == querida && QGuiApplication::focusWindow() == querida->windowHandle()))
     {
         return false;
     }
-    if (!m_activando)
+    if (!std::exchange(m_activando, true))
     {
-        m_activando = true;
         querida->activateWindow();
     }
     m_reposo.empezarDeNuevo();
@@ -184,17 +188,13 @@ bool Robot::esperarVentanaActiva()
 
 bool Robot::hayBotonHundido() const
 {
-    if (QApplication::activePopupWidget() != nullptr || m_desdeLaUltima.elapsed() > esperaDeBotonEnMs)
+    const auto hundido = [](const QWidget* control)
     {
-        return false;
-    }
-    const QWidgetList todos = QApplication::allWidgets();
-    return std::any_of(todos.begin(), todos.end(),
-                       [](const QWidget* control)
-                       {
-                           const auto* boton = qobject_cast<const QAbstractButton*>(control);
-                           return boton != nullptr && boton->isDown() && boton->isVisible();
-                       });
+        const auto* boton = qobject_cast<const QAbstractButton*>(control);
+        return boton != nullptr && boton->isDown() && boton->isVisible();
+    };
+    return QApplication::activePopupWidget() == nullptr && m_desdeLaUltima.elapsed() <= esperaEnMs &&
+           std::ranges::any_of(QApplication::allWidgets(), hundido);
 }
 
 void Robot::seguir()
@@ -205,96 +205,85 @@ void Robot::seguir()
     }
     else if (m_contexto.luego)
     {
-        ejecutar(m_siguiente - 1, std::exchange(m_contexto.luego, {}));
-    }
-    else if (m_listo && m_siguiente < m_pasos.size())
-    {
-        jugarPaso();
+        ejecutar(enJuego(), std::exchange(m_contexto.luego, {}));
     }
     else if (m_listo)
     {
-        terminarGuion();
+        m_siguiente < m_pasos.size() ? jugarPaso() : terminarGuion();
     }
 }
 
 void Robot::jugarPaso()
 {
     const guion::Paso& paso = m_pasos[m_siguiente];
-    if (!terminaLinea(paso.verbo->actua))
+    if (!terminaLinea(paso.actua))
     {
         return;
     }
-    const std::size_t numero = m_siguiente++;
-    m_vigia.empieza(nombreDelPaso(numero).toStdString());
+    ++m_siguiente;
     if (!paso.texto.isEmpty())
     {
         m_escribir(paso.texto);
     }
-    if (paso.verbo->actua)
+    if (paso.actua)
     {
-        m_actuo = numero;
+        m_actuo = &paso;
         m_mirada = false;
         m_contexto.cajas.clear();
     }
-    for (const bool si : paso.despues.respuestas)
+    for (const QString& respuesta : paso.respuestas)
     {
-        m_contexto.respuestas.push_back({paso.linea, si});
+        m_contexto.respuestas.push_back({paso.linea, respuesta});
     }
-    for (const QString& ruta : paso.despues.archivos)
+    for (const QString& ruta : paso.archivos)
     {
         m_contexto.archivos.push_back({paso.linea, ruta});
     }
     ++m_contexto.lineas;
-    ejecutar(numero,
-             [&]
-             {
-                 Jugada jugada(paso.linea, m_contexto);
-                 paso.verbo->jugar(jugada, paso.argumentos);
-             });
+    ejecutar(enJuego(), [&] { paso.verbo->jugar(Jugada(paso.linea, m_contexto), paso.argumentos); });
 }
 
 /// What came of the last line that acts is what it says, and no box came that no line tells of. Asked once that line is
 /// over: before the next one and at the end. False when it fails the script.
 bool Robot::terminaLinea(bool sigueUnaQueActua)
 {
-    if (!m_actuo)
+    if (m_actuo == nullptr)
     {
         return true;
     }
+    const std::size_t numero = static_cast<std::size_t>(m_actuo - m_pasos.data());
     if (!std::exchange(m_mirada, true))
     {
-        ejecutar(*m_actuo, [this] { comprobarDespues(m_pasos[*m_actuo]); });
+        ejecutar(numero, [this] { comprobarDespues(*m_actuo); });
     }
-    const auto callada = [this](const DatosDeCaja& caja)
-    { return !m_contexto.nombradas && caja.clase != Caja::Pregunta; };
-    const auto caja = std::ranges::find_if(m_contexto.cajas, callada);
+    const auto caja = std::ranges::find_if(m_contexto.cajas, [this](const DatosDeCaja& una)
+                                           { return !m_contexto.nombradas && una.clase != Caja::Pregunta; });
     if (sigueUnaQueActua && caja != m_contexto.cajas.end())
     {
-        fallar(*m_actuo, QStringLiteral("ninguna línea dice la caja %1").arg(guion::entreComillas(caja->texto)));
+        fallar(numero, "ninguna línea dice la caja " + entreComillas(caja->texto));
     }
     return !m_terminado;
 }
 
 void Robot::comprobarDespues(const guion::Paso& paso)
 {
-    const guion::Despues& despues = paso.despues;
-    if (!despues.cajas.empty() || !despues.respuestas.empty())
+    if (!paso.cajas.empty() || !paso.respuestas.empty())
     {
-        comprobaciones::exigirCajas(m_contexto.cajas, despues.cajas);
+        exigirCajas(m_contexto.cajas, paso.cajas);
         m_contexto.nombradas = true;
     }
-    const auto deEsta = [&](const auto& cola) { return cola.linea == paso.linea; };
-    if (!despues.respuestas.empty() && std::ranges::any_of(m_contexto.respuestas, deEsta))
+    const auto deEsta = [&](const Contexto::Pendiente& otra) { return otra.linea == paso.linea; };
+    if (!paso.respuestas.empty() && std::ranges::any_of(m_contexto.respuestas, deEsta))
     {
-        throw Falla(QStringLiteral("no vino la pregunta"));
+        throw Falla("no vino la pregunta");
     }
-    if (!despues.archivos.isEmpty() && std::ranges::any_of(m_contexto.archivos, deEsta))
+    if (!paso.archivos.empty() && std::ranges::any_of(m_contexto.archivos, deEsta))
     {
-        throw Falla(QStringLiteral("no se pidió el archivo"));
+        throw Falla("no se pidió el archivo");
     }
-    if (!despues.foco.isEmpty())
+    if (!paso.foco.isEmpty())
     {
-        comprobaciones::exigirFoco(despues.foco);
+        exigirFoco(paso.foco);
     }
 }
 
@@ -305,11 +294,7 @@ void Robot::ejecutar(std::size_t paso, const std::function<void()>& accion)
     {
         accion();
     }
-    catch (const Falla& falla)
-    {
-        fallar(paso, falla.motivo());
-    }
-    catch (const std::exception& error) // of the program, called directly: its own handlers let none out
+    catch (const std::exception& error) // a Falla, or of the program, called directly: its handlers let none out
     {
         fallar(paso, QString::fromUtf8(error.what()));
     }
@@ -318,43 +303,35 @@ void Robot::ejecutar(std::size_t paso, const std::function<void()>& accion)
 
 void Robot::contestar(QMessageBox* caja)
 {
-    const std::size_t paso = m_siguiente - 1;
-    if (caja->button(QMessageBox::Yes) == nullptr)
-    {
-        ejecutar(paso, [caja] { entrada::clic(caja->buttons().constFirst()); });
-        return;
-    }
+    QAbstractButton* boton = caja->buttons().constFirst();
+    const bool esPregunta = caja->button(QMessageBox::Yes) != nullptr;
     const bool esperada = !m_contexto.respuestas.empty();
-    const bool si = esperada && m_contexto.respuestas.front().si;
-    if (esperada)
+    const QString texto = caja->text();
+    if (esPregunta)
+    {
+        const bool si = esperada && *guion::leerSiNo(m_contexto.respuestas.front().texto);
+        boton = caja->button(si ? QMessageBox::Yes : QMessageBox::No);
+    }
+    if (esPregunta && esperada)
     {
         m_contexto.respuestas.pop_front();
     }
-    const QString texto = caja->text();
-    ejecutar(paso, [caja, si] { entrada::clic(caja->button(si ? QMessageBox::Yes : QMessageBox::No)); });
-    if (!esperada)
+    ejecutar(enJuego(), [boton] { entrada::clic(boton); });
+    if (esPregunta && !esperada)
     {
-        fallar(paso, QStringLiteral("la pregunta %1 no tiene respuesta").arg(guion::entreComillas(texto)));
+        fallar(enJuego(), QString("la pregunta %1 no tiene respuesta").arg(entreComillas(texto)));
     }
-}
-
-void Robot::cerrarCaja(const DatosDeCaja& datos, bool respuesta)
-{
-    if (!m_cajas.empty())
-    {
-        m_cajas.pop_back();
-    }
-    const QString siNo = respuesta ? QStringLiteral("Si") : QStringLiteral("No");
-    m_escribir(lineaDeCaja(datos, datos.clase == Caja::Pregunta ? siNo : QStringLiteral("Aceptar")));
 }
 
 QString Robot::nombreDelPaso(std::size_t paso) const
 {
     if (paso >= m_pasos.size())
     {
-        return QStringLiteral("antes del guion");
+        return "antes del guion";
     }
-    return QStringLiteral("línea %1: %2").arg(m_pasos[paso].linea).arg(m_pasos[paso].texto);
+    // A step that is not the first of its line has no text of its own.
+    const auto primero = std::ranges::find_if(m_pasos, [&](const auto& p) { return p.linea == m_pasos[paso].linea; });
+    return QString("línea %1: %2").arg(primero->linea).arg(primero->texto);
 }
 
 void Robot::fallar(std::size_t paso, const QString& motivo)
@@ -363,47 +340,32 @@ void Robot::fallar(std::size_t paso, const QString& motivo)
     {
         return;
     }
-    m_escribir(QStringLiteral("falla en %1: %2").arg(nombreDelPaso(paso), motivo));
+    m_escribir(QString("falla en %1: %2").arg(nombreDelPaso(paso), motivo));
     if (!m_opciones.foto.isEmpty())
     {
-        try
-        {
-            grabarImagen(retratar(), m_opciones.foto);
-        }
-        catch (const Falla& falla)
-        {
-            m_escribir(falla.motivo());
-        }
+        retratar().save(m_opciones.foto, "PNG");
     }
     terminar(Mal);
 }
 
 /// Something queued that nobody asked for fails the script.
-bool Robot::quedaAlgo()
-{
-    if (!m_contexto.respuestas.empty())
-    {
-        m_escribir(QStringLiteral("falla en línea %1: quedó sin usar la respuesta %2")
-                       .arg(m_contexto.respuestas.front().linea)
-                       .arg(m_contexto.respuestas.front().si ? QStringLiteral("Si") : QStringLiteral("No")));
-        return true;
-    }
-    if (!m_contexto.archivos.empty())
-    {
-        m_escribir(QStringLiteral("falla en línea %1: quedó sin usar el archivo %2")
-                       .arg(m_contexto.archivos.front().linea)
-                       .arg(guion::entreComillas(m_contexto.archivos.front().ruta)));
-        return true;
-    }
-    return false;
-}
-
 void Robot::terminarGuion()
 {
-    if (terminaLinea(true))
+    if (!terminaLinea(true))
     {
-        terminar(quedaAlgo() ? Mal : Bien);
+        return;
     }
+    const auto queda = [this](const auto& cola, const char* que)
+    {
+        if (!cola.empty())
+        {
+            m_escribir(QString("falla en línea %1: quedó sin usar %2 %3")
+                           .arg(cola.front().linea)
+                           .arg(que, cola.front().texto));
+        }
+        return !cola.empty();
+    };
+    terminar(queda(m_contexto.respuestas, "la respuesta") || queda(m_contexto.archivos, "el archivo") ? Mal : Bien);
 }
 
 void Robot::programaTermino(int estado)
@@ -412,21 +374,18 @@ void Robot::programaTermino(int estado)
     {
         return;
     }
-    if (estado == ErrorDelPrograma)
+    if (estado != ErrorDelPrograma && m_siguiente < m_pasos.size())
     {
-        if (terminaLinea(false))
-        {
-            terminar(ErrorDelPrograma);
-        }
-        return;
+        fallar(m_siguiente, "el programa terminó antes");
     }
-    if (m_siguiente < m_pasos.size())
+    else if (estado != ErrorDelPrograma)
     {
-        m_escribir(QStringLiteral("falla en %1: el programa terminó antes").arg(nombreDelPaso(m_siguiente)));
-        terminar(Mal);
-        return;
+        terminarGuion();
     }
-    terminarGuion();
+    else if (terminaLinea(false))
+    {
+        terminar(ErrorDelPrograma);
+    }
 }
 
 void Robot::terminar(int estado)
@@ -434,12 +393,4 @@ void Robot::terminar(int estado)
     m_terminado = true;
     m_reloj.stop();
     m_alTerminar(estado);
-}
-
-/// Called from the watching thread: the program itself does not answer.
-void Robot::colgarse(const std::string& enQue)
-{
-    std::printf("falla en %s: el programa no queda en reposo\n", enQue.c_str());
-    std::fflush(stdout);
-    std::_Exit(Mal);
 }

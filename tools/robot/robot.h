@@ -4,17 +4,15 @@
 #include "jugada.h"
 #include "platform/screens/mensajes.h"
 #include "reposo.h"
-#include "vigia.h"
 
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
-#include <chrono>
+#include <atomic>
 #include <functional>
 #include <vector>
 
 class QMessageBox;
-struct PedidoDeArchivo;
 
 /// Plays a script on the program's real screens, in its own process and thread: one beat of a timer plays a line when
 /// the program has come to rest, also inside the exec() of a dialog that an earlier line opened.
@@ -33,7 +31,6 @@ public:
         QString carpeta;
         QString carpetaDelGuion;
         QString foto; ///< picture of the screen when a line fails; empty for none
-        std::chrono::milliseconds limite = std::chrono::seconds(60); ///< longest time without coming to rest
     };
     using Escribir = std::function<void(const QString& linea)>;
     using AlTerminar = std::function<void(int estado)>;
@@ -48,27 +45,28 @@ public:
     void programaListo() { m_listo = true; }
     /// The program ended by itself with this status.
     void programaTermino(int estado);
+    /// Calls `alColgarse` from a thread of its own, with the line at play, when the program has not come to rest for a
+    /// minute, whether it runs in circles or stands still. The robot must live until the process ends.
+    void vigilar(std::function<void(const QString& enQue)> alColgarse);
 
 private:
     void tomarPuertas();
-    void soltarPuertas();
+    static void soltarPuertas();
     QString atenderArchivo(const QString& titulo, bool debeExistir, const QString& extension);
     void latido();
     void seguir();
     bool esperarVentanaActiva();
-    bool hayBotonHundido() const;
+    [[nodiscard]] bool hayBotonHundido() const;
     void ejecutar(std::size_t paso, const std::function<void()>& accion);
     void jugarPaso();
     void contestar(QMessageBox* caja);
-    void cerrarCaja(const DatosDeCaja& datos, bool respuesta);
     void fallar(std::size_t paso, const QString& motivo);
-    void terminarGuion();
-    void terminar(int estado);
-    bool quedaAlgo();
     bool terminaLinea(bool sigueUnaQueActua);
     void comprobarDespues(const guion::Paso& paso);
+    void terminarGuion();
+    void terminar(int estado);
+    [[nodiscard]] std::size_t enJuego() const { return m_siguiente - 1; }
     [[nodiscard]] QString nombreDelPaso(std::size_t paso) const;
-    void colgarse(const std::string& enQue);
 
     std::vector<guion::Paso> m_pasos;
     Opciones m_opciones;
@@ -77,14 +75,13 @@ private:
     Contexto m_contexto;
     QTimer m_reloj;
     Reposo m_reposo;
-    std::vector<int> m_niveles;       ///< event loop levels at which the lines at work began
-    std::vector<DatosDeCaja> m_cajas; ///< the boxes on the screen, the top one last
-    std::size_t m_siguiente = 0;
-    std::optional<std::size_t> m_actuo; ///< the last line that acts
-    bool m_mirada = false;              ///< what that line says of what comes of it was looked at
-    QElapsedTimer m_desdeLaUltima;      ///< since the last line began
+    std::vector<int> m_niveles; ///< event loop levels at which the lines at work began
+    std::atomic<std::size_t> m_siguiente = 0;
+    std::atomic<int> m_segundosSinReposo = 0;
+    const guion::Paso* m_actuo = nullptr; ///< the last line that acts
+    bool m_mirada = false;                ///< what that line says of what comes of it was looked at
+    QElapsedTimer m_desdeLaUltima;        ///< since the last line began
     bool m_activando = false;
     bool m_listo = false;
     bool m_terminado = false;
-    Vigia m_vigia;
 };

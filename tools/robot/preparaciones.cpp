@@ -1,0 +1,39 @@
+#include "base.h"
+#include "captura.h"
+#include "guion.h"
+#include "jugada.h"
+#include "platform/data/reloj.h"
+
+#include <QDateTime>
+
+namespace guion
+{
+std::span<const Verbo> verbosQuePreparan()
+{
+    static constexpr Verbo todos[] = {
+        {"responder", "s",
+         [](const Jugada& j, const Argumentos& a) {
+             j.contexto->respuestas.push_back({j.linea, a[0].texto});
+         }},
+        {"archivo", "t",
+         [](const Jugada& j, const Argumentos& a) {
+             j.contexto->archivos.push_back({j.linea, a[0].texto});
+         }},
+        {"fecha", "dh?",
+         [](const Jugada&, const Argumentos& a)
+         {
+             const QTime hora = a.size() > 1 ? QTime::fromString(a[1].texto, "HH:mm") : QTime(0, 0);
+             const QDateTime ahora(QDate::fromString(a[0].texto, "dd/MM/yyyy"), hora);
+             Reloj::reemplazar([ahora] { return ahora; });
+         }},
+        {"sql", "t",
+         [](const Jugada& j, const Argumentos& a)
+         { ejecutarEnBase(j.contexto->ruta("DBBrivo.mdb"), a[0].texto.toStdString()); }},
+        {"captura", "t",
+         [](const Jugada& j, const Argumentos& a) { grabarImagen(retratar(), j.contexto->ruta(a[0].texto)); }},
+        {"retrato", "t",
+         [](const Jugada& j, const Argumentos& a) { grabarImagen(retratarVentana(), j.contexto->ruta(a[0].texto)); }},
+    };
+    return todos;
+}
+} // namespace guion
