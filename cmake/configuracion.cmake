@@ -4,7 +4,7 @@ set(ALTOVERDE_BUZON_DDJJ "ddjj@example.org" CACHE STRING "mailbox of the declara
 set(ALTOVERDE_WEB "http://www.example.org" CACHE STRING "web address of the organisation")
 set(ALTOVERDE_CORREO_SOPORTE "soporte@example.org" CACHE STRING "support e-mail")
 set(ALTOVERDE_TELEFONO_SOPORTE "(0000) 00-0000" CACHE STRING "support telephone")
-set(ALTOVERDE_ENLACE_VERSION "http://www.example.org/descargas" CACHE STRING "link of the new version")
+set(ALTOVERDE_ENLACE_VERSION "http://www.example.org/descargas/Altoverde-X.X" CACHE STRING "link of the new version")
 
 configure_file(${CMAKE_CURRENT_LIST_DIR}/configuracion.h.in ${CMAKE_BINARY_DIR}/generado/configuracion.h @ONLY)
 add_library(configuracion INTERFACE)

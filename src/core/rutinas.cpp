@@ -2,7 +2,6 @@
 
 #include "configuracion.h"
 #include "platform/data/archivos.h"
-#include "platform/data/candado.h"
 #include "platform/data/directorio_programa.h"
 #include "platform/data/error_de_ejecucion.h"
 
@@ -96,13 +95,13 @@ void SubirUnaVersion()
     {
         version = Conexion.consultar("SELECT * FROM Parametros").primera().texto("Version");
     }
-    catch (const ErrorParaAvisar&)
+    catch (const ErrorDeEjecucion& error)
     {
-        return;
-    }
-    catch (const ErrorDeEjecucion&)
-    {
-        version.reset();
+        constexpr int ocupada = 5;
+        if ((error.numero() & 0xFF) == ocupada)
+        {
+            return;
+        }
     }
     const auto desde = [&](const char* cual, void (*paso)())
     {
@@ -206,13 +205,6 @@ void LiberarIndice(qint64 indice)
 
 void CompactarBase(const Aviso& aviso)
 {
-    const QString temporal = RutaApp + QStringLiteral("DBBrivoTemporal.mdb");
-    const Candado solo(RutaApp + QStringLiteral("DBBrivo.ldb"), Candado::Modo::Exclusivo);
-    if (Archivos::existe(temporal))
-    {
-        Archivos::borrar(temporal);
-    }
-    ::Conexion::compactar(rutaBase(), temporal, aviso);
-    Archivos::reemplazar(temporal, rutaBase());
+    ::Conexion::compactar(rutaBase(), QStringLiteral("DBBrivoTemporal.mdb"), aviso);
 }
 } // namespace Rutinas

@@ -1,65 +1,55 @@
 #include "maintenance/respaldo.h"
 
+#include "maintenance/esquema.h"
 #include "platform/data/archivos.h"
 #include "platform/data/candado.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
+#include "platform/data/sistema.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <optional>
 
 namespace
 {
 const QString nombreBase = QStringLiteral("DBBrivo.mdb");
+constexpr int interrumpida = 9; // the check was stopped by who is told how far it is
 
-/// The lock of running copies lies beside the database.
-QString rutaDelCandado(const QString& base)
+bool mismoArchivo(const QString& uno, const QString& otro)
 {
-    const QFileInfo archivo(base);
-    return archivo.path() + QLatin1Char('/') + archivo.completeBaseName() + QStringLiteral(".ldb");
+    const auto identidad = sistema::identidad(uno);
+    return identidad && identidad == sistema::identidad(otro);
 }
 
-/// The name under which a copy to `destino` is made until it is whole and checked.
-QString parteDe(const QString& destino)
+/// Copies a database with the changes that its last user left beside it, who died at work. The copy takes them in: the
+/// origin is only read.
+void copiarEntera(const QString& origen, Archivos::Parte& parte, const Aviso& aviso)
 {
-    return destino + QStringLiteral(".parte");
-}
-
-void borrarSiEsta(const QString& ruta)
-{
-    if (Archivos::existe(ruta))
+    parte.copiar(origen, aviso);
+    for (const char* fin : {"-journal", "-wal"})
     {
-        Archivos::borrar(ruta);
-    }
-}
-
-/// Copies under a name of its own, checks that the copy is a sound database, and puts it in place.
-void copiarComprobada(const QString& origen, const QString& destino, const Aviso& aviso)
-{
-    const QString parte = parteDe(destino);
-    try
-    {
-        borrarSiEsta(Conexion::diario(parte));
-        Archivos::copiarAParte(origen, parte, aviso);
-        if (Archivos::existe(Conexion::diario(origen)))
+        const QString cambios = Archivos::detrasDeEnlaces(origen) + QLatin1String(fin);
+        if (Archivos::existe(cambios))
         {
-            // Its last user died at work. What was half done is undone in the copy: the origin is only read.
-            Archivos::copiarAParte(Conexion::diario(origen), Conexion::diario(parte));
-            Conexion::recuperar(parte);
+            parte.copiar(cambios, {}, QLatin1String(fin));
         }
-        Conexion::comprobar(parte, aviso);
-        // A journal is left only beside a file that is past saving; it would be played into the new one.
-        borrarSiEsta(Conexion::diario(destino));
-        Archivos::reemplazar(parte, destino);
     }
-    catch (...)
+    Conexion::recuperar(parte.ruta());
+}
+
+/// Puts the copy in place. What still lies beside the old file belongs to one past saving, and would be played into the
+/// new one.
+void colocarBase(Archivos::Parte& parte, const QString& destino)
+{
+    for (const QString& cambios : Conexion::acompanantes(destino))
     {
-        QFile::remove(parte);
-        QFile::remove(Conexion::diario(parte));
-        throw;
+        if (Archivos::existe(cambios))
+        {
+            Archivos::borrar(cambios);
+        }
     }
+    parte.colocar();
 }
 
 /// Removes what killed backups left in the other folders of Copias.
@@ -72,10 +62,9 @@ void borrarRestosDeCopias(const QDir& carpeta)
     }
     for (const QString& otra : copias.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
     {
-        const QString resto = copias.filePath(otra + QLatin1Char('/') + parteDe(nombreBase));
-        if (otra != carpeta.dirName() && Archivos::existe(resto))
+        if (otra != carpeta.dirName() &&
+            Archivos::Parte::quitarResto(copias.filePath(otra + QLatin1Char('/') + nombreBase)))
         {
-            QFile::remove(resto);
             copias.rmdir(otra); // goes when nothing else lies in it
         }
     }
@@ -85,9 +74,8 @@ void borrarRestosDeCopias(const QDir& carpeta)
 /// cannot be written, as on a disc.
 std::optional<Candado> candadoDelOrigen(const QString& origen, const QString& destino)
 {
-    const QString candado = rutaDelCandado(origen);
-    if (!Archivos::existe(candado) ||
-        QFileInfo(candado).canonicalFilePath() == QFileInfo(rutaDelCandado(destino)).canonicalFilePath())
+    const QString candado = Conexion::candado(origen);
+    if (!Archivos::existe(candado) || candado == Conexion::candado(destino))
     {
         return std::nullopt;
     }
@@ -143,12 +131,27 @@ QString prepararCopia(const QString& carpeta)
     return carpeta + QDir::separator() + nombreBase;
 }
 
-void resguardar(const QString& origen, const QString& destino, const Aviso& aviso)
+QString resguardar(const QString& origen, const QString& destino, const Aviso& aviso)
 {
-    const Candado solo(rutaDelCandado(origen), Candado::Modo::Exclusivo);
-    Conexion::recuperar(origen);
+    const Candado solo(Conexion::candado(origen), Candado::Modo::Exclusivo);
     borrarRestosDeCopias(QFileInfo(destino).absoluteDir());
-    copiarComprobada(origen, destino, aviso);
+    Archivos::Parte copia(destino);
+    copiarEntera(origen, copia, aviso);
+    QString dano;
+    try
+    {
+        Conexion::comprobar(copia.ruta(), aviso);
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        if (error.numero() == interrumpida)
+        {
+            throw;
+        }
+        dano = error.descripcion();
+    }
+    colocarBase(copia, destino);
+    return dano;
 }
 
 FallaDeRestauracion revisarRestauracion(const QString& origen, const QString& destino)
@@ -157,7 +160,7 @@ FallaDeRestauracion revisarRestauracion(const QString& origen, const QString& de
     {
         return FallaDeRestauracion::SinOrigen;
     }
-    if (origen == destino)
+    if (origen == destino || mismoArchivo(origen, destino))
     {
         return FallaDeRestauracion::SobreSiMisma;
     }
@@ -170,19 +173,23 @@ FallaDeRestauracion revisarRestauracion(const QString& origen, const QString& de
 
 void restaurar(const QString& origen, const QString& destino, const QString& seguridad, const Aviso& aviso)
 {
-    const Candado solo(rutaDelCandado(destino), Candado::Modo::Exclusivo);
+    const Candado solo(Conexion::candado(destino), Candado::Modo::Exclusivo);
     const std::optional<Candado> tampocoAlli = candadoDelOrigen(origen, destino);
+    const qint64 primera = QFileInfo(origen).size();
+    const qint64 total = primera + QFileInfo(destino).size();
+    const auto avisar = [&](qint64 hecho, qint64 todo) { aviso ? aviso(todo > 0 ? hecho : 0, todo) : void(); };
+
+    Archivos::Parte nueva(destino);
+    copiarEntera(origen, nueva, [&](qint64 hecho, qint64 /*todo*/) { avisar(hecho, total); });
+    Conexion::comprobar(nueva.ruta(), [&](qint64, qint64) { avisar(0, 0); });
+    exigirEsquema(nueva.ruta());
+
     Conexion::recuperar(destino);
-    const qint64 primera = QFileInfo(destino).size();
-    const qint64 total = primera + QFileInfo(origen).size();
     if (Archivos::existe(destino))
     {
-        const QString parte = parteDe(seguridad);
-        Archivos::copiarAParte(destino, parte,
-                               [&](qint64 hecho, qint64 /*todo*/) { aviso ? aviso(hecho, total) : void(); });
-        Archivos::reemplazar(parte, seguridad);
+        Archivos::Parte anterior(seguridad);
+        anterior.copiar(destino, [&](qint64 hecho, qint64 /*todo*/) { avisar(primera + hecho, total); });
+        anterior.colocar();
     }
-    copiarComprobada(origen, destino,
-                     [&](qint64 hecho, qint64 todo)
-                     { aviso ? aviso(todo > 0 ? primera + hecho : 0, todo > 0 ? total : 0) : void(); });
+    colocarBase(nueva, destino);
 }

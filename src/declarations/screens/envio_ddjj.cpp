@@ -76,6 +76,10 @@ void EnvioDeDDJJ::GuardarArchivoComo()
         // An open-file form, and a cancelled one gives the initial name back: the copy then goes to that bare name.
         const QString destino = DialogoArchivo(
             {QStringLiteral("Guardar como"), ArchivoDDJJ, QStringLiteral("*.txt"), QStringLiteral("txt"), false});
+        if (!ConfirmarDestino(destino, rutaArchivoDDJJ(ArchivoDDJJ)))
+        {
+            return;
+        }
         Archivos::copiar(rutaArchivoDDJJ(ArchivoDDJJ), destino);
     }
     catch (const ErrorDeEjecucion& error)

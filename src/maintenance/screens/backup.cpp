@@ -12,6 +12,20 @@
 #include "platform/screens/trabajo_largo.h"
 #include "ui_backup.h"
 
+namespace
+{
+/// What the user must do when the database that was brought back is an older one: each start upgrades it by one version.
+QString avisoDeVersion()
+{
+    const QString version = Rutinas::Conexion.consultar("SELECT Version FROM Parametros").primera().texto("Version");
+    return version < QLatin1String("2.0")
+               ? QStringLiteral("\n\nLa que se restauró es de la versión %1: cierre y vuelva a abrir el programa para "
+                                "actualizarla.")
+                     .arg(version)
+               : QString();
+}
+} // namespace
+
 Backup::Backup(QWidget* padre)
     : Pantalla(QStringLiteral("Backup"), padre)
     , ui(std::make_unique<Ui::Backup>())
@@ -92,15 +106,23 @@ void Backup::resguardarBase()
     Rutinas::CerrarBase();
     CarpetaCopia = carpetaDeCopia(DirectorioPrograma(), Reloj::Ahora());
     ui->txtDestino_0->setText(prepararCopia(CarpetaCopia));
+    QString dano;
     {
         TrabajoLargo trabajo(QStringLiteral("Copiando la base de datos"));
-        resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text(), trabajo.aviso());
+        dano = resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text(), trabajo.aviso());
     }
     Rutinas::AbrirBase();
     anotarCopia(Rutinas::Conexion, ui->txtDestino_0->text(), Reloj::Ahora());
     MsgBox(QStringLiteral("Se ha realizado una Copia de la Base de Datos en la Ubicación: '") +
                ui->txtDestino_0->text() + QLatin1Char('\''),
            Caja::Informacion);
+    if (!dano.isEmpty())
+    {
+        MsgBox(QStringLiteral("La copia tiene el daño de la Base de Datos: %1.\n\nNo borre las copias anteriores y avise a "
+                              "quien da soporte.")
+                   .arg(dano),
+               Caja::Exclamacion);
+    }
 }
 
 bool Backup::puedeRestaurar()
@@ -128,18 +150,22 @@ bool Backup::puedeRestaurar()
 
 void Backup::restaurarBase()
 {
+    const QString seguridad = Rutinas::RutaApp + QStringLiteral("DBBrivo_Bak.mdb");
     Rutinas::CerrarBase();
     {
         TrabajoLargo trabajo(QStringLiteral("Restaurando la base de datos"));
-        restaurar(ui->txtOrigen_1->text(), ui->txtDestino_1->text(),
-                  Rutinas::RutaApp + QStringLiteral("DBBrivo_Bak.mdb"), trabajo.aviso());
+        restaurar(ui->txtOrigen_1->text(), ui->txtDestino_1->text(), seguridad, trabajo.aviso());
     }
-    MsgBox(QStringLiteral("La Base de Datos ha sido reemplazada con exito."), Caja::Informacion);
     Rutinas::AbrirBase();
+    MsgBox(QStringLiteral("La Base de Datos ha sido reemplazada con exito."), Caja::Informacion);
+    MsgBox(QStringLiteral("La Base de Datos anterior quedó guardada en 'DBBrivo_Bak.mdb', en la carpeta del programa.") +
+               avisoDeVersion(),
+           Caja::Informacion);
 }
 
 void Backup::informarFalla(const ErrorDeEjecucion& error)
 {
+    Rutinas::AbrirBase(); // before the box: no desk is without its lock while somebody reads
     if (error.numero() == ErrorDeEjecucion::EnUso)
     {
         MsgBox(
@@ -151,5 +177,4 @@ void Backup::informarFalla(const ErrorDeEjecucion& error)
     {
         MsgBox(QString::number(error.numero()) + QLatin1Char(' ') + error.descripcion());
     }
-    Rutinas::AbrirBase();
 }

@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QUuid>
 #include <cerrno>
 #include <vector>
 
@@ -34,8 +33,8 @@ QString carpetaDe(const QString& ruta)
 }
 
 /// Copies the bytes into the new file `destino` and flushes it, now and then as well: on a slow disk the whole at the
-/// end would be a long silence.
-void copiarBytes(const QString& origen, const QString& destino, const Aviso& aviso)
+/// end would be a long silence. What fails there is told of the file `nombrado`.
+void copiarBytes(const QString& origen, const QString& destino, const QString& nombrado, const Aviso& aviso)
 {
     constexpr qint64 entreVolcados = 8LL * 1024 * 1024;
     const qint64 total = QFileInfo(origen).size();
@@ -44,15 +43,15 @@ void copiarBytes(const QString& origen, const QString& destino, const Aviso& avi
     const sistema::Archivo lee = sistema::abrir(origen, "rb");
     exigir(lee ? 0 : errno, origen);
     sistema::Archivo escribe = sistema::abrir(destino, "wbx");
-    exigir(escribe ? 0 : errno, destino);
+    exigir(escribe ? 0 : errno, nombrado);
     std::vector<char> bloque(256UL * 1024);
     while (const std::size_t leidos = std::fread(bloque.data(), 1, bloque.size(), lee.get()))
     {
-        exigir(std::fwrite(bloque.data(), 1, leidos, escribe.get()) == leidos ? 0 : errno, destino);
+        exigir(std::fwrite(bloque.data(), 1, leidos, escribe.get()) == leidos ? 0 : errno, nombrado);
         hecho += static_cast<qint64>(leidos);
         if (hecho - volcado >= entreVolcados)
         {
-            exigir(sistema::asegurarArchivo(destino), destino);
+            exigir(sistema::asegurarArchivo(destino), nombrado);
             volcado = hecho;
         }
         if (aviso)
@@ -61,8 +60,8 @@ void copiarBytes(const QString& origen, const QString& destino, const Aviso& avi
         }
     }
     exigir(std::ferror(lee.get()) == 0 ? 0 : errno, origen);
-    exigir(std::fclose(escribe.release()) == 0 ? 0 : errno, destino);
-    exigir(sistema::asegurarArchivo(destino), destino);
+    exigir(std::fclose(escribe.release()) == 0 ? 0 : errno, nombrado);
+    exigir(sistema::asegurarArchivo(destino), nombrado);
 }
 
 void exigirArchivo(const QString& ruta)
@@ -73,31 +72,25 @@ void exigirArchivo(const QString& ruta)
     }
 }
 
+/// Removes a file or a link, not a folder.
 void borrarSiEsta(const QString& ruta)
 {
-    std::error_code ignorado;
-    std::filesystem::remove(sistema::nativa(ruta), ignorado);
-}
-
-const QString finDeTemporal = QStringLiteral(".tmp");
-
-QString temporalDe(const QString& destino)
-{
-    return destino + u'.' + QUuid::createUuid().toString(QUuid::Id128) + finDeTemporal;
-}
-
-/// Removes the temporary files of copies to `destino` that were killed.
-void borrarTemporales(const QString& destino)
-{
-    const QFileInfo archivo(destino);
-    const qsizetype largo = temporalDe(archivo.fileName()).size();
-    const QDir carpeta = archivo.absoluteDir();
-    for (const QString& nombre : carpeta.entryList(QDir::Files | QDir::Hidden))
+    const QFileInfo archivo(ruta);
+    if (archivo.isSymbolicLink() || !archivo.isDir())
     {
-        if (nombre.size() == largo && nombre.startsWith(archivo.fileName() + u'.') && nombre.endsWith(finDeTemporal))
-        {
-            borrarSiEsta(carpeta.filePath(nombre));
-        }
+        std::error_code ignorado;
+        std::filesystem::remove(sistema::nativa(ruta), ignorado);
+    }
+}
+
+const QString finDeParte = QStringLiteral(".parte");
+
+/// Removes a file in the making, and what the database engine keeps beside one that is a database.
+void borrarTodo(const QString& parte)
+{
+    for (const char* fin : {"", "-journal", "-wal", "-shm"})
+    {
+        borrarSiEsta(parte + QLatin1String(fin));
     }
 }
 
@@ -118,62 +111,91 @@ bool Archivos::existe(const QString& ruta)
     return QFileInfo::exists(ruta);
 }
 
+QString Archivos::detrasDeEnlaces(const QString& ruta)
+{
+    QFileInfo archivo(ruta);
+    for (int pasos = 0; pasos < 40 && !archivo.exists() && archivo.isSymbolicLink(); ++pasos)
+    {
+        archivo.setFile(archivo.symLinkTarget()); // the file behind it is not there, or not yet
+    }
+    if (archivo.exists())
+    {
+        return archivo.canonicalFilePath();
+    }
+    const QString carpeta = QFileInfo(archivo.absolutePath()).canonicalFilePath();
+    return carpeta.isEmpty() ? archivo.absoluteFilePath() : QDir(carpeta).filePath(archivo.fileName());
+}
+
+QString Archivos::impedimento(const QString& ruta)
+{
+    const QFileInfo archivo(ruta);
+    if (archivo.isDir())
+    {
+        return QStringLiteral("es una carpeta");
+    }
+    if (archivo.exists() && !archivo.isFile())
+    {
+        return QStringLiteral("no es un archivo");
+    }
+    const bool alguienEscribe = archivo.permissions() & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther);
+    return archivo.exists() && !(alguienEscribe && archivo.isWritable())
+               ? QStringLiteral("está protegido contra escritura")
+               : QString();
+}
+
+Archivos::Parte::Parte(const QString& destino, const QString& nombre)
+    : m_destino(destino)
+    , m_real(detrasDeEnlaces(destino))
+    , m_ruta(nombre.isEmpty() ? m_real + finDeParte : QDir(carpetaDe(m_real)).filePath(nombre))
+{
+    exigir(QFileInfo(carpetaDe(m_real)).isDir() ? 0 : ENOENT, m_destino);
+    if (const QString motivo = impedimento(m_real); !motivo.isEmpty())
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso,
+                               QDir::toNativeSeparators(m_destino) + QLatin1Char(' ') + motivo);
+    }
+    borrarTodo(m_ruta);
+}
+
+Archivos::Parte::~Parte()
+{
+    borrarTodo(m_ruta);
+}
+
+bool Archivos::Parte::quitarResto(const QString& destino)
+{
+    const QString ruta = detrasDeEnlaces(destino) + finDeParte;
+    const bool habia = QFileInfo(ruta).isFile();
+    borrarTodo(ruta);
+    return habia;
+}
+
+void Archivos::Parte::copiar(const QString& origen, const Aviso& aviso, const QString& fin)
+{
+    exigirArchivo(origen);
+    borrarSiEsta(m_ruta + fin);
+    copiarBytes(origen, m_ruta + fin, m_destino, aviso);
+}
+
+void Archivos::Parte::colocar()
+{
+    exigir(sistema::asegurarArchivo(m_ruta), m_destino);
+    heredarPermisos(m_real, m_ruta);
+    exigir(sistema::mover(m_ruta, m_real), m_destino);
+    // The file is in its place; that the folder could not be flushed as well undoes nothing.
+    static_cast<void>(sistema::asegurarCarpeta(carpetaDe(m_real)));
+}
+
 void Archivos::copiar(const QString& origen, const QString& destino)
 {
     exigirArchivo(origen);
-    std::error_code distintos;
-    if (std::filesystem::equivalent(sistema::nativa(origen), sistema::nativa(destino), distintos) && !distintos)
+    if (const auto mismo = sistema::identidad(origen); mismo && mismo == sistema::identidad(destino))
     {
         exigir(EBUSY, destino);
     }
-    exigir(QFileInfo(destino).isDir() ? EISDIR : 0, destino);
-    borrarTemporales(destino);
-    const QString temporal = temporalDe(destino);
-    copiarAParte(origen, temporal);
-    try
-    {
-        reemplazar(temporal, destino);
-    }
-    catch (...)
-    {
-        borrarSiEsta(temporal);
-        throw;
-    }
-}
-
-void Archivos::copiarAParte(const QString& origen, const QString& parte, const Aviso& aviso)
-{
-    exigirArchivo(origen);
-    borrarSiEsta(parte);
-    try
-    {
-        copiarBytes(origen, parte, aviso);
-    }
-    catch (...)
-    {
-        borrarSiEsta(parte);
-        throw;
-    }
-}
-
-void Archivos::reemplazar(const QString& origen, const QString& destino)
-{
-    exigir(QFileInfo::exists(origen) ? 0 : ENOENT, origen);
-    heredarPermisos(destino, origen);
-    std::error_code error;
-    std::filesystem::rename(sistema::nativa(origen), sistema::nativa(destino), error);
-    exigir(comoErrno(error), destino);
-    // The file is in its place; that the folder could not be flushed as well undoes nothing.
-    static_cast<void>(sistema::asegurarCarpeta(carpetaDe(destino)));
-}
-
-void Archivos::renombrar(const QString& origen, const QString& destino)
-{
-    exigir(QFileInfo::exists(origen) ? 0 : ENOENT, origen);
-    exigir(QFileInfo::exists(destino) ? EEXIST : 0, destino);
-    std::error_code error;
-    std::filesystem::rename(sistema::nativa(origen), sistema::nativa(destino), error);
-    exigir(comoErrno(error), destino);
+    Parte parte(destino);
+    parte.copiar(origen);
+    parte.colocar();
 }
 
 void Archivos::borrar(const QString& ruta)

@@ -19,7 +19,7 @@ constexpr int idDePrograma = 0x416C7456; // "AltV", in the file's head
 
 std::string comoUtf8(const QString& ruta)
 {
-    return QFileInfo(ruta).absoluteFilePath().toStdString();
+    return Archivos::detrasDeEnlaces(ruta).toStdString();
 }
 
 /// Runs `accion`; what SQLiteCpp throws becomes the program's own error.
@@ -34,7 +34,7 @@ auto traducir(const A& accion)
     catch (const SQLite::Exception& error)
     {
         const int codigo = error.getExtendedErrorCode() > 0 ? error.getExtendedErrorCode() : error.getErrorCode();
-        detalle::fallar(detalle::errorDeBase(codigo, QString::fromUtf8(error.getErrorStr())));
+        detalle::fallarBase(codigo, QString::fromUtf8(error.getErrorStr()));
     }
 }
 
@@ -47,11 +47,15 @@ void exigirPropia(SQLite::Database& base, const QString& ruta)
     {
         throw ErrorDeEjecucion(SQLITE_NOTADB, QStringLiteral("El archivo no es una base de datos de este programa"));
     }
+    if (base.execAndGet("PRAGMA journal_mode").getString() == "wal")
+    {
+        return; // part of it lies in a file of its own
+    }
     // SQLite itself sees that pages are missing, but not that the last one is short.
     const qint64 paginas = base.execAndGet("PRAGMA page_count").getInt64();
     if (QFileInfo(ruta).size() < paginas * base.execAndGet("PRAGMA page_size").getInt64())
     {
-        throw detalle::errorDeBase(SQLITE_CORRUPT, {});
+        detalle::fallarBase(SQLITE_CORRUPT);
     }
 }
 
@@ -112,12 +116,6 @@ private:
     sqlite3* m_base;
     std::function<void()> m_aviso;
 };
-
-QString rutaDelCandado(const QString& ruta)
-{
-    const QFileInfo archivo(ruta);
-    return archivo.absoluteDir().filePath(archivo.completeBaseName() + QStringLiteral(".ldb"));
-}
 } // namespace
 
 struct Conexion::Interno
@@ -194,7 +192,7 @@ void Conexion::abrir(const QString& ruta, Modo modo)
     {
         if (QFileInfo(ruta).isFile()) // no lock file beside nothing
         {
-            nuevo->candado.emplace(rutaDelCandado(ruta), Candado::Modo::Compartido);
+            nuevo->candado.emplace(candado(ruta), Candado::Modo::Compartido);
         }
         nuevo->base = abrirBase(ruta, SQLite::OPEN_READWRITE);
         traducir(
@@ -251,53 +249,50 @@ bool Conexion::enTransaccion() const
     return sqlite3_get_autocommit(interno().base->getHandle()) == 0;
 }
 
-void Conexion::compactar(const QString& origen, const QString& destino, const Aviso& aviso)
+void Conexion::compactar(const QString& ruta, const QString& temporal, const Aviso& aviso)
 {
-    if (QFileInfo::exists(destino))
-    {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(destino));
-    }
-    try
-    {
-        const auto base = abrirBase(origen, SQLite::OPEN_READWRITE);
-        const qint64 total = QFileInfo(origen).size();
-        traducir(
-            [&]
+    const Candado solo(candado(ruta), Candado::Modo::Exclusivo);
+    Archivos::Parte parte(ruta, temporal);
+    const qint64 total = QFileInfo(ruta).size();
+    traducir(
+        [&]
+        {
+            const auto base = abrirBase(ruta, SQLite::OPEN_READWRITE);
+            std::optional<Latido> latido;
+            if (aviso)
             {
-                std::optional<Latido> latido;
-                if (aviso)
-                {
-                    latido.emplace(base->getHandle(), [&] { aviso(QFileInfo(destino).size(), total); });
-                }
-                SQLite::Statement sentencia(*base, "VACUUM INTO ?");
-                sentencia.bind(1, comoUtf8(destino));
-                sentencia.exec();
-            });
-        comprobar(destino, aviso);
-        Archivos::asegurarEnDisco(destino);
-    }
-    catch (...)
-    {
-        QFile::remove(destino);
-        QFile::remove(diario(destino));
-        throw;
-    }
+                latido.emplace(base->getHandle(), [&] { aviso(QFileInfo(parte.ruta()).size(), total); });
+            }
+            SQLite::Statement sentencia(*base, "VACUUM INTO ?");
+            sentencia.bind(1, comoUtf8(parte.ruta()));
+            sentencia.exec();
+        });
+    comprobar(parte.ruta(), aviso); // the old file is closed: an open one could not be replaced everywhere
+    parte.colocar();
 }
 
-QString Conexion::diario(const QString& ruta)
+QString Conexion::candado(const QString& ruta)
 {
-    return ruta + QStringLiteral("-journal");
+    const QFileInfo archivo(Archivos::detrasDeEnlaces(ruta));
+    return archivo.dir().filePath(archivo.completeBaseName() + QStringLiteral(".ldb"));
+}
+
+QStringList Conexion::acompanantes(const QString& ruta)
+{
+    const QString archivo = Archivos::detrasDeEnlaces(ruta);
+    return {archivo + QStringLiteral("-journal"), archivo + QStringLiteral("-wal"), archivo + QStringLiteral("-shm")};
 }
 
 void Conexion::recuperar(const QString& ruta)
 {
-    if (!QFileInfo::exists(diario(ruta)) || !QFileInfo::exists(ruta))
+    if (!QFileInfo::exists(ruta))
     {
         return;
     }
     try
     {
         const auto base = abrirBase(ruta, SQLite::OPEN_READWRITE); // opening reads, and reading undoes
+        traducir([&] { base->exec("PRAGMA journal_mode=DELETE"); });
     }
     catch (const ErrorDeEjecucion& error)
     {
@@ -321,7 +316,8 @@ void Conexion::comprobar(const QString& ruta, const Aviso& aviso)
     if (hallado != "ok")
     {
         throw ErrorDeEjecucion(SQLITE_CORRUPT, QStringLiteral("La base de datos está dañada (") +
-                                                   QString::fromStdString(hallado) + QStringLiteral(")"));
+                                                   detalle::razonDeRevision(QString::fromStdString(hallado)) +
+                                                   QStringLiteral(")"));
     }
 }
 
@@ -345,7 +341,7 @@ Transaccion::Transaccion(Conexion& conexion)
 {
     if (conexion.enTransaccion())
     {
-        throw detalle::errorDeBase(SQLITE_ERROR, QStringLiteral("ya hay una transacción en curso"));
+        throw ErrorDeEjecucion(SQLITE_ERROR, QStringLiteral("Ya hay una transacción en curso"));
     }
     conexion.ejecutar("BEGIN IMMEDIATE");
 }

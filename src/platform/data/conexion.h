@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QDate>
 #include <QString>
+#include <QStringList>
 #include <QTime>
 #include <chrono>
 #include <concepts>
@@ -335,17 +336,21 @@ public:
         EsperaCorta& operator=(const EsperaCorta&) = delete;
     };
 
-    /// Rewrites the closed file `origen` compactly into `destino`, which must not exist, checks the result and flushes
-    /// it. `aviso` is told the bytes written, and an exception of it stops the work.
-    static void compactar(const QString& origen, const QString& destino, const Aviso& aviso = {});
+    /// Rewrites the closed database compactly under the name `temporal` in its folder, checks the result and puts it in
+    /// its place; a failure leaves the old one. `aviso` is told the bytes written, and an exception of it stops the
+    /// work. Throws 70 when another copy of the program has it open, 75 when it may not be replaced.
+    static void compactar(const QString& ruta, const QString& temporal, const Aviso& aviso = {});
     /// Throws unless the file opens as a database and passes its integrity check. `aviso` as in compactar().
     static void comprobar(const QString& ruta, const Aviso& aviso = {});
-    /// Undoes what a process that died in a transaction left half done in the closed file; a damaged one stays as it
-    /// is.
+    /// Makes the closed file the whole database again: undoes what a process that died in a transaction left half done,
+    /// and takes in what a write-ahead log holds. A damaged one stays as it is.
     static void recuperar(const QString& ruta);
-    /// The file in which a transaction keeps what it may have to undo; beside a closed database only after such a
-    /// death.
-    [[nodiscard]] static QString diario(const QString& ruta);
+    /// The lock file of running copies. It lies, as all that belongs to a database does, beside the file itself, not
+    /// beside a link to it.
+    [[nodiscard]] static QString candado(const QString& ruta);
+    /// The files in which SQLite keeps changes beside a database: what a transaction may have to undo, then the
+    /// write-ahead log and its index. Beside a closed database they stand only after a death.
+    [[nodiscard]] static QStringList acompanantes(const QString& ruta);
     /// Creates an empty database file of this program; only the seed and tests do.
     static void crear(const QString& ruta);
 

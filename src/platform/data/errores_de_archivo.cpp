@@ -29,7 +29,6 @@ ErrorDeEjecucion::Numero numeroDe(int error, const QString& ruta, detalle::Opera
     case EACCES:
     case EPERM:
     case EROFS:
-    case EISDIR:
         return operacion == detalle::Operacion::Completa ? ErrorDeEjecucion::EnUso : ErrorDeEjecucion::SinAcceso;
     case EIO:
         return ErrorDeEjecucion::ErrorDeDispositivo;
@@ -41,5 +40,7 @@ ErrorDeEjecucion::Numero numeroDe(int error, const QString& ruta, detalle::Opera
 
 void detalle::fallarArchivo(int error, const QString& ruta, Operacion operacion)
 {
-    throw ErrorDeEjecucion(numeroDe(error, ruta, operacion), QDir::toNativeSeparators(ruta));
+    const QString detalle = QDir::toNativeSeparators(ruta);
+    throw ErrorDeEjecucion(numeroDe(error, ruta, operacion),
+                           error == EISDIR ? detalle + QStringLiteral(" es una carpeta") : detalle);
 }

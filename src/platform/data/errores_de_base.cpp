@@ -1,8 +1,10 @@
 #include "platform/data/preparada.h"
 
+#include <QRegularExpression>
+
 namespace
 {
-/// Nothing for the codes that say little without SQLite's own message.
+/// Nothing for the codes that say little by themselves.
 QString descripcionDe(int codigo)
 {
     switch (codigo & 0xFF)
@@ -39,45 +41,94 @@ QString descripcionDe(int codigo)
     }
 }
 
-QString descripcionDeRestriccion(int codigo)
+QString descripcionDeRestriccion(int codigo, const QString& mensaje)
 {
+    const QString lugar = mensaje.section(QStringLiteral("failed: "), 1); // "Tabla.columna, ..."
+    const auto con = [](const char* texto, const QString& detalle)
+    {
+        const QString conocido = QString::fromUtf8(texto);
+        return detalle.isEmpty() ? conocido : conocido + QStringLiteral(" (") + detalle + QLatin1Char(')');
+    };
     switch (codigo)
     {
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_ROWID:
-        return QStringLiteral("Ya existe un registro con la misma clave");
+        return con("Ya existe un registro con la misma clave", lugar);
     case SQLITE_CONSTRAINT_NOTNULL:
-        return QStringLiteral("Falta un valor obligatorio");
+        return con("Falta un valor obligatorio", lugar);
+    case SQLITE_CONSTRAINT_TRIGGER:
+        return con("Los datos no cumplen una restricción de la tabla", mensaje); // the rule's own words
     default:
-        return QStringLiteral("Los datos no cumplen una restricción de la tabla");
+        return con("Los datos no cumplen una restricción de la tabla", lugar);
     }
+}
+
+/// What to tell of a statement that names what the database has not; empty when something else failed.
+QString descripcionDeFalta(const QString& mensaje)
+{
+    static const QRegularExpression tabla(QStringLiteral("^no such table: (?:\\w+\\.)*(\\w+)$"));
+    static const QRegularExpression columna(
+        QStringLiteral("^(?:no such column: |table .+ has no column named )(?:\\w+\\.)*(\\w+)$"));
+    if (const auto m = tabla.match(mensaje); m.hasMatch())
+    {
+        return QStringLiteral("A la base de datos le falta la tabla '%1'. Restaure una copia de seguridad o avise a quien "
+                              "da soporte.")
+            .arg(m.captured(1));
+    }
+    if (const auto m = columna.match(mensaje); m.hasMatch())
+    {
+        return QStringLiteral("A la base de datos le falta la columna '%1': es de una versión anterior. Cierre y vuelva a "
+                              "abrir el programa para actualizarla.")
+            .arg(m.captured(1));
+    }
+    return {};
 }
 } // namespace
 
-ErrorDeEjecucion detalle::errorDeBase(int codigo, const QString& mensaje)
+void detalle::fallarBase(int codigo, const QString& mensaje)
 {
+    const QString falta = codigo == SQLITE_ERROR ? descripcionDeFalta(mensaje) : QString();
+    if (!falta.isEmpty())
+    {
+        throw ErrorParaAvisar(codigo, falta);
+    }
+    switch (codigo & 0xFF)
+    {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        throw ErrorParaAvisar(codigo, descripcionDe(codigo));
+    case SQLITE_CONSTRAINT:
+        throw ErrorDeEjecucion(codigo, descripcionDeRestriccion(codigo, mensaje));
+    default:
+        break;
+    }
     const QString conocida =
-        (codigo & 0xFF) == SQLITE_CONSTRAINT ? descripcionDeRestriccion(codigo) : descripcionDe(codigo);
-    if (!conocida.isEmpty() && (codigo & 0xFF) != SQLITE_CONSTRAINT)
-    {
-        return {codigo, conocida};
-    }
-    const QString descripcion = conocida.isEmpty() ? QStringLiteral("Error de la base de datos") : conocida;
-    return {codigo, descripcion + QStringLiteral(" (") + mensaje + QStringLiteral(")")};
+        mensaje == QLatin1String("integer overflow") ? QStringLiteral("Desbordamiento") : descripcionDe(codigo);
+    throw ErrorDeEjecucion(codigo, conocida.isEmpty() ? QStringLiteral("Error de la base de datos") : conocida);
 }
 
-ErrorDeEjecucion detalle::errorDeBase(sqlite3* base)
+void detalle::fallarBase(sqlite3* base)
 {
-    return errorDeBase(sqlite3_extended_errcode(base), QString::fromUtf8(sqlite3_errmsg(base)));
+    fallarBase(sqlite3_extended_errcode(base), QString::fromUtf8(sqlite3_errmsg(base)));
 }
 
-void detalle::fallar(const ErrorDeEjecucion& error)
+QString detalle::razonDeRevision(const QString& hallado)
 {
-    const int codigo = error.numero() & 0xFF;
-    if (codigo == SQLITE_BUSY || codigo == SQLITE_LOCKED)
+    static const QRegularExpression indice(QStringLiteral("\\bindex (\\w+)"));
+    static const QRegularExpression pagina(QStringLiteral("\\b[Pp]age (\\d+)"));
+    static const QRegularExpression columna(QStringLiteral(" (?:in|constraint failed in) (\\w+(?:\\.\\w+)?)$"));
+    if (const auto m = indice.match(hallado); m.hasMatch())
     {
-        throw ErrorParaAvisar(error.numero(), error.descripcion());
+        return QStringLiteral("el índice %1 no sigue a su tabla").arg(m.captured(1));
     }
-    throw error;
+    if (const auto m = pagina.match(hallado); m.hasMatch())
+    {
+        return QStringLiteral("página %1 del archivo").arg(m.captured(1));
+    }
+    if (const auto m = columna.match(hallado); m.hasMatch())
+    {
+        return QStringLiteral("un valor de %1").arg(m.captured(1));
+    }
+    return QStringLiteral("estructura del archivo");
 }

@@ -10,11 +10,13 @@
 
 namespace detalle
 {
-/// The failure that a connection reports, with SQLite's extended code and a description in Spanish.
-[[nodiscard]] ErrorDeEjecucion errorDeBase(sqlite3* base);
-[[nodiscard]] ErrorDeEjecucion errorDeBase(int codigo, const QString& mensaje);
-/// Throws the failure: as an ErrorParaAvisar when another copy of the program holds the base, which passes.
-[[noreturn]] void fallar(const ErrorDeEjecucion& error);
+/// Throws the failure that a connection reports, with SQLite's extended code and a description in Spanish; what a
+/// statement names and the database has not is an ErrorParaAvisar, and so is that another copy of the program holds it,
+/// which passes.
+[[noreturn]] void fallarBase(sqlite3* base);
+[[noreturn]] void fallarBase(int codigo, const QString& mensaje = {});
+/// What the integrity check has found, in Spanish and short.
+[[nodiscard]] QString razonDeRevision(const QString& hallado);
 
 /// Makes the connection wait while another copy of the program holds the file, as Conexion::alEsperar() tells.
 void esperarAOtrasCopias(sqlite3* base);

@@ -75,12 +75,12 @@ detalle::Preparada::Preparada(sqlite3* base, std::string_view texto)
                                           SQLITE_PREPARE_PERSISTENT, &sentencia, &resto);
     if (codigo != SQLITE_OK)
     {
-        fallar(errorDeBase(base));
+        fallarBase(base);
     }
     if (sentencia == nullptr || !soloBlancos(resto))
     {
         cerrar();
-        throw errorDeBase(SQLITE_MISUSE, QStringLiteral("se espera una sola sentencia"));
+        throw ErrorDeEjecucion(SQLITE_MISUSE, QStringLiteral("se espera una sola sentencia"));
     }
 }
 
@@ -115,7 +115,7 @@ void detalle::Preparada::enlazar(const Valor* valores, std::size_t cantidad)
 {
     if (static_cast<int>(cantidad) != sqlite3_bind_parameter_count(sentencia))
     {
-        throw errorDeBase(SQLITE_RANGE, QStringLiteral("la cantidad de valores no es la de la sentencia"));
+        throw ErrorDeEjecucion(SQLITE_RANGE, QStringLiteral("la cantidad de valores no es la de la sentencia"));
     }
     for (std::size_t i = 0; i < cantidad; ++i)
     {
@@ -140,7 +140,7 @@ bool detalle::Preparada::paso()
     }
     if (codigo != SQLITE_DONE)
     {
-        fallar(errorDeBase(sqlite3_db_handle(sentencia)));
+        fallarBase(sqlite3_db_handle(sentencia));
     }
     return false;
 }

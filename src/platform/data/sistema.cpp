@@ -6,8 +6,37 @@
 
 #ifdef _WIN32
 
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
+
+namespace
+{
+/// The errno value of the last failure of a call of the system.
+int ultimoError()
+{
+    switch (GetLastError())
+    {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_NETPATH:
+        return ENOENT;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+        return EACCES;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+        return ENOSPC;
+    case ERROR_WRITE_PROTECT:
+        return EROFS;
+    default:
+        return EIO;
+    }
+}
+} // namespace
 
 std::filesystem::path sistema::nativa(const QString& ruta)
 {
@@ -25,15 +54,37 @@ sistema::Archivo sistema::abrir(const QString& ruta, const char* modo)
     return archivo;
 }
 
+std::optional<sistema::Identidad> sistema::identidad(const QString& ruta)
+{
+    const HANDLE archivo =
+        CreateFileW(nativa(ruta).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr); // this flag opens folders, too
+    if (archivo == INVALID_HANDLE_VALUE)
+    {
+        return std::nullopt;
+    }
+    BY_HANDLE_FILE_INFORMATION datos = {};
+    const bool hecho = GetFileInformationByHandle(archivo, &datos) != 0;
+    CloseHandle(archivo);
+    return hecho ? std::optional<Identidad>({datos.dwVolumeSerialNumber,
+                                             (quint64{datos.nFileIndexHigh} << 32U) | datos.nFileIndexLow})
+                 : std::nullopt;
+}
+
+int sistema::mover(const QString& origen, const QString& destino)
+{
+    // The standard library's rename tells another number for a missing folder, and does not flush the new name.
+    const DWORD como = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    return MoveFileExW(nativa(origen).c_str(), nativa(destino).c_str(), como) != 0 ? 0 : ultimoError();
+}
+
 int sistema::asegurarArchivo(const QString& ruta)
 {
     const HANDLE archivo = CreateFileW(nativa(ruta).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (archivo == INVALID_HANDLE_VALUE)
     {
-        return std::error_code(static_cast<int>(GetLastError()), std::system_category())
-            .default_error_condition()
-            .value();
+        return ultimoError();
     }
     const bool hecho = FlushFileBuffers(archivo) != 0;
     CloseHandle(archivo);
@@ -48,6 +99,7 @@ int sistema::asegurarCarpeta(const QString& /*ruta*/)
 #else
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -78,6 +130,21 @@ sistema::Archivo sistema::abrir(const QString& ruta, const char* modo)
         std::setvbuf(archivo.get(), nullptr, _IONBF, 0);
     }
     return archivo;
+}
+
+std::optional<sistema::Identidad> sistema::identidad(const QString& ruta)
+{
+    struct stat datos = {};
+    if (::stat(nativa(ruta).c_str(), &datos) != 0)
+    {
+        return std::nullopt;
+    }
+    return Identidad{datos.st_dev, datos.st_ino};
+}
+
+int sistema::mover(const QString& origen, const QString& destino)
+{
+    return std::rename(nativa(origen).c_str(), nativa(destino).c_str()) == 0 ? 0 : errno;
 }
 
 int sistema::asegurarArchivo(const QString& ruta)

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <utility>
 
 /// The few calls that each operating system names differently. Failures are told as errno values.
 namespace sistema
@@ -20,6 +22,14 @@ using Archivo = std::unique_ptr<std::FILE, CierraArchivo>;
 /// fopen for any path, without a buffer of its own and not handed on to processes that are started. Null with errno set
 /// when it fails.
 [[nodiscard]] Archivo abrir(const QString& ruta, const char* modo);
+
+/// What tells a file or folder from every other one, whatever the name and the links by which it is reached. Nothing
+/// when there is none.
+using Identidad = std::pair<quint64, quint64>;
+[[nodiscard]] std::optional<Identidad> identidad(const QString& ruta);
+
+/// Puts `origen` in the place of `destino`, which may exist, in one step; 0, or the errno value of the failure.
+[[nodiscard]] int mover(const QString& origen, const QString& destino);
 
 /// Flushes a closed file to the disk; 0, or the errno value of the failure.
 [[nodiscard]] int asegurarArchivo(const QString& ruta);

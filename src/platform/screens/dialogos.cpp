@@ -1,5 +1,7 @@
 #include "platform/screens/dialogos.h"
 
+#include "platform/data/destino.h"
+#include "platform/data/sistema.h"
 #include "platform/screens/caja_abierta.h"
 #include "platform/screens/mensajes.h"
 
@@ -106,6 +108,19 @@ QString DialogoArchivo(const PedidoDeArchivo& pedido)
 void reemplazarDialogoArchivo(std::function<QString(const PedidoDeArchivo&)> atiende)
 {
     archivoReemplazado = std::move(atiende);
+}
+
+bool ConfirmarDestino(const QString& ruta, const QString& origen)
+{
+    const Destino destino = puedeEscribirse(ruta);
+    if (!destino.rechazo.isEmpty())
+    {
+        MsgBox(destino.rechazo, Caja::Exclamacion);
+        return false;
+    }
+    const bool elMismo = destino.existe && sistema::identidad(ruta) == sistema::identidad(origen);
+    return !destino.existe || elMismo ||
+           Preguntar(QStringLiteral("El archivo '%1' ya existe. ¿Desea reemplazarlo?").arg(QFileInfo(ruta).fileName()));
 }
 
 QString DialogoCarpeta(const QString& titulo, const QString& inicial)

@@ -20,6 +20,10 @@ struct PedidoDeArchivo
 /// The replacement gives the chosen path, or an empty text to cancel.
 void reemplazarDialogoArchivo(std::function<QString(const PedidoDeArchivo&)> atiende);
 
+/// May the file that the user chose be written? Tells why not, and asks before another file is replaced; `origen` is a
+/// file whose copy goes there, about which nothing is asked when it is the same one.
+[[nodiscard]] bool ConfirmarDestino(const QString& ruta, const QString& origen = {});
+
 /// Folder dialog; an empty text when cancelled.
 [[nodiscard]] QString DialogoCarpeta(const QString& titulo, const QString& inicial);
 void reemplazarDialogoCarpeta(std::function<QString(const QString& titulo, const QString& inicial)> atiende);

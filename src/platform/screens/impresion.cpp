@@ -1,5 +1,6 @@
 #include "platform/screens/impresion.h"
 
+#include "platform/data/destino.h"
 #include "platform/screens/caja_abierta.h"
 #include "platform/screens/dialogos.h"
 #include "platform/screens/mensajes.h"
@@ -37,6 +38,12 @@ bool PedirImpresion(int hojas, PedidoDeImpresion& pedido)
     dialogo.setMinMax(1, hojas);
     if (dialogo.exec() != QDialog::Accepted)
     {
+        return false;
+    }
+    const QString archivo = impresoraActual().outputFileName(); // the dialog prints into files as well
+    if (const Destino destino = archivo.isEmpty() ? Destino() : puedeEscribirse(archivo); !destino.rechazo.isEmpty())
+    {
+        MsgBox(destino.rechazo, Caja::Exclamacion);
         return false;
     }
     if (dialogo.printRange() == QAbstractPrintDialog::PageRange)

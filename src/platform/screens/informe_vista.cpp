@@ -246,19 +246,19 @@ void VistaDeInforme::actualizar()
     m_ultima->setEnabled(hoja + 1 < hojas);
 }
 
-void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta)
+void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino)
 {
     TrabajoLargo trabajo(QStringLiteral("Imprimiendo"));
     QPainter pintor;
     if (!pintor.begin(&impresora))
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, impresora.outputFileName());
+        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, destino);
     }
     for (int hoja = desde; hoja <= hasta; ++hoja)
     {
         if (hoja > desde && !impresora.newPage())
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::DiscoLleno, impresora.outputFileName());
+            throw ErrorDeEjecucion(ErrorDeEjecucion::DiscoLleno, destino);
         }
         pintor.save();
         pintor.scale(impresora.logicalDpiX() / 72.0, impresora.logicalDpiY() / 72.0);
@@ -268,41 +268,30 @@ void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta)
     }
     if (!pintor.end())
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::DiscoLleno, impresora.outputFileName());
+        throw ErrorDeEjecucion(ErrorDeEjecucion::DiscoLleno, destino);
     }
 }
 
 void VistaDeInforme::guardarPdf(const QString& ruta)
 {
-    const QString temporal = ruta + QStringLiteral(".parte");
+    Archivos::Parte parte(ruta);
     QPrinter impresora(QPrinter::HighResolution);
     impresora.setOutputFormat(QPrinter::PdfFormat);
-    impresora.setOutputFileName(temporal);
+    impresora.setOutputFileName(parte.ruta());
     impresora.setFullPage(true);
     impresora.setPageLayout(m_hojas->paginas().pagina());
     impresora.setFullPage(true);
     impresora.setDocName(windowTitle());
     impresora.setCreator(QString::fromLatin1(tituloPorDefecto));
-    try
-    {
-        pintarEn(impresora, 0, m_hojas->paginas().cantidad() - 1);
-        Archivos::reemplazar(temporal, ruta);
-    }
-    catch (const ErrorDeEjecucion&)
-    {
-        if (Archivos::existe(temporal))
-        {
-            Archivos::borrar(temporal);
-        }
-        throw;
-    }
+    pintarEn(impresora, 0, m_hojas->paginas().cantidad() - 1, ruta);
+    parte.colocar();
 }
 
 void VistaDeInforme::pedirPdf()
 {
     const QString ruta = DialogoArchivo(
         {QStringLiteral("Guardar PDF"), QString(), QStringLiteral("*.pdf"), QStringLiteral("pdf"), false});
-    if (ruta.isEmpty())
+    if (ruta.isEmpty() || !ConfirmarDestino(ruta))
     {
         return;
     }
@@ -329,7 +318,7 @@ void VistaDeInforme::imprimir()
     impresora.setDocName(windowTitle());
     try
     {
-        pintarEn(impresora, pedido.desde - 1, pedido.hasta - 1);
+        pintarEn(impresora, pedido.desde - 1, pedido.hasta - 1, impresora.outputFileName());
     }
     catch (const ErrorDeEjecucion& error)
     {

@@ -48,7 +48,8 @@ class VistaDeInforme : public QMainWindow
     Q_OBJECT
 public:
     explicit VistaDeInforme(PaginasDeInforme paginas, QWidget* padre = nullptr);
-    /// Saves all pages as PDF. Throws ErrorDeEjecucion 75 when the file cannot be written; no part of it stays then.
+    /// Saves all pages as PDF. Throws ErrorDeEjecucion, 75 or 76 when the file cannot be written; no part of it stays
+    /// then.
     Q_INVOKABLE void guardarPdf(const QString& ruta);
 
 private:
@@ -56,7 +57,8 @@ private:
     void imprimir();
     void configurarPagina();
     void pedirPdf();
-    void pintarEn(QPrinter& impresora, int desde, int hasta);
+    /// Failures name `destino`.
+    void pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino);
     void actualizar();
 
     std::vector<std::shared_ptr<Fuentes::Agregada>> m_fuentes = Fuentes::enUso(); ///< its pages are drawn later

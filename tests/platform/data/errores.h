@@ -2,30 +2,24 @@
 
 #include "platform/data/error_de_ejecucion.h"
 
-/// The number of the error that `accion` throws, 0 when it throws none.
+/// What `accion` throws as "number description", empty when it throws nothing.
 template <class A>
-int numeroDe(A accion)
+QString fallaDe(A accion)
 {
     try
     {
         static_cast<void>(accion());
-        return 0;
+        return {};
     }
     catch (const ErrorDeEjecucion& error)
     {
-        return error.numero();
+        return QString::number(error.numero()) + u' ' + error.descripcion();
     }
 }
 
-/// The same for an action without a result.
+/// The number alone, 0 when it throws nothing.
 template <class A>
-requires std::is_void_v<std::invoke_result_t<A>>
 int numeroDe(A accion)
 {
-    return numeroDe(
-        [&]
-        {
-            accion();
-            return 0;
-        });
+    return fallaDe(accion).section(u' ', 0, 0).toInt();
 }

@@ -1,5 +1,6 @@
 #include "apoyo/archivos_de_prueba.h"
 #include "errores.h"
+#include "limite_de_archivos.h"
 #include "platform/data/archivos.h"
 
 #include <QStringList>
@@ -178,5 +179,13 @@ TEST_F(Canales, DiscoLleno)
     Archivos::imprimir(1, QStringLiteral("poco"));
     EXPECT_EQ(61, numeroDe([] { Archivos::cerrarTodos(); }));
     EXPECT_FALSE(Archivos::abierto(1));
+
+    // A disk with room for some of the last block takes that much, and only then tells.
+    Archivos::abrirParaEscribir(1, archivo);
+    Archivos::imprimir(1, QByteArrayView(mucho));
+    Archivos::imprimir(1, QStringLiteral("la última línea"));
+    const LimiteDeArchivos limite(100'007);
+    EXPECT_EQ(61, numeroDe([] { Archivos::cerrar(1); }));
+    EXPECT_EQ(100'007, leer().size());
 }
 #endif

@@ -1,7 +1,9 @@
 // The preview of a report.
+#include "apoyo/archivos_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
 #include "informe_de_prueba.h"
+#include "platform/data/directorio_programa.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/dialogos.h"
 #include "platform/screens/impresion.h"
@@ -149,9 +151,19 @@ TEST_F(VistaPrevia, SavesAPdfOrSaysWhyNot)
     EXPECT_EQ(cajas.archivosPedidos()[1].extension, QStringLiteral("pdf"));
 
     cajas.archivo(informe.ruta(QStringLiteral("no/esta/salida.pdf")))
-        .esperaQueDiga(Caja::Simple, QStringLiteral("(75)"));
+        .esperaQueDiga(Caja::Simple, QStringLiteral("salida.pdf - (76)"));
     pulsar("cmdPdf");
     EXPECT_EQ(archivos(), QStringList{QStringLiteral("salida.pdf")}) << "no part of it stays";
+
+    const QString otro = informe.ruta(QStringLiteral("otro.pdf"));
+    escribirArchivo(otro, "de otro");
+    cajas.archivo(otro).esperaPregunta(QStringLiteral("El archivo 'otro.pdf' ya existe. ¿Desea reemplazarlo?"), false);
+    pulsar("cmdPdf");
+    EXPECT_EQ(leerArchivo(otro), "de otro");
+    const QString propio = DirectorioPrograma() + QStringLiteral("/RptNuevo.rpt");
+    cajas.archivo(propio).esperaQueDiga(Caja::Exclamacion, QStringLiteral("es un archivo del programa"));
+    pulsar("cmdPdf");
+    EXPECT_FALSE(QFile::exists(propio));
 }
 
 TEST_F(VistaPrevia, SavingAPdfShowsHowFarItIs)
