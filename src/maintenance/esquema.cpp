@@ -31,7 +31,8 @@ constexpr Tabla tablas[] = {
                        "Provincia Telefono Nacio EstCivil Afiliado Sueldo Imponible Categoria Ingreso Egreso Sucursal "
                        "QHoras ART100 ART101A ART101B Familiares"},
     {"Empleados_Familiares", "CUIL Familiar AyN TipoDoc NroDoc Sexo Nacio"},
-    {"PAGOS", "Pago Cuit Tipo Periodo Secuencia Fecha Art100 Art101A Art101B Dias Interes Importe NroActa Cuota Cuenta"},
+    {"PAGOS",
+     "Pago Cuit Tipo Periodo Secuencia Fecha Art100 Art101A Art101B Dias Interes Importe NroActa Cuota Cuenta"},
     {"RptEmpleados", "Indice Tipo Sucursal_Cod Sucursal AyN Cuil TipoDoc NroDoc Sexo Nacio EstCivil Categoria Ingreso "
                      "Egreso QHoras Imponible Art100 Art101A Art101B Calle Numero CodPos Localidad Telefono"},
 };
@@ -44,9 +45,10 @@ constexpr Tabla tablas[] = {
 void exigirColumnas(Conexion& conexion, const QString& tabla, const QStringList& columnas)
 {
     QSet<QString> halladas;
-    conexion.recorrer("SELECT c.name AS n FROM sqlite_schema t, pragma_table_info(t.name) c "
-                      "WHERE t.type = 'table' AND t.name = ? COLLATE NOCASE",
-                      [&](const Fila& fila) { halladas.insert(fila.texto("n").toLower()); }, tabla);
+    conexion.recorrer(
+        "SELECT c.name AS n FROM sqlite_schema t, pragma_table_info(t.name) c "
+        "WHERE t.type = 'table' AND t.name = ? COLLATE NOCASE",
+        [&](const Fila& fila) { halladas.insert(fila.texto("n").toLower()); }, tabla);
     if (halladas.isEmpty())
     {
         falta(QStringLiteral("la tabla ") + tabla);

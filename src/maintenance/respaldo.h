@@ -22,9 +22,9 @@ void anotarCopia(Conexion& conexion, const QString& destino, const QDateTime& cu
 /// Throws ErrorDeEjecucion: 76 when Copias is missing, 75 when the folder cannot be made.
 [[nodiscard]] QString prepararCopia(const QString& carpeta);
 
-/// Copies the closed database `origen` to `destino`, which becomes a whole copy or stays as it was. A damaged database is
-/// copied as well: gives what is wrong with the copy, in Spanish, empty when it is sound. What killed backups left half
-/// made is removed. Throws ErrorDeEjecucion: 70 when another copy of the program has the database open, 75 for a
+/// Copies the closed database `origen` to `destino`, which becomes a whole copy or stays as it was. A damaged database
+/// is copied as well: gives what is wrong with the copy, in Spanish, empty when it is sound. What killed backups left
+/// half made is removed. Throws ErrorDeEjecucion: 70 when another copy of the program has the database open, 75 for a
 /// folder of that name, and what the file system refuses.
 QString resguardar(const QString& origen, const QString& destino, const Aviso& aviso = {});
 

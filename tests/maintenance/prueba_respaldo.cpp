@@ -128,7 +128,8 @@ TEST_F(Respaldo, QueOrigenSeAcepta)
     };
     for (const auto& [origen, falla] : casos)
     {
-        EXPECT_EQ(falla, revisarRestauracion(QDir::toNativeSeparators(origen), QDir::toNativeSeparators(base.rutaBase())))
+        EXPECT_EQ(falla,
+                  revisarRestauracion(QDir::toNativeSeparators(origen), QDir::toNativeSeparators(base.rutaBase())))
             << origen.toStdString();
     }
 }
@@ -190,17 +191,19 @@ TEST_F(Respaldo, CadaTablaYColumnaHaceFalta)
     c.abrir(otra);
     c.ejecutar("PRAGMA synchronous = OFF");
     c.ejecutar("PRAGMA journal_mode = MEMORY");
-    const Recordset columnas = c.consultar("SELECT t.name AS t, c.name AS c FROM sqlite_schema t, pragma_table_info(t.name) c "
-                                           "WHERE t.type = 'table' AND t.name NOT LIKE 'sqlite%'");
+    const Recordset columnas =
+        c.consultar("SELECT t.name AS t, c.name AS c FROM sqlite_schema t, pragma_table_info(t.name) c "
+                    "WHERE t.type = 'table' AND t.name NOT LIKE 'sqlite%'");
     EXPECT_LT(100U, columnas.cantidad());
     for (const Fila& fila : columnas)
     {
-        const auto renombrar = [&](const QString& de, const QString& a)
-        {
-            c.ejecutar(QStringLiteral("ALTER TABLE %1 RENAME COLUMN %2 TO %3").arg(fila.texto("t"), de, a).toStdString());
+        const auto renombrar = [&](const QString& de, const QString& a) {
+            c.ejecutar(
+                QStringLiteral("ALTER TABLE %1 RENAME COLUMN %2 TO %3").arg(fila.texto("t"), de, a).toStdString());
         };
         renombrar(fila.texto("c"), roto);
-        EXPECT_EQ(26, numeroDe([&] { exigirEsquema(otra); })) << fila.texto("t").toStdString() << fila.texto("c").toStdString();
+        EXPECT_EQ(26, numeroDe([&] { exigirEsquema(otra); }))
+            << fila.texto("t").toStdString() << fila.texto("c").toStdString();
         renombrar(roto, fila.texto("c"));
     }
     EXPECT_EQ("", fallaDe([&] { exigirEsquema(otra); }).toStdString());
@@ -257,7 +260,8 @@ TEST_F(Respaldo, DetrasDeUnEnlaceSeTrabajaConElArchivo)
     QFile::remove(base.ruta(QStringLiteral("DBBrivo.ldb")));
     const QByteArray nueva = hacerOtra();
     {
-        Hijo programa(QStringLiteral("OtraCopia.DISABLED_TieneLaBaseAbierta"), base.ruta(QStringLiteral("otro puesto.mdb")));
+        Hijo programa(QStringLiteral("OtraCopia.DISABLED_TieneLaBaseAbierta"),
+                      base.ruta(QStringLiteral("otro puesto.mdb")));
         EXPECT_TRUE(resguardando(base.rutaBase()).starts_with("70 "));
         EXPECT_TRUE(restaurando().starts_with("70 "));
         EXPECT_EQ(70, numeroDe([] { Rutinas::CompactarBase(); }));
@@ -362,7 +366,8 @@ TEST_F(Respaldo, ElAvanceSeCuentaHastaElFinalYPuedeCortarlo)
     };
     const Caso casos[] = {
         {"backup", [&](const Aviso& aviso) { resguardar(otra, prepararCopia(carpeta), aviso); }, largo},
-        {"restore", [&](const Aviso& aviso) { restaurar(otra, base.rutaBase(), seguridad, aviso); }, viva.size() + largo},
+        {"restore", [&](const Aviso& aviso) { restaurar(otra, base.rutaBase(), seguridad, aviso); },
+         viva.size() + largo},
         {"compaction", [](const Aviso& aviso) { Rutinas::CompactarBase(aviso); }, 0},
     };
     for (const Caso& caso : casos)

@@ -1,6 +1,7 @@
 #include "maintenance/screens/backup.h"
 
 #include "core/rutinas.h"
+#include "core/screens/base_cerrada.h"
 #include "maintenance/respaldo.h"
 #include "platform/data/directorio_programa.h"
 #include "platform/data/error_de_ejecucion.h"
@@ -9,12 +10,12 @@
 #include "platform/screens/dialogos.h"
 #include "platform/screens/estilo.h"
 #include "platform/screens/mensajes.h"
-#include "platform/screens/trabajo_largo.h"
 #include "ui_backup.h"
 
 namespace
 {
-/// What the user must do when the database that was brought back is an older one: each start upgrades it by one version.
+/// What the user must do when the database that was brought back is an older one: each start upgrades it by one
+/// version.
 QString avisoDeVersion()
 {
     const QString version = Rutinas::Conexion.consultar("SELECT Version FROM Parametros").primera().texto("Version");
@@ -85,44 +86,57 @@ void Backup::cmdSalir_Click()
 
 void Backup::cmdOK_Click()
 {
-    const bool resguarda = ui->SSTab1->currentIndex() == 0;
-    if (!resguarda && !puedeRestaurar())
+    if (ui->SSTab1->currentIndex() == 0)
     {
-        return;
+        resguardarBase();
     }
-    try
+    else if (puedeRestaurar())
     {
-        resguarda ? resguardarBase() : restaurarBase();
-        cerrar();
-    }
-    catch (const ErrorDeEjecucion& error)
-    {
-        informarFalla(error);
+        restaurarBase();
     }
 }
 
 void Backup::resguardarBase()
 {
-    Rutinas::CerrarBase();
-    CarpetaCopia = carpetaDeCopia(DirectorioPrograma(), Reloj::Ahora());
-    ui->txtDestino_0->setText(prepararCopia(CarpetaCopia));
     QString dano;
+    Rutinas::ConLaBaseCerrada(
+        QStringLiteral("Copiando la base de datos"),
+        [&](const Aviso& aviso)
+        {
+            CarpetaCopia = carpetaDeCopia(DirectorioPrograma(), Reloj::Ahora());
+            ui->txtDestino_0->setText(prepararCopia(CarpetaCopia));
+            dano = resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text(), aviso);
+        },
+        [&](const std::optional<ErrorDeEjecucion>& falla) { contarResguardo(falla, dano); });
+}
+
+void Backup::contarResguardo(const std::optional<ErrorDeEjecucion>& falla, const QString& dano)
+{
+    try
     {
-        TrabajoLargo trabajo(QStringLiteral("Copiando la base de datos"));
-        dano = resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text(), trabajo.aviso());
+        if (falla)
+        {
+            throw ErrorDeEjecucion(*falla);
+        }
+        anotarCopia(Rutinas::Conexion, ui->txtDestino_0->text(), Reloj::Ahora());
     }
-    Rutinas::AbrirBase();
-    anotarCopia(Rutinas::Conexion, ui->txtDestino_0->text(), Reloj::Ahora());
+    catch (const ErrorDeEjecucion& error)
+    {
+        informarFalla(error);
+        return;
+    }
     MsgBox(QStringLiteral("Se ha realizado una Copia de la Base de Datos en la Ubicación: '") +
                ui->txtDestino_0->text() + QLatin1Char('\''),
            Caja::Informacion);
     if (!dano.isEmpty())
     {
-        MsgBox(QStringLiteral("La copia tiene el daño de la Base de Datos: %1.\n\nNo borre las copias anteriores y avise a "
-                              "quien da soporte.")
+        MsgBox(QStringLiteral(
+                   "La copia tiene el daño de la Base de Datos: %1.\n\nNo borre las copias anteriores y avise a "
+                   "quien da soporte.")
                    .arg(dano),
                Caja::Exclamacion);
     }
+    cerrar();
 }
 
 bool Backup::puedeRestaurar()
@@ -150,22 +164,31 @@ bool Backup::puedeRestaurar()
 
 void Backup::restaurarBase()
 {
-    const QString seguridad = Rutinas::RutaApp + QStringLiteral("DBBrivo_Bak.mdb");
-    Rutinas::CerrarBase();
-    {
-        TrabajoLargo trabajo(QStringLiteral("Restaurando la base de datos"));
-        restaurar(ui->txtOrigen_1->text(), ui->txtDestino_1->text(), seguridad, trabajo.aviso());
-    }
-    Rutinas::AbrirBase();
-    MsgBox(QStringLiteral("La Base de Datos ha sido reemplazada con exito."), Caja::Informacion);
-    MsgBox(QStringLiteral("La Base de Datos anterior quedó guardada en 'DBBrivo_Bak.mdb', en la carpeta del programa.") +
-               avisoDeVersion(),
-           Caja::Informacion);
+    Rutinas::ConLaBaseCerrada(
+        QStringLiteral("Restaurando la base de datos"),
+        [&](const Aviso& aviso)
+        {
+            restaurar(ui->txtOrigen_1->text(), ui->txtDestino_1->text(),
+                      Rutinas::RutaApp + QStringLiteral("DBBrivo_Bak.mdb"), aviso);
+        },
+        [&](const std::optional<ErrorDeEjecucion>& falla)
+        {
+            if (falla)
+            {
+                informarFalla(*falla);
+                return;
+            }
+            MsgBox(QStringLiteral("La Base de Datos ha sido reemplazada con exito."), Caja::Informacion);
+            MsgBox(QStringLiteral("La Base de Datos anterior quedó guardada en 'DBBrivo_Bak.mdb', en la carpeta del "
+                                  "programa.") +
+                       avisoDeVersion(),
+                   Caja::Informacion);
+            cerrar();
+        });
 }
 
 void Backup::informarFalla(const ErrorDeEjecucion& error)
 {
-    Rutinas::AbrirBase(); // before the box: no desk is without its lock while somebody reads
     if (error.numero() == ErrorDeEjecucion::EnUso)
     {
         MsgBox(

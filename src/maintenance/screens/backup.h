@@ -3,6 +3,7 @@
 #include "platform/screens/pantalla.h"
 
 #include <memory>
+#include <optional>
 
 class ErrorDeEjecucion;
 namespace Ui
@@ -28,7 +29,8 @@ private:
     void resguardarBase();
     void restaurarBase();
     [[nodiscard]] bool puedeRestaurar();
-    void informarFalla(const ErrorDeEjecucion& error);
+    void contarResguardo(const std::optional<ErrorDeEjecucion>& falla, const QString& dano);
+    static void informarFalla(const ErrorDeEjecucion& error);
 
     std::unique_ptr<Ui::Backup> ui;
     QString CarpetaCopia;

@@ -77,7 +77,7 @@ std::unique_ptr<SQLite::Database> abrirBase(const QString& ruta, int modo)
             if (sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr) != SQLITE_OK ||
                 sqlite3_db_config(manija, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr) != SQLITE_OK)
             {
-                throw detalle::errorDeBase(manija);
+                detalle::fallarBase(manija);
             }
             detalle::registrarEspanol(manija);
             exigirPropia(*base, ruta);
@@ -200,7 +200,7 @@ void Conexion::abrir(const QString& ruta, Modo modo)
             {
                 if (nuevo->base->execAndGet("PRAGMA journal_mode=DELETE").getString() != "delete")
                 {
-                    throw detalle::errorDeBase(SQLITE_PROTOCOL, QStringLiteral("journal_mode"));
+                    detalle::fallarBase(SQLITE_PROTOCOL);
                 }
                 nuevo->base->exec("PRAGMA synchronous=FULL");
                 // An import stays in memory until it is confirmed, so that other copies can read meanwhile.

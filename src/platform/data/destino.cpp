@@ -68,7 +68,8 @@ std::set<sistema::Identidad> archivosPropios()
     {
         agregar(programa.filePath(nombre));
     }
-    for (const auto& [carpeta, nombres] : {std::pair(QStringLiteral("Copias"), nombresPropios), std::pair(ayuda, QStringList())})
+    for (const auto& [carpeta, nombres] :
+         {std::pair(QStringLiteral("Copias"), nombresPropios), std::pair(ayuda, QStringList())})
     {
         QDirIterator archivos(programa.filePath(carpeta), nombres, QDir::Files | QDir::Hidden,
                               QDirIterator::Subdirectories);
@@ -88,8 +89,9 @@ Destino puedeEscribirse(const QString& ruta)
     const auto identidad = sistema::identidad(real);
     const auto rechazar = [&](const QString& porque)
     {
-        return Destino{identidad.has_value(), QStringLiteral("'%1' %2. Elija otro nombre u otra carpeta.")
-                                                  .arg(QFileInfo(ruta).fileName(), porque)};
+        return Destino{
+            identidad.has_value(),
+            QStringLiteral("'%1' %2. Elija otro nombre u otra carpeta.").arg(QFileInfo(ruta).fileName(), porque)};
     };
     if (nombrePropio(QFileInfo(real)) || (identidad && archivosPropios().contains(*identidad)))
     {

@@ -9,7 +9,7 @@ struct Destino
     QString rechazo;     ///< why it must not be written, a whole sentence; empty when it may
 };
 
-/// The program's own files are refused by what they are, whatever name, letter case or link leads to them: databases and
-/// what lies beside them, locks, safety copy and backups, report layouts, font, executable, help. So is a name that
+/// The program's own files are refused by what they are, whatever name, letter case or link leads to them: databases
+/// and what lies beside them, locks, safety copy and backups, report layouts, font, executable, help. So is a name that
 /// such a file would have, and a file that is protected against writing.
 [[nodiscard]] Destino puedeEscribirse(const QString& ruta);

@@ -72,14 +72,16 @@ QString descripcionDeFalta(const QString& mensaje)
         QStringLiteral("^(?:no such column: |table .+ has no column named )(?:\\w+\\.)*(\\w+)$"));
     if (const auto m = tabla.match(mensaje); m.hasMatch())
     {
-        return QStringLiteral("A la base de datos le falta la tabla '%1'. Restaure una copia de seguridad o avise a quien "
-                              "da soporte.")
+        return QStringLiteral(
+                   "A la base de datos le falta la tabla '%1'. Restaure una copia de seguridad o avise a quien "
+                   "da soporte.")
             .arg(m.captured(1));
     }
     if (const auto m = columna.match(mensaje); m.hasMatch())
     {
-        return QStringLiteral("A la base de datos le falta la columna '%1': es de una versión anterior. Cierre y vuelva a "
-                              "abrir el programa para actualizarla.")
+        return QStringLiteral(
+                   "A la base de datos le falta la columna '%1': es de una versión anterior. Cierre y vuelva a "
+                   "abrir el programa para actualizarla.")
             .arg(m.captured(1));
     }
     return {};

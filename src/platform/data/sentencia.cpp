@@ -121,7 +121,7 @@ void detalle::Preparada::enlazar(const Valor* valores, std::size_t cantidad)
     {
         if (enlazarUno(sentencia, static_cast<int>(i) + 1, valores[i]) != SQLITE_OK)
         {
-            throw errorDeBase(sqlite3_db_handle(sentencia));
+            fallarBase(sqlite3_db_handle(sentencia));
         }
     }
 }

@@ -66,8 +66,8 @@ std::optional<sistema::Identidad> sistema::identidad(const QString& ruta)
     BY_HANDLE_FILE_INFORMATION datos = {};
     const bool hecho = GetFileInformationByHandle(archivo, &datos) != 0;
     CloseHandle(archivo);
-    return hecho ? std::optional<Identidad>({datos.dwVolumeSerialNumber,
-                                             (quint64{datos.nFileIndexHigh} << 32U) | datos.nFileIndexLow})
+    return hecho ? std::optional<Identidad>(
+                       {datos.dwVolumeSerialNumber, (quint64{datos.nFileIndexHigh} << 32U) | datos.nFileIndexLow})
                  : std::nullopt;
 }
 

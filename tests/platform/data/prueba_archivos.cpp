@@ -31,7 +31,10 @@ protected:
         std::filesystem::create_symlink("carpeta/lejos", en("colgado").toStdString());
 #endif
     }
-    [[nodiscard]] QString en(const char* nombre) const { return carpeta.filePath(QString::fromUtf8(nombre)); }
+    [[nodiscard]] QString en(const char* nombre) const
+    {
+        return carpeta.filePath(QString::fromUtf8(nombre));
+    }
     /// Every file below the folder with what is in it.
     [[nodiscard]] std::map<QString, QByteArray> contenido() const
     {

@@ -209,8 +209,7 @@ TEST_F(ConexionAbierta, UnaSentenciaSirveDespuesDeUnError)
     catch (const ErrorDeEjecucion& error)
     {
         EXPECT_EQ(1555, error.numero()); // SQLITE_CONSTRAINT_PRIMARYKEY
-        EXPECT_EQ("Ya existe un registro con la misma clave (t.id)",
-                  error.descripcion().toStdString());
+        EXPECT_EQ("Ya existe un registro con la misma clave (t.id)", error.descripcion().toStdString());
         EXPECT_EQ("1555 - " + error.descripcion().toStdString(), error.what());
     }
     EXPECT_EQ(1, insertar.ejecutar(6, "tres"));

@@ -82,7 +82,8 @@ TEST(PuedeEscribirse, LosArchivosDelProgramaSeReconocenPorLoQueSon)
         const bool pregunta = caso.porque == u'?';
         const QString rechazo = pregunta || caso.porque.isEmpty()
                                     ? QString()
-                                    : QStringLiteral("'%1' %2. Elija otro nombre u otra carpeta.").arg(QFileInfo(ruta).fileName(), caso.porque);
+                                    : QStringLiteral("'%1' %2. Elija otro nombre u otra carpeta.")
+                                          .arg(QFileInfo(ruta).fileName(), caso.porque);
         EXPECT_EQ(rechazo.toStdString(), destino.rechazo.toStdString());
         EXPECT_TRUE(!rechazo.isEmpty() || pregunta == destino.existe) << ruta.toStdString();
     }
