@@ -31,7 +31,7 @@ import threading
 
 from ftp_averiado import interponer
 
-USUARIO, ANONIMO, CLAVE, OTRA_CLAVE = "administrador", "ftp", "KT-marcados", "otra clave"
+USUARIO, CLAVE, OTRA_CLAVE = "administrador", "KT-marcados", "otra clave"
 CUPO = 2048
 AQUI = "127.0.0.1"
 ORDEN = sys.argv[3:]
@@ -83,7 +83,7 @@ def con_pyftpdlib(como: str, carpeta: pathlib.Path, recursos: contextlib.ExitSta
 
 def con_vsftpd(como: str, carpeta: pathlib.Path, recursos: contextlib.ExitStack) -> int:
     """Each connection gets a vsftpd of its own, so that the system chooses the port and nobody waits for a start. It
-    signs on nobody but its anonymous user, for which it needs no rights: ftp_averiado.py gives that name to ours."""
+    signs on its anonymous user alone and locks nobody in, for which it needs no rights: ftp_averiado.py disguises ours."""
     programa = shutil.which("vsftpd") or shutil.which("vsftpd", path="/usr/sbin")
     if programa is None:
         sys.exit("con_ftp.py: vsftpd is not installed (scripts/instalar.sh names the packages)")
@@ -137,8 +137,9 @@ def abrir(servidor: str, como: str, carpeta: pathlib.Path, recursos: contextlib.
     (carpeta if como == "sin_carpeta" else carpeta / "DDJJ").mkdir(parents=True, exist_ok=True)
     poner = {"pyftpdlib": con_pyftpdlib, "vsftpd": con_vsftpd}[servidor]
     puerto = poner(como, carpeta, recursos)
-    apodo = ANONIMO if servidor == "vsftpd" else USUARIO
-    return puerto if como in SANOS and apodo == USUARIO else interponer(como, puerto, USUARIO, apodo)
+    disfraz = ("ftp", str(carpeta)) if servidor == "vsftpd" else ("", "")
+    falla = "" if como in SANOS else como
+    return interponer(falla, puerto, disfraz) if falla or disfraz[0] else puerto
 
 
 def main() -> int:

@@ -1,4 +1,4 @@
-"""Stands between a client and an FTP server: gives the user another name, and lets the net fail between them, as
+"""Stands between a client and an FTP server: disguises a user and a folder, and lets the net fail between them, as
 con_ftp.py tells."""
 import contextlib
 import re
@@ -25,9 +25,9 @@ def cortar(*enchufes: socket.socket):
 
 
 class Sesion:
-    def __init__(self, como: str, nombres: tuple, cliente: socket.socket, servidor: socket.socket):
+    def __init__(self, como: str, disfraz: tuple, cliente: socket.socket, servidor: socket.socket):
         self.como = como
-        self.nombres = nombres
+        self.usuario, self.raiz = (texto.encode() for texto in disfraz)
         self.cliente = cliente
         self.servidor = servidor
         self.callada = como == "calla-saludo"
@@ -42,17 +42,21 @@ class Sesion:
             for linea in self.cliente.makefile("rb"):
                 if self.como == "calla-" + linea[:4].decode("latin-1").strip().upper():
                     self.callada = True
-                de, a = (b"USER %s\r\n" % nombre.encode() for nombre in self.nombres)
-                self.servidor.sendall(a if linea == de else linea)
+                if self.usuario:
+                    linea = re.sub(rb"^USER .*", b"USER " + self.usuario, linea)
+                    linea = linea.replace(b" /", b" " + self.raiz + b"/", 1)
+                self.servidor.sendall(linea)
 
     def respuestas(self):
         with contextlib.suppress(OSError):
             for linea in self.servidor.makefile("rb"):
                 if self.como == "calla-fin" and linea[:3] in (b"226", b"250") and self.transfirio:
                     self.callada = True
-                pasiva = re.match(rb"227 .*\(\d+,\d+,\d+,\d+,(\d+),(\d+)\)", linea)
+                pasiva = self.como and re.match(rb"227 .*\(\d+,\d+,\d+,\d+,(\d+),(\d+)\)", linea)
                 if pasiva:
                     linea = self.puerta(int(pasiva[1]) * 256 + int(pasiva[2]))
+                if self.usuario and linea.startswith(b"257"):  # the folder it is in
+                    linea = re.sub(rb'"%s/?' % re.escape(self.raiz), b'"/', linea)
                 if not self.callada:
                     self.cliente.sendall(linea)
             if not self.callada:
@@ -87,14 +91,15 @@ class Sesion:
             servidor.shutdown(socket.SHUT_WR)
 
 
-def interponer(como: str, puerto: int, de: str, a: str) -> int:
-    """Gives the port at which the clients of this server are to be let down; the user `de` becomes `a` there."""
+def interponer(como: str, puerto: int, disfraz: tuple) -> int:
+    """Gives the port at which the clients of this server are to be let down, if `como` says how. `disfraz` is who any
+    user is there, and the folder that is "/" to him; two empty texts for none."""
     escucha = socket.create_server((AQUI, 0))
 
     def atender():
         while True:
             cliente, _ = escucha.accept()
-            Sesion(como, (de, a), cliente, socket.create_connection((AQUI, puerto)))
+            Sesion(como, disfraz, cliente, socket.create_connection((AQUI, puerto)))
 
     en_otro_hilo(atender)
     return escucha.getsockname()[1]
