@@ -4,6 +4,7 @@
 #include "registro.h"
 
 #include <QApplication>
+#include <cstdlib>
 
 int main(int argc, char** argv)
 {
@@ -13,5 +14,5 @@ int main(int argc, char** argv)
     Estilo::aplicar(aplicacion);
     registrarPantallas();
     const auto menu = arrancar();
-    return menu ? QApplication::exec() : 0;
+    return menu ? QApplication::exec() : EXIT_FAILURE;
 }

@@ -1,7 +1,6 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
-#include "apoyo/hijo.h"
 #include "core/screens/mdi_menu_ppal.h"
 #include "core/screens/validar.h"
 #include "platform/screens/campo_mascara.h"
@@ -9,12 +8,23 @@
 #include "platform/screens/navegacion.h"
 #include "platform/screens/pantalla.h"
 
-#include <QAction>
-#include <QStatusBar>
+#include <QLabel>
+#include <QMenu>
 #include <gtest/gtest.h>
 
 namespace
 {
+/// A screen that works on a company and may refuse to close.
+class PantallaConEmpresa : public Pantalla
+{
+public:
+    using Pantalla::Pantalla;
+    [[nodiscard]] bool descargar() override { return dejaCerrar; }
+    [[nodiscard]] QString empresaEnCurso() const override { return empresa; }
+    QString empresa;
+    bool dejaCerrar = true;
+};
+
 /// A database, the main window on it, and an end of the process that only counts.
 class MenuTest : public testing::Test
 {
@@ -24,136 +34,119 @@ protected:
         reemplazarFinDelProceso([this](int estado) { m_estados.push_back(estado); });
         m_menu = std::make_unique<MDIMenuPpal>();
         Entrada::activar(*m_menu);
+        for (const QString& nombre : {QStringLiteral("Una"), QStringLiteral("Otra"), QStringLiteral("Version")})
+        {
+            navegacion.registrar(nombre, [nombre] { return new PantallaConEmpresa(nombre); });
+        }
     }
     ~MenuTest() override
     {
         m_menu.reset();
         reemplazarFinDelProceso({});
     }
-    void elegir(const char* entrada)
+    PantallaConEmpresa& abrir(const QString& nombre)
     {
-        auto* accion = m_menu->findChild<QAction*>(QString::fromLatin1(entrada));
-        ASSERT_NE(accion, nullptr) << entrada;
-        accion->trigger();
+        navegacion.mostrar(nombre);
+        return *dynamic_cast<PantallaConEmpresa*>(navegacion.abierta(nombre));
+    }
+    [[nodiscard]] QString enCurso() const
+    {
+        return m_menu->findChild<QLabel*>(QStringLiteral("lblEmpresaEnCurso"))->text();
     }
 
+    Navegacion& navegacion = Navegacion::instancia();
     BaseDePrueba m_base;
     CajasDePrueba m_cajas;
     std::vector<int> m_estados;
     std::unique_ptr<MDIMenuPpal> m_menu;
 };
 
-TEST_F(MenuTest, ElTituloTerminaEnLaVersionDeLaBase)
+TEST_F(MenuTest, UnNoAlCerrarOAlTerminarLaSesionConservaTodasLasVentanas)
 {
-    EXPECT_EQ(m_menu->windowTitle(), QStringLiteral("B.R.I.V.O. - Zona Sauce - Menu Principal - Versión: 2.0"));
-}
-
-TEST_F(MenuTest, CadaEntradaFijaElModoYAvisaLoQueNoEsta)
-{
-    struct Caso
-    {
-        const char* entrada;
-        const char* pantalla;
-        int modo;
-    };
-    const Caso casos[] = {{"mnuArchivo_0", "Empresas", 0}, {"mnuProceso_0", "DDJJ", 0}, {"mnuProceso_2", "Boletas", 2},
-                          {"mnuTool_1", "Backup", 2},      {"mnuTool_3", "Depurar", 2}, {"mnuAcerca", "Acercade", 2}};
-    for (const Caso& caso : casos)
-    {
-        Rutinas::CuitActual = QStringLiteral("algo");
-        elegir(caso.entrada);
-        EXPECT_EQ(Rutinas::ModoAbrir, caso.modo) << caso.entrada;
-        EXPECT_EQ(Rutinas::CuitActual.isEmpty(),
-                  caso.modo == 2 && QLatin1String(caso.pantalla) == QLatin1String("Boletas"))
-            << caso.entrada;
-        // No screen is registered in this program.
-        EXPECT_TRUE(m_menu->statusBar()->currentMessage().contains(QLatin1String(caso.pantalla))) << caso.entrada;
-    }
-}
-
-TEST_F(MenuTest, MantenimientoCompactaYReabre)
-{
-    m_cajas.espera(Caja::Exclamacion, QStringLiteral("LA BASE HA SIDO COMPACTADA Y REPARADA CON EXITO."));
-    elegir("mnuTool_2");
+    abrir(QStringLiteral("Una"));
+    PantallaConEmpresa& terca = abrir(QStringLiteral("Otra"));
+    terca.dejaCerrar = false;
+    EXPECT_FALSE(m_menu->close());
+    EXPECT_FALSE(m_menu->terminarSesion(true));
+    EXPECT_TRUE(m_menu->terminarSesion(false)) << "nothing may be asked";
+    EXPECT_EQ(navegacion.hijas().size(), 2U);
     EXPECT_TRUE(m_base.conexion().abierta());
-    EXPECT_TRUE(m_base.conexion().hay("SELECT 1 FROM Parametros"));
-}
-
-TEST_F(MenuTest, MantenimientoConOtraCopiaAbiertaDiceElNumeroYReabre)
-{
-    Hijo otra(QStringLiteral("OtraCopia.DISABLED_TieneLaBaseAbierta"), m_base.rutaBase());
-    m_cajas.espera(Caja::Simple, QStringLiteral("70 - Permiso denegado o archivo en uso: otra copia del programa está "
-                                                "usando la base de datos"));
-    elegir("mnuTool_2");
-    EXPECT_TRUE(m_base.conexion().hay("SELECT 1 FROM Parametros"));
     EXPECT_TRUE(m_estados.empty());
-}
 
-TEST_F(MenuTest, SalirCierraLaBaseYTerminaSinPreguntar)
-{
-    elegir("mnuSalir");
-    EXPECT_FALSE(m_base.conexion().abierta());
+    terca.dejaCerrar = true;
+    EXPECT_TRUE(m_menu->terminarSesion(true));
     EXPECT_EQ(m_estados, std::vector<int>{0});
+    EXPECT_FALSE(m_base.conexion().abierta());
     Rutinas::AbrirBase();
 }
 
-/// A child that does not want to close.
-class Terca : public Pantalla
+TEST_F(MenuTest, LaEmpresaEnCursoEsLaDelDialogoOLaDeLaPantallaDeAbajo)
 {
-public:
-    Terca()
-        : Pantalla(QStringLiteral("Terca"))
-    {
-    }
-    bool descargar() override { return false; }
-};
+    PantallaConEmpresa& una = abrir(QStringLiteral("Una"));
+    una.empresa = QStringLiteral("Abajo S.A.");
+    Q_EMIT navegacion.cambioDePantalla();
+    EXPECT_EQ(enCurso(), una.empresa);
+    QStringList vistas;
+    navegacion.registrar(QStringLiteral("Dialogo"),
+                         [&]
+                         {
+                             auto* dialogo = new PantallaConEmpresa(QStringLiteral("Dialogo"));
+                             QMetaObject::invokeMethod(
+                                 dialogo,
+                                 [&, dialogo]
+                                 {
+                                     vistas << enCurso();
+                                     dialogo->empresa = QStringLiteral("Arriba S.A.");
+                                     Q_EMIT navegacion.cambioDePantalla();
+                                     vistas << enCurso();
+                                     dialogo->cerrar();
+                                 },
+                                 Qt::QueuedConnection);
+                             return dialogo;
+                         });
+    navegacion.mostrarModal(QStringLiteral("Dialogo"));
+    EXPECT_EQ(vistas, (QStringList{una.empresa, QStringLiteral("Arriba S.A.")}));
+    EXPECT_EQ(enCurso(), una.empresa);
+    abrir(QStringLiteral("Otra")); // works on none
+    EXPECT_EQ(enCurso(), QString());
+    navegacion.abierta(QStringLiteral("Otra"))->cerrar();
+    Entrada::asentar();
+    EXPECT_EQ(enCurso(), una.empresa);
+    una.cerrar();
+    Entrada::asentar();
+    EXPECT_EQ(enCurso(), QString());
+}
 
-TEST_F(MenuTest, CerrarLaVentanaPreguntaALasHijas)
+TEST_F(MenuTest, F10AbreElMenu)
 {
-    Navegacion::instancia().registrar(QStringLiteral("Terca"), [] { return new Terca; });
-    Navegacion::instancia().mostrar(QStringLiteral("Terca"));
-    m_menu->close();
-    EXPECT_TRUE(m_estados.empty()) << "the child refused";
-    EXPECT_TRUE(m_menu->isVisible());
-    EXPECT_TRUE(m_base.conexion().abierta());
+    Entrada::tecla(Qt::Key_F10);
+    EXPECT_TRUE(m_menu->findChild<QMenu*>(QStringLiteral("mnuArchivos"))->isVisible());
+    Entrada::tecla(Qt::Key_Escape);
 }
 
 TEST_F(MenuTest, ElAvisoDeVersionSaleUnaVezYSoloConSuBandera)
 {
-    int mostradas = 0;
-    Navegacion::instancia().registrar(QStringLiteral("Version"),
-                                      [&]
-                                      {
-                                          ++mostradas;
-                                          return new Pantalla(QStringLiteral("Version"));
-                                      });
-    const auto reactivar = [&]
-    {
-        QEvent cambio(QEvent::ActivationChange);
-        QCoreApplication::sendEvent(m_menu.get(), &cambio);
-    };
-    reactivar();
-    EXPECT_EQ(mostradas, 0);
+    QEvent cambio(QEvent::ActivationChange);
+    QCoreApplication::sendEvent(m_menu.get(), &cambio);
+    EXPECT_TRUE(navegacion.hijas().empty());
     m_menu->MostrarVersion = true;
-    reactivar();
-    reactivar();
-    EXPECT_EQ(mostradas, 1);
+    QCoreApplication::sendEvent(m_menu.get(), &cambio);
+    EXPECT_EQ(navegacion.hijas().size(), 1U);
+    EXPECT_FALSE(m_menu->MostrarVersion);
 }
 
 TEST(ValidarFecha, CompletaElAnioYRechazaLoQueNoEsFecha)
 {
-    struct Caso
+    const struct
     {
         const char* tecleado;
         const char* queda;
         bool bien;
-    };
-    const Caso casos[] = {
-        {"010203", "01/02/2003", true},   {"010229", "01/02/2029", true},     {"010230", "01/02/1930", true},
-        {"25121970", "25/12/1970", true}, {"31022005", "31/02/2005", false},  {"13132005", "13/13/2005", false},
-        {"311299", "31/12/1999", true},   {"290201", "29/02/2001", false},    {"12312005", "12/31/2005", false},
-        {"0102", "01/02/____", false},    {"__/01/1203", "__/01/2003", false}};
-    for (const Caso& caso : casos)
+    } casos[] = {{"010203", "01/02/2003", true},     {"010230", "01/02/1930", true},
+                 {"25121970", "25/12/1970", true},   {"290201", "29/02/2001", false},
+                 {"12312005", "12/31/2005", false},  {"0102", "01/02/____", false},
+                 {"__/01/1203", "__/01/2003", false}};
+    for (const auto& caso : casos)
     {
         CajasDePrueba cajas;
         if (!caso.bien)
@@ -168,23 +161,11 @@ TEST(ValidarFecha, CompletaElAnioYRechazaLoQueNoEsFecha)
     }
 }
 
-TEST(VerificarNumero, ComaDecimalEnCualquierMaquina)
+TEST(VerificarNumero, ComaDecimalYMensajeConLoQueNoEsNumero)
 {
-    struct Caso
-    {
-        const char* texto;
-        bool bien;
-    };
-    const Caso casos[] = {{"12,5", true}, {"0", true},      {"1.234,5", true},
-                          {"", false},    {"1,2,3", false}, {"doce", false}};
-    for (const Caso& caso : casos)
-    {
-        CajasDePrueba cajas;
-        if (!caso.bien)
-        {
-            cajas.espera(Caja::Simple, QStringLiteral("Verifique el Número ingresado.  El mismo es incorrecta"));
-        }
-        EXPECT_EQ(Rutinas::VerificarNumero(QString::fromLatin1(caso.texto)), caso.bien) << caso.texto;
-    }
+    CajasDePrueba cajas;
+    EXPECT_TRUE(Rutinas::VerificarNumero(QStringLiteral("1.234,5")));
+    cajas.espera(Caja::Simple, QStringLiteral("Verifique el Número ingresado.  El mismo es incorrecta"));
+    EXPECT_FALSE(Rutinas::VerificarNumero(QString()));
 }
 } // namespace

@@ -13,8 +13,10 @@
 #include "platform/screens/visor_ayuda.h"
 #include "ui_mdi_menu_ppal.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QSessionManager>
 
 namespace
 {
@@ -37,6 +39,16 @@ MDIMenuPpal::MDIMenuPpal(QWidget* padre)
     Navegacion::instancia().fijarAyuda(
         [](const QString& pagina)
         { VisorDeAyuda::abrir(carpetaDeAyuda(), pagina.isEmpty() ? QStringLiteral("MDIMenuPpal") : pagina); });
+    connect(
+        qApp, &QGuiApplication::commitDataRequest, this,
+        [this](QSessionManager& sesion)
+        {
+            if (!terminarSesion(sesion.allowsInteraction()))
+            {
+                sesion.cancel();
+            }
+        },
+        Qt::DirectConnection);
     conectarMenu();
     armarBarraDeEstado();
 }
@@ -74,19 +86,17 @@ void MDIMenuPpal::armarBarraDeEstado()
     m_rutaBase->setAccessibleName(QStringLiteral("Base de datos en uso"));
     m_rutaBase->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_empresa = new QLabel(this);
+    m_empresa->setObjectName(QStringLiteral("lblEmpresaEnCurso"));
     m_empresa->setTextFormat(Qt::PlainText);
     m_empresa->setAccessibleName(QStringLiteral("Empresa en curso"));
     statusBar()->addPermanentWidget(m_empresa);
     statusBar()->addPermanentWidget(m_rutaBase);
-    connect(&Navegacion::instancia(), &Navegacion::aviso, this,
-            [this](const QString& texto) { statusBar()->showMessage(texto); });
     connect(&Navegacion::instancia(), &Navegacion::cambioDePantalla, this, &MDIMenuPpal::mostrarEmpresaEnCurso);
 }
 
 void MDIMenuPpal::mostrarEmpresaEnCurso()
 {
-    const Pantalla* actual = Navegacion::instancia().actual();
-    m_empresa->setText(actual != nullptr ? actual->empresaEnCurso() : QString());
+    m_empresa->setText(Navegacion::instancia().empresaEnCurso());
 }
 
 void MDIMenuPpal::mnuArchivo_Click(int indice)
@@ -181,6 +191,22 @@ void MDIMenuPpal::closeEvent(QCloseEvent* evento)
             Rutinas::CerrarBase();
             terminarProceso(0);
         });
+}
+
+bool MDIMenuPpal::terminarSesion(bool sePuedePreguntar)
+{
+    return !sePuedePreguntar || close();
+}
+
+void MDIMenuPpal::keyPressEvent(QKeyEvent* evento)
+{
+    if (evento->key() == Qt::Key_F10)
+    {
+        ui->barra->setFocus(Qt::MenuBarFocusReason);
+        ui->barra->setActiveAction(ui->barra->actions().constFirst());
+        return;
+    }
+    QMainWindow::keyPressEvent(evento);
 }
 
 void MDIMenuPpal::changeEvent(QEvent* evento)

@@ -22,8 +22,12 @@ public:
 
     /// Shows the notice of a new version at the next activation, once.
     bool MostrarVersion = false;
+    /// The user ends his session of the operating system: closes the program as the window's closing does, with the
+    /// same question. False when it stays open. When nothing may be asked, what is half entered is given up.
+    [[nodiscard]] bool terminarSesion(bool sePuedePreguntar);
 
 protected:
+    void keyPressEvent(QKeyEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
     void changeEvent(QEvent* evento) override;
 

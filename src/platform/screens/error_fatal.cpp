@@ -2,6 +2,7 @@
 
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/mensajes.h"
+#include "platform/screens/trabajo_largo.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -72,6 +73,7 @@ void protegido(const std::function<void()>& cuerpo)
     }
     catch (const ErrorParaAvisar& error)
     {
+        Puntero::normal(); // what was being done is given up
         MsgBox(error.descripcion(), Caja::Exclamacion);
     }
     catch (const ErrorDeEjecucion& error)

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QTimer>
 #include <map>
@@ -21,7 +22,6 @@ struct Navegacion::Interno
     std::vector<QPointer<VentanaModal>> modales;
     QPointer<VentanaHija> ultima; ///< the child whose activation ran last
     bool suspendida = false;
-    QStringList avisos;
     std::function<void(const QString&)> ayuda;
 
     /// Open ones only; forgets those that are gone.
@@ -42,7 +42,6 @@ struct Navegacion::Interno
 
 namespace
 {
-constexpr qsizetype maximoDeAvisos = 100;
 constexpr int milisegundosDeEspera = 50;
 } // namespace
 
@@ -91,7 +90,6 @@ Pantalla* Navegacion::cargada(const QString& nombre)
     const auto fabrica = m_interno->fabricas.find(nombre);
     if (fabrica == m_interno->fabricas.end())
     {
-        avisar(QStringLiteral("La pantalla %1 todavía no está disponible.").arg(nombre));
         return nullptr;
     }
     QPointer<Pantalla> pantalla;
@@ -124,18 +122,12 @@ void Navegacion::mostrar(const QString& nombre)
     {
         if (hija->pantalla()->objectName() == nombre)
         {
-            if (hija->isMinimized())
-            {
-                hija->showNormal();
-            }
-            m_interno->area->setActiveSubWindow(hija);
-            revisarActiva();
+            traerAlFrente(hija);
             return;
         }
     }
     if (m_interno->area.isNull())
     {
-        avisar(QStringLiteral("No hay una ventana principal para la pantalla %1.").arg(nombre));
         return;
     }
     if (Pantalla* pantalla = cargada(nombre))
@@ -151,8 +143,18 @@ void Navegacion::agregarHija(Pantalla* pantalla)
     m_interno->hijas.emplace_back(hija);
     m_interno->area->addSubWindow(hija);
     hija->centrar(m_interno->area->viewport()->size());
-    hija->show();
-    m_interno->area->setActiveSubWindow(hija);
+    traerAlFrente(hija);
+}
+
+void Navegacion::traerAlFrente(VentanaHija* hija)
+{
+    {
+        // A button has left its field before it acts, and a menu leaves none: what comes up leaves no field either.
+        Validacion::instancia().posponer();
+        const Validacion::Pausa pausa;
+        hija->isMinimized() ? hija->showNormal() : hija->show();
+        m_interno->area->setActiveSubWindow(hija);
+    }
     revisarActiva();
 }
 
@@ -216,9 +218,28 @@ Pantalla* Navegacion::actual() const
             return (*modal)->pantalla();
         }
     }
+    return hijaActiva();
+}
+
+Pantalla* Navegacion::hijaActiva() const
+{
     const auto* hija =
         m_interno->area.isNull() ? nullptr : qobject_cast<VentanaHija*>(m_interno->area->currentSubWindow());
     return hija != nullptr ? hija->pantalla() : nullptr;
+}
+
+QString Navegacion::empresaEnCurso() const
+{
+    for (auto modal = m_interno->modales.rbegin(); modal != m_interno->modales.rend(); ++modal)
+    {
+        const Pantalla* pantalla = modal->isNull() ? nullptr : (*modal)->pantalla();
+        if (pantalla != nullptr && !pantalla->empresaEnCurso().isEmpty())
+        {
+            return pantalla->empresaEnCurso();
+        }
+    }
+    const Pantalla* hija = hijaActiva();
+    return hija != nullptr ? hija->empresaEnCurso() : QString();
 }
 
 std::vector<Pantalla*> Navegacion::hijas() const
@@ -237,20 +258,30 @@ bool Navegacion::cerrarTodas()
     {
         return false;
     }
-    // The children in between become active for a moment, which is nothing that the user did.
-    m_interno->suspendida = true;
-    bool todas = true;
+    // Each closes one by one below, but only once all have agreed: a refusal keeps every window.
+    std::vector<QPointer<VentanaHija>> abiertas;
     for (VentanaHija* hija : m_interno->abiertas())
     {
-        if (!hija->close())
+        if (!hija->pantalla()->puedeCerrarse())
         {
-            todas = false;
-            break;
+            return false;
+        }
+        abiertas.emplace_back(hija);
+    }
+    {
+        // The children in between become active for a moment, which is nothing that the user did.
+        const QScopedValueRollback suspendida(m_interno->suspendida, true);
+        for (const auto& hija : abiertas)
+        {
+            if (!hija.isNull() && hija->pantalla() != nullptr)
+            {
+                hija->pantalla()->m_cerrada = true;
+                hija->close();
+            }
         }
     }
-    m_interno->suspendida = false;
     pedirRevision();
-    return todas;
+    return true;
 }
 
 void Navegacion::pedirRevision()
@@ -289,21 +320,6 @@ void Navegacion::revisarActiva()
     protegido([pantalla = hija->pantalla()] { pantalla->activar(); });
 }
 
-void Navegacion::avisar(const QString& texto)
-{
-    m_interno->avisos.append(texto);
-    if (m_interno->avisos.size() > maximoDeAvisos)
-    {
-        m_interno->avisos.removeFirst();
-    }
-    Q_EMIT aviso(texto); // the main window shows it
-}
-
-const QStringList& Navegacion::avisos() const
-{
-    return m_interno->avisos;
-}
-
 void Navegacion::fijarAyuda(std::function<void(const QString&)> abrir)
 {
     m_interno->ayuda = std::move(abrir);
@@ -312,7 +328,7 @@ void Navegacion::fijarAyuda(std::function<void(const QString&)> abrir)
 void Navegacion::ayuda()
 {
     const Pantalla* pantalla = actual();
-    ayuda(pantalla != nullptr ? pantalla->paginaDeAyuda() : QString());
+    ayuda(pantalla != nullptr ? pantalla->objectName() : QString());
 }
 
 void Navegacion::ayuda(const QString& pagina)

@@ -3,12 +3,12 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
-#include <QStringList>
 #include <functional>
 #include <memory>
 #include <vector>
 
 class Pantalla;
+class VentanaHija;
 class QMainWindow;
 class QMdiArea;
 
@@ -24,8 +24,7 @@ public:
     /// The main window and the area of its children; set once by the main window, cleared when it goes.
     void fijarVentana(QMainWindow* ventana, QMdiArea* area);
 
-    /// Shows a child window, or brings the one that is open forward. A screen not registered is told on the status bar
-    /// of the main window and in the log of avisos().
+    /// Shows a child window, or brings the one that is open forward.
     void mostrar(const QString& nombre);
     /// Shows a modal dialog and returns when it is closed.
     void mostrarModal(const QString& nombre);
@@ -34,12 +33,11 @@ public:
     /// The screen that the user works on: the topmost modal one, else the active child, else none.
     [[nodiscard]] Pantalla* actual() const;
     [[nodiscard]] std::vector<Pantalla*> hijas() const;
-    /// Asks every child to close, in order of opening; false as soon as one refuses. Does not ask modal ones.
+    /// The company of the screen at work, else of the one that it lies over; empty when none works on one.
+    [[nodiscard]] QString empresaEnCurso() const;
+    /// Asks every child whether it can be closed, in order of opening, and closes them only when none refuses. Does not
+    /// ask modal ones.
     [[nodiscard]] bool cerrarTodas();
-    /// Text for the status bar.
-    void avisar(const QString& texto);
-    /// What avisar() was given, the last hundred texts.
-    [[nodiscard]] const QStringList& avisos() const;
     /// What opens the help: told the page of the screen at work, an empty text when there is none.
     void fijarAyuda(std::function<void(const QString& pagina)> abrir);
     /// Opens the help as F1 does, on the page of the screen at work.
@@ -51,16 +49,17 @@ public:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 Q_SIGNALS:
-    void aviso(const QString& texto);
     void cambioDePantalla();
 
 private:
     struct Interno;
     Navegacion();
     ~Navegacion() override;
-    /// A screen made and loaded; none when it is not registered or closed itself meanwhile.
+    /// A screen made and loaded; none when it closed itself meanwhile.
     Pantalla* cargada(const QString& nombre);
     void agregarHija(Pantalla* pantalla);
+    void traerAlFrente(VentanaHija* hija);
+    [[nodiscard]] Pantalla* hijaActiva() const;
     /// Runs activar() on the child that has become the active one.
     void revisarActiva();
     void pedirRevision();

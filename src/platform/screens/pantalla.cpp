@@ -1,6 +1,7 @@
 #include "platform/screens/pantalla.h"
 
 #include <QCloseEvent>
+#include <QScopedValueRollback>
 
 Pantalla::Pantalla(const QString& nombre, QWidget* padre)
     : QWidget(padre)
@@ -9,18 +10,22 @@ Pantalla::Pantalla(const QString& nombre, QWidget* padre)
     Validacion::instancia();
 }
 
-bool Pantalla::pedirCierre()
+bool Pantalla::puedeCerrarse()
 {
     if (m_cerrada || m_preguntando)
     {
         return m_cerrada;
     }
     bool puede = false;
-    m_preguntando = true;
+    const QScopedValueRollback preguntando(m_preguntando, true);
     protegido([&] { puede = descargar(); });
-    m_preguntando = false;
-    m_cerrada = puede;
     return puede;
+}
+
+bool Pantalla::pedirCierre()
+{
+    m_cerrada = puedeCerrarse();
+    return m_cerrada;
 }
 
 void Pantalla::cerrar()

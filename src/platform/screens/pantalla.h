@@ -25,10 +25,8 @@ public:
     /// Unloads the screen: asks descargar() and closes its window.
     void cerrar();
     [[nodiscard]] bool cerrada() const { return m_cerrada; }
-    /// Name of the help page opened by F1; the screen's name unless it says otherwise.
-    [[nodiscard]] virtual QString paginaDeAyuda() const { return objectName(); }
-    /// The company that the screen works on, for the status bar; nothing when it works on none. A screen that changes
-    /// it emits Navegacion::cambioDePantalla.
+    /// The company that the screen works on, for the status bar; nothing when it works on none, or on that of the
+    /// screen below it. A screen that changes it emits Navegacion::cambioDePantalla.
     [[nodiscard]] virtual QString empresaEnCurso() const { return {}; }
 
 Q_SIGNALS:
@@ -88,7 +86,9 @@ protected:
 private:
     friend class Navegacion;
     friend class VentanaModal;
-    /// Asks descargar(), once; true when the screen is unloaded.
+    /// Asks descargar() unless the screen is unloaded.
+    [[nodiscard]] bool puedeCerrarse();
+    /// The same, and a screen that can be closed is unloaded from then on.
     bool pedirCierre();
     template <class R, class C, class... P>
     C* propio(R (C::*)(P...))

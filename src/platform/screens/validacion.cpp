@@ -18,6 +18,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QStyleHints>
 #include <QTabBar>
 #include <QWheelEvent>
@@ -131,9 +132,9 @@ bool sacaDe(const QWidget* campo, QWidget* destino, QPoint enVentana)
         {
             return !parte->isAncestorOf(campo); // its own frame moves or closes it; another's brings that one forward
         }
-        if (const auto* menu = qobject_cast<QMenuBar*>(parte))
+        if (qobject_cast<QMenuBar*>(parte) != nullptr)
         {
-            return menu->actionAt(lugar) != nullptr;
+            return false;
         }
         if (const auto* paginas = qobject_cast<QTabBar*>(parte))
         {
@@ -166,7 +167,7 @@ bool tieneElFoco(const QWidget* campo)
 /// The focus goes to a list, a menu or another window, and comes back to the field.
 bool esPasajero(Qt::FocusReason motivo)
 {
-    return motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason;
+    return motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason || motivo == Qt::MenuBarFocusReason;
 }
 
 bool esEnter(const QKeyEvent& evento)
@@ -307,11 +308,11 @@ void Validacion::volver(QWidget* campo)
         return;
     }
     m_paso = nullptr;
-    m_volviendo = true; // the field that gives the focus back has not been left by the user
+    // The field that gives the focus back has not been left by the user.
+    const QScopedValueRollback volviendo(m_volviendo, true);
     campo->window()->activateWindow();
     campo->setFocus(Qt::OtherFocusReason);
     seleccionar(campo);
-    m_volviendo = false;
 }
 
 bool Validacion::eventFilter(QObject* objeto, QEvent* evento)
@@ -331,8 +332,7 @@ bool Validacion::eventFilter(QObject* objeto, QEvent* evento)
     case QEvent::Shortcut:
         return alAtajo(objeto);
     case QEvent::FocusIn:
-        if (objeto == m_paso && !esPasajero(static_cast<QFocusEvent*>(evento)->reason()) &&
-            static_cast<QFocusEvent*>(evento)->reason() != Qt::MenuBarFocusReason)
+        if (objeto == m_paso && !esPasajero(static_cast<QFocusEvent*>(evento)->reason()))
         {
             m_paso = nullptr;
         }
@@ -350,6 +350,37 @@ bool Validacion::eventFilter(QObject* objeto, QEvent* evento)
     default:
         return false;
     }
+}
+
+void Validacion::posponer()
+{
+    QWidget* campo = QApplication::focusWidget();
+    if (m_chequeos.contains(campo) && campo != m_paso)
+    {
+        m_pospuesto = campo;
+    }
+}
+
+bool Validacion::dejarPospuesto(QWidget* destino, QPoint lugar)
+{
+    QWidget* campo = m_pospuesto;
+    const auto* suya = antepasado<QMdiSubWindow>(campo);
+    if (suya == nullptr || suya != antepasado<QMdiSubWindow>(destino) || destino == campo || campo->hasFocus() ||
+        !sacaDe(campo, destino, lugar))
+    {
+        return true;
+    }
+    m_pospuesto = nullptr;
+    // The field that holds the focus has passed its own check just before.
+    const QPointer<QWidget> paso = m_paso;
+    const QString texto = m_pasoTexto;
+    if (dejar(campo, Gesto::Otro) == Salida::Rechazada)
+    {
+        return false;
+    }
+    m_paso = paso;
+    m_pasoTexto = texto;
+    return true;
 }
 
 bool Validacion::alPulsar(QObject* ventana, QMouseEvent* evento)
@@ -376,7 +407,7 @@ bool Validacion::alPulsar(QObject* ventana, QMouseEvent* evento)
     {
         return false;
     }
-    if (dejar(campo, Gesto::Otro) == Salida::Libre)
+    if (dejar(campo, Gesto::Otro) == Salida::Libre && dejarPospuesto(destino, lugar))
     {
         return false;
     }
@@ -441,9 +472,8 @@ bool Validacion::alEntrar(QWidget* campo, bool repetida)
     if (dejar(campo, Gesto::Tecla) == Salida::Libre)
     {
         QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-        m_tabPropio = &tab;
+        const QScopedValueRollback<const QEvent*> propio(m_tabPropio, &tab);
         QCoreApplication::sendEvent(campo, &tab);
-        m_tabPropio = nullptr;
     }
     return true;
 }
@@ -456,7 +486,8 @@ bool Validacion::alAtajo(QObject* destino)
         campo = QApplication::activeWindow()->focusWidget();
     }
     const auto* rotulo = qobject_cast<QLabel*>(destino);
-    if (campo == nullptr || destino == campo || (rotulo != nullptr && rotulo->buddy() == campo))
+    if (campo == nullptr || destino == campo || qobject_cast<QMenuBar*>(destino) != nullptr ||
+        (rotulo != nullptr && rotulo->buddy() == campo))
     {
         return false;
     }
@@ -472,6 +503,7 @@ bool Validacion::alAtajo(QObject* destino)
 void Validacion::alRecibirFoco(QWidget* campo)
 {
     m_recienLlegado = campo;
+    m_pospuesto = m_pospuesto == campo ? nullptr : m_pospuesto;
     QMetaObject::invokeMethod(
         this, [this] { m_recienLlegado = nullptr; }, Qt::QueuedConnection);
 }
@@ -488,26 +520,25 @@ void Validacion::alPerderFoco(QWidget* campo, Qt::FocusReason motivo)
     {
         return;
     }
-    const bool alMenu = motivo == Qt::MenuBarFocusReason; // gives the focus back before its command acts
     if (m_paso == campo && m_pasoTexto == contenido(campo))
     {
-        m_paso = alMenu ? m_paso : nullptr;
+        m_paso = nullptr;
         return;
     }
-    // What moved the focus goes on first: code, the Alt key, a group of options walked by its arrows.
+    // What moved the focus goes on first: code, a group of options walked by its arrows.
     QMetaObject::invokeMethod(
         this,
-        [this, alMenu, vivo = QPointer<QWidget>(campo)]
+        [this, vivo = QPointer<QWidget>(campo)]
         {
             if (!vivo.isNull())
             {
-                chequearTarde(vivo, alMenu);
+                chequearTarde(vivo);
             }
         },
         Qt::QueuedConnection);
 }
 
-void Validacion::chequearTarde(QWidget* campo, bool alMenu)
+void Validacion::chequearTarde(QWidget* campo)
 {
     if (tieneElFoco(campo) || hayCajaAbierta() || TrabajoLargo::enCurso())
     {
@@ -515,7 +546,7 @@ void Validacion::chequearTarde(QWidget* campo, bool alMenu)
     }
     const QPointer<QWidget> vivo = campo;
     dejar(campo, Gesto::Otro);
-    if (!vivo.isNull() && m_paso == campo && !alMenu)
+    if (!vivo.isNull() && m_paso == campo)
     {
         m_paso = nullptr; // it has lost the focus already
     }

@@ -13,8 +13,8 @@ class QWheelEvent;
 
 /// Leaving checks of all fields and the rule that Enter acts as Tab: one filter over the whole application.
 /// A field whose check refuses keeps the focus with its text selected, and the click or key that would have left it is
-/// swallowed, buttons, menu, tabs and grids included. Leaving because the program loses the focus, or because a box of
-/// the program opens, checks nothing.
+/// swallowed, buttons, tabs and grids included. A menu is no field: opening it, and what it does, checks nothing; nor
+/// does a loss of the focus to another program or to a box of this one.
 class Validacion : public QObject
 {
     Q_OBJECT
@@ -30,8 +30,11 @@ public:
     void alDejar(QWidget* campo, std::function<bool()> puedeDejar);
     /// A grid's editor: `guardar` stores its value after a check that passed on a click or a shortcut.
     void alDejarEditor(QWidget* editor, std::function<bool()> puedeDejar, std::function<void()> guardar);
-    /// Runs the check of the field that holds the focus; true when it may be left. For code that leaves it by itself.
+    /// Runs the check of the field that holds the focus; true when it may be left. For a robot that moves the focus.
     bool intentarDejar();
+    /// Another screen comes to the front by a command: the field at work is not left by it, and its check runs when the
+    /// user comes back to another place of its screen.
+    void posponer();
     /// Suspends all checks while it lives: for screens that are being closed or filled by code.
     class Pausa
     {
@@ -68,6 +71,7 @@ private:
     void volver(QWidget* campo);
     [[nodiscard]] bool ocupada(const QWidget* campo) const;
     Chequeo& chequeoDe(QWidget* campo);
+    bool dejarPospuesto(QWidget* destino, QPoint lugar);
     bool alPulsar(QObject* ventana, QMouseEvent* evento);
     bool alSoltar(QObject* ventana);
     bool alGirar(QObject* ventana, const QWheelEvent* evento);
@@ -76,12 +80,13 @@ private:
     bool alAtajo(QObject* destino);
     void alRecibirFoco(QWidget* campo);
     void alPerderFoco(QWidget* campo, Qt::FocusReason motivo);
-    void chequearTarde(QWidget* campo, bool alMenu);
+    void chequearTarde(QWidget* campo);
 
     QHash<const QObject*, Chequeo> m_chequeos;
     std::vector<QPointer<QWidget>> m_enChequeo; ///< fields whose check is running, the innermost last
     QPointer<QWidget> m_paso;                   ///< passed its check just now; its loss of focus checks nothing
     QString m_pasoTexto;
+    QPointer<QWidget> m_pospuesto;     ///< lost the focus to another screen, unchecked
     QPointer<QWidget> m_recienLlegado; ///< got the focus within the event at work
     bool m_volviendo = false;
     const QEvent* m_tabPropio = nullptr;

@@ -211,14 +211,15 @@ void VisorDeAyuda::buscar(const QString& texto)
         }
     }
     m_sinResultado->setText(QStringLiteral("Ninguna página contiene «%1».").arg(texto.trimmed()));
-    m_sinResultado->setVisible(m_contenido->count() == 0);
+    m_sinResultado->setVisible(m_contenido->count() == 0 && !buscadas.isEmpty());
     marcarEnContenido();
     resaltar();
 }
 
 void VisorDeAyuda::mostrar(const QString& pedida)
 {
-    const QString pagina = pedida.isEmpty() && !m_paginas.empty() ? m_paginas.front().archivo : pedida;
+    const QString primera = m_paginas.empty() ? QStringLiteral("inicio") : m_paginas.front().archivo;
+    const QString pagina = pedida.isEmpty() ? primera : pedida;
     const auto hallada =
         std::find_if(m_paginas.begin(), m_paginas.end(),
                      [&](const Pagina& p) { return p.archivo.compare(pagina, Qt::CaseInsensitive) == 0; });

@@ -16,11 +16,6 @@ namespace
 {
 const QString rechazo = QStringLiteral("El valor no sirve.");
 
-QPoint tituloDelMenu(const Mesa& mesa)
-{
-    return mesa.ventana.menuBar()->actionGeometry(mesa.menu->menuAction()).center();
-}
-
 QPoint celda(const QTableWidget& grilla, int fila)
 {
     return grilla.visualItemRect(grilla.item(fila, 0)).center();
@@ -61,8 +56,6 @@ const std::vector<Gesto>& gestos()
              pulsar(*p.tilde, {8, p.tilde->height() / 2});
          },
          [](M, P p) { return p.tilde->isChecked(); }},
-        {"ClicEnMenu", [](M m, P) { pulsar(*m.ventana.menuBar(), tituloDelMenu(m)); },
-         [](M m, P) { return m.menu->isVisible(); }},
         {"ClicEnPagina", [](M, P p) { pulsar(*p.paginas->tabBar(), p.paginas->tabBar()->tabRect(1).center()); },
          [](M, P p) { return p.paginas->currentIndex() == 1; }},
         {"ClicEnLista", [](M, P p) { pulsar(*p.lista); }, [](M, P p) { return p.lista->view()->isVisible(); }},
@@ -85,7 +78,6 @@ const std::vector<Gesto>& gestos()
          },
          [](M, P p) { return p.acciones == 1; }},
         {"AltLetraDeRotulo", [](M, P) { tecla(Qt::Key_B, Qt::AltModifier); }, [](M, P p) { return p.b->hasFocus(); }},
-        {"AltLetraDeMenu", [](M, P) { tecla(Qt::Key_P, Qt::AltModifier); }, [](M m, P) { return m.menu->isVisible(); }},
         {"TeclaDeOrden", [](M, P) { tecla(Qt::Key_M, Qt::ControlModifier); }, [](M m, P) { return m.ordenes == 1; }},
         {"Rueda",
          [](M, P p)
