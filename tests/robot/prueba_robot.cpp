@@ -106,6 +106,7 @@ TEST(Robot, UnaLineaQueNoValeFalla)
         {incompleta, "línea 3: pulsar CmdActualiza: ninguna línea dice la caja \"Debe ingresar el Nro."},
         {incompleta + "\nespera_mensaje \"x\"", "se esperaba \"x\""},
         {incompleta + "\nespera_caja critico \"Altoverde\" \"x\"", "se esperaba \"critico|Altoverde|x\""},
+        {incompleta + " dice \"Debe ing...\"\nespera_foco txtRazon", "el foco está en «MaskCuit»"},
         {incompleta + " dice \"x\"", "vino la caja informacion \"Debe ingresar"},
         {incompleta + " dice critico \"Debe ingresar el Nro. de C.U.I.T. de la Empresa.\"", "vino la caja informacion"},
         {"pulsar CmdABM(0) dice \"x\"\nsalir", "línea 2: pulsar CmdABM(0) dice \"x\": no vino la caja \"x\""},

@@ -273,12 +273,18 @@ void exigirFoco(const QString& control)
     }
 }
 
+/// A text that ends in "..." tells how the other one begins.
+static bool coincide(const QString& texto, const QString& esperado)
+{
+    return esperado.endsWith("...") ? texto.startsWith(esperado.chopped(3)) : texto == esperado;
+}
+
 void exigirCajas(const std::vector<DatosDeCaja>& cajas, const std::vector<guion::CajaEsperada>& esperadas)
 {
     auto esperada = esperadas.begin();
     for (const DatosDeCaja& caja : cajas)
     {
-        const bool es = esperada != esperadas.end() && esperada->texto == caja.texto &&
+        const bool es = esperada != esperadas.end() && coincide(caja.texto, esperada->texto) &&
                         esperada->clase.value_or(caja.clase) == caja.clase;
         if (!es && caja.clase != Caja::Pregunta)
         {
