@@ -11,7 +11,7 @@ const QDate abril(2009, 4, 1);
 const ClaveDDJJ fuente{dePrueba::cuit, abril, 0};
 const ClaveDDJJ destino{dePrueba::cuit, dePrueba::periodo, 1};
 
-/// The source with two people, the target with one of its own; 2009/05 - 0 is empty.
+/// The source with two people, the target with one of its own, and so has the other sequence of its month.
 struct Copia : testing::Test
 {
     BaseDePrueba base;
@@ -21,6 +21,7 @@ struct Copia : testing::Test
         poner("DDJJ");
         poner("DDJJ", {{"Secuencia", 1}});
         poner("DDJJ", {{"Periodo", abril}});
+        poner("DDJJ_Empleados");
         poner("DDJJ_Empleados", {{"Secuencia", 1}, {"Cuil", "20-00000009-1"}});
         poner("DDJJ_Empleados", {{"Periodo", abril},
                                  {"Calle", "Mitre"},
@@ -68,17 +69,19 @@ TEST_F(Copia, SeOfrecenLasQueTienenGenteSalvoElDestino)
         poner("DDJJ", {{"Periodo", otra.periodo}, {"Secuencia", otra.secuencia}});
         poner("DDJJ_Empleados", {{"Periodo", otra.periodo}, {"Secuencia", otra.secuencia}});
     }
-    EXPECT_EQ((std::vector<ClaveDDJJ>{
-                  {dePrueba::cuit, QDate(2009, 6, 1), 0}, {dePrueba::cuit, abril, 2}, {dePrueba::cuit, abril, 0}}),
+    EXPECT_EQ((std::vector<ClaveDDJJ>{{dePrueba::cuit, QDate(2009, 6, 1), 0},
+                                      {dePrueba::cuit, dePrueba::periodo, 0},
+                                      {dePrueba::cuit, abril, 2},
+                                      {dePrueba::cuit, abril, 0}}),
               fuentesDeCopia(c, destino));
 }
 
 TEST_F(Copia, ReemplazaSumaLosAcuerdosYPierdeLosFamiliares)
 {
-    const std::string antes = nomina(fuente);
+    const std::string antes = nomina(fuente) + nomina({dePrueba::cuit, dePrueba::periodo, 0});
     EXPECT_EQ("", fueraDeTransaccion([&] { copiarNomina(c, destino, fuente); }));
     EXPECT_EQ(nomina(fuente, true), nomina(destino));
-    EXPECT_EQ(antes, nomina(fuente));
+    EXPECT_EQ(antes, nomina(fuente) + nomina({dePrueba::cuit, dePrueba::periodo, 0}));
 }
 
 TEST_F(Copia, LoQueYaNoEstaDejaElDestinoComoEstaba)

@@ -221,7 +221,10 @@ ClaveDDJJ DDJJ::clave() const
 
 void DDJJ::exigirVigencia() const
 {
-    ::exigirEmpresa(Rutinas::Conexion, m_eleccion->cuit());
+    if (m_eleccion->hayEmpresa())
+    {
+        ::exigirEmpresa(Rutinas::Conexion, m_eleccion->cuit());
+    }
     if (hayDeclaracion())
     {
         exigirDeclaracion(Rutinas::Conexion, clave());

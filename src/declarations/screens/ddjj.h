@@ -81,7 +81,7 @@ private:
 
     [[nodiscard]] bool hayDeclaracion() const; ///< one is selected
     [[nodiscard]] ClaveDDJJ clave() const;     ///< of the selected declaration
-    /// Throws YaNoEsta unless the company and the selected declaration, if any, still stand in the database.
+    /// Throws YaNoEsta unless the company and the declaration that are chosen, if any, still stand in the database.
     void exigirVigencia() const;
     // Each says so when it does not hold.
     [[nodiscard]] bool exigirEmpresa();

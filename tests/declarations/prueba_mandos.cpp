@@ -1,10 +1,12 @@
-// What another screen or another desk deletes beside an open declarations screen: each command tells it, once.
+// What the commands of the declarations screen hand on, and that each tells once what another screen or another desk
+// has deleted beside it.
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/datos.h"
 #include "declarations/screens/ddjj.h"
 #include "platform/screens/grilla.h"
 #include "platform/screens/navegacion.h"
+#include "platform/screens/trabajo_largo.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -36,7 +38,14 @@ const Caso casos[] = {
     {"cmdInformes_2"},       {"activar"},
 };
 
-struct OtroPuesto : testing::TestWithParam<Caso>
+/// A screen that the user leaves at once.
+struct Cerrada : Pantalla
+{
+    using Pantalla::Pantalla;
+    void cargar() override { cerrar(); }
+};
+
+struct MandosDDJJ : testing::Test
 {
     BaseDePrueba base;
     CajasDePrueba cajas;
@@ -52,9 +61,8 @@ struct OtroPuesto : testing::TestWithParam<Caso>
     {
         for (const char* nombre : {"Empleados", "DDJJ_Sueldos", "Importar", "BuscarDDJJ", "Boletas"})
         {
-            Navegacion::instancia().registrar(QString::fromLatin1(nombre),
-                                              []() -> Pantalla*
-                                              { throw ErrorParaAvisar(0, QStringLiteral("opened on what is gone")); });
+            const QString suyo = QString::fromLatin1(nombre);
+            Navegacion::instancia().registrar(suyo, [suyo]() -> Pantalla* { throw ErrorParaAvisar(0, suyo); });
         }
         base.conexion().ejecutar("DELETE FROM Empresas");
         poner("Empresas");
@@ -84,6 +92,10 @@ struct OtroPuesto : testing::TestWithParam<Caso>
             control<QPushButton>(mando.c_str()).click();
         }
     }
+};
+
+struct OtroPuesto : MandosDDJJ, testing::WithParamInterface<Caso>
+{
     /// Nothing is selected, the lists are those of now, and nothing was written, in the database or beside it.
     void comprobar(int empresas)
     {
@@ -100,6 +112,41 @@ const QString fin =
     QStringLiteral(" ya no se encuentra en la Base: fue eliminada desde otra ventana u otro puesto.  No "
                    "se ha grabado ningún dato.");
 } // namespace
+
+TEST_F(MandosDDJJ, LaBoletaRecibeSusCantidades)
+{
+    abrir();
+    poner("DDJJ_Empleados", {{"Cuil", "20-00000002-1"}, {"Afiliado", false}});
+    mandar("vsDDJJ");
+    mandar("cmdBoletas_0");
+    EXPECT_EQ(2, Rutinas::CantidadEmpleados);
+    EXPECT_EQ(1, Rutinas::CantidadAfiliados);
+}
+
+TEST_F(MandosDDJJ, UnaBoletaSinEmpresaElegidaNoDejaArchivo)
+{
+    abrir();
+    pantalla = std::make_unique<DDJJ>();
+    pantalla->cargar();
+    cajas.esperaQueDiga(Caja::Pregunta, QStringLiteral("Debe enviar"))
+        .esperaQueDiga(Caja::Informacion, QStringLiteral("Error: 13"));
+    mandar("activar");
+    EXPECT_EQ(QStringList(), QDir(base.ruta({})).entryList({QStringLiteral("*.txt")}));
+}
+
+TEST_F(MandosDDJJ, ElPunteroVuelveTrasImportar)
+{
+    abrir();
+    Navegacion::instancia().registrar(QStringLiteral("Importar"),
+                                      [this]
+                                      {
+                                          Rutinas::TextoDevuelto = base.escribir(QStringLiteral("vacio.txt"), {});
+                                          return new Cerrada(QStringLiteral("Importar"));
+                                      });
+    cajas.esperaQueDiga(Caja::Exclamacion, QStringLiteral("No se ha actualizado ningún Registro"));
+    mandar("cmdImportar");
+    EXPECT_FALSE(Puntero::estaOcupado());
+}
 
 TEST_P(OtroPuesto, SeDiceUnaVez)
 {
