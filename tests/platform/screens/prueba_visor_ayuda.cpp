@@ -1,5 +1,6 @@
 #include "platform/screens/visor_ayuda.h"
 
+#include "apoyo/entrada.h"
 #include "apoyo/rutas.h"
 
 #include <QtTest>
@@ -39,8 +40,7 @@ TEST(Ayuda, CadaPaginaEstaEnElContenidoYLoQueNombraExiste)
 TEST(Ayuda, BuscaSinAcentosYVaDeUnaPaginaAOtra)
 {
     VisorDeAyuda visor(ayuda.path());
-    visor.show();
-    visor.activateWindow();
+    Entrada::activar(visor);
     visor.mostrar(QString());
     EXPECT_EQ(visor.paginaActual(), QStringLiteral("inicio"));
     auto* lista = de<QListWidget>(visor, "lstContenido");
