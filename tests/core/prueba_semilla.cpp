@@ -35,8 +35,10 @@ TEST(Semilla, LookUpTablesAreFilledWithWhatAFixedWidthFileHasRoomFor)
                   "1")
             << tabla << ": 0 in a roster row means missing, only a province has that code";
     }
-    EXPECT_EQ(filas("SELECT P.Nombre AS P, D.Nombre AS D FROM Provincias P, Documentos D WHERE P.Codigo = 1 AND D.Codigo = 1"),
-              "Buenos Aires|DNI");
+    EXPECT_EQ(
+        filas(
+            "SELECT P.Nombre AS P, D.Nombre AS D FROM Provincias P, Documentos D WHERE P.Codigo = 1 AND D.Codigo = 1"),
+        "Buenos Aires|DNI");
     EXPECT_EQ(cuantos("Rubros WHERE Codigo NOT GLOB '[0-9][0-9][0-9][0-9][0-9][0-9]'"), 0);
     EXPECT_EQ(filas("SELECT Version, Indice, Bak_Carpeta, Bak_Fecha, Bak_Hora FROM Parametros"),
               "2.0|0|Null|Null|Null");

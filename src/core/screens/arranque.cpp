@@ -1,6 +1,7 @@
 #include "core/screens/arranque.h"
 
 #include "core/rutinas.h"
+#include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/error_fatal.h"
 
 std::unique_ptr<MDIMenuPpal> arrancar()
@@ -9,12 +10,19 @@ std::unique_ptr<MDIMenuPpal> arrancar()
     protegido(
         [&]
         {
-            Rutinas::Main(
-                [&]
-                {
-                    menu = std::make_unique<MDIMenuPpal>();
-                    menu->show();
-                });
+            try
+            {
+                Rutinas::Main(
+                    [&]
+                    {
+                        menu = std::make_unique<MDIMenuPpal>();
+                        menu->show();
+                    });
+            }
+            catch (const ErrorParaAvisar& error)
+            {
+                throw ErrorDeEjecucion(error); // here there is nothing to go on with
+            }
         });
     return menu;
 }
