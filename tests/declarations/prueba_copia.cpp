@@ -23,28 +23,12 @@ struct Copia : testing::Test
         poner("DDJJ", {{"Periodo", abril}});
         poner("DDJJ_Empleados");
         poner("DDJJ_Empleados", {{"Secuencia", 1}, {"Cuil", "20-00000009-1"}});
-        poner("DDJJ_Empleados", {{"Periodo", abril},
-                                 {"Calle", "Mitre"},
-                                 {"Numero", 7},
-                                 {"Piso", "1"},
-                                 {"Depto", "B"},
-                                 {"CodPos", "1900"},
-                                 {"Localidad", "Luján"},
-                                 {"Telefono", "44"},
-                                 {"Categoria", 3},
-                                 {"Egreso", "2009-04-20"},
-                                 {"Sucursal", 4},
-                                 {"QHoras", 100},
-                                 {"Sueldo", "2000,01"},
-                                 {"Acuerdo", "100,5"},
-                                 {"Acuerdo2", "50,25"},
-                                 {"ART100", "23,01"},
-                                 {"ART101A", "11,5"},
-                                 {"ART101B", "11,51"},
-                                 {"Familiares", 3}});
-        poner(
-            "DDJJ_Empleados",
-            {{"Periodo", abril}, {"Cuil", "27-00000002-1"}, {"Afiliado", false}, {"Sexo", nullptr}, {"Provincia", 2}});
+        poner("DDJJ_Empleados", {{"Periodo", abril}, {"Cuil", "27-00000002-1"}});
+        poner("DDJJ_Empleados", {{"Periodo", abril}, {"Afiliado", false}, {"Sexo", nullptr}, {"Provincia", 2}});
+        c.ejecutar("UPDATE DDJJ_Empleados SET Calle = 'Mitre', Numero = 7, Piso = '1', Depto = 'B', CodPos = '1900', "
+                   "Localidad = 'Luján', Telefono = '44', Categoria = 3, Egreso = '2009-04-20', Sucursal = 4, "
+                   "QHoras = 100, Sueldo = 20000100, Acuerdo = 1005000, Acuerdo2 = 502500, ART100 = 230100, "
+                   "ART101A = 115000, ART101B = 115100, Familiares = 3 WHERE Cuil LIKE '27%'");
     }
     /// All columns of a declaration's roster but month and sequence; `copiada`: as a copy of it must be.
     [[nodiscard]] std::string nomina(const ClaveDDJJ& de, bool copiada = false)
