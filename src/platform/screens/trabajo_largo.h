@@ -1,19 +1,35 @@
 #pragma once
 
+#include "platform/data/error_de_ejecucion.h"
+
 #include <QString>
 #include <functional>
 #include <memory>
 
+/// The user gave a work up: what it had begun is undone by whom it passes.
+class TrabajoCancelado : public ErrorParaAvisar
+{
+public:
+    TrabajoCancelado();
+};
+
 /// Long work on the only thread: a busy pointer while it lives and, past half a second, its progress in a small window
-/// of the program. Input is not taken meanwhile, and the program refuses to close.
+/// of the program. What the user types, clicks or closes meanwhile is thrown away for good; only a box that the work
+/// itself shows is answered.
 class TrabajoLargo
 {
 public:
-    explicit TrabajoLargo(const QString& titulo);
+    enum class Cancelable
+    {
+        No,
+        Si, ///< the progress has a button for it, and Escape presses it: avanzar() then throws TrabajoCancelado
+    };
+    explicit TrabajoLargo(const QString& titulo, Cancelable cancelable = Cancelable::No);
     ~TrabajoLargo();
     TrabajoLargo(const TrabajoLargo&) = delete;
     TrabajoLargo& operator=(const TrabajoLargo&) = delete;
-    /// Cheap to call often. A total of 0 shows that the work goes on without telling how far it is.
+    /// Cheap to call often; runs the events that came meanwhile. A total of 0 shows that the work goes on without
+    /// telling how far it is.
     void avanzar(qint64 hecho, qint64 total);
     /// The same as a function, for the rules.
     [[nodiscard]] std::function<void(qint64 hecho, qint64 total)> aviso();

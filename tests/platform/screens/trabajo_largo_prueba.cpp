@@ -5,12 +5,12 @@
 #include "platform/screens/mensajes.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QTest>
+#include <QTimer>
 #include <QWindow>
 #include <gtest/gtest.h>
-#include <stdexcept>
 
 using namespace Entrada;
 
@@ -23,6 +23,26 @@ protected:
     ~Trabajo() override { TrabajoLargo::fijarDemora(500); }
 
     [[nodiscard]] QProgressBar* barra() { return mesa.ventana.findChild<QProgressBar*>(); }
+    [[nodiscard]] QWindow* ventana() { return mesa.ventana.windowHandle(); }
+    [[nodiscard]] QPoint centro(const QWidget& control)
+    {
+        return control.mapTo(&mesa.ventana, control.rect().center());
+    }
+    /// Works until `haz`, which the window system's turn brings, has been done.
+    static void mientrasTanto(TrabajoLargo& trabajo, const std::function<void()>& haz)
+    {
+        bool hecho = false;
+        QTimer::singleShot(0, qApp,
+                           [&]
+                           {
+                               haz();
+                               hecho = true;
+                           });
+        while (!hecho)
+        {
+            trabajo.avanzar(1, 2);
+        }
+    }
 
     Mesa mesa;
 };
@@ -38,11 +58,26 @@ TEST_F(Trabajo, MuestraElAvanceYDejaTodoComoEstaba)
         EXPECT_TRUE(TrabajoLargo::enCurso());
         ASSERT_NE(QApplication::overrideCursor(), nullptr);
         EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-        EXPECT_EQ(barra(), nullptr);
+        TrabajoLargo::fijarDemora(1000000);
+        trabajo.avanzar(1, 2);
+        EXPECT_EQ(barra(), nullptr) << "a short one shows nothing";
+        TrabajoLargo::fijarDemora(0);
         trabajo.aviso()(250, 1000);
         ASSERT_NE(barra(), nullptr);
         EXPECT_TRUE(barra()->isVisible());
         EXPECT_EQ(barra()->value() * 4, barra()->maximum());
+        EXPECT_EQ(mesa.ventana.findChild<QWidget*>(QStringLiteral("cmdCancelarTrabajo")), nullptr);
+        const TrabajoLargo adentro(QStringLiteral("Adentro"));
+    }
+    {
+        TrabajoLargo trabajo(QStringLiteral("Copiando"));
+        trabajo.avanzar(std::numeric_limits<qint64>::max(), std::numeric_limits<qint64>::max());
+        EXPECT_EQ(barra()->value(), barra()->maximum());
+    }
+    {
+        TrabajoLargo trabajo(QStringLiteral("Compactando"));
+        trabajo.avanzar(5, 0);
+        EXPECT_EQ(barra()->maximum(), 0) << "how far is not known";
     }
     asentar();
     EXPECT_FALSE(TrabajoLargo::enCurso());
@@ -52,76 +87,72 @@ TEST_F(Trabajo, MuestraElAvanceYDejaTodoComoEstaba)
     EXPECT_EQ(una.activaciones, activaciones);
 }
 
-TEST_F(Trabajo, TotalDesconocidoYCantidadesEnormes)
-{
-    {
-        TrabajoLargo trabajo(QStringLiteral("Compactando"));
-        trabajo.avanzar(5, 0);
-        EXPECT_EQ(barra()->maximum(), 0);
-    }
-    TrabajoLargo trabajo(QStringLiteral("Copiando"));
-    trabajo.avanzar(std::numeric_limits<qint64>::max(), std::numeric_limits<qint64>::max());
-    EXPECT_EQ(barra()->value(), barra()->maximum());
-}
-
-TEST_F(Trabajo, ElCortoNoMuestraNada)
-{
-    TrabajoLargo::fijarDemora(1000000);
-    TrabajoLargo trabajo(QStringLiteral("Corto"));
-    trabajo.avanzar(1, 2);
-    EXPECT_EQ(barra(), nullptr);
-}
-
-TEST_F(Trabajo, LoQueSeTecleaYSePulsaMientrasTantoSePierde)
+TEST_F(Trabajo, LoQueSeTecleaSePulsaOSeCierraMientrasTantoSePierde)
 {
     PantallaDePrueba& una = mesa.abrir(QStringLiteral("Una"));
-    una.a->setFocus();
-    QWindow* ventana = mesa.ventana.windowHandle();
-    const QPoint boton = una.accion->mapTo(&mesa.ventana, una.accion->rect().center());
+    for (const auto cancelable : {TrabajoLargo::Cancelable::No, TrabajoLargo::Cancelable::Si})
     {
-        TrabajoLargo trabajo(QStringLiteral("Enviando"));
-        trabajo.avanzar(1, 10);
-        const auto clic = [&](QEvent::Type tipo, Qt::MouseButtons botones)
+        una.a->setFocus();
         {
-            return new QMouseEvent(tipo, boton, mesa.ventana.mapToGlobal(QPointF(boton)), Qt::LeftButton, botones,
-                                   Qt::NoModifier);
-        };
-        QCoreApplication::postEvent(ventana, clic(QEvent::MouseButtonPress, Qt::LeftButton));
-        QCoreApplication::postEvent(ventana, clic(QEvent::MouseButtonRelease, Qt::NoButton));
-        QCoreApplication::postEvent(ventana,
-                                    new QKeyEvent(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x")));
+            TrabajoLargo trabajo(QStringLiteral("Enviando"), cancelable);
+            mientrasTanto(trabajo,
+                          [&]
+                          {
+                              QTest::keyClick(ventana(), 'x');
+                              QTest::mouseClick(ventana(), Qt::LeftButton, {}, centro(*una.accion));
+                              una.accion->setFocus();
+                              QTest::keyClick(ventana(), Qt::Key_Space);
+                              EXPECT_FALSE(ventana()->close());
+                          });
+        }
+        asentar();
+        EXPECT_EQ(una.acciones, 0);
+        EXPECT_EQ(una.a->text(), QString());
+        EXPECT_TRUE(mesa.ventana.isVisible());
     }
-    asentar();
-    EXPECT_EQ(una.acciones, 0);
-    EXPECT_EQ(una.a->text(), QString());
     pulsar(*una.accion);
     EXPECT_EQ(una.acciones, 1);
 }
 
-TEST_F(Trabajo, UnaExcepcionDevuelveElPuntero)
+TEST_F(Trabajo, SuBotonOEscapeLoCancela)
 {
-    try
+    PantallaDePrueba& una = mesa.abrir(QStringLiteral("Una"));
+    for (const bool conRaton : {true, false})
     {
-        TrabajoLargo trabajo(QStringLiteral("Falla"));
-        trabajo.avanzar(1, 2);
-        throw std::runtime_error("corte");
-    }
-    catch (const std::runtime_error&)
-    {
+        una.cancelar->setFocus();
+        const auto trabajar = [&]
+        {
+            TrabajoLargo trabajo(QStringLiteral("Preparando"), TrabajoLargo::Cancelable::Si);
+            mientrasTanto(trabajo,
+                          [&]
+                          {
+                              const auto* boton =
+                                  mesa.ventana.findChild<QPushButton*>(QStringLiteral("cmdCancelarTrabajo"));
+                              ASSERT_TRUE(boton != nullptr && boton->isVisible());
+                              conRaton ? QTest::mouseClick(ventana(), Qt::LeftButton, {}, centro(*boton))
+                                       : QTest::keyClick(ventana(), Qt::Key_Escape);
+                          });
+        };
+        EXPECT_THROW(trabajar(), TrabajoCancelado) << conRaton;
         EXPECT_FALSE(TrabajoLargo::enCurso());
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(barra(), nullptr);
+        EXPECT_TRUE(una.cancelar->hasFocus());
+        EXPECT_EQ(una.cancelaciones, 0);
+        pulsar(*una.accion);
     }
-    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(barra(), nullptr);
+    EXPECT_EQ(una.acciones, 2) << "nothing is thrown away afterwards";
 }
 
-TEST_F(Trabajo, UnTrabajoDentroDeOtro)
+TEST_F(Trabajo, UnaCajaDelTrabajoSeContesta)
 {
-    const TrabajoLargo afuera(QStringLiteral("Afuera"));
-    {
-        const TrabajoLargo adentro(QStringLiteral("Adentro"));
-    }
-    EXPECT_TRUE(TrabajoLargo::enCurso());
-    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    mesa.abrir(QStringLiteral("Una"));
+    TrabajoLargo trabajo(QStringLiteral("Copiando"));
+    trabajo.avanzar(1, 2);
+    bool si = false;
+    conLaCaja([](QMessageBox& caja) { pulsar(*caja.button(QMessageBox::Yes)); });
+    si = Preguntar(QStringLiteral("¿Sigue?"));
+    EXPECT_TRUE(si);
 }
 
 TEST(PunteroDePantalla, QuedaComoSeDejaYLasCajasLoTienenNormal)
