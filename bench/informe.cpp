@@ -191,7 +191,9 @@ private:
     [[nodiscard]] int mostrar(const char* base) const
     {
         auto plantilla = PlantillaDeInforme::leer(QStringLiteral(INFORMES "RptDDJJ.rpt"));
-        auto datos = DatosDeInforme::leer(plantilla, m_taller.ruta(base), {{QStringLiteral("Indice"), indice}});
+        Conexion conexion;
+        conexion.abrir(m_taller.ruta(base), Conexion::Modo::SoloLectura);
+        auto datos = DatosDeInforme::leer(plantilla, conexion, {{QStringLiteral("Indice"), indice}});
         const PaginasDeInforme paginas(std::move(plantilla), std::move(datos));
         QImage hoja(1200, 850, QImage::Format_RGB32);
         QPainter pintor(&hoja);

@@ -95,6 +95,15 @@ bool hayNomina(Conexion& conexion, const ClaveDDJJ& clave)
                         clave.periodo, clave.secuencia);
 }
 
+void crearPreparacion(Conexion& conexion)
+{
+    QString tabla =
+        conexion.consultar("SELECT sql FROM main.sqlite_schema WHERE name = 'RptEmpleados'").primera().texto("sql");
+    constexpr QLatin1String crear("CREATE TABLE");
+    conexion.ejecutar("PRAGMA temp_store = MEMORY");
+    conexion.ejecutar(tabla.replace(0, crear.size(), QStringLiteral("CREATE TEMP TABLE")).toStdString());
+}
+
 void prepararInforme(Conexion& conexion, const ClaveDDJJ& clave, qint64 indice, InformeDDJJ cual)
 {
     Transaccion transaccion(conexion);

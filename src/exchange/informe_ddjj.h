@@ -17,6 +17,9 @@ enum class InformeDDJJ
 
 [[nodiscard]] bool hayNomina(Conexion& conexion, const ClaveDDJJ& clave);
 
+/// Gives a connection a RptEmpleados of its own, in its temporary tables, that hides the one of the database.
+void crearPreparacion(Conexion& conexion);
+
 /// Stages the rows of a report in RptEmpleados under a fresh index, in one transaction: the roster and the company's
 /// branches, or the employees with missing data. Throws ErrorDeEjecucion with nothing staged.
 void prepararInforme(Conexion& conexion, const ClaveDDJJ& clave, qint64 indice, InformeDDJJ cual);

@@ -16,16 +16,17 @@ void ImprimirInforme(const ClaveDDJJ& clave, const QString& mes, const QString& 
         Rutinas::Conexion.consultar("SELECT Empresas.*, Rubros.Nombre FROM Empresas INNER JOIN Rubros "
                                     "ON Empresas.Rubro = Rubros.Codigo WHERE Empresas.CUIT = ?",
                                     clave.cuit);
-    const qint64 indice = Rutinas::ObtenerIndice();
-    prepararInforme(Rutinas::Conexion, clave, indice, cual);
-
     Informe informe;
     informe.ArchivoInforme = Rutinas::RutaApp + archivoDeInforme(cual);
-    informe.ArchivoDatos = Rutinas::rutaBase();
+    const qint64 indice = Rutinas::ObtenerIndice();
     informe.Formulas = valoresDeInforme(empresa.primera(), clave, indice, mes, anio, cual);
-    if (informe.PrintReport() != 0)
+    // The rows are staged for this one reading, and only it sees them: nothing is left by whoever is killed meanwhile.
+    Conexion datos;
+    datos.abrir(Rutinas::rutaBase(), Conexion::Modo::SoloLectura);
+    crearPreparacion(datos);
+    prepararInforme(datos, clave, indice, cual);
+    if (informe.PrintReport(datos) != 0)
     {
         MsgBox(informe.LastErrorString());
     }
-    Rutinas::LiberarIndice(indice);
 }

@@ -7,5 +7,5 @@
 enum class InformeDDJJ;
 
 /// Stages, shows and releases a report of a declaration. Says so when the declaration has no roster. The preview's
-/// errors are told in a plain box; what fails before it throws, with what was staged left under its index.
+/// errors are told in a plain box; what fails before it throws. The user can cancel it.
 void ImprimirInforme(const ClaveDDJJ& clave, const QString& mes, const QString& anio, InformeDDJJ cual);

@@ -3,6 +3,7 @@
 #include "platform/data/archivos.h"
 #include "platform/data/candado.h"
 #include "platform/data/espanol.h"
+#include "platform/data/latido.h"
 #include "platform/data/preparada.h"
 
 #include <QDir>
@@ -85,37 +86,6 @@ std::unique_ptr<SQLite::Database> abrirBase(const QString& ruta, int modo)
         });
 }
 
-/// While it lives SQLite tells `aviso` that it is at work. No exception crosses SQLite: one stops the work instead.
-class Latido
-{
-public:
-    Latido(sqlite3* base, std::function<void()> aviso)
-        : m_base(base)
-        , m_aviso(std::move(aviso))
-    {
-        constexpr int instrucciones = 20'000; // well under a hundredth of a second
-        sqlite3_progress_handler(m_base, instrucciones, latir, this);
-    }
-    ~Latido() { sqlite3_progress_handler(m_base, 0, nullptr, nullptr); }
-    Latido(const Latido&) = delete;
-    Latido& operator=(const Latido&) = delete;
-
-private:
-    static int latir(void* este)
-    {
-        try
-        {
-            static_cast<Latido*>(este)->m_aviso();
-            return 0;
-        }
-        catch (...)
-        {
-            return 1;
-        }
-    }
-    sqlite3* m_base;
-    std::function<void()> m_aviso;
-};
 } // namespace
 
 struct Conexion::Interno
@@ -173,6 +143,47 @@ struct Conexion::Interno
         }
     }
 };
+
+Latido::Latido(sqlite3* base, std::function<void()> aviso)
+    : m_base(base)
+    , m_aviso(std::move(aviso))
+{
+    constexpr int instrucciones = 20'000; // well under a hundredth of a second
+    sqlite3_progress_handler(m_base, instrucciones, latir, this);
+}
+
+Latido::Latido(const Conexion& conexion, std::function<void()> aviso)
+    : Latido(conexion.interno().base->getHandle(), std::move(aviso))
+{
+}
+
+Latido::~Latido()
+{
+    sqlite3_progress_handler(m_base, 0, nullptr, nullptr);
+}
+
+int Latido::latir(void* este)
+{
+    auto* latido = static_cast<Latido*>(este);
+    try
+    {
+        latido->m_aviso();
+        return 0;
+    }
+    catch (...)
+    {
+        latido->m_motivo = std::current_exception();
+        return 1;
+    }
+}
+
+void Latido::relanzar() const
+{
+    if (m_motivo)
+    {
+        std::rethrow_exception(m_motivo);
+    }
+}
 
 Conexion::Conexion() = default;
 Conexion::~Conexion() = default;

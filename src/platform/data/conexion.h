@@ -356,6 +356,7 @@ public:
 
 private:
     friend class Transaccion;
+    friend class Latido;
     struct Interno;
     Interno& interno() const;
     std::unique_ptr<Interno> m_interno;

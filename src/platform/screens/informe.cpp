@@ -1,5 +1,6 @@
 #include "platform/screens/informe.h"
 
+#include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/informe_vista.h"
 #include "platform/screens/navegacion.h"
@@ -12,13 +13,29 @@ void Informe::reset()
 
 int Informe::PrintReport()
 {
+    return imprimir(nullptr);
+}
+
+int Informe::PrintReport(Conexion& datos)
+{
+    return imprimir(&datos);
+}
+
+int Informe::imprimir(Conexion* datos)
+{
     m_error.clear();
     try
     {
-        TrabajoLargo trabajo(QStringLiteral("Preparando el informe"));
+        TrabajoLargo trabajo(QStringLiteral("Preparando el informe"), TrabajoLargo::Cancelable::Si);
         PlantillaDeInforme plantilla = PlantillaDeInforme::leer(ArchivoInforme);
-        DatosDeInforme datos = DatosDeInforme::leer(plantilla, ArchivoDatos, Formulas);
-        PaginasDeInforme paginas(std::move(plantilla), std::move(datos), trabajo.aviso());
+        Conexion propia;
+        if (datos == nullptr && !plantilla.consultas.empty())
+        {
+            propia.abrir(ArchivoDatos, Conexion::Modo::SoloLectura);
+        }
+        DatosDeInforme filas =
+            DatosDeInforme::leer(plantilla, datos == nullptr ? propia : *datos, Formulas, trabajo.aviso());
+        PaginasDeInforme paginas(std::move(plantilla), std::move(filas), trabajo.aviso());
         auto* vista = new VistaDeInforme(std::move(paginas));
         vista->showMaximized();
     }

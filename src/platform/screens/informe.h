@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class Conexion;
+
 /// The report control: a layout file beside the program, named values by index, rows read from the data file, a
 /// preview on the screen. See informe_plantilla.h for what a layout is made of.
 class Informe
@@ -16,11 +18,14 @@ public:
     ValoresDeInforme Formulas;
 
     /// Reads the rows, lays the pages out and shows the preview, which lives on by itself: the rows may be deleted when
-    /// this returns. 0 when all went well, else an error number; nothing is shown then.
+    /// this returns. 0 when all went well, else an error number; nothing is shown then. The user can cancel it.
     [[nodiscard]] int PrintReport();
+    /// The same with the rows read over a connection of the caller's, in place of ArchivoDatos.
+    [[nodiscard]] int PrintReport(Conexion& datos);
     /// What the last PrintReport failed of, for the user.
     [[nodiscard]] QString LastErrorString() const { return m_error; }
 
 private:
+    int imprimir(Conexion* datos);
     QString m_error;
 };

@@ -1,11 +1,14 @@
 #include "platform/screens/informe_documento.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <QTextBlock>
 #include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
 #include <QUrl>
+#include <limits>
 
 namespace
 {
@@ -57,6 +60,53 @@ protected:
 private:
     QString m_carpeta;
 };
+
+const QTextTable* primeraTabla(const QTextDocument& documento)
+{
+    for (const QTextFrame* marco : documento.rootFrame()->childFrames())
+    {
+        if (const auto* tabla = qobject_cast<const QTextTable*>(marco))
+        {
+            return tabla;
+        }
+    }
+    return nullptr;
+}
+
+/// Where the text of a cell begins.
+QPointF comienzoDe(const QTextTableCell& celda, const QTextDocument& documento)
+{
+    return documento.documentLayout()->blockBoundingRect(celda.firstCursorPosition().block()).topLeft();
+}
+
+/// The units of the layout that a pixel of a style sheet takes. Measured, since Qt takes it from the screen.
+double unidadesPorPixel()
+{
+    static const double medidas = []
+    {
+        const auto alto = [](int pixeles)
+        {
+            return DocumentoDeInforme::hacer(
+                       "<table cellspacing=\"0\" cellpadding=\"0\"><tr><td style=\"padding-top: " +
+                           std::to_string(pixeles) + "px\">x</td></tr></table>",
+                       {{}, {}, 72})
+                ->size()
+                .height();
+        };
+        constexpr int muestra = 100;
+        return (alto(muestra) - alto(0)) / muestra;
+    }();
+    return medidas;
+}
+
+/// What a cell keeps free above its text.
+double margenDe(const QTextTableCell& celda, const QTextTable& tabla)
+{
+    const QTextTableCellFormat formato = celda.format().toTableCellFormat();
+    const double pixeles =
+        formato.hasProperty(QTextFormat::TableCellTopPadding) ? formato.topPadding() : tabla.format().cellPadding();
+    return pixeles * unidadesPorPixel();
+}
 } // namespace
 
 std::unique_ptr<QTextDocument> DocumentoDeInforme::hacer(const std::string& html, const Hoja& hoja)
@@ -91,17 +141,44 @@ void DocumentoDeInforme::pintar(QPainter& pintor, const QTextDocument& documento
     pintor.scale(escala, escala);
     QAbstractTextDocumentLayout::PaintContext contexto;
     contexto.palette.setColor(QPalette::Text, Qt::black);
-    contexto.clip = QRectF(0, desde / escala, documento.textWidth(), (hasta - desde + resguardo) / escala);
+    // What only touches the part is not drawn, not even out of sight: it would be found in the PDF.
+    contexto.clip =
+        QRectF(0, (desde + resguardo) / escala, documento.textWidth(), (hasta - desde - 2 * resguardo) / escala);
     documento.documentLayout()->draw(&pintor, contexto);
     pintor.restore();
 }
 
-QPaintDevice* DocumentoDeInforme::papel()
+std::vector<double> DocumentoDeInforme::topes(const QTextDocument& documento)
 {
-    return &referencia();
+    std::vector<double> lista;
+    const QTextTable* tabla = primeraTabla(documento);
+    for (int fila = tabla == nullptr ? 0 : tabla->format().headerRowCount(); tabla != nullptr && fila < tabla->rows();
+         ++fila)
+    {
+        double tope = std::numeric_limits<double>::max();
+        for (int columna = 0; columna < tabla->columns(); ++columna)
+        {
+            const QTextTableCell celda = tabla->cellAt(fila, columna);
+            if (celda.row() == fila && celda.column() == columna) // not spanned by another
+            {
+                tope = std::min(tope, (comienzoDe(celda, documento).y() - margenDe(celda, *tabla)) * escala);
+            }
+        }
+        lista.push_back(tope);
+    }
+    return lista;
 }
 
-QFontMetricsF DocumentoDeInforme::medidas(const QFont& letra)
+std::vector<double> DocumentoDeInforme::columnas(const QTextDocument& documento)
 {
-    return QFontMetricsF(letra, papel());
+    std::vector<double> lista;
+    const QTextTable* tabla = primeraTabla(documento);
+    if (tabla != nullptr && tabla->format().headerRowCount() > 0)
+    {
+        for (int columna = 0; columna < tabla->columns(); ++columna)
+        {
+            lista.push_back(comienzoDe(tabla->cellAt(0, columna), documento).x() * escala);
+        }
+    }
+    return lista;
 }

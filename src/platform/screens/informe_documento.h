@@ -4,10 +4,8 @@
 #include <QString>
 #include <memory>
 #include <string>
+#include <vector>
 
-class QFont;
-class QFontMetricsF;
-class QPaintDevice;
 class QPainter;
 class QTextDocument;
 
@@ -27,8 +25,8 @@ struct Hoja
 [[nodiscard]] double alto(const QTextDocument& documento);
 /// Paints what lies between `desde` and `hasta` of the piece, with its left upper corner at `en`.
 void pintar(QPainter& pintor, const QTextDocument& documento, QPointF en, double desde, double hasta);
-
-/// What documents are measured for, and the metrics of a font on it.
-[[nodiscard]] QPaintDevice* papel();
-[[nodiscard]] QFontMetricsF medidas(const QFont& letra);
+/// Where the rows of its first table begin, those of the head left out.
+[[nodiscard]] std::vector<double> topes(const QTextDocument& documento);
+/// Where the columns of its first table begin, by the cells of its head; none without a head.
+[[nodiscard]] std::vector<double> columnas(const QTextDocument& documento);
 } // namespace DocumentoDeInforme

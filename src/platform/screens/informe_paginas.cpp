@@ -4,134 +4,86 @@
 
 #include <QTextDocument>
 #include <algorithm>
-#include <tuple>
-
-using kainjow::mustache::data;
+#include <numeric>
 
 namespace
 {
 constexpr std::size_t dibujosRecordados = 6;
-constexpr std::size_t filasPorAviso = 100;
+constexpr std::size_t filasPorBloque = 60;
 constexpr double menorCuerpo = 72; // points: a page with less between head and foot is none
+constexpr double holgura = 0.5;    // points: what rounding may take
+
+/// Does the row's first tag name this class?
+bool esDeClase(const std::string& fila, std::string_view clase)
+{
+    const std::string_view etiqueta = std::string_view(fila).substr(0, fila.find('>'));
+    const std::size_t desde = etiqueta.find("class=\"");
+    if (desde == std::string_view::npos)
+    {
+        return false;
+    }
+    const std::string_view clases = etiqueta.substr(desde + 7, etiqueta.find('"', desde + 7) - desde - 7);
+    return (' ' + std::string(clases) + ' ').find(' ' + std::string(clase) + ' ') != std::string::npos;
+}
 } // namespace
 
-PaginasDeInforme::PaginasDeInforme(PlantillaDeInforme plantilla, DatosDeInforme datos,
-                                   const std::function<void(qint64, qint64)>& aviso)
-    : m_plantilla(std::move(plantilla))
-    , m_datos(std::move(datos))
-    , m_objeto(m_datos.objeto())
+PaginasDeInforme::PaginasDeInforme(PlantillaDeInforme plantilla, DatosDeInforme datos, const Aviso& aviso)
+    : m_contenido(std::make_shared<const ContenidoDeInforme>(std::move(plantilla), std::move(datos)))
+    , m_pagina(m_contenido->plantilla().pagina)
 {
-    prepararDatos();
+    compaginar(aviso);
+}
+
+PaginasDeInforme::PaginasDeInforme(std::shared_ptr<const ContenidoDeInforme> contenido, const QPageLayout& pagina,
+                                   const Aviso& aviso)
+    : m_contenido(std::move(contenido))
+    , m_pagina(pagina)
+{
     compaginar(aviso);
 }
 
 PaginasDeInforme::~PaginasDeInforme() = default;
 PaginasDeInforme::PaginasDeInforme(PaginasDeInforme&&) noexcept = default;
+PaginasDeInforme& PaginasDeInforme::operator=(PaginasDeInforme&&) noexcept = default;
 
-/// Takes the bands' tags apart, and puts the row sets that are walked inside sections beside the values; those of bands
-/// are filled in row by row.
-void PaginasDeInforme::prepararDatos()
+void PaginasDeInforme::setPagina(const QPageLayout& pagina, const Aviso& aviso)
 {
-    for (const BandaDeInforme& banda : m_plantilla.bandas)
-    {
-        m_formas.emplace_back(banda.html);
-        if (!m_formas.back().is_valid())
-        {
-            (void)m_plantilla.rellenar(banda.html, m_objeto); // throws, naming the fault
-        }
-        if ((banda.tabla || !banda.filas.isEmpty()) && !m_datos.conjuntos.contains(banda.filas))
-        {
-            m_plantilla.fallar(QStringLiteral("ninguna consulta da las filas de %1").arg(banda.filas));
-        }
-    }
-    for (const auto& [nombre, conjunto] : m_datos.conjuntos)
-    {
-        m_objeto.set("hay" + nombre.toStdString(), data(!conjunto.filas.empty()));
-        m_objeto.set("no" + nombre.toStdString(), data(conjunto.filas.empty()));
-        const bool deBanda = std::any_of(m_plantilla.bandas.begin(), m_plantilla.bandas.end(),
-                                         [&cual = nombre](const BandaDeInforme& banda) { return banda.filas == cual; });
-        if (deBanda)
-        {
-            continue;
-        }
-        data lista{data::type::list};
-        for (std::size_t fila = 0; fila < conjunto.filas.size(); ++fila)
-        {
-            lista.push_back(conjunto.objeto(fila, data{data::type::object}));
-        }
-        m_objeto.set(nombre.toStdString(), lista);
-    }
-}
-
-QRectF PaginasDeInforme::area() const
-{
-    return m_plantilla.pagina.paintRect(QPageLayout::Point);
+    *this = PaginasDeInforme(m_contenido, pagina, aviso);
 }
 
 DocumentoDeInforme::Hoja PaginasDeInforme::hoja() const
 {
-    return {m_plantilla.estilo, m_plantilla.carpeta, area().width()};
+    return {m_contenido->plantilla().estilo, m_contenido->plantilla().carpeta, area().width()};
 }
 
 std::unique_ptr<QTextDocument> PaginasDeInforme::dePagina(const std::string& html, int hoja, int hojas) const
 {
-    data datos = m_objeto;
-    datos.set("Pagina", std::to_string(hoja));
-    datos.set("Paginas", std::to_string(hojas));
-    return DocumentoDeInforme::hacer(m_plantilla.rellenar(html, datos), this->hoja());
+    return DocumentoDeInforme::hacer(m_contenido->dePagina(html, hoja, hojas), this->hoja());
 }
 
-const FilasDeInforme* PaginasDeInforme::conjunto(std::size_t banda) const
+const QTextDocument& PaginasDeInforme::dibujo(const Bloque& bloque) const
 {
-    const auto hallado = m_datos.conjuntos.find(m_plantilla.bandas[banda].filas);
-    return hallado == m_datos.conjuntos.end() ? nullptr : &hallado->second;
-}
-
-std::size_t PaginasDeInforme::filasDe(std::size_t banda) const
-{
-    const FilasDeInforme* filas = conjunto(banda);
-    return filas == nullptr ? 0 : filas->filas.size();
-}
-
-std::string PaginasDeInforme::htmlDeFila(std::size_t banda, std::size_t fila) const
-{
-    // A table's row is filled from its own columns alone: with the report's values beside them thousands of rows would
-    // each copy them all.
-    const bool tabla = m_plantilla.bandas[banda].tabla;
-    const FilasDeInforme* filas = conjunto(banda);
-    const data base = tabla ? data{data::type::object} : m_objeto;
-    return m_formas[banda].render(filas == nullptr ? base : filas->objeto(fila, base));
-}
-
-const QTextDocument& PaginasDeInforme::dibujo(const Pieza& pieza) const
-{
-    const auto hecho = std::find_if(m_recientes.begin(), m_recientes.end(),
-                                    [&](const Dibujo& otro)
-                                    {
-                                        return std::tie(otro.pieza.banda, otro.pieza.primera, otro.pieza.cuantas) ==
-                                               std::tie(pieza.banda, pieza.primera, pieza.cuantas);
-                                    });
+    const auto hecho =
+        std::find_if(m_recientes.begin(), m_recientes.end(), [&](const Dibujo& otro) { return otro.bloque == bloque; });
     if (hecho != m_recientes.end())
     {
         m_recientes.splice(m_recientes.begin(), m_recientes, hecho);
         return *m_recientes.front().documento;
     }
-    std::unique_ptr<QTextDocument> documento;
-    if (m_plantilla.bandas[pieza.banda].tabla)
+    std::string html;
+    if (m_contenido->banda(bloque.banda).tabla)
     {
-        std::string filas;
-        for (std::size_t fila = pieza.primera; fila < pieza.primera + pieza.cuantas; ++fila)
+        for (std::size_t fila = bloque.primera; fila < bloque.primera + bloque.cuantas; ++fila)
         {
-            filas += htmlDeFila(pieza.banda, fila);
+            html += m_contenido->fila(bloque.banda, fila, bloque.continua);
         }
-        const AltosDeFilas& altos = m_altos.at(pieza.banda);
-        documento = pieza.suelta ? altos.suelta(filas) : altos.documento(filas);
+        html = m_contenido->tabla(bloque.banda, html);
     }
     else
     {
-        documento = DocumentoDeInforme::hacer(htmlDeFila(pieza.banda, pieza.primera), hoja());
+        html = m_contenido->fila(bloque.banda, bloque.primera);
     }
-    m_recientes.push_front({pieza, std::move(documento)});
+    m_recientes.push_front({bloque, DocumentoDeInforme::hacer(html, hoja())});
     if (m_recientes.size() > dibujosRecordados)
     {
         m_recientes.pop_back();
@@ -145,160 +97,217 @@ void PaginasDeInforme::nuevaHoja()
     m_y = m_inicio;
 }
 
-void PaginasDeInforme::compaginar(const std::function<void(qint64, qint64)>& aviso)
+void PaginasDeInforme::compaginar(const Aviso& aviso)
 {
     const auto alto = [&](const std::string& html)
     { return html.empty() ? 0 : DocumentoDeInforme::alto(*dePagina(html, 9999, 9999)); };
-    const double inicio = alto(m_plantilla.encabezado);
-    const double fin = area().height() - alto(m_plantilla.pie);
-    if (fin - inicio < menorCuerpo || area().width() < menorCuerpo)
+    m_inicio = alto(m_contenido->plantilla().encabezado);
+    m_fin = area().height() - alto(m_contenido->plantilla().pie);
+    if (m_fin - m_inicio < menorCuerpo || area().width() < menorCuerpo)
     {
         throw ErrorDeEjecucion(int{ErrorDeEjecucion::NoCoincidenTipos},
                                QStringLiteral("El informe no entra en una página tan chica."));
     }
-    m_inicio = inicio;
-    m_fin = fin;
-    m_hojas.clear();
-    m_recientes.clear();
-    m_altos.clear();
-    for (std::size_t banda = 0; banda < m_plantilla.bandas.size(); ++banda)
+    m_tablas.resize(m_contenido->bandas());
+    for (std::size_t banda = 0; banda < m_contenido->bandas(); ++banda)
     {
-        const BandaDeInforme& forma = m_plantilla.bandas[banda];
-        if (forma.tabla)
+        if (m_contenido->banda(banda).tabla)
         {
-            m_altos.emplace(banda, AltosDeFilas(m_plantilla.rellenar(forma.apertura, m_objeto), forma.cierre, hoja()));
+            medirTabla(banda, aviso);
         }
     }
     nuevaHoja();
-    for (std::size_t banda = 0; banda < m_plantilla.bandas.size(); ++banda)
+    for (std::size_t banda = 0; banda < m_contenido->bandas(); ++banda)
     {
-        if (m_plantilla.bandas[banda].tabla)
+        if (m_contenido->banda(banda).tabla)
         {
-            ponerTabla(banda, aviso);
+            ponerTabla(banda);
+            continue;
         }
-        else
+        for (std::size_t fila = 0; fila < m_contenido->filas(banda); ++fila)
         {
-            ponerSecciones(banda);
+            ponerSeccion(banda, fila, aviso);
         }
+    }
+    m_tablas = {};
+}
+
+void PaginasDeInforme::medirTabla(std::size_t banda, const Aviso& aviso)
+{
+    const QTextDocument& cabeza = dibujo({.banda = banda});
+    m_tablas[banda].columnas = DocumentoDeInforme::columnas(cabeza);
+    m_tablas[banda].cabeza = m_tablas[banda].columnas.empty() ? 0 : DocumentoDeInforme::alto(cabeza);
+    const std::size_t total = m_contenido->filas(banda);
+    for (std::size_t fila = 0; fila < total;)
+    {
+        const std::size_t cuantas = std::min(filasPorBloque, total - fila);
+        medirBloque({.banda = banda, .primera = fila, .cuantas = cuantas});
+        fila += cuantas;
+        if (aviso)
+        {
+            aviso(static_cast<qint64>(fila), static_cast<qint64>(total));
+        }
+    }
+}
+
+/// Rows of which one moves the columns, by a word that cannot be broken, do not go together: it stays alone.
+void PaginasDeInforme::medirBloque(const Bloque& bloque)
+{
+    Tabla& tabla = m_tablas[bloque.banda];
+    std::vector<std::size_t> renglones; // lines of the table that each row has
+    for (std::size_t fila = 0; fila < bloque.cuantas; ++fila)
+    {
+        const std::string html = m_contenido->fila(bloque.banda, bloque.primera + fila);
+        std::size_t cuantos = 0;
+        for (std::size_t i = html.find("<tr"); i != std::string::npos; i = html.find("<tr", i + 1))
+        {
+            ++cuantos;
+        }
+        renglones.push_back(cuantos);
+        tabla.filas.push_back({.bloque = bloque,
+                               .junto = esDeClase(html, "junto"),
+                               .unida = esDeClase(html, "unida"),
+                               .grupo = esDeClase(html, "grupo")});
+    }
+    const QTextDocument& documento = dibujo(bloque);
+    const std::vector<double> topes = DocumentoDeInforme::topes(documento);
+    const std::size_t todos = std::accumulate(renglones.begin(), renglones.end(), std::size_t{0});
+    const bool entero = topes.size() == todos && DocumentoDeInforme::columnas(documento) == tabla.columnas;
+    if (!entero && bloque.cuantas > 1)
+    {
+        tabla.filas.resize(tabla.filas.size() - bloque.cuantas);
+        const std::size_t mitad = bloque.cuantas / 2;
+        medirBloque({.banda = bloque.banda, .primera = bloque.primera, .cuantas = mitad});
+        medirBloque({.banda = bloque.banda, .primera = bloque.primera + mitad, .cuantas = bloque.cuantas - mitad});
+        return;
+    }
+    const double fondo = DocumentoDeInforme::alto(documento);
+    std::size_t renglon = 0;
+    const auto tope = [&] { return renglon < topes.size() ? topes[renglon] : fondo; };
+    for (std::size_t fila = 0; fila < bloque.cuantas; ++fila)
+    {
+        Fila& medida = tabla.filas[tabla.filas.size() - bloque.cuantas + fila];
+        medida.desde = tope();
+        renglon += renglones[fila];
+        medida.hasta = fila + 1 == bloque.cuantas ? fondo : tope();
     }
 }
 
 double PaginasDeInforme::altoDeSeccion(std::size_t banda, std::size_t fila) const
 {
     const double alto = DocumentoDeInforme::alto(dibujo({.banda = banda, .primera = fila}));
-    return alto <= 0 ? 0 : std::max(alto, m_plantilla.bandas[banda].alto);
+    return alto <= 0 ? 0 : std::max(alto, m_contenido->banda(banda).alto);
+}
+
+double PaginasDeInforme::altoDeCadena(std::size_t banda, std::size_t fila) const
+{
+    const std::vector<Fila>& filas = m_tablas[banda].filas;
+    double alto = filas[fila].alto();
+    for (; fila + 1 < filas.size() && alto < m_fin && (filas[fila].junto || filas[fila + 1].unida); ++fila)
+    {
+        alto += filas[fila + 1].alto();
+    }
+    return alto + (fila + 1 == filas.size() && m_contenido->banda(banda).junto ? comienzo(banda + 1) : 0);
 }
 
 double PaginasDeInforme::comienzo(std::size_t banda) const
 {
-    if (banda >= m_plantilla.bandas.size())
+    if (banda >= m_contenido->bandas())
     {
         return 0;
     }
-    const BandaDeInforme& forma = m_plantilla.bandas[banda];
-    const bool vacia = !forma.filas.isEmpty() && filasDe(banda) == 0;
-    if (vacia)
+    if (m_contenido->filas(banda) == 0)
     {
         return comienzo(banda + 1);
     }
+    const BandaDeInforme& forma = m_contenido->banda(banda);
     if (forma.tabla)
     {
-        AltosDeFilas& altos = m_altos.at(banda);
-        const bool sola = forma.junto && filasDe(banda) == 1;
-        return altos.cabeza() + altos.de(htmlDeFila(banda, 0)).puntos + (sola ? comienzo(banda + 1) : 0);
+        return m_tablas[banda].cabeza + altoDeCadena(banda, 0);
     }
     return altoDeSeccion(banda, 0) + (forma.junto ? comienzo(banda + 1) : 0);
 }
 
-void PaginasDeInforme::ponerSecciones(std::size_t banda)
+void PaginasDeInforme::poner(const Bloque& bloque, double desde, double hasta, const Aviso& aviso)
 {
-    const std::size_t veces = m_plantilla.bandas[banda].filas.isEmpty() ? 1 : filasDe(banda);
-    for (std::size_t fila = 0; fila < veces; ++fila)
+    while (desde < hasta)
     {
-        ponerSeccion(banda, fila);
+        const double parte = m_y + hasta - desde <= m_fin + holgura ? hasta : desde + m_fin - m_y;
+        Hoja& hoja = m_hojas.back();
+        if (!hoja.empty() && hoja.back().bloque == bloque && hoja.back().hasta == desde)
+        {
+            hoja.back().hasta = parte;
+        }
+        else
+        {
+            hoja.push_back({bloque, desde, parte, m_y});
+        }
+        m_y += parte - desde;
+        desde = parte;
+        if (desde < hasta)
+        {
+            nuevaHoja();
+            if (aviso)
+            {
+                aviso(0, 0);
+            }
+        }
     }
 }
 
-void PaginasDeInforme::ponerSeccion(std::size_t banda, std::size_t fila)
+void PaginasDeInforme::ponerSeccion(std::size_t banda, std::size_t fila, const Aviso& aviso)
 {
     const double alto = altoDeSeccion(banda, fila);
-    const double conSiguiente = alto + (m_plantilla.bandas[banda].junto ? comienzo(banda + 1) : 0);
-    constexpr double holgura = 0.5; // points: what rounding may take
+    const double conSiguiente = alto + (m_contenido->banda(banda).junto ? comienzo(banda + 1) : 0);
     if (m_y + conSiguiente > m_fin + holgura && m_y > m_inicio && alto > 0)
     {
         nuevaHoja();
     }
-    // A section taller than a page is the one thing that is cut.
-    for (double desde = 0; desde < alto;)
+    poner({.banda = banda, .primera = fila}, 0, alto, aviso);
+    if (aviso)
     {
-        const bool entra = m_y + alto - desde <= m_fin + holgura;
-        const double hasta = entra ? alto : desde + m_fin - m_y;
-        m_hojas.back().push_back({banda, fila, 0, false, desde, hasta, m_y});
-        m_y += hasta - desde;
-        desde = hasta;
-        if (desde < alto)
-        {
-            nuevaHoja();
-        }
+        aviso(0, 0);
     }
 }
 
-void PaginasDeInforme::ponerTabla(std::size_t banda, const std::function<void(qint64, qint64)>& aviso)
+void PaginasDeInforme::ponerTabla(std::size_t banda)
 {
-    AltosDeFilas& altos = m_altos.at(banda);
-    const std::size_t total = filasDe(banda);
-    const double trasUltima = m_plantilla.bandas[banda].junto ? comienzo(banda + 1) : 0;
+    const Tabla& tabla = m_tablas[banda];
     bool conCabeza = false;
-    bool seguido = false; // the next row may join the last piece
-    AltosDeFilas::Alto actual = total == 0 ? AltosDeFilas::Alto() : altos.de(htmlDeFila(banda, 0));
-    for (std::size_t fila = 0; fila < total; ++fila)
+    for (std::size_t fila = 0; fila < tabla.filas.size(); ++fila)
     {
-        const AltosDeFilas::Alto siguiente =
-            fila + 1 < total ? altos.de(htmlDeFila(banda, fila + 1)) : AltosDeFilas::Alto();
-        const double pedido =
-            actual.puntos + (actual.junto ? siguiente.puntos : 0) + (fila + 1 == total ? trasUltima : 0);
-        if (m_y + (conCabeza ? 0 : altos.cabeza()) + pedido > m_fin && m_y > m_inicio)
+        const double cadena = altoDeCadena(banda, fila);
+        const bool entra = m_inicio + tabla.cabeza + cadena <= m_fin; // in any page
+        const double pedido = (conCabeza ? 0 : tabla.cabeza) + (entra ? cadena : tabla.filas[fila].alto());
+        if (m_y + pedido > m_fin && m_y > m_inicio)
         {
             nuevaHoja();
             conCabeza = false;
-            seguido = false;
         }
         if (!conCabeza)
         {
-            m_hojas.back().push_back({banda, fila, 0, false, 0, altos.cabeza(), m_y});
-            m_y += altos.cabeza();
+            ponerCabeza(banda, fila);
             conCabeza = true;
-            seguido = actual.regular; // they go together with their head
         }
-        if (!seguido || !actual.regular)
-        {
-            const double desde = actual.regular ? altos.cabeza() : altos.cabezaDeSuelta();
-            m_hojas.back().push_back({banda, fila, 0, !actual.regular, desde, desde, m_y});
-        }
-        Pieza& pieza = m_hojas.back().back();
-        ++pieza.cuantas;
-        pieza.hasta += actual.puntos;
-        m_y += actual.puntos;
-        seguido = actual.regular;
-        actual = siguiente;
-        if (aviso && (fila % filasPorAviso == 0 || fila + 1 == total))
-        {
-            aviso(static_cast<qint64>(fila) + 1, static_cast<qint64>(total));
-        }
+        poner(tabla.filas[fila].bloque, tabla.filas[fila].desde, tabla.filas[fila].hasta);
     }
 }
 
-void PaginasDeInforme::setPagina(const QPageLayout& pagina, const std::function<void(qint64, qint64)>& aviso)
+void PaginasDeInforme::ponerCabeza(std::size_t banda, std::size_t fila)
 {
-    const QPageLayout anterior = std::exchange(m_plantilla.pagina, pagina);
-    try
+    const Tabla& tabla = m_tablas[banda];
+    poner({.banda = banda}, 0, tabla.cabeza);
+    std::size_t titulo = fila;
+    while (titulo > 0 && !tabla.filas[titulo].grupo)
     {
-        compaginar(aviso);
+        --titulo;
     }
-    catch (const ErrorDeEjecucion&)
+    if (titulo < fila && tabla.filas[titulo].grupo)
     {
-        m_plantilla.pagina = anterior;
-        throw;
+        const Bloque repetido{.banda = banda, .primera = titulo, .cuantas = 1, .continua = true};
+        const QTextDocument& documento = dibujo(repetido);
+        const std::vector<double> topes = DocumentoDeInforme::topes(documento);
+        poner(repetido, topes.empty() ? tabla.cabeza : topes.front(), DocumentoDeInforme::alto(documento));
     }
 }
 
@@ -307,12 +316,13 @@ void PaginasDeInforme::pintar(QPainter& pintor, int hoja) const
     const QRectF caja = area();
     for (const Pieza& pieza : m_hojas[static_cast<std::size_t>(hoja)])
     {
-        DocumentoDeInforme::pintar(pintor, dibujo(pieza), QPointF(caja.left(), caja.top() + pieza.y), pieza.desde,
-                                   pieza.hasta);
+        DocumentoDeInforme::pintar(pintor, dibujo(pieza.bloque), QPointF(caja.left(), caja.top() + pieza.y),
+                                   pieza.desde, pieza.hasta);
     }
-    const auto cabeza = dePagina(m_plantilla.encabezado, hoja + 1, cantidad());
+    const PlantillaDeInforme& plantilla = m_contenido->plantilla();
+    const auto cabeza = dePagina(plantilla.encabezado, hoja + 1, cantidad());
     DocumentoDeInforme::pintar(pintor, *cabeza, caja.topLeft(), 0, DocumentoDeInforme::alto(*cabeza));
-    const auto pie = dePagina(m_plantilla.pie, hoja + 1, cantidad());
+    const auto pie = dePagina(plantilla.pie, hoja + 1, cantidad());
     const double alto = DocumentoDeInforme::alto(*pie);
     DocumentoDeInforme::pintar(pintor, *pie, QPointF(caja.left(), caja.bottom() - alto), 0, alto);
 }

@@ -3,6 +3,7 @@
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
+#include "platform/data/latido.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -138,7 +139,11 @@ private:
             {
                 fallar(QStringLiteral("los márgenes son cuatro"));
             }
-            m_plantilla.pagina.setMargins({mm[3].toDouble(), mm[0].toDouble(), mm[1].toDouble(), mm[2].toDouble()});
+            if (!m_plantilla.pagina.setMargins(
+                    {mm[3].toDouble(), mm[0].toDouble(), mm[1].toDouble(), mm[2].toDouble()}))
+            {
+                fallar(QStringLiteral("los márgenes no entran en el papel"));
+            }
         }
     }
 
@@ -154,7 +159,13 @@ private:
         constexpr double puntosPorMilimetro = 72 / 25.4;
         BandaDeInforme banda;
         banda.filas = atributo("filas");
-        banda.alto = atributo("alto").toDouble() * puntosPorMilimetro;
+        const double milimetros = atributo("alto").toDouble();
+        constexpr double mayorAlto = 1000;
+        if (!(milimetros >= 0 && milimetros <= mayorAlto))
+        {
+            fallar(QStringLiteral("el alto de una sección no pasa de %1 mm").arg(mayorAlto));
+        }
+        banda.alto = milimetros * puntosPorMilimetro;
         banda.junto = lista("class").contains(QLatin1String("junto"));
         banda.html = interior().toStdString();
         m_plantilla.bandas.push_back(std::move(banda));
@@ -274,20 +285,31 @@ PlantillaDeInforme PlantillaDeInforme::leer(const QString& ruta)
     return Lector(ruta).leer();
 }
 
-DatosDeInforme DatosDeInforme::leer(const PlantillaDeInforme& plantilla, const QString& base, ValoresDeInforme valores)
+DatosDeInforme DatosDeInforme::leer(const PlantillaDeInforme& plantilla, Conexion& conexion, ValoresDeInforme valores,
+                                    const std::function<void(qint64, qint64)>& aviso)
 {
     DatosDeInforme datos;
     datos.valores = std::move(valores);
-    if (plantilla.consultas.empty())
-    {
-        return datos;
-    }
-    Conexion conexion;
-    conexion.abrir(base, Conexion::Modo::SoloLectura);
     const std::optional<qint64> indice = indiceDe(datos.valores);
     for (const ConsultaDeInforme& consulta : plantilla.consultas)
     {
-        datos.conjuntos.emplace(consulta.nombre, ejecutar(conexion, consulta, indice));
+        const Latido latido(conexion,
+                            [&]
+                            {
+                                if (aviso)
+                                {
+                                    aviso(0, 0);
+                                }
+                            });
+        try
+        {
+            datos.conjuntos.emplace(consulta.nombre, ejecutar(conexion, consulta, indice));
+        }
+        catch (const ErrorDeEjecucion&)
+        {
+            latido.relanzar();
+            throw;
+        }
     }
     return datos;
 }

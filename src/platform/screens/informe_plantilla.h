@@ -6,10 +6,13 @@
 #include <QPageLayout>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <kainjow/mustache.hpp>
 #include <map>
 #include <string>
 #include <vector>
+
+class Conexion;
 
 /// A report layout: a well-formed HTML text with Mustache tags.
 ///
@@ -31,7 +34,9 @@
 /// such a section, both). A row set can also be walked inside a section by {{#Name}}...{{/Name}}. {{#hayName}} and
 /// {{#noName}} tell whether a value holds a letter or a digit, or a row set a row, and {{#unoName}} whether a number
 /// is 1. Everything is escaped. A table's head stands again on each page, and no row is cut. A section, a row
-/// (<tr class="junto">) or a table's last row (<table class="junto">) is kept on the page of what follows it.
+/// (<tr class="junto">) or a table's last row (<table class="junto">) is kept on the page of what follows it, and
+/// <tr class="unida"> on that of the row before. <tr class="grupo"> stands again where the rows after it go on over a
+/// page, with {{#Continua}} true.
 struct ConsultaDeInforme
 {
     QString nombre;
@@ -89,10 +94,11 @@ struct DatosDeInforme
     ValoresDeInforme valores;
     std::map<QString, FilasDeInforme> conjuntos;
 
-    /// Runs the layout's queries over a read-only connection to `base`, with the value "Indice" bound where one is
-    /// asked.
-    [[nodiscard]] static DatosDeInforme leer(const PlantillaDeInforme& plantilla, const QString& base,
-                                             ValoresDeInforme valores);
+    /// Runs the layout's queries, with the value "Indice" bound where one is asked. `aviso` is called often meanwhile,
+    /// and what it throws ends the work. Without queries the connection may be closed.
+    [[nodiscard]] static DatosDeInforme leer(const PlantillaDeInforme& plantilla, Conexion& conexion,
+                                             ValoresDeInforme valores,
+                                             const std::function<void(qint64, qint64)>& aviso = {});
     /// The named values and row sets as a Mustache object.
     [[nodiscard]] kainjow::mustache::data objeto() const;
 };

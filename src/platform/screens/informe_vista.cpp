@@ -10,6 +10,7 @@
 #include "platform/screens/navegacion.h"
 #include "platform/screens/trabajo_largo.h"
 
+#include <QCloseEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
@@ -190,6 +191,11 @@ VistaDeInforme::VistaDeInforme(PaginasDeInforme paginas, QWidget* padre)
     connect(ayuda, &QShortcut::activated, this, [this] { Navegacion::instancia().ayuda(objectName()); });
     resize(1000, 720);
     actualizar();
+}
+
+void VistaDeInforme::closeEvent(QCloseEvent* evento)
+{
+    TrabajoLargo::enCurso() ? evento->ignore() : QMainWindow::closeEvent(evento);
 }
 
 void VistaDeInforme::armarBarra()

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/screens/fuentes.h"
 #include "platform/screens/informe_paginas.h"
 
 #include <QAbstractScrollArea>
@@ -52,6 +51,9 @@ public:
     /// then.
     Q_INVOKABLE void guardarPdf(const QString& ruta);
 
+protected:
+    void closeEvent(QCloseEvent* evento) override; ///< refused while it works
+
 private:
     void armarBarra();
     void imprimir();
@@ -61,7 +63,6 @@ private:
     void pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino);
     void actualizar();
 
-    std::vector<std::shared_ptr<Fuentes::Agregada>> m_fuentes = Fuentes::enUso(); ///< its pages are drawn later
     HojasDeInforme* m_hojas;
     QLabel* m_numero;
     QAction* m_primera = nullptr;

@@ -1,40 +1,54 @@
 #pragma once
 
-#include "platform/screens/informe_paginas.h"
+#include "apoyo/hojas.h"
+#include "platform/screens/informe_vista.h"
 
+#include <QFile>
 #include <QTemporaryDir>
-#include <vector>
+#include <gtest/gtest.h>
 
 /// Layouts written by a test, and what comes out of the PDF.
 class InformeDePrueba
 {
 public:
-    struct Palabra
-    {
-        int hoja; ///< from 0
-        double izquierda;
-        double arriba;
-        double derecha;
-        double abajo;
-        QString texto;
-    };
-
     /// Writes a layout with this body (and head, past its title) and gives its path.
-    [[nodiscard]] QString escribir(const QString& cuerpo, const QString& cabeza = {}) const;
-    [[nodiscard]] QString ruta(const QString& nombre) const { return m_carpeta.filePath(nombre); }
-    [[nodiscard]] PaginasDeInforme paginas(const QString& cuerpo, DatosDeInforme datos = {},
-                                           const QString& cabeza = {}) const;
-    /// Text of each page of the PDF, blanks run together.
-    [[nodiscard]] QStringList textos(PaginasDeInforme paginas) const;
-    /// Its words where they stand, in points, from top to bottom.
-    [[nodiscard]] std::vector<Palabra> palabras(PaginasDeInforme paginas) const;
+    [[nodiscard]] QString escribir(const QString& cuerpo, const QString& cabeza = {}) const
+    {
+        QFile archivo(ruta("prueba.rpt"));
+        EXPECT_TRUE(archivo.open(QIODevice::WriteOnly));
+        archivo.write(("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<html><head><title>Prueba</title>" + cabeza +
+                       "</head>\n<body>" + cuerpo + "</body></html>\n")
+                          .toUtf8());
+        return archivo.fileName();
+    }
+    [[nodiscard]] QString ruta(const char* nombre) const { return m_carpeta.filePath(QString::fromUtf8(nombre)); }
+    [[nodiscard]] PaginasDeInforme paginas(const QString& cuerpo, DatosDeInforme datos = {}, const QString& cabeza = {},
+                                           const PaginasDeInforme::Aviso& aviso = {}) const
+    {
+        return {PlantillaDeInforme::leer(escribir(cuerpo, cabeza)), std::move(datos), aviso};
+    }
     /// Saves it as PDF and gives its path.
-    [[nodiscard]] QString pdf(PaginasDeInforme paginas) const;
+    [[nodiscard]] QString pdf(PaginasDeInforme paginas) const
+    {
+        VistaDeInforme(std::move(paginas)).guardarPdf(ruta("prueba.pdf"));
+        return ruta("prueba.pdf");
+    }
+    [[nodiscard]] QStringList textos(PaginasDeInforme paginas) const { return hojas::textos(pdf(std::move(paginas))); }
+    /// Data with one row set, "Filas", of these columns; one whose name begins with "Es" is a condition.
+    [[nodiscard]] static DatosDeInforme filas(std::vector<std::string> columnas,
+                                              std::vector<std::vector<std::string>> filas)
+    {
+        DatosDeInforme datos;
+        FilasDeInforme& conjunto = datos.conjuntos[QStringLiteral("Filas")];
+        for (const std::string& columna : columnas)
+        {
+            conjunto.condicion.push_back(columna.starts_with("Es"));
+        }
+        conjunto.columnas = std::move(columnas);
+        conjunto.filas = std::move(filas);
+        return datos;
+    }
 
 private:
     QTemporaryDir m_carpeta;
 };
-
-/// Rows of text columns.
-[[nodiscard]] FilasDeInforme filasDeTexto(std::vector<std::string> columnas,
-                                          std::vector<std::vector<std::string>> filas);
