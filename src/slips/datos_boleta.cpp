@@ -52,11 +52,14 @@ void agregarActa(ValoresDeInforme& valores, const Boleta& boleta, const TextosDe
 
 ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const TextosDeBoleta& textos)
 {
+    constexpr QLatin1String sinLocalidad(" - () ");
+    const QString domicilio =
+        textos.domicilio.endsWith(sinLocalidad) ? textos.domicilio.chopped(sinLocalidad.size()) : textos.domicilio;
     const QString otros = boleta.dias == 0 ? QString() : QStringLiteral("INTERES %1 DIAS").arg(textos.dias);
     ValoresDeInforme valores{
         {QStringLiteral("Version"), conexion.consultar("SELECT * FROM Parametros").primera().texto("Version")},
         {QStringLiteral("CUIT"), boleta.cuit},
-        {QStringLiteral("Domicilio"), textos.domicilio},
+        {QStringLiteral("Domicilio"), domicilio},
         {QStringLiteral("Empresa"), textos.empresa},
         {QStringLiteral("ImporteTotal"), boleta.importeTotal},
         {QStringLiteral("Otros_Conceptos"), otros},
@@ -78,5 +81,6 @@ ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const
         break;
     }
     valores.push_back({QStringLiteral("Fecha"), boleta.fecha});
+    valores.push_back({QStringLiteral("FuenteDeBarras"), qint64{textos.hayFuente ? 1 : 0}});
     return valores;
 }

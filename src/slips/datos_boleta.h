@@ -15,9 +15,10 @@ struct TextosDeBoleta
     QString dias;     ///< days, act and instalment as they were typed, zeros in front and all
     QString nroActa;
     QString cuota;
+    bool hayFuente = true; ///< to draw the bars with
 };
 
-/// The named values of the slip report, by index: nine common ones, then those of the kind, the date of payment last.
-/// Reads the schema version and, for contributions, head counts and remunerations of the declaration at hand. Amounts
-/// are exact; the layout's engine formats them.
+/// The named values of the slip report, by index: nine common ones, then those of the kind, at last the date of payment
+/// and whether the bars can be drawn. Reads the schema version and, for contributions, head counts and remunerations of
+/// the declaration at hand. Amounts are exact; the layout's engine formats them.
 [[nodiscard]] ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const TextosDeBoleta& textos);

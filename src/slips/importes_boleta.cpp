@@ -1,16 +1,18 @@
 #include "slips/importes_boleta.h"
 
+#include "core/vigencia.h"
 #include "platform/data/conexion.h"
 #include "platform/data/formato.h"
 
 namespace
 {
-AportesDeBoleta sumar(Conexion& conexion, const ClaveDDJJ& clave, int secuencia)
+/// Throws 94 for an empty roster.
+AportesDeBoleta sumar(Conexion& conexion, const ClaveDDJJ& clave)
 {
     const Recordset sumas =
         conexion.consultar("SELECT Sum(ART100) AS Sum100, Sum(ART101A) AS Sum101A, Sum(ART101B) AS Sum101B "
                            "FROM DDJJ_Empleados WHERE CUIT = ? AND Periodo = ? AND Secuencia = ?",
-                           clave.cuit, clave.periodo, secuencia);
+                           clave.cuit, clave.periodo, clave.secuencia);
     const Fila fila = sumas.primera();
     return {fila.moneda("Sum100"), fila.moneda("Sum101A"), fila.moneda("Sum101B"), false};
 }
@@ -30,14 +32,32 @@ QString conCuatroDecimales(const QString& texto)
 }
 } // namespace
 
+void exigirNomina(Conexion& conexion, const ClaveDDJJ& clave)
+{
+    exigirDeclaracion(conexion, clave);
+    if (!conexion.hay("SELECT 1 FROM DDJJ_Empleados WHERE CUIT = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
+                      clave.periodo, clave.secuencia))
+    {
+        throw YaNoEsta(QStringLiteral("La Nómina de Empleados de la Declaración Jurada %1 - %2 ya no se encuentra en "
+                                      "la Base: fue eliminada desde otra ventana u otro puesto.")
+                           .arg(Formato(clave.periodo, u"YYYY/MM"), QString::number(clave.secuencia)));
+    }
+}
+
 AportesDeBoleta calcularAportesDeBoleta(Conexion& conexion, const ClaveDDJJ& clave)
 {
+    if (clave.periodo.isValid()) // without a month there never was a declaration
+    {
+        exigirNomina(conexion, clave);
+    }
     if (clave.secuencia == 0)
     {
-        return sumar(conexion, clave, 0);
+        return sumar(conexion, clave);
     }
-    const AportesDeBoleta original = sumar(conexion, clave, 0);
-    AportesDeBoleta aportes = sumar(conexion, clave, clave.secuencia);
+    const ClaveDDJJ primera{clave.cuit, clave.periodo, 0};
+    exigirDeclaracion(conexion, primera);
+    const AportesDeBoleta original = sumar(conexion, primera);
+    AportesDeBoleta aportes = sumar(conexion, clave);
     aportes.menorQueOriginal =
         original.art100 > aportes.art100 || original.art101A > aportes.art101A || original.art101B > aportes.art101B;
     aportes.art100 -= original.art100;

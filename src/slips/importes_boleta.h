@@ -20,10 +20,15 @@ struct AportesDeBoleta
     [[nodiscard]] Moneda subTotal() const { return art100 + art101A + art101B; }
 };
 
-/// Throws ErrorDeEjecucion 94 when the declaration, or the original of a rectification, has no roster.
+/// Throws YaNoEsta when the declaration, its roster or the original of a rectification has been deleted meanwhile;
+/// ErrorDeEjecucion 94 when the original stands and has no roster.
 [[nodiscard]] AportesDeBoleta calcularAportesDeBoleta(Conexion& conexion, const ClaveDDJJ& clave);
 
-/// What a typed amount comes to: rounded to two decimals, halves to even. Throws 13 for what is no number.
+/// Throws YaNoEsta when the declaration has been deleted meanwhile, or all of its roster.
+void exigirNomina(Conexion& conexion, const ClaveDDJJ& clave);
+
+/// What a typed amount comes to: rounded to two decimals, halves to even. Throws 13 for what is no number and 6 for
+/// more than money holds.
 [[nodiscard]] Moneda importeDeCampo(const QString& texto);
 
 /// The text of an amount field without "$ " and thousands' dots before its comma.

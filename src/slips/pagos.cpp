@@ -1,11 +1,18 @@
 #include "slips/pagos.h"
 
+#include "core/vigencia.h"
 #include "platform/data/conexion.h"
 
 namespace
 {
 constexpr std::string_view busquedaComun =
     "SELECT 1 FROM PAGOS WHERE Cuit = ? AND Tipo = ? AND Fecha = ? AND Dias = ? AND Interes = ? AND Importe = ?";
+
+[[noreturn]] void avisarQueNoEsta()
+{
+    throw YaNoEsta(QStringLiteral("El Pago seleccionado ya no se encuentra en la Base: fue eliminado desde otra "
+                                  "ventana u otro puesto."));
+}
 } // namespace
 
 bool pagoRegistrado(Conexion& conexion, const Boleta& b)
@@ -40,16 +47,6 @@ void registrarPago(Conexion& conexion, const Boleta& b)
         b.importeTotal, acta ? b.nroActa : 0, acta ? b.cuota : 0, acta ? b.cuenta : 0);
 }
 
-void registrarPagoSiFalta(Conexion& conexion, const Boleta& boleta)
-{
-    Transaccion transaccion(conexion);
-    if (!pagoRegistrado(conexion, boleta))
-    {
-        registrarPago(conexion, boleta);
-    }
-    transaccion.confirmar();
-}
-
 std::vector<PagoDeActa> listarPagosDeActas(Conexion& conexion, const QString& cuit, int cuenta)
 {
     std::vector<PagoDeActa> pagos;
@@ -67,6 +64,10 @@ std::vector<PagoDeActa> listarPagosDeActas(Conexion& conexion, const QString& cu
 PagoGuardado cargarPago(Conexion& conexion, qint64 pago)
 {
     const Recordset filas = conexion.consultar("SELECT * FROM PAGOS WHERE Pago = ?", pago);
+    if (filas.vacio())
+    {
+        avisarQueNoEsta();
+    }
     const Fila fila = filas.primera();
     return {fila.entero("Dias"), fila.moneda("Interes"), fila.entero("NroActa"), fila.entero("Cuota"),
             fila.moneda("Importe")};
@@ -74,5 +75,8 @@ PagoGuardado cargarPago(Conexion& conexion, qint64 pago)
 
 void eliminarPago(Conexion& conexion, qint64 pago)
 {
-    conexion.ejecutar("DELETE FROM PAGOS WHERE Pago = ?", pago);
+    if (conexion.ejecutar("DELETE FROM PAGOS WHERE Pago = ?", pago) == 0)
+    {
+        avisarQueNoEsta();
+    }
 }

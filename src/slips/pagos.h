@@ -13,8 +13,6 @@ class Conexion;
 [[nodiscard]] bool pagoRegistrado(Conexion& conexion, const Boleta& boleta);
 /// Adds the slip to the register.
 void registrarPago(Conexion& conexion, const Boleta& boleta);
-/// pagoRegistrado and registrarPago under one lock, so that two desks cannot register the same slip twice.
-void registrarPagoSiFalta(Conexion& conexion, const Boleta& boleta);
 
 /// A payment of an act as the list shows it.
 struct PagoDeActa
@@ -37,6 +35,6 @@ struct PagoGuardado
     qint64 cuota = 0;
     Moneda importe;
 };
-/// Throws ErrorDeEjecucion 3021 when it is gone.
+/// Both throw YaNoEsta when another desk has deleted it.
 [[nodiscard]] PagoGuardado cargarPago(Conexion& conexion, qint64 pago);
 void eliminarPago(Conexion& conexion, qint64 pago);

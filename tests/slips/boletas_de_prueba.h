@@ -7,7 +7,7 @@
 namespace dePrueba
 {
 [[nodiscard]] Moneda pesos(const char* texto);
-[[nodiscard]] Boleta boletaDeAportes();
+[[nodiscard]] Boleta boletaDeAportes(); ///< of sequence 1
 [[nodiscard]] Boleta boletaDeInteres();
 [[nodiscard]] Boleta boletaDeActa();
 } // namespace dePrueba

@@ -2,10 +2,12 @@
 
 #include "core/rutinas.h"
 #include "core/screens/validar.h"
+#include "core/vigencia.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
 #include "platform/data/reloj.h"
 #include "platform/screens/estilo.h"
+#include "platform/screens/fuentes.h"
 #include "platform/screens/mensajes.h"
 #include "platform/screens/navegacion.h"
 #include "platform/screens/trabajo_largo.h"
@@ -19,7 +21,6 @@ using Rutinas::ModoAbrir;
 
 namespace
 {
-const QString fuenteDeBarras = QStringLiteral("PF Interleaved 2 of 5");
 constexpr int sinLimite = 32767;
 constexpr int largoDeImporte = 10;
 constexpr QStringView conSigno = u"$ #,##0.00";
@@ -143,6 +144,13 @@ void Boletas::armarEventos()
     alDejar(ui->txtImporte, &Boletas::txtImporte_Validate);
 }
 
+/// Each activation repeats the entries of the list, always by twos.
+int Boletas::fondo() const
+{
+    const int posicion = ui->cmbConcepto->currentIndex();
+    return posicion < 0 ? -1 : posicion % 2;
+}
+
 int Boletas::tipo() const
 {
     return ModoAbrir <= 2 ? ModoAbrir : 0;
@@ -158,22 +166,11 @@ void Boletas::cargar()
         marco->hide();
     }
     ui->marcos->setMinimumSize(lugar);
-    if (IsFont(fuenteDeBarras))
+    if (!IsFont(fuenteDeBarras))
     {
-        FuenteInstalada = true;
-        m_fuentes = Fuentes::enUso(); // another screen or a preview may have brought it, and may close first
+        // A font that cannot be added shows nothing: the slip then prints without its bars.
+        Fuentes::agregar(Rutinas::RutaApp + QStringLiteral("PF_I2OF5.ttf"));
     }
-    else if (auto agregada = Fuentes::agregar(Rutinas::RutaApp + QStringLiteral("PF_I2OF5.ttf")))
-    {
-        m_fuentes = {std::move(agregada)};
-    }
-    // A font that cannot be added shows nothing: the slip then prints without its bars.
-}
-
-bool Boletas::descargar()
-{
-    m_fuentes.clear();
-    return true;
 }
 
 QString Boletas::empresaEnCurso() const
@@ -190,6 +187,19 @@ bool Boletas::IsFont(const QString& nombre)
 }
 
 void Boletas::activar()
+{
+    try
+    {
+        preparar();
+    }
+    catch (const YaNoEsta&) // a slip of what another desk has deleted is for nothing
+    {
+        cerrar();
+        throw;
+    }
+}
+
+void Boletas::preparar()
 {
     InteresBoleta = {};
     ImporteTotal = Moneda();
@@ -227,8 +237,7 @@ void Boletas::prepararDeclaracion()
 {
     // Each activation adds the entries once more.
     ui->cmbConcepto->addItems({QStringLiteral("APORTES DEL PERIODO"), QStringLiteral("INTERESES DEL PERIODO")});
-    ui->txtCuit->setText(CuitActual);
-    CargarEmpresa();
+    CargarEmpresa(CuitActual);
     const QString anio = QString::number(Rutinas::PeriodoActual.year());
     const QString mes = QString::number(Rutinas::PeriodoActual.month());
     const QString secuencia = QString::number(Rutinas::SecuenciaActual);
@@ -255,8 +264,7 @@ bool Boletas::prepararActa()
     {
         return false;
     }
-    ui->txtCuit->setText(CuitActual);
-    CargarEmpresa();
+    CargarEmpresa(CuitActual);
     mostrarMarco(2);
     return true;
 }
@@ -286,9 +294,14 @@ void Boletas::mostrarMarco(int cual)
     ui->fraPeriodo_2->setVisible(cual == 2);
 }
 
-void Boletas::CargarEmpresa()
+void Boletas::CargarEmpresa(const QString& cuit)
 {
-    const Recordset filas = Rutinas::Conexion.consultar("SELECT * FROM Empresas WHERE CUIT = ?", ui->txtCuit->text());
+    if (!cuit.isEmpty())
+    {
+        exigirEmpresa(Rutinas::Conexion, cuit);
+    }
+    ui->txtCuit->setText(cuit);
+    const Recordset filas = Rutinas::Conexion.consultar("SELECT * FROM Empresas WHERE CUIT = ?", cuit);
     const Fila empresa = filas.primera();
     ui->txtRazon->setText(empresa.texto("Razon"));
     ui->txtDomicilio->setText(domicilioDeBoleta(
@@ -352,8 +365,7 @@ void Boletas::CargarActas()
     else
     {
         std::vector<std::vector<QVariant>> filas;
-        for (const PagoDeActa& pago :
-             listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), ui->cmbConcepto->currentIndex()))
+        for (const PagoDeActa& pago : listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), fondo()))
         {
             filas.push_back({Formato(pago.fecha, u"DD/MM/YY"), pago.nroActa, pago.cuota,
                              QVariant::fromValue(pago.importe), pago.pago});
@@ -374,8 +386,7 @@ void Boletas::cmdBuscar_Click()
     Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpresa"));
     if (!CuitActual.isEmpty())
     {
-        ui->txtCuit->setText(CuitActual);
-        CargarEmpresa();
+        CargarEmpresa(CuitActual);
         Q_EMIT Navegacion::instancia().cambioDePantalla();
     }
 }
@@ -386,9 +397,23 @@ void Boletas::cmdEliminar_Click()
     {
         return;
     }
-    eliminarPago(Rutinas::Conexion, PagoElegido);
+    conLaLista([this] { eliminarPago(Rutinas::Conexion, PagoElegido); });
     MsgBox(QStringLiteral("El Pago ha sido Eliminado."), Caja::Exclamacion);
     CargarActas();
+}
+
+template <class Cuerpo>
+void Boletas::conLaLista(Cuerpo cuerpo)
+{
+    try
+    {
+        cuerpo();
+    }
+    catch (const YaNoEsta&)
+    {
+        CargarActas();
+        throw;
+    }
 }
 
 bool Boletas::MaskFecha_Validate()
@@ -396,31 +421,50 @@ bool Boletas::MaskFecha_Validate()
     return ui->MaskFecha->vacio() || Rutinas::ValidarFecha(*ui->MaskFecha);
 }
 
-bool Boletas::txtInteres_Validate(int indice)
+bool Boletas::tomarImporte(QLineEdit* campo, Moneda& importe)
 {
-    const auto i = static_cast<std::size_t>(indice);
-    QLineEdit* campo = txtInteres[i];
     const QString texto = campo->text().isEmpty() ? QStringLiteral("0") : sinMascara(campo->text());
     if (!Rutinas::VerificarNumero(texto))
     {
         return false;
     }
-    InteresBoleta[i] = importeDeCampo(texto);
-    mostrarImporte(campo, InteresBoleta[i] == Moneda() ? QString() : Formato(InteresBoleta[i], conSigno));
-    CalcularTotal();
+    const Moneda anterior = importe;
+    try
+    {
+        importe = importeDeCampo(texto);
+        CalcularTotal();
+        return true;
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        if (error.numero() != ErrorDeEjecucion::Desbordamiento)
+        {
+            throw;
+        }
+        importe = anterior;
+        MsgBox(QStringLiteral("Verifique el Número ingresado.  El mismo es incorrecta"));
+        return false;
+    }
+}
+
+bool Boletas::txtInteres_Validate(int indice)
+{
+    const auto i = static_cast<std::size_t>(indice);
+    if (!tomarImporte(txtInteres[i], InteresBoleta[i]))
+    {
+        return false;
+    }
+    mostrarImporte(txtInteres[i], InteresBoleta[i] == Moneda() ? QString() : Formato(InteresBoleta[i], conSigno));
     return true;
 }
 
 bool Boletas::txtImporte_Validate()
 {
-    const QString texto = ui->txtImporte->text().isEmpty() ? QStringLiteral("0") : sinMascara(ui->txtImporte->text());
-    if (!Rutinas::VerificarNumero(texto))
+    if (!tomarImporte(ui->txtImporte, ImporteActa))
     {
         return false;
     }
-    ImporteActa = importeDeCampo(texto);
     mostrarImporte(ui->txtImporte, Formato(ImporteActa, conSigno));
-    CalcularTotal();
     return true;
 }
 
@@ -461,7 +505,8 @@ void Boletas::cargarFila(int fila)
     ui->vsActas->pintarTodo(Grilla::blanco);
     ui->vsActas->pintarFila(fila, Grilla::amarillo);
     PagoElegido = static_cast<qint32>(ui->vsActas->entero(5, fila));
-    const PagoGuardado pago = cargarPago(Rutinas::Conexion, PagoElegido);
+    PagoGuardado pago;
+    conLaLista([&] { pago = cargarPago(Rutinas::Conexion, PagoElegido); });
     const auto i = static_cast<std::size_t>(tipo());
     txtDias[i]->setText(pago.dias == 0 ? QString() : QString::number(pago.dias));
     mostrarImporte(txtInteres[i], pago.interes == Moneda() ? QString() : textoDeImporte(pago.interes));

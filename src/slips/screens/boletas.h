@@ -1,14 +1,12 @@
 #pragma once
 
 #include "platform/data/moneda.h"
-#include "platform/screens/fuentes.h"
 #include "platform/screens/pantalla.h"
 #include "slips/boleta.h"
 #include "slips/importes_boleta.h"
 
 #include <array>
 #include <memory>
-#include <vector>
 
 class QLineEdit;
 namespace Ui
@@ -26,9 +24,9 @@ public:
 
     void cargar() override;
     void activar() override;
-    [[nodiscard]] bool descargar() override;
     [[nodiscard]] QString empresaEnCurso() const override;
 
+    static inline const QString fuenteDeBarras = QStringLiteral("PF Interleaved 2 of 5");
     /// Is a screen font of this name installed? Shows the busy pointer meanwhile.
     [[nodiscard]] static bool IsFont(const QString& nombre);
 
@@ -44,16 +42,23 @@ private:
     [[nodiscard]] bool elegirEmpresaDeActa();
     void mostrarMarco(int tipo);
     void ponerFoco();
-    void CargarEmpresa();
+    void CargarEmpresa(const QString& cuit);
     void CalcularAportes();
     void CalcularTotal();
     void CargarActas();
     void cargarFila(int fila);
+    /// Runs `cuerpo`, which works on payments of the list; when one is gone the list is read anew before it is told.
+    template <class Cuerpo>
+    void conLaLista(Cuerpo cuerpo);
+    void preparar();
 
     void cmbConcepto_Click();
     void cmdBuscar_Click();
     void cmdEliminar_Click();
     void cmdBoletas_Click();
+    /// Puts what a field comes to into `importe`, and the total after it; a text that is no number, or with which one
+    /// of the two is more than money holds, is told and changes nothing.
+    [[nodiscard]] bool tomarImporte(QLineEdit* campo, Moneda& importe);
     bool MaskFecha_Validate();
     bool txtInteres_Validate(int indice);
     bool txtImporte_Validate();
@@ -67,8 +72,9 @@ private:
     [[nodiscard]] bool revisarActa();
     [[nodiscard]] bool exigirNumero(QLineEdit* campo, const QString& texto);
     [[nodiscard]] Boleta boleta() const;
-    void imprimir(const Boleta& boleta);
+    void emitir(const Boleta& boleta);
     [[nodiscard]] int tipo() const;
+    [[nodiscard]] int fondo() const; ///< chosen in the list: 0, 1, or -1 for none
 
     std::unique_ptr<Ui::Boletas> ui;
     std::array<QLineEdit*, 3> txtDias{};
@@ -80,6 +86,4 @@ private:
     Moneda ImporteActa;
     Moneda ImporteTotal;
     qint32 PagoElegido = 0;
-    bool FuenteInstalada = false;
-    std::vector<std::shared_ptr<Fuentes::Agregada>> m_fuentes; ///< kept for its slips
 };

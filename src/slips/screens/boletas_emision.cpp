@@ -1,13 +1,12 @@
 // Issuing a slip: the second half of the screen Boletas.
 #include "core/rutinas.h"
+#include "core/vigencia.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
 #include "platform/data/reloj.h"
 #include "platform/screens/informe.h"
 #include "platform/screens/mensajes.h"
-#include "slips/datos_boleta.h"
-#include "slips/numero_boleta.h"
-#include "slips/pagos.h"
+#include "slips/emision.h"
 #include "slips/screens/boletas.h"
 #include "ui_boletas.h"
 
@@ -34,9 +33,15 @@ void Boletas::cmdBoletas_Click()
     {
         return;
     }
-    const Boleta nueva = boleta();
-    registrarPagoSiFalta(Rutinas::Conexion, nueva);
-    imprimir(nueva);
+    try
+    {
+        emitir(boleta());
+    }
+    catch (const YaNoEsta&)
+    {
+        cerrar();
+        throw;
+    }
     if (ModoAbrir == 2)
     {
         CargarActas();
@@ -132,26 +137,27 @@ Boleta Boletas::boleta() const
     b.importeTotal = ImporteTotal;
     b.nroActa = ui->txtActa->text().toInt();
     b.cuota = ui->txtCuota->text().toInt();
-    b.cuenta = ui->cmbConcepto->currentIndex();
+    b.cuenta = fondo();
     b.importeActa = ImporteActa;
     b.cantidadEmpleados = Rutinas::CantidadEmpleados;
     b.cantidadAfiliados = Rutinas::CantidadAfiliados;
     return b;
 }
 
-void Boletas::imprimir(const Boleta& boleta)
+void Boletas::emitir(const Boleta& boleta)
 {
     const TextosDeBoleta textos{ui->txtRazon->text(),
                                 ui->txtDomicilio->text(),
                                 ui->cmbConcepto->currentText(),
-                                numeroBoleta(boleta),
+                                {},
                                 txtDias[static_cast<std::size_t>(tipo())]->text(),
                                 ui->txtActa->text(),
-                                ui->txtCuota->text()};
+                                ui->txtCuota->text(),
+                                IsFont(fuenteDeBarras)};
     Informe informe;
     informe.ArchivoInforme = Rutinas::RutaApp + QStringLiteral("RptBoleta%1.rpt").arg(tipo());
     informe.ArchivoDatos = Rutinas::rutaBase();
-    informe.Formulas = valoresDeBoleta(Rutinas::Conexion, boleta, textos);
+    informe.Formulas = emitirBoleta(Rutinas::Conexion, boleta, textos);
     if (informe.PrintReport() != 0)
     {
         MsgBox(informe.LastErrorString());

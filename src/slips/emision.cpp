@@ -1,0 +1,32 @@
+#include "slips/emision.h"
+
+#include "core/vigencia.h"
+#include "platform/data/conexion.h"
+#include "slips/importes_boleta.h"
+#include "slips/numero_boleta.h"
+#include "slips/pagos.h"
+
+ValoresDeInforme emitirBoleta(Conexion& conexion, const Boleta& boleta, TextosDeBoleta textos)
+{
+    textos.numero = numeroBoleta(boleta);
+    Transaccion transaccion(conexion);
+    exigirEmpresa(conexion, boleta.cuit);
+    switch (boleta.tipo)
+    {
+    case TipoBoleta::Aportes:
+        exigirNomina(conexion, boleta.declaracion);
+        break;
+    case TipoBoleta::Interes:
+        exigirDeclaracion(conexion, boleta.declaracion);
+        break;
+    case TipoBoleta::Acta:
+        break;
+    }
+    ValoresDeInforme valores = valoresDeBoleta(conexion, boleta, textos);
+    if (!pagoRegistrado(conexion, boleta)) // under the same lock, so that two desks cannot register it twice
+    {
+        registrarPago(conexion, boleta);
+    }
+    transaccion.confirmar();
+    return valores;
+}
