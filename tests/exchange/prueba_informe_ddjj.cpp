@@ -1,6 +1,7 @@
 // The two reports of a declaration: what is staged for them, what they are handed, what they print, what is left.
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
+#include "apoyo/datos.h"
 #include "apoyo/hojas.h"
 #include "apoyo/rutas.h"
 #include "exchange/informe_ddjj.h"
@@ -34,32 +35,12 @@ struct InformesDDJJ : testing::Test
             ASSERT_TRUE(
                 QFile::copy(rutas::enInstalacion(QString::fromLatin1(nombre)), base.ruta(QString::fromLatin1(nombre))));
         }
-        agregar(conexion, EmpresaDePrueba());
-        conexion.ejecutar("UPDATE Empresas SET Rubro = (SELECT min(Codigo) FROM Rubros)");
+        poner("Empresas", {{"Rubro", "012110"}});
     }
-    void empleado(int numero, const char* ayn = "Ana", qint64 sucursal = 0)
+    static void empleado(int numero, const char* ayn = "Ana", qint64 sucursal = 0)
     {
-        agregar(conexion, EmpleadoDePrueba{.cuil = QStringLiteral("20-%1-0").arg(numero, 8, 10, QLatin1Char('0')),
-                                           .ayn = QString::fromUtf8(ayn),
-                                           .categoria = 11, // in the seed
-                                           .sucursal = sucursal});
-    }
-    /// Rows of a query joined by ";", values by "|", a Null as "Null".
-    [[nodiscard]] std::string filas(const char* sql)
-    {
-        QStringList lista;
-        conexion.recorrer(sql,
-                          [&](const Fila& fila)
-                          {
-                              QStringList celdas;
-                              for (int c = 0; c < fila.columnas(); ++c)
-                              {
-                                  const char* nombre = fila.nombre(c);
-                                  celdas.append(fila.esNulo(nombre) ? QStringLiteral("Null") : fila.texto(nombre));
-                              }
-                              lista.append(celdas.join(QLatin1Char('|')));
-                          });
-        return lista.join(QLatin1Char(';')).toStdString();
+        const QString cuil = QStringLiteral("20-%1-0").arg(numero, 8, 10, QLatin1Char('0'));
+        poner("DDJJ_Empleados", {{"Cuil", cuil}, {"AyN", ayn}, {"Categoria", 11}, {"Sucursal", sucursal}});
     }
     /// Prints into a PDF and gives its path; nothing when no preview came.
     [[nodiscard]] QString pdf(InformeDDJJ cual)
@@ -80,19 +61,18 @@ struct InformesDDJJ : testing::Test
 
 TEST_F(InformesDDJJ, LaDeclaracionPreparaSuNominaYLasSucursales)
 {
-    const qint64 centro = agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("10")});
-    agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("2"), .domicilio = QStringLiteral("Alsina")});
-    agregar(conexion, SucursalDePrueba{.cuit = QStringLiteral("30-87654321-5")});
+    const qint64 centro = poner("Empresas_Sucursales", {{"Sucursal", "10"}});
+    poner("Empresas_Sucursales", {{"Sucursal", "2"}, {"Domicilio", "Alsina"}});
+    poner("Empresas_Sucursales", {{"CUIT", "30-87654321-5"}});
     empleado(1, "D'Angelo", centro);
     conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo = 105000, Acuerdo2 = 10000, Egreso = '2009-05-15'");
-    empleado(2, "Luis", 999);
-    conexion.ejecutar("UPDATE DDJJ_Empleados SET Categoria = 9999, Afiliado = 0 WHERE AyN = 'Luis'");
-    agregar(conexion, EmpleadoDePrueba{.secuencia = 1});
+    poner("DDJJ_Empleados", {{"AyN", "Luis"}, {"Sucursal", 999}, {"Categoria", 9999}, {"Afiliado", 0}});
+    poner("DDJJ_Empleados", {{"Secuencia", 1}});
     prepararInforme(conexion, clave, 7, InformeDDJJ::Declaracion);
     EXPECT_EQ(filas("SELECT Indice, Sucursal_Cod, Sucursal, AyN, Cuil, Ingreso, QHoras, Imponible, Art100, Art101A, "
                     "Art101B, Egreso, Acuerdo, Acuerdo2, Categoria IS NULL FROM RptEmpleados WHERE Tipo = 0"),
               "7|1|10|D'Angelo|20-00000001-0|2001-02-01|200|10000000|200000|100000|100000|2009-05-15|105000|10000|0;"
-              "7|999|Null|Luis|20-00000002-0|2001-02-01|200|10000000|200000|100000|100000|Null|0|0|1");
+              "7|999|Null|Luis|20-12345678-6|2001-02-01|200|10000000|200000|100000|100000|Null|0|0|1");
     EXPECT_EQ(filas("SELECT Indice, Sucursal, Calle, Numero, Localidad FROM RptEmpleados WHERE Tipo = 1"),
               "7|2|Alsina|45|Avellaneda;7|10|Belgrano|45|Avellaneda");
 }
@@ -174,7 +154,7 @@ TEST_F(InformesDDJJ, CadaTotalEsLaSumaDeSuSucursal)
     std::vector<qint64> sucursales{0, 999};
     for (const char* nombre : {"2", "10", "a", "A", "A"})
     {
-        sucursales.push_back(agregar(conexion, SucursalDePrueba{.sucursal = QString::fromLatin1(nombre)}));
+        sucursales.push_back(poner("Empresas_Sucursales", {{"Sucursal", nombre}}));
     }
     for (int i = 0; i < 90; ++i)
     {
@@ -224,8 +204,7 @@ TEST_F(InformesDDJJ, LasHojasDicenTodoYCadaImporteBajoSuColumna)
         "UPDATE Empresas SET Razon = 'Nombre  Doble', CodPos = '', Localidad = '', Est_Localidad = 'Azul'");
     const char* const nombres[] = {"D'Angelo <b>Ana</b> & Compañía", "WWWWWWWWWWWWWWWWWWWWWW MMMMMMMMMMMMMMMMMMMMMM",
                                    "Ñáñez Óscar \"Fito\"", "Fernández de la Reguera Vizcaíno de Ofi"};
-    const qint64 sucursales[] = {agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("1")}),
-                                 agregar(conexion, SucursalDePrueba{.sucursal = QStringLiteral("2")})};
+    const qint64 sucursales[] = {poner("Empresas_Sucursales"), poner("Empresas_Sucursales", {{"Sucursal", "2"}})};
     for (int i = 0; i < 160; ++i)
     {
         empleado(i, nombres[i % 4], sucursales[i / 80]);

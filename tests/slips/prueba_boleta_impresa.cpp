@@ -1,4 +1,5 @@
 // What leaves the printer: the bars as a scanner reads them, and the words beside them.
+#include "apoyo/datos.h"
 #include "apoyo/hojas.h"
 #include "apoyo/rutas.h"
 #include "boletas_de_prueba.h"
@@ -31,7 +32,7 @@ struct BoletaImpresa : testing::Test
     void SetUp() override
     {
         Fuentes::agregar(rutas::enInstalacion(QStringLiteral("PF_I2OF5.ttf")));
-        agregar(base.conexion(), EmpleadoDePrueba{.secuencia = 1});
+        poner("DDJJ_Empleados", {{"Secuencia", 1}});
     }
     [[nodiscard]] PaginasDeInforme paginas(const Boleta& boleta)
     {
@@ -227,9 +228,7 @@ TEST_F(BoletaImpresa, LaHojaDiceLoQueSePagaEnSusTresTalones)
 
 TEST_F(BoletaImpresa, LaMasLargaQuedaEnUnaHoja)
 {
-    agregar(base.conexion(), EmpleadoDePrueba{.secuencia = 1,
-                                              .cuil = QStringLiteral("20-00000009-0"),
-                                              .imponible = pesos("99999999999,99")});
+    poner("DDJJ_Empleados", {{"Secuencia", 1}, {"Cuil", "20-2"}, {"Imponible", "99999999999,99"}});
     textos.empresa = QString(45, QLatin1Char('W'));
     for (Boleta boleta : {boletaDeAportes(), boletaDeInteres(), boletaDeActa()})
     {
