@@ -159,9 +159,14 @@ std::vector<double> DocumentoDeInforme::topes(const QTextDocument& documento)
         for (int columna = 0; columna < tabla->columns(); ++columna)
         {
             const QTextTableCell celda = tabla->cellAt(fila, columna);
-            if (celda.row() == fila && celda.column() == columna) // not spanned by another
+            if (celda.row() != fila || celda.column() != columna) // spanned by another
             {
-                tope = std::min(tope, (comienzoDe(celda, documento).y() - margenDe(celda, *tabla)) * escala);
+                continue;
+            }
+            tope = std::min(tope, (comienzoDe(celda, documento).y() - margenDe(celda, *tabla)) * escala);
+            if (celda.format().verticalAlignment() == QTextCharFormat::AlignNormal)
+            {
+                break; // its text begins at the top: the others' cannot begin higher
             }
         }
         lista.push_back(tope);

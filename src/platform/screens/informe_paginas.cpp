@@ -8,7 +8,7 @@
 
 namespace
 {
-constexpr std::size_t dibujosRecordados = 6;
+constexpr std::size_t dibujosRecordados = 24; // some 30 pages: they are printed as they were laid out
 constexpr std::size_t filasPorBloque = 60;
 constexpr double menorCuerpo = 72; // points: a page with less between head and foot is none
 constexpr double holgura = 0.5;    // points: what rounding may take
@@ -77,12 +77,14 @@ const QTextDocument& PaginasDeInforme::dibujo(const Bloque& bloque) const
         {
             html += m_contenido->fila(bloque.banda, fila, bloque.continua);
         }
-        html = m_contenido->tabla(bloque.banda, html);
     }
-    else
-    {
-        html = m_contenido->fila(bloque.banda, bloque.primera);
-    }
+    return dibujo(bloque, html);
+}
+
+const QTextDocument& PaginasDeInforme::dibujo(const Bloque& bloque, const std::string& filas) const
+{
+    const std::string html = m_contenido->banda(bloque.banda).tabla ? m_contenido->tabla(bloque.banda, filas)
+                                                                    : m_contenido->fila(bloque.banda, bloque.primera);
     m_recientes.push_front({bloque, DocumentoDeInforme::hacer(html, hoja())});
     if (m_recientes.size() > dibujosRecordados)
     {
@@ -154,6 +156,7 @@ void PaginasDeInforme::medirTabla(std::size_t banda, const Aviso& aviso)
 void PaginasDeInforme::medirBloque(const Bloque& bloque)
 {
     Tabla& tabla = m_tablas[bloque.banda];
+    std::string filas;
     std::vector<std::size_t> renglones; // lines of the table that each row has
     for (std::size_t fila = 0; fila < bloque.cuantas; ++fila)
     {
@@ -163,13 +166,14 @@ void PaginasDeInforme::medirBloque(const Bloque& bloque)
         {
             ++cuantos;
         }
+        filas += html;
         renglones.push_back(cuantos);
         tabla.filas.push_back({.bloque = bloque,
                                .junto = esDeClase(html, "junto"),
                                .unida = esDeClase(html, "unida"),
                                .grupo = esDeClase(html, "grupo")});
     }
-    const QTextDocument& documento = dibujo(bloque);
+    const QTextDocument& documento = dibujo(bloque, filas);
     const std::vector<double> topes = DocumentoDeInforme::topes(documento);
     const std::size_t todos = std::accumulate(renglones.begin(), renglones.end(), std::size_t{0});
     const bool entero = topes.size() == todos && DocumentoDeInforme::columnas(documento) == tabla.columnas;

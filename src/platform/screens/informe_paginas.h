@@ -94,6 +94,8 @@ private:
     [[nodiscard]] double comienzo(std::size_t banda) const;
     /// The laid-out text of a block.
     [[nodiscard]] const QTextDocument& dibujo(const Bloque& bloque) const;
+    /// The same of a block that is not laid out yet, a table's with the HTML of its rows.
+    [[nodiscard]] const QTextDocument& dibujo(const Bloque& bloque, const std::string& filas) const;
     [[nodiscard]] std::unique_ptr<QTextDocument> dePagina(const std::string& html, int hoja, int hojas) const;
     [[nodiscard]] QRectF area() const { return m_pagina.paintRect(QPageLayout::Point); }
     [[nodiscard]] DocumentoDeInforme::Hoja hoja() const;

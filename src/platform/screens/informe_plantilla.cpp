@@ -70,6 +70,7 @@ private:
     {
         const qint64 desde = m_xml.characterOffset();
         qint64 hasta = desde;
+        int tablas = 0; // in one another: each doubles the time that laying them out takes
         for (int nivel = 1; nivel > 0 && !m_xml.atEnd();)
         {
             hasta = m_xml.characterOffset();
@@ -77,9 +78,15 @@ private:
             {
             case QXmlStreamReader::StartElement:
                 ++nivel;
+                tablas += m_xml.name() == QLatin1String("table") ? 1 : 0;
+                if (constexpr int limite = 10; tablas > limite)
+                {
+                    fallar(QStringLiteral("hay más de %1 tablas una dentro de otra").arg(limite));
+                }
                 break;
             case QXmlStreamReader::EndElement:
                 --nivel;
+                tablas -= m_xml.name() == QLatin1String("table") ? 1 : 0;
                 break;
             default:
                 break;
@@ -201,6 +208,13 @@ private:
     PlantillaDeInforme m_plantilla;
 };
 
+/// What a page can take: a longer word would keep the layout at work for minutes.
+QString recortado(const QString& texto)
+{
+    constexpr qsizetype limite = 5000;
+    return texto.size() <= limite ? texto : texto.left(limite) + QStringLiteral("...");
+}
+
 enum class Clase
 {
     Texto,
@@ -226,7 +240,7 @@ std::string celda(const Fila& fila, const char* columna, Clase clase)
     case Clase::Texto:
         break;
     }
-    return fila.texto(columna).toStdString();
+    return recortado(fila.texto(columna)).toStdString();
 }
 
 FilasDeInforme ejecutar(Conexion& base, const ConsultaDeInforme& consulta, std::optional<qint64> indice)
@@ -348,7 +362,7 @@ QString textoDeValor(const ValorDeInforme& valor)
 {
     struct Textos
     {
-        QString operator()(const QString& texto) const { return texto; }
+        QString operator()(const QString& texto) const { return recortado(texto); }
         QString operator()(qint64 numero) const { return QString::number(numero); }
         QString operator()(Moneda importe) const { return Formato(importe, u"#,##0.00"); }
         QString operator()(QDate fecha) const { return Formato(fecha, u"DD/MM/YYYY"); }

@@ -36,7 +36,8 @@ class Conexion;
 /// is 1. Everything is escaped. A table's head stands again on each page, and no row is cut. A section, a row
 /// (<tr class="junto">) or a table's last row (<table class="junto">) is kept on the page of what follows it, and
 /// <tr class="unida"> on that of the row before. <tr class="grupo"> stands again where the rows after it go on over a
-/// page, with {{#Continua}} true.
+/// page, with {{#Continua}} true. No more than ten tables lie in one another, and a text prints its first 5,000
+/// characters.
 struct ConsultaDeInforme
 {
     QString nombre;

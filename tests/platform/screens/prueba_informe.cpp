@@ -43,6 +43,11 @@ TEST(Informe, UnFormatoConFallasSeNombraConArchivoYLinea)
         EXPECT_TRUE(control.LastErrorString().contains(QString::fromUtf8(caso.dice)))
             << caso.cuerpo << caso.cabeza << ": " << control.LastErrorString().toStdString();
     }
+    control.ArchivoInforme =
+        informe.escribir(QStringLiteral("<section>") + QStringLiteral("<table><tr><td>").repeated(11) +
+                         QStringLiteral("</td></tr></table>").repeated(11) + QStringLiteral("</section>"));
+    EXPECT_NE(control.PrintReport(), 0);
+    EXPECT_TRUE(control.LastErrorString().contains(QStringLiteral("hay más de 10 tablas una dentro de otra")));
     control.ArchivoInforme = informe.ruta("RptNoEsta.rpt");
     EXPECT_EQ(control.PrintReport(), ErrorDeEjecucion::ArchivoNoEncontrado);
     EXPECT_TRUE(control.LastErrorString().contains(QStringLiteral("RptNoEsta.rpt")));
