@@ -90,6 +90,13 @@ TEST_F(EmisionDeBoletas, LoQueNoPuedeHacerseNoSeRegistra)
     Boleta negativa = boletaDeAportes();
     negativa.importeTotal = pesos("-38,20");
     EXPECT_EQ(numeroDe([&] { return emitir(negativa); }), ErrorDeEjecucion::NoCoincidenTipos);
+    {
+        Conexion otroPuesto;
+        otroPuesto.abrir(base.rutaBase());
+        const Transaccion escribe(otroPuesto);
+        const Conexion::EsperaCorta corta(std::chrono::milliseconds(1));
+        EXPECT_THROW(emitir(boletaDeActa()), ErrorParaAvisar);
+    }
     const Boleta boletas[] = {boletaDeAportes(), boletaDeInteres(), boletaDeActa()};
     const struct
     {
