@@ -254,7 +254,15 @@ void VistaDeInforme::actualizar()
 
 void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino)
 {
-    TrabajoLargo trabajo(QStringLiteral("Imprimiendo"));
+    if (!impresora.setPageLayout(m_hojas->paginas().pagina()))
+    {
+        throw ErrorParaAvisar(int{ErrorDeEjecucion::NoCoincidenTipos},
+                              QStringLiteral("La impresora no admite el papel del informe.  Elija otro con "
+                                             "\"Configurar página\"."));
+    }
+    impresora.setFullPage(true);
+    impresora.setDocName(windowTitle());
+    TrabajoLargo trabajo(QStringLiteral("Imprimiendo"), TrabajoLargo::Cancelable::Si);
     QPainter pintor;
     if (!pintor.begin(&impresora))
     {
@@ -270,7 +278,15 @@ void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const Q
         pintor.scale(impresora.logicalDpiX() / 72.0, impresora.logicalDpiY() / 72.0);
         m_hojas->paginas().pintar(pintor, hoja);
         pintor.restore();
-        trabajo.avanzar(hoja - desde + 1, hasta - desde + 1);
+        try
+        {
+            trabajo.avanzar(hoja - desde + 1, hasta - desde + 1);
+        }
+        catch (const TrabajoCancelado&)
+        {
+            impresora.abort();
+            throw;
+        }
     }
     if (!pintor.end())
     {
@@ -285,9 +301,6 @@ void VistaDeInforme::guardarPdf(const QString& ruta)
     impresora.setOutputFormat(QPrinter::PdfFormat);
     impresora.setOutputFileName(parte.ruta());
     impresora.setFullPage(true);
-    impresora.setPageLayout(m_hojas->paginas().pagina());
-    impresora.setFullPage(true);
-    impresora.setDocName(windowTitle());
     impresora.setCreator(QString::fromLatin1(tituloPorDefecto));
     pintarEn(impresora, 0, m_hojas->paginas().cantidad() - 1, ruta);
     parte.colocar();
@@ -305,6 +318,10 @@ void VistaDeInforme::pedirPdf()
     {
         guardarPdf(ruta);
     }
+    catch (const ErrorParaAvisar&)
+    {
+        throw;
+    }
     catch (const ErrorDeEjecucion& error)
     {
         MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
@@ -319,12 +336,13 @@ void VistaDeInforme::imprimir()
         return;
     }
     QPrinter& impresora = impresoraActual();
-    impresora.setPageLayout(m_hojas->paginas().pagina());
-    impresora.setFullPage(true);
-    impresora.setDocName(windowTitle());
     try
     {
         pintarEn(impresora, pedido.desde - 1, pedido.hasta - 1, impresora.outputFileName());
+    }
+    catch (const ErrorParaAvisar&)
+    {
+        throw;
     }
     catch (const ErrorDeEjecucion& error)
     {
@@ -339,7 +357,7 @@ void VistaDeInforme::configurarPagina()
     {
         try
         {
-            TrabajoLargo trabajo(QStringLiteral("Preparando el informe"));
+            TrabajoLargo trabajo(QStringLiteral("Preparando el informe"), TrabajoLargo::Cancelable::Si);
             m_hojas->paginas().setPagina(pagina, trabajo.aviso());
         }
         catch (const ErrorDeEjecucion& error)
