@@ -1,8 +1,26 @@
 #include "core/screens/validar.h"
 
+#include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
+#include "platform/data/moneda.h"
 #include "platform/screens/campo_mascara.h"
 #include "platform/screens/mensajes.h"
+
+namespace
+{
+bool cabeEnUnImporte(const QString& texto)
+{
+    try
+    {
+        (void)Moneda::deTexto(texto);
+        return true;
+    }
+    catch (const ErrorDeEjecucion&)
+    {
+        return false;
+    }
+}
+} // namespace
 
 namespace Rutinas
 {
@@ -24,7 +42,7 @@ bool ValidarFecha(CampoMascara& campo)
 
 bool VerificarNumero(const QString& texto)
 {
-    if (LeerNumero(texto))
+    if (LeerNumero(texto) && cabeEnUnImporte(texto))
     {
         return true;
     }
