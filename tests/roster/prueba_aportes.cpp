@@ -1,82 +1,122 @@
-#include "platform/data/error_de_ejecucion.h"
+// The contribution rules, held against the same rules computed in whole numbers with nothing of the program's own code.
+#include "apoyo/datos.h"
+#include "platform/data/formato.h"
 #include "roster/aportes.h"
 
+#include <bit>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace
 {
-using Regla = Aportes (*)(float, float, int, bool);
-
-struct Caso
+/// numerador / denominador to the nearest whole number, halves to the even one.
+std::uint64_t dividir(std::uint64_t numerador, std::uint64_t denominador)
 {
-    const char* que;
-    Regla regla;
-    float haberes;
-    float acuerdo;
-    int horas;
-    bool afiliado;
-    float art100;
-    float art101;
-};
-
-void PrintTo(const Caso& caso, std::ostream* salida)
-{
-    *salida << caso.que << ": " << caso.haberes << " + " << caso.acuerdo << " a " << caso.horas << " h";
+    const std::uint64_t cociente = numerador / denominador;
+    const std::uint64_t resto = numerador % denominador;
+    const bool sube = resto > denominador - resto || (resto == denominador - resto && cociente % 2 != 0);
+    return cociente + (sube ? 1 : 0);
 }
 
-class AportesTest : public testing::TestWithParam<Caso>
+/// A binary number of 24 bits, as a 32-bit float holds it: mantisa * 2^exponente.
+struct Binario
 {
+    std::uint64_t mantisa = 0;
+    int exponente = 0;
+    [[nodiscard]] float comoFloat() const { return std::ldexp(static_cast<float>(mantisa), exponente); }
 };
 
-TEST_P(AportesTest, DaLosTresImportes)
+/// The 24-bit number nearest to the quotient, halves to the even one.
+Binario redondear24(std::uint64_t numerador, std::uint64_t denominador)
 {
-    const Caso& caso = GetParam();
-    const Aportes aportes = caso.regla(caso.haberes, caso.acuerdo, caso.horas, caso.afiliado);
-    EXPECT_EQ(aportes.total, caso.haberes + caso.acuerdo);
-    EXPECT_EQ(aportes.art100, caso.art100);
-    EXPECT_EQ(aportes.art101A, caso.art101);
-    EXPECT_EQ(aportes.art101B, caso.art101);
+    if (numerador == 0)
+    {
+        return {};
+    }
+    constexpr int bits = 24;
+    // The quotient's leading bit is known to one place: a second try mends it.
+    for (int e = static_cast<int>(std::bit_width(numerador)) - static_cast<int>(std::bit_width(denominador)) - bits;;
+         ++e)
+    {
+        const std::uint64_t arriba = e < 0 ? numerador << -e : numerador;
+        const std::uint64_t abajo = e > 0 ? denominador << e : denominador;
+        if (arriba / abajo < std::uint64_t{1} << bits)
+        {
+            return {dividir(arriba, abajo), e}; // one bit more is the same number
+        }
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Tablas, AportesTest,
-                         testing::Values(
-                             // The worked table of the screen's rule, with the fall of ART100 at 128 hours.
-                             Caso{"pantalla", aportesDePantalla, 1000, 0, 200, true, 20.00F, 10.00F},
-                             Caso{"pantalla", aportesDePantalla, 1000, 0, 150, true, 26.60F, 13.30F},
-                             Caso{"pantalla", aportesDePantalla, 1000, 0, 129, true, 31.00F, 15.50F},
-                             Caso{"pantalla", aportesDePantalla, 1000, 0, 128, true, 20.00F, 15.60F},
-                             Caso{"pantalla", aportesDePantalla, 1000, 0, 100, true, 20.00F, 20.00F},
-                             // The worked table of the bulk rule, with the hours as the dividend.
-                             Caso{"lote", aportesEnLote, 1000, 0, 200, true, 20.00F, 10.00F},
-                             Caso{"lote", aportesEnLote, 1000, 0, 150, true, 15.00F, 7.50F},
-                             Caso{"lote", aportesEnLote, 1000, 0, 100, true, 20.00F, 5.00F},
-                             Caso{"lote, en cero horas", aportesEnLote, 1000, 0, 0, true, 20.00F, 0.00F},
-                             // Membership touches two of the three; the agreement sum counts like the wage.
-                             Caso{"no afiliado", aportesDePantalla, 1000, 0, 150, false, 26.60F, 0.00F},
-                             Caso{"no afiliado en lote", aportesEnLote, 1000, 0, 150, false, 15.00F, 0.00F},
-                             Caso{"con acuerdo", aportesDePantalla, 900, 100, 200, true, 20.00F, 10.00F},
-                             Caso{"sin nada", aportesDePantalla, 0, 0, 200, true, 0.00F, 0.00F},
-                             // Exact halves go to the even cent ...
-                             Caso{"mitad exacta", aportesDePantalla, 6.25F, 0, 200, true, 0.12F, 0.06F},
-                             Caso{"mitad exacta", aportesDePantalla, 18.75F, 0, 200, true, 0.38F, 0.19F},
-                             // ... and where the 32-bit value lies beside the half, it decides: decimal arithmetic
-                             // gives 0,02; 0,02; 0,66; 0,78; 1,02 here.
-                             Caso{"bajo la mitad", aportesDePantalla, 0.75F, 0, 200, false, 0.01F, 0.00F},
-                             Caso{"sobre la mitad", aportesDePantalla, 1.25F, 0, 200, false, 0.03F, 0.00F},
-                             Caso{"sobre la mitad", aportesDePantalla, 25.00F, 0, 150, false, 0.67F, 0.00F},
-                             Caso{"bajo la mitad", aportesDePantalla, 25.00F, 0, 129, false, 0.77F, 0.00F},
-                             Caso{"bajo la mitad", aportesDePantalla, 43.75F, 0, 173, false, 1.01F, 0.00F}));
-
-TEST(AportesTest, CeroHorasFallaSinTerminarElPrograma)
+/// a * b / 100, times 2 when `doble`, as a 24-bit number and from there to the nearest cent.
+std::uint64_t porCiento(Binario a, Binario b, bool doble)
 {
-    try
-    {
-        (void)aportesDePantalla(1000, 0, 0, true);
-        FAIL() << "no falló";
-    }
-    catch (const ErrorDeEjecucion& error)
-    {
-        EXPECT_EQ(error.numero(), ErrorDeEjecucion::DivisionPorCero);
-    }
+    Binario cociente = redondear24(a.mantisa * b.mantisa, 100);
+    cociente.exponente += a.exponente + b.exponente + (doble ? 1 : 0);
+    const std::uint64_t cien = cociente.mantisa * 100;
+    return cociente.exponente >= 0 ? cien << cociente.exponente
+                                   : dividir(cien, std::uint64_t{1} << -cociente.exponente);
+}
+
+/// hours / 200 ends in a half thousandth at odd hours. Two of these quotients, as doubles, do not round to the even
+/// digit once they are taken times 100: 0,545 becomes 54,50000000000001, and 0,575 57,49999999999999.
+std::uint64_t factor(bool enLote, unsigned horas)
+{
+    return !enLote ? dividir(20000, horas) : horas == 109 ? 55 : horas == 115 ? 57 : dividir(horas * 100, 200);
 }
 } // namespace
+
+TEST(Aportes, DanLoQueLaReglaEnEnteros)
+{
+    int distintos = 0;
+    for (const bool enLote : {false, true})
+    {
+        for (unsigned horas = 100; horas <= 200; ++horas)
+        {
+            const Binario escala = redondear24(factor(enLote, horas), 100);
+            // Odd cents up to 100.000,00, and the halves of small amounts.
+            for (std::uint64_t haberes = horas; haberes <= 10'000'000; haberes += haberes < 10'000 ? 25 : 9'973)
+            {
+                const Binario total = redondear24(haberes, 100);
+                const auto art100 = porCiento(total, horas > 128 ? escala : Binario{1, 0}, true);
+                const auto art101 = porCiento(total, escala, false);
+                const Aportes aportes =
+                    (enLote ? aportesEnLote : aportesDePantalla)(total.comoFloat(), 0, static_cast<int>(horas), true);
+                const Aportes esperados{total.comoFloat(), redondear24(art100, 100).comoFloat(),
+                                        redondear24(art101, 100).comoFloat(), redondear24(art101, 100).comoFloat()};
+                distintos += aportes == esperados ? 0 : 1;
+            }
+        }
+    }
+    EXPECT_EQ(0, distintos);
+    for (std::uint64_t importe = 0; importe <= 10'000'000; importe += 997)
+    {
+        const QString texto = QString("%1,%2").arg(importe / 100).arg(importe % 100, 2, 10, QChar('0'));
+        ASSERT_EQ(redondear24(importe, 100).comoFloat(), LeerNumero(texto)) << importe;
+    }
+}
+
+TEST(Aportes, LaTablaDeLasDosReglas)
+{
+    using Regla = Aportes (*)(float, float, int, bool);
+    const std::tuple<Regla, float, float, int, bool, float, float> casos[] = {
+        {aportesDePantalla, 1000, 0, 200, true, 20.00F, 10.00F},
+        {aportesDePantalla, 1000, 0, 150, true, 26.60F, 13.30F},
+        {aportesDePantalla, 1000, 0, 129, true, 31.00F, 15.50F}, // the fall of ART100 comes after it
+        {aportesDePantalla, 1000, 0, 128, true, 20.00F, 15.60F},
+        {aportesDePantalla, 1000, 0, 100, true, 20.00F, 20.00F},
+        {aportesEnLote, 1000, 0, 150, true, 15.00F, 7.50F}, // the hours are the dividend
+        {aportesEnLote, 1000, 0, 100, true, 20.00F, 5.00F},
+        {aportesEnLote, 1000, 0, 0, true, 20.00F, 0.00F},
+        {aportesDePantalla, 1000, 0, 150, false, 26.60F, 0.00F},
+        {aportesEnLote, 1000, 0, 150, false, 15.00F, 0.00F},
+        {aportesDePantalla, 900, 100, 200, true, 20.00F, 10.00F},
+        {aportesDePantalla, 6.25F, 0, 200, true, 0.12F, 0.06F},  // exact halves go to the even cent
+        {aportesDePantalla, 0.75F, 0, 200, false, 0.01F, 0.00F}, // its 32-bit value lies below the half
+    };
+    for (const auto& [regla, haberes, acuerdo, horas, afiliado, art100, art101] : casos)
+    {
+        EXPECT_EQ((Aportes{haberes + acuerdo, art100, art101, art101}), regla(haberes, acuerdo, horas, afiliado))
+            << haberes << " at " << horas;
+    }
+    EXPECT_EQ(ErrorDeEjecucion::DivisionPorCero, numeroDe([] { return aportesDePantalla(1000, 0, 0, true); }));
+}
