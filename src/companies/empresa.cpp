@@ -2,8 +2,10 @@
 
 #include "core/lista_empresas.h"
 #include "core/rutinas.h"
+#include "core/vigencia.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
+#include "platform/data/insertar.h"
 
 namespace
 {
@@ -18,16 +20,45 @@ qint64 numeroDe(const Empresa& empresa)
     }
     return numero;
 }
+
+/// All columns but the key.
+ValoresDeColumnas valoresDe(const Empresa& e)
+{
+    return {
+        {"Razon", e.razon},
+        {"Fantasia", e.fantasia},
+        {"Calle", e.calle},
+        {"Numero", numeroDe(e)},
+        {"NroLocal", e.nroLocal},
+        {"Piso", e.piso},
+        {"Depto", e.depto},
+        {"CodPos", e.codPos},
+        {"Localidad", e.localidad},
+        {"Provincia", e.provincia},
+        {"Telefono", e.telefono},
+        {"Fax", e.fax},
+        {"Rubro", e.rubro},
+        {"Contacto", e.contacto},
+        {"Web", e.web},
+        {"Email", e.email},
+        {"Estudio", e.estudio},
+        {"Est_Domicilio", e.estDomicilio},
+        {"Est_CodPos", e.estCodPos},
+        {"Est_Localidad", e.estLocalidad},
+        {"Est_Telefono", e.estTelefono},
+        {"Est_EMail", e.estEmail},
+    };
+}
 } // namespace
 
 std::optional<Empresa> cargarEmpresa(Conexion& conexion, const QString& cuit)
 {
     const Recordset filas = conexion.consultar("SELECT Empresas.*, Provincias.Nombre "
-                                               "FROM Empresas INNER JOIN Provincias "
+                                               "FROM Empresas LEFT JOIN Provincias "
                                                "ON Empresas.Provincia = Provincias.Codigo "
                                                "WHERE Empresas.Cuit = ?",
                                                cuit);
-    if (filas.vacio() && !razonDeCuit(conexion, cuit))
+    if (filas.vacio())
     {
         return std::nullopt;
     }
@@ -42,7 +73,7 @@ std::optional<Empresa> cargarEmpresa(Conexion& conexion, const QString& cuit)
                    .depto = fila.texto("Depto"),
                    .codPos = fila.texto("CodPos"),
                    .localidad = fila.texto("Localidad"),
-                   .provincia = fila.entero("Provincia"),
+                   .provincia = fila.enteroONulo("Provincia").value_or(0),
                    .nombreProvincia = fila.texto("Nombre"),
                    .telefono = fila.texto("Telefono"),
                    .fax = fila.texto("Fax"),
@@ -60,28 +91,14 @@ std::optional<Empresa> cargarEmpresa(Conexion& conexion, const QString& cuit)
 
 void insertarEmpresa(Conexion& conexion, const Empresa& empresa)
 {
-    conexion.ejecutar("INSERT INTO Empresas (CUIT, Razon, Fantasia, Calle, Numero, NroLocal, Piso, Depto, CodPos, "
-                      "Localidad, Provincia, Telefono, Fax, Rubro, Contacto, Web, Email, Estudio, Est_Domicilio, "
-                      "Est_CodPos, Est_Localidad, Est_Telefono, Est_EMail) "
-                      "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-                      empresa.cuit, empresa.razon, empresa.fantasia, empresa.calle, numeroDe(empresa), empresa.nroLocal,
-                      empresa.piso, empresa.depto, empresa.codPos, empresa.localidad, empresa.provincia,
-                      empresa.telefono, empresa.fax, empresa.rubro, empresa.contacto, empresa.web, empresa.email,
-                      empresa.estudio, empresa.estDomicilio, empresa.estCodPos, empresa.estLocalidad,
-                      empresa.estTelefono, empresa.estEmail);
+    ValoresDeColumnas valores = valoresDe(empresa);
+    valores.insert(valores.begin(), {"CUIT", empresa.cuit});
+    insertar(conexion, "Empresas", valores);
 }
 
-bool actualizarEmpresa(Conexion& conexion, const Empresa& empresa)
+void actualizarEmpresa(Conexion& conexion, const Empresa& empresa)
 {
-    return conexion.ejecutar(
-               "UPDATE Empresas SET Razon = ?, Fantasia = ?, Calle = ?, Numero = ?, NroLocal = ?, Piso = ?, Depto = ?, "
-               "CodPos = ?, Localidad = ?, Provincia = ?, Telefono = ?, Fax = ?, Rubro = ?, Contacto = ?, Web = ?, "
-               "Email = ?, Estudio = ?, Est_Domicilio = ?, Est_CodPos = ?, Est_Localidad = ?, Est_Telefono = ?, "
-               "Est_EMail = ? WHERE CUIT = ?",
-               empresa.razon, empresa.fantasia, empresa.calle, numeroDe(empresa), empresa.nroLocal, empresa.piso,
-               empresa.depto, empresa.codPos, empresa.localidad, empresa.provincia, empresa.telefono, empresa.fax,
-               empresa.rubro, empresa.contacto, empresa.web, empresa.email, empresa.estudio, empresa.estDomicilio,
-               empresa.estCodPos, empresa.estLocalidad, empresa.estTelefono, empresa.estEmail, empresa.cuit) > 0;
+    actualizar(conexion, "Empresas", valoresDe(empresa), {{"CUIT", empresa.cuit}});
 }
 
 ExamenDeCuit examinarCuitNuevo(Conexion& conexion, const QString& cuit)
@@ -113,6 +130,7 @@ ImpedimentoDeBaja impedimentoDeBaja(Conexion& conexion, const QString& cuit)
 ImpedimentoDeBaja eliminarEmpresa(Conexion& conexion, const QString& cuit)
 {
     Transaccion transaccion(conexion);
+    exigirEmpresa(conexion, cuit);
     // The other desk may have entered one while the question stood on the screen.
     const ImpedimentoDeBaja impedimento = impedimentoDeBaja(conexion, cuit);
     if (impedimento == ImpedimentoDeBaja::Ninguno)

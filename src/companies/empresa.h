@@ -19,7 +19,7 @@ struct Empresa
     QString codPos;
     QString localidad;
     qint64 provincia = 0;
-    QString nombreProvincia; ///< only read; the save takes the code
+    QString nombreProvincia; ///< only read, empty for a code that Provincias does not hold; the save takes the code
     QString telefono;
     QString fax;
     QString rubro; ///< code of the trade
@@ -36,14 +36,13 @@ struct Empresa
     friend bool operator==(const Empresa&, const Empresa&) = default;
 };
 
-/// The company of a CUIT; nothing when there is none (any more). Throws ErrorDeEjecucion 3021 when its province is not
-/// in Provincias.
+/// The company of a CUIT; nothing when there is none (any more).
 [[nodiscard]] std::optional<Empresa> cargarEmpresa(Conexion& conexion, const QString& cuit);
 
 /// Throws ErrorDeEjecucion: 13 for a number that is none, the database's own number for a CUIT that exists.
 void insertarEmpresa(Conexion& conexion, const Empresa& empresa);
-/// False when no company of this CUIT exists (any more): nothing was written. Throws 13 as above.
-[[nodiscard]] bool actualizarEmpresa(Conexion& conexion, const Empresa& empresa);
+/// Throws 13 as above.
+void actualizarEmpresa(Conexion& conexion, const Empresa& empresa);
 
 /// What stands against a CUIT typed for a new company.
 struct ExamenDeCuit
@@ -68,5 +67,5 @@ enum class ImpedimentoDeBaja
 };
 [[nodiscard]] ImpedimentoDeBaja impedimentoDeBaja(Conexion& conexion, const QString& cuit);
 /// Deletes the company, its responsible persons and its branches in one transaction. What stands against it is looked
-/// at once more inside: nothing is deleted then.
+/// at once more inside: nothing is deleted then. Throws YaNoEsta when it was deleted meanwhile.
 [[nodiscard]] ImpedimentoDeBaja eliminarEmpresa(Conexion& conexion, const QString& cuit);

@@ -1,6 +1,94 @@
 #include "companies/guardar_empresa.h"
 
+#include "core/vigencia.h"
 #include "platform/data/conexion.h"
+
+namespace
+{
+std::vector<CampoMostrado> camposDe(const Empresa& e)
+{
+    return {
+        {QStringLiteral("Razón Social"), e.razon},
+        {QStringLiteral("Nombre Fantasía"), e.fantasia},
+        {QStringLiteral("Calle"), e.calle},
+        {QStringLiteral("Nro."), e.numero},
+        {QStringLiteral("Local"), e.nroLocal},
+        {QStringLiteral("Piso"), e.piso},
+        {QStringLiteral("Depto"), e.depto},
+        {QStringLiteral("Cód.Postal"), e.codPos},
+        {QStringLiteral("Localidad"), e.localidad},
+        {QStringLiteral("Provincia"), e.nombreProvincia},
+        {QStringLiteral("Teléfono"), e.telefono},
+        {QStringLiteral("Fax"), e.fax},
+        {QStringLiteral("Rubro"), e.rubro},
+        {QStringLiteral("Contacto"), e.contacto},
+        {QStringLiteral("Web"), e.web},
+        {QStringLiteral("E-Mail"), e.email},
+        {QStringLiteral("Contador/a"), e.estudio},
+        {QStringLiteral("Domicilio del Estudio"), e.estDomicilio},
+        {QStringLiteral("Cód.Post. del Estudio"), e.estCodPos},
+        {QStringLiteral("Localidad del Estudio"), e.estLocalidad},
+        {QStringLiteral("Tel. del Estudio"), e.estTelefono},
+        {QStringLiteral("E-Mail del Estudio"), e.estEmail},
+    };
+}
+
+QString numero(std::optional<qint64> uno)
+{
+    return uno ? QString::number(*uno) : QString();
+}
+
+std::vector<FilaMostrada> filasDe(const std::vector<FilaSucursal>& sucursales)
+{
+    std::vector<FilaMostrada> filas;
+    for (const FilaSucursal& s : sucursales)
+    {
+        filas.push_back({s.id, {s.sucursal, s.domicilio, numero(s.numero), s.localidad, s.codPos, s.telefono}});
+    }
+    return filas;
+}
+
+std::vector<FilaMostrada> filasDe(const std::vector<FilaResponsable>& responsables)
+{
+    std::vector<FilaMostrada> filas;
+    for (const FilaResponsable& r : responsables)
+    {
+        filas.push_back({0, {r.ayn, r.tipoDoc, numero(r.nroDoc), r.domicilio, r.localidad}});
+    }
+    return filas;
+}
+
+/// What this save would replace and is no longer stored as it was read: a list that it does not write does not count.
+Cambios cambiosEnEmpresa(const EntradaEmpresa& entrada, const EmpresaLeida& ahora)
+{
+    const EmpresaLeida& antes = *entrada.leida;
+    Cambios cambios = compararCampos(camposDe(antes.empresa), camposDe(ahora.empresa));
+    const auto agregar = [&](const QString& campo, const auto& filasAntes, const auto& filasAhora)
+    {
+        const Cambios otros = compararFilas(campo, filasDe(filasAntes), filasDe(filasAhora));
+        cambios.insert(cambios.end(), otros.begin(), otros.end());
+    };
+    if (entrada.sucursales)
+    {
+        agregar(QStringLiteral("Sucursales"), antes.sucursales, ahora.sucursales);
+    }
+    if (entrada.responsables)
+    {
+        agregar(QStringLiteral("Responsables"), antes.responsables, ahora.responsables);
+    }
+    return cambios;
+}
+} // namespace
+
+std::optional<EmpresaLeida> leerEmpresa(Conexion& conexion, const QString& cuit)
+{
+    auto empresa = cargarEmpresa(conexion, cuit);
+    if (!empresa)
+    {
+        return std::nullopt;
+    }
+    return EmpresaLeida{std::move(*empresa), cargarSucursales(conexion, cuit), cargarResponsables(conexion, cuit)};
+}
 
 std::optional<FaltaEnEmpresa> revisarEmpresa(Empresa& empresa, bool hayProvincia)
 {
@@ -39,33 +127,40 @@ std::optional<FaltaEnEmpresa> revisarEmpresa(Empresa& empresa, bool hayProvincia
     return std::nullopt;
 }
 
-std::optional<QString> guardarEmpresa(Conexion& conexion, const EntradaEmpresa& entrada)
+std::optional<QString> guardarEmpresa(Conexion& conexion, EntradaEmpresa& entrada)
 {
+    EntradaEmpresa guardada = entrada;
+    const QString& cuit = entrada.empresa.cuit;
     Transaccion transaccion(conexion);
-    if (entrada.nueva)
+    if (guardada.nueva)
     {
-        insertarEmpresa(conexion, entrada.empresa);
+        insertarEmpresa(conexion, guardada.empresa);
     }
-    else if (!actualizarEmpresa(conexion, entrada.empresa))
+    else
     {
-        return QStringLiteral("La Empresa %1 no se encuentra en la Base de Empresas: pudo ser eliminada desde otro "
-                              "puesto.  No se ha grabado ningún dato.")
-            .arg(entrada.empresa.cuit);
-    }
-    if (entrada.sucursales)
-    {
-        if (const auto rechazo = guardarSucursales(conexion, entrada.empresa.cuit, *entrada.sucursales))
+        exigirEmpresa(conexion, cuit);
+        exigirSucursales(conexion, cuit, guardada.sucursales.value_or(std::vector<FilaSucursal>()));
+        if (guardada.leida)
         {
-            return rechazo;
+            exigirSinCambios(cambiosEnEmpresa(guardada, leerEmpresa(conexion, cuit).value()));
         }
+        actualizarEmpresa(conexion, guardada.empresa);
     }
-    if (entrada.responsables)
+    std::optional<QString> rechazo;
+    if (guardada.sucursales)
     {
-        if (const auto rechazo = guardarResponsables(conexion, entrada.empresa.cuit, *entrada.responsables))
-        {
-            return rechazo;
-        }
+        rechazo = guardarSucursales(conexion, cuit, *guardada.sucursales);
     }
+    if (!rechazo && guardada.responsables)
+    {
+        rechazo = guardarResponsables(conexion, cuit, *guardada.responsables);
+    }
+    if (rechazo)
+    {
+        return rechazo;
+    }
+    guardada.leida = leerEmpresa(conexion, cuit);
     transaccion.confirmar();
+    entrada = std::move(guardada);
     return std::nullopt;
 }

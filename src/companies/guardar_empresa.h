@@ -1,11 +1,22 @@
 #pragma once
 
+#include "companies/cambios.h"
 #include "companies/empresa.h"
 #include "companies/responsables.h"
 #include "companies/sucursales.h"
 
 #include <optional>
 #include <vector>
+
+/// A company as a screen read it, to be compared at the save with what is stored then.
+struct EmpresaLeida
+{
+    Empresa empresa;
+    std::vector<FilaSucursal> sucursales;
+    std::vector<FilaResponsable> responsables;
+};
+/// Nothing when there is no company of this CUIT (any more).
+[[nodiscard]] std::optional<EmpresaLeida> leerEmpresa(Conexion& conexion, const QString& cuit);
 
 /// A company as it was typed, with its two lists.
 struct EntradaEmpresa
@@ -14,6 +25,7 @@ struct EntradaEmpresa
     Empresa empresa;
     std::optional<std::vector<FilaSucursal>> sucursales = {};      ///< nothing: not touched, not written
     std::optional<std::vector<FilaResponsable>> responsables = {}; ///< nothing: not touched, not written
+    std::optional<EmpresaLeida> leida = {};                        ///< nothing: whatever is stored now is replaced
 };
 
 enum class CampoEmpresa
@@ -40,5 +52,8 @@ struct FaltaEnEmpresa
 [[nodiscard]] std::optional<FaltaEnEmpresa> revisarEmpresa(Empresa& empresa, bool hayProvincia);
 
 /// Writes the company, its branches and its responsible persons in one transaction. Gives the text of a refusal, with
-/// everything as it was; nothing when all is stored. Throws ErrorDeEjecucion, with everything as it was, for the rest.
-[[nodiscard]] std::optional<QString> guardarEmpresa(Conexion& conexion, const EntradaEmpresa& entrada);
+/// everything as it was; nothing when all is stored: `entrada` then holds the IDs of the branches just added and, as
+/// read, what is stored now. Throws, with everything as it was: YaNoEsta when the company or a branch was deleted
+/// meanwhile, CambiadoPorOtro when what would be replaced is no longer stored as it was read, ErrorDeEjecucion for the
+/// rest.
+[[nodiscard]] std::optional<QString> guardarEmpresa(Conexion& conexion, EntradaEmpresa& entrada);

@@ -3,6 +3,7 @@
 #include "companies/catalogos.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
+#include "platform/data/insertar.h"
 
 namespace
 {
@@ -21,7 +22,7 @@ bool incompleta(const FilaResponsable& fila)
     return fila.ayn.isEmpty() || fila.tipoDoc.isEmpty() || sinDocumento(fila);
 }
 
-void insertar(Conexion& conexion, const QString& cuit, const FilaResponsable& fila)
+void insertarResponsable(Conexion& conexion, const QString& cuit, const FilaResponsable& fila)
 {
     const auto tipoDoc = codigoDe(conexion, Catalogo::Documentos, fila.tipoDoc);
     if (!tipoDoc)
@@ -29,9 +30,13 @@ void insertar(Conexion& conexion, const QString& cuit, const FilaResponsable& fi
         throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro,
                                QStringLiteral("No existe el tipo de documento %1").arg(fila.tipoDoc));
     }
-    conexion.ejecutar("INSERT INTO Empresas_Responsables (CUIT, AyN, Domicilio, Localidad, TipoDoc, NroDoc) "
-                      "VALUES (?, ?, ?, ?, ?, ?)",
-                      cuit, fila.ayn, fila.domicilio, fila.localidad, *tipoDoc, fila.nroDoc);
+    insertar(conexion, "Empresas_Responsables",
+             {{"CUIT", cuit},
+              {"AyN", fila.ayn},
+              {"Domicilio", fila.domicilio},
+              {"Localidad", fila.localidad},
+              {"TipoDoc", *tipoDoc},
+              {"NroDoc", fila.nroDoc}});
 }
 } // namespace
 
@@ -67,7 +72,7 @@ std::optional<QString> guardarResponsables(Conexion& conexion, const QString& cu
         {
             return QStringLiteral("Los datos de los Responsables están incompletos.  Por favor, verifique los mismos.");
         }
-        insertar(conexion, cuit, fila);
+        insertarResponsable(conexion, cuit, fila);
     }
     return std::nullopt;
 }

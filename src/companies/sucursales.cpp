@@ -2,6 +2,7 @@
 
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
+#include "platform/data/insertar.h"
 
 namespace
 {
@@ -16,26 +17,28 @@ bool incompleta(const FilaSucursal& fila)
     return fila.sucursal.isEmpty() || fila.domicilio.isEmpty() || fila.localidad.isEmpty();
 }
 
-/// Writes one row. False when it is a known branch that is no longer there.
-bool escribir(Conexion& conexion, const QString& cuit, const FilaSucursal& fila)
+void escribir(Conexion& conexion, const QString& cuit, FilaSucursal& fila)
 {
     if (!fila.numero)
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
                                QStringLiteral("falta el número del domicilio de la sucursal %1").arg(fila.sucursal));
     }
+    ValoresDeColumnas valores{
+        {"Sucursal", fila.sucursal}, {"Domicilio", fila.domicilio}, {"Numero", *fila.numero},
+        {"CodPos", fila.codPos},     {"Localidad", fila.localidad}, {"Telefono", fila.telefono},
+    };
     if (fila.id == 0)
     {
-        conexion.ejecutar("INSERT INTO Empresas_Sucursales (CUIT, Sucursal, Domicilio, Numero, CodPos, Localidad, "
-                          "Telefono) VALUES (?, ?, ?, ?, ?, ?, ?)",
-                          cuit, fila.sucursal, fila.domicilio, *fila.numero, fila.codPos, fila.localidad,
-                          fila.telefono);
-        return true;
+        valores.push_back({"CUIT", cuit});
+        insertar(conexion, "Empresas_Sucursales", valores);
+        fila.id = conexion.ultimoNumero();
     }
-    return conexion.ejecutar("UPDATE Empresas_Sucursales SET Sucursal = ?, Domicilio = ?, Numero = ?, CodPos = ?, "
-                             "Localidad = ?, Telefono = ?, Marca = 0 WHERE ID = ? AND CUIT = ?",
-                             fila.sucursal, fila.domicilio, *fila.numero, fila.codPos, fila.localidad, fila.telefono,
-                             fila.id, cuit) > 0;
+    else
+    {
+        valores.push_back({"Marca", 0});
+        actualizar(conexion, "Empresas_Sucursales", valores, {{"ID", fila.id}, {"CUIT", cuit}});
+    }
 }
 
 /// Deletes the branches still marked, unless one of them has employees: then the text of the refusal.
@@ -76,14 +79,33 @@ std::vector<FilaSucursal> cargarSucursales(Conexion& conexion, const QString& cu
     return filas;
 }
 
-std::optional<QString> guardarSucursales(Conexion& conexion, const QString& cuit,
-                                         const std::vector<FilaSucursal>& filas)
+SucursalEliminada::SucursalEliminada(const FilaSucursal& fila)
+    : YaNoEsta(QStringLiteral("La Sucursal %1 - %2 ya no se encuentra en la Base: fue eliminada desde otra ventana u "
+                              "otro puesto.  No se ha grabado ningún dato.")
+                   .arg(fila.sucursal, fila.domicilio))
+{
+}
+
+void exigirSucursales(Conexion& conexion, const QString& cuit, const std::vector<FilaSucursal>& filas)
+{
+    for (const FilaSucursal& fila : filas)
+    {
+        if (fila.id != 0 && !enBlanco(fila) &&
+            !conexion.hay("SELECT ID FROM Empresas_Sucursales WHERE ID = ? AND CUIT = ?", fila.id, cuit))
+        {
+            throw SucursalEliminada(fila);
+        }
+    }
+}
+
+std::optional<QString> guardarSucursales(Conexion& conexion, const QString& cuit, std::vector<FilaSucursal>& filas)
 {
     conexion.ejecutar("UPDATE Empresas_Sucursales SET Marca = 1 WHERE CUIT = ?", cuit);
-    for (const FilaSucursal& fila : filas)
+    for (FilaSucursal& fila : filas)
     {
         if (enBlanco(fila))
         {
+            fila.id = 0;
             continue;
         }
         if (incompleta(fila))
@@ -91,12 +113,7 @@ std::optional<QString> guardarSucursales(Conexion& conexion, const QString& cuit
             return QStringLiteral("Los datos de las Sucursales están incompletos.  Por favor, verifique los mismos "
                                   "(Nro. de Sucursal, Domicilio y Localidad).");
         }
-        if (!escribir(conexion, cuit, fila))
-        {
-            return QStringLiteral("La Sucursal %1 - %2 ya no se encuentra en la Base: fue eliminada desde otro "
-                                  "puesto.  No se ha grabado ningún dato.")
-                .arg(fila.sucursal, fila.domicilio);
-        }
+        escribir(conexion, cuit, fila);
     }
     return barrerMarcadas(conexion, cuit);
 }

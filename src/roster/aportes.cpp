@@ -36,7 +36,8 @@ Aportes calcular(float haberes, float acuerdo, float factor, int horas, bool afi
     return aportes;
 }
 
-/// A quotient rounded to two decimals, halves to even, kept as a 32-bit float.
+/// A quotient rounded to two decimals, kept as a 32-bit float. What is rounded, halves to even, is its product by 100
+/// in double precision: 109 / 200 gives 0.55 and 115 / 200 gives 0.57, where the exact halves would go the other way.
 float factorRedondeado(double cociente)
 {
     return static_cast<float>(std::nearbyint(cociente * 100) / 100);

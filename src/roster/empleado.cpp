@@ -1,7 +1,6 @@
 #include "roster/empleado.h"
 
 #include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <string>
 
@@ -26,11 +25,7 @@ std::optional<QString> textoONada(const Fila& fila, const char* columna)
 std::optional<int> sexo(const Fila& fila)
 {
     const std::optional<qint64> valor = fila.enteroONulo("Sexo");
-    if (valor && *valor != 0 && *valor != 1)
-    {
-        throw ErrorDeEjecucion(380, QStringLiteral("El sexo guardado no es válido: %1").arg(*valor));
-    }
-    return valor ? std::optional(static_cast<int>(*valor)) : std::nullopt;
+    return valor == 0 || valor == 1 ? std::optional(static_cast<int>(*valor)) : std::nullopt;
 }
 
 Empleado leer(const Fila& fila)
@@ -123,8 +118,21 @@ std::optional<QString> textoSucursal(Conexion& conexion, qint64 id)
     return primeraSucursal(conexion.consultar("SELECT * FROM Empresas_Sucursales WHERE ID = ?", id));
 }
 
+EmpleadoEliminado::EmpleadoEliminado(const QString& cuil)
+    : YaNoEsta(QStringLiteral("El Empleado %1 ya no se encuentra en la Declaración Jurada: fue eliminado desde otra "
+                              "ventana u otro puesto.  No se ha grabado ningún dato.")
+                   .arg(cuil))
+{
+}
+
 void eliminarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil)
 {
-    conexion.ejecutar("DELETE FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?",
-                      clave.cuit, clave.periodo, clave.secuencia, cuil);
+    Transaccion transaccion(conexion);
+    exigirDeclaracion(conexion, clave);
+    if (conexion.ejecutar("DELETE FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?",
+                          clave.cuit, clave.periodo, clave.secuencia, cuil) == 0)
+    {
+        throw EmpleadoEliminado(cuil);
+    }
+    transaccion.confirmar();
 }

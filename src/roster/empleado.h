@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/clave_ddjj.h"
+#include "core/vigencia.h"
 #include "platform/data/moneda.h"
 
 #include <QDate>
@@ -28,7 +28,7 @@ struct Empleado
     QString ayn;
     std::optional<QString> documento; ///< name of the document type
     qint64 nroDoc = 0;
-    std::optional<int> sexo; ///< 0 female, 1 male
+    std::optional<int> sexo; ///< 0 female, 1 male; nothing for any other code
     QDate nacio;
     QString calle;
     qint64 numero = 0;
@@ -54,7 +54,7 @@ struct Empleado
 
 /// The record wanted; nothing when there is none. `cuil` is the masked text of the record on screen, which Anterior,
 /// Siguiente and Buscado compare with. One row is read, whatever the size of the roster.
-/// Throws ErrorDeEjecucion 94 for a Null amount, number or branch, 380 for a sex other than 0 and 1.
+/// Throws ErrorDeEjecucion 94 for a Null amount, number or branch.
 [[nodiscard]] std::optional<Empleado> cargarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, AccionEmpleado accion,
                                                      const QString& cuil);
 
@@ -63,5 +63,13 @@ struct Empleado
 /// The same for a branch just picked, whatever its company.
 [[nodiscard]] std::optional<QString> textoSucursal(Conexion& conexion, qint64 id);
 
-/// Deletes an employee from the declaration; his dependants stay.
+/// An employee who is no longer in the declaration.
+class EmpleadoEliminado : public YaNoEsta
+{
+public:
+    explicit EmpleadoEliminado(const QString& cuil);
+};
+
+/// Deletes an employee from the declaration; his dependants stay. Throws YaNoEsta when he or the declaration was
+/// deleted meanwhile.
 void eliminarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil);

@@ -3,6 +3,7 @@
 #include "companies/catalogos.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
+#include "platform/data/insertar.h"
 
 namespace
 {
@@ -30,7 +31,7 @@ qint64 codigo(Conexion& conexion, Catalogo catalogo, const QString& nombre)
     return *hallado;
 }
 
-void insertar(Conexion& conexion, const QString& cuil, const FilaFamiliar& fila)
+void insertarFamiliar(Conexion& conexion, const QString& cuil, const FilaFamiliar& fila)
 {
     const qint64 documento = codigo(conexion, Catalogo::Documentos, fila.tipoDoc);
     const qint64 familiar = codigo(conexion, Catalogo::Familiar, fila.familiar);
@@ -39,9 +40,14 @@ void insertar(Conexion& conexion, const QString& cuil, const FilaFamiliar& fila)
         throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
                                QStringLiteral("falta el número de documento de %1").arg(fila.ayn));
     }
-    conexion.ejecutar("INSERT INTO Empleados_Familiares (CUIL, Familiar, AyN, TipoDoc, NroDoc, Sexo, Nacio) "
-                      "VALUES (?, ?, ?, ?, ?, ?, ?)",
-                      cuil, familiar, fila.ayn, documento, *fila.nroDoc, fila.sexo == femenino ? 0 : 1, fila.nacio);
+    insertar(conexion, "Empleados_Familiares",
+             {{"CUIL", cuil},
+              {"Familiar", familiar},
+              {"AyN", fila.ayn},
+              {"TipoDoc", documento},
+              {"NroDoc", *fila.nroDoc},
+              {"Sexo", fila.sexo == femenino ? 0 : 1},
+              {"Nacio", fila.nacio}});
 }
 } // namespace
 
@@ -78,7 +84,7 @@ bool guardarFamiliares(Conexion& conexion, const QString& cuil, const std::vecto
         {
             return false;
         }
-        insertar(conexion, cuil, fila);
+        insertarFamiliar(conexion, cuil, fila);
     }
     return true;
 }

@@ -1,8 +1,10 @@
 #include "roster/guardar_empleado.h"
 
+#include "core/vigencia.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
+#include "platform/data/insertar.h"
 
 #include <limits>
 
@@ -71,54 +73,80 @@ std::optional<FaltaEnEmpleado> faltaJornada(const EntradaEmpleado& entrada)
                                           "realiza el Empleado.")};
 }
 
-/// The values in the order of both statements, from AyN to Acuerdo.
-template <class Consumidor>
-int conValores(const EntradaEmpleado& e, const Aportes& aportes, Consumidor&& consumidor)
+ValoresDeColumnas claveDe(const ClaveDDJJ& clave, const QString& cuil)
 {
-    return consumidor(e.ayn, e.tipoDoc, enteroDe(e.documento), e.sexo, e.calle,
-                      e.numero.isEmpty() ? qint64{0} : enteroDe(e.numero), e.piso, e.depto, e.codPos, e.localidad,
-                      e.provincia, e.telefono, e.nacio, e.estCivil, e.afiliado, Moneda::deSimple(aportes.total),
-                      importeTecleado(e.haberes), e.categoria, e.ingreso, e.egreso, e.sucursal, enteroDe(e.qHoras),
-                      importeMostrado(aportes.art100), importeMostrado(aportes.art101A),
-                      importeMostrado(aportes.art101B), importeTecleado(e.acuerdo));
+    return {{"Cuit", clave.cuit}, {"Periodo", clave.periodo}, {"Secuencia", clave.secuencia}, {"Cuil", cuil}};
 }
 
-void insertar(Conexion& conexion, const ClaveDDJJ& clave, const EntradaEmpleado& entrada, const Aportes& aportes)
+ValoresDeColumnas valoresDe(const EntradaEmpleado& e, const Aportes& aportes)
 {
-    conValores(
-        entrada, aportes,
-        [&](const auto&... valores)
-        {
-            return conexion.ejecutar(
-                "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Sexo, Calle, "
-                "Numero, Piso, Depto, CodPos, Localidad, Provincia, Telefono, Nacio, EstCivil, Afiliado, Sueldo, "
-                "Imponible, Categoria, Ingreso, Egreso, Sucursal, QHoras, ART100, ART101A, ART101B, Acuerdo, "
-                "Acuerdo2) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
-                "?, ?, ?, ?, ?, 0)",
-                clave.cuit, clave.periodo, clave.secuencia, entrada.cuil, valores...);
-        });
+    return {
+        {"AyN", e.ayn},
+        {"TipoDoc", e.tipoDoc},
+        {"NroDoc", enteroDe(e.documento)},
+        {"Sexo", e.sexo},
+        {"Calle", e.calle},
+        {"Numero", e.numero.isEmpty() ? qint64{0} : enteroDe(e.numero)},
+        {"Piso", e.piso},
+        {"Depto", e.depto},
+        {"CodPos", e.codPos},
+        {"Localidad", e.localidad},
+        {"Provincia", e.provincia},
+        {"Telefono", e.telefono},
+        {"Nacio", e.nacio},
+        {"EstCivil", e.estCivil},
+        {"Afiliado", e.afiliado},
+        {"Sueldo", Moneda::deSimple(aportes.total)},
+        {"Imponible", importeTecleado(e.haberes)},
+        {"Categoria", e.categoria},
+        {"Ingreso", e.ingreso},
+        {"Egreso", e.egreso},
+        {"Sucursal", e.sucursal},
+        {"QHoras", enteroDe(e.qHoras)},
+        {"ART100", importeMostrado(aportes.art100)},
+        {"ART101A", importeMostrado(aportes.art101A)},
+        {"ART101B", importeMostrado(aportes.art101B)},
+        {"Acuerdo", importeTecleado(e.acuerdo)},
+        // The screen shows the sum of both agreement sums: it goes to Acuerdo.
+        {"Acuerdo2", 0},
+    };
 }
 
-void actualizar(Conexion& conexion, const ClaveDDJJ& clave, const EntradaEmpleado& entrada, const Aportes& aportes)
+/// The branch that was stored already is saved again whatever became of it; one chosen now must be there.
+void exigirSucursal(Conexion& conexion, const EntradaEmpleado& entrada, qint64 guardada)
 {
-    // The screen shows the sum of both agreement sums: it goes to Acuerdo, and Acuerdo2 becomes 0.
-    const int filas = conValores(
-        entrada, aportes,
-        [&](const auto&... valores)
-        {
-            return conexion.ejecutar(
-                "UPDATE DDJJ_Empleados SET AyN = ?, TipoDoc = ?, NroDoc = ?, Sexo = ?, Calle = ?, Numero = ?, "
-                "Piso = ?, Depto = ?, CodPos = ?, Localidad = ?, Provincia = ?, Telefono = ?, Nacio = ?, "
-                "EstCivil = ?, Afiliado = ?, Sueldo = ?, Imponible = ?, Categoria = ?, Ingreso = ?, Egreso = ?, "
-                "Sucursal = ?, QHoras = ?, ART100 = ?, ART101A = ?, ART101B = ?, Acuerdo = ?, Acuerdo2 = 0 "
-                "WHERE Cuit = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?",
-                valores..., clave.cuit, clave.periodo, clave.secuencia, entrada.cuil);
-        });
-    if (filas == 0)
+    if (entrada.sucursal != 0 && entrada.sucursal != guardada && !textoSucursal(conexion, entrada.sucursal))
     {
-        throw ErrorDeEjecucion(3021, QStringLiteral("El Empleado ya no está en la Declaración Jurada: fue eliminado "
-                                                    "desde otro puesto."));
+        throw ErrorParaAvisar(ErrorDeEjecucion::SinRegistro,
+                              QStringLiteral("La Sucursal elegida ya no se encuentra en la Base: fue eliminada desde "
+                                             "otra ventana u otro puesto.  Elija otra para grabar los datos."));
     }
+}
+
+void insertarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const EntradaEmpleado& entrada,
+                      const Aportes& aportes)
+{
+    exigirSucursal(conexion, entrada, 0);
+    ValoresDeColumnas valores = claveDe(clave, entrada.cuil);
+    const ValoresDeColumnas otros = valoresDe(entrada, aportes);
+    valores.insert(valores.end(), otros.begin(), otros.end());
+    insertar(conexion, "DDJJ_Empleados", valores);
+}
+
+void actualizarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const EntradaEmpleado& entrada,
+                        const Aportes& aportes)
+{
+    const auto guardado = leerEmpleado(conexion, clave, entrada.cuil);
+    if (!guardado)
+    {
+        throw EmpleadoEliminado(entrada.cuil);
+    }
+    if (entrada.leido)
+    {
+        exigirSinCambios(cambiosEnEmpleado(conexion, clave.cuit, *entrada.leido, *guardado));
+    }
+    exigirSucursal(conexion, entrada, guardado->empleado.sucursal);
+    actualizar(conexion, "DDJJ_Empleados", valoresDe(entrada, aportes), claveDe(clave, entrada.cuil));
 }
 } // namespace
 
@@ -167,22 +195,25 @@ Aportes aportesDe(const EntradaEmpleado& entrada)
                              entrada.afiliado);
 }
 
-std::optional<Aportes> guardarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const EntradaEmpleado& entrada)
+std::optional<EmpleadoGuardado> guardarEmpleado(Conexion& conexion, const ClaveDDJJ& clave,
+                                                const EntradaEmpleado& entrada)
 {
     const Aportes aportes = aportesDe(entrada);
     Transaccion transaccion(conexion);
+    exigirDeclaracion(conexion, clave);
     if (entrada.nuevo)
     {
-        insertar(conexion, clave, entrada, aportes);
+        insertarEmpleado(conexion, clave, entrada, aportes);
     }
     else
     {
-        actualizar(conexion, clave, entrada, aportes);
+        actualizarEmpleado(conexion, clave, entrada, aportes);
     }
     if (!guardarFamiliares(conexion, entrada.cuil, entrada.familia))
     {
         return std::nullopt;
     }
+    EmpleadoGuardado guardado{aportes, leerEmpleado(conexion, clave, entrada.cuil).value()};
     transaccion.confirmar();
-    return aportes;
+    return guardado;
 }

@@ -2,7 +2,7 @@
 
 #include "core/clave_ddjj.h"
 #include "roster/aportes.h"
-#include "roster/familiares.h"
+#include "roster/empleado_leido.h"
 
 #include <QDate>
 #include <QString>
@@ -39,6 +39,7 @@ struct EntradaEmpleado
     QString acuerdo; ///< empty means 0
     bool afiliado = false;
     std::vector<FilaFamiliar> familia;
+    std::optional<EmpleadoLeido> leido = {}; ///< as the screen read him; nothing: whatever is stored now is replaced
 };
 
 enum class CampoEmpleado
@@ -68,11 +69,18 @@ struct FaltaEnEmpleado
 [[nodiscard]] std::optional<FaltaEnEmpleado> revisarEmpleado(Conexion& conexion, const QString& cuit,
                                                              const EntradaEmpleado& entrada);
 
+struct EmpleadoGuardado
+{
+    Aportes aportes;
+    EmpleadoLeido leido; ///< as he is stored now
+};
+
 /// Inserts or updates the employee with contributions computed anew and replaces his dependants, in one transaction.
-/// Nothing is returned, and nothing stays in the database, when a family row is incomplete. Every other failure throws
-/// ErrorDeEjecucion with nothing written; an update of a row that the other desk has deleted throws 3021.
-[[nodiscard]] std::optional<Aportes> guardarEmpleado(Conexion& conexion, const ClaveDDJJ& clave,
-                                                     const EntradaEmpleado& entrada);
+/// Nothing is returned, and nothing stays in the database, when a family row is incomplete. Every failure throws with
+/// nothing written: YaNoEsta when the declaration or the employee was deleted meanwhile, CambiadoPorOtro when he is no
+/// longer stored as he was read, ErrorParaAvisar when the branch chosen was deleted, ErrorDeEjecucion for the rest.
+[[nodiscard]] std::optional<EmpleadoGuardado> guardarEmpleado(Conexion& conexion, const ClaveDDJJ& clave,
+                                                              const EntradaEmpleado& entrada);
 
 /// The contributions of what is typed. Throws ErrorDeEjecucion 13 for a text that is no number, 11 for 0 hours.
 [[nodiscard]] Aportes aportesDe(const EntradaEmpleado& entrada);

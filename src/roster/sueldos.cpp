@@ -1,8 +1,11 @@
 #include "roster/sueldos.h"
 
+#include "companies/cambios.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
+#include "platform/data/formato.h"
 #include "roster/aportes.h"
+#include "roster/empleado.h"
 
 #include <optional>
 #include <string>
@@ -33,45 +36,79 @@ struct Guardada
     bool afiliado = false;
 };
 
-std::optional<Guardada> leerFila(Sentencia& leer, std::string_view cuit, const ClaveDDJJ& clave, std::string_view cuil)
+/// The statements of one update, and the declaration that they work on.
+class Actualizacion
 {
-    std::optional<Guardada> guardada;
-    leer.recorrer(
-        [&](const Fila& fila) {
-            guardada = {sueldoMostrado(fila), acuerdoMostrado(fila), fila.enteroONulo("QHoras"), fila.si("Afiliado")};
-        },
-        cuit, clave.periodo, clave.secuencia, cuil);
-    return guardada;
-}
+public:
+    Actualizacion(Conexion& conexion, const ClaveDDJJ& clave)
+        : m_leer(conexion.preparar("SELECT Imponible, Acuerdo, Acuerdo2, QHoras, Afiliado FROM DDJJ_Empleados "
+                                   "WHERE CUIT = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?"))
+        , m_escribir(conexion.preparar("UPDATE DDJJ_Empleados SET Imponible = ?, ART100 = ?, ART101A = ?, "
+                                       "ART101B = ?, Acuerdo = ?, Acuerdo2 = 0 "
+                                       "WHERE CUIT = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?"))
+        , m_cuit(clave.cuit.toStdString())
+        , m_clave(clave)
+    {
+    }
 
-/// Writes a row if it changed; true when it did.
-bool actualizarFila(Sentencia& leer, Sentencia& escribir, std::string_view cuit, const ClaveDDJJ& clave,
-                    FilaSueldo& nueva)
+    /// Throws YaNoEsta when the row is not there.
+    [[nodiscard]] Guardada leer(const QString& cuil)
+    {
+        std::optional<Guardada> guardada;
+        m_leer.recorrer(
+            [&](const Fila& fila) {
+                guardada = {sueldoMostrado(fila), acuerdoMostrado(fila), fila.enteroONulo("QHoras"),
+                            fila.si("Afiliado")};
+            },
+            m_cuit, m_clave.periodo, m_clave.secuencia, cuil);
+        if (!guardada)
+        {
+            throw EmpleadoEliminado(cuil);
+        }
+        return *guardada;
+    }
+
+    /// Writes a row if it changed; true when it did.
+    [[nodiscard]] bool escribir(const Guardada& guardada, FilaSueldo& nueva)
+    {
+        if (guardada.sueldo == nueva.sueldo && guardada.acuerdo == nueva.acuerdo)
+        {
+            return false;
+        }
+        if (!guardada.horas)
+        {
+            throw ErrorDeEjecucion(ErrorDeEjecucion::UsoDeNull, QStringLiteral("QHoras"));
+        }
+        const float sueldo = flotante(nueva.sueldo);
+        const float acuerdo = flotante(nueva.acuerdo);
+        const Aportes aportes = aportesEnLote(sueldo, acuerdo, static_cast<int>(*guardada.horas), guardada.afiliado);
+        nueva.sueldo = Moneda::deSimple(sueldo);
+        nueva.acuerdo = Moneda::deSimple(acuerdo);
+        m_escribir.ejecutar(nueva.sueldo, Moneda::deSimple(aportes.art100), Moneda::deSimple(aportes.art101A),
+                            Moneda::deSimple(aportes.art101B), nueva.acuerdo, m_cuit, m_clave.periodo,
+                            m_clave.secuencia, nueva.cuil);
+        return true;
+    }
+
+private:
+    Sentencia m_leer;
+    Sentencia m_escribir;
+    std::string m_cuit;
+    ClaveDDJJ m_clave;
+};
+
+void agregarCambios(Cambios& cambios, const FilaSueldo& leida, const Guardada& guardada)
 {
-    const QByteArray utf8 = nueva.cuil.toUtf8();
-    const std::string_view cuil(utf8.constData(), static_cast<std::size_t>(utf8.size()));
-    const std::optional<Guardada> guardada = leerFila(leer, cuit, clave, cuil);
-    if (!guardada)
+    const auto comparar = [&](const QString& campo, Moneda antes, Moneda ahora)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro,
-                               QStringLiteral("El Empleado %1 ya no está en la Declaración Jurada.").arg(nueva.cuil));
-    }
-    if (guardada->sueldo == nueva.sueldo && guardada->acuerdo == nueva.acuerdo)
-    {
-        return false;
-    }
-    if (!guardada->horas)
-    {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::UsoDeNull, QStringLiteral("QHoras"));
-    }
-    const float sueldo = flotante(nueva.sueldo);
-    const float acuerdo = flotante(nueva.acuerdo);
-    const Aportes aportes = aportesEnLote(sueldo, acuerdo, static_cast<int>(*guardada->horas), guardada->afiliado);
-    nueva.sueldo = Moneda::deSimple(sueldo);
-    nueva.acuerdo = Moneda::deSimple(acuerdo);
-    escribir.ejecutar(nueva.sueldo, Moneda::deSimple(aportes.art100), Moneda::deSimple(aportes.art101A),
-                      Moneda::deSimple(aportes.art101B), nueva.acuerdo, cuit, clave.periodo, clave.secuencia, cuil);
-    return true;
+        if (antes != ahora)
+        {
+            cambios.push_back(
+                {leida.ayn + QStringLiteral(", ") + campo, Formato(antes, u"#,##0.00"), Formato(ahora, u"#,##0.00")});
+        }
+    };
+    comparar(QStringLiteral("Sueldo"), leida.sueldo, guardada.sueldo);
+    comparar(QStringLiteral("Acuerdo"), leida.acuerdo, guardada.acuerdo);
 }
 } // namespace
 
@@ -92,21 +129,25 @@ std::vector<FilaSueldo> cargarSueldos(Conexion& conexion, const ClaveDDJJ& clave
     return filas;
 }
 
-int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<FilaSueldo>& filas)
+int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<FilaSueldo>& filas,
+                      const std::vector<FilaSueldo>& leidas)
 {
     std::vector<FilaSueldo> guardadas = filas;
     Transaccion transaccion(conexion);
-    Sentencia leer = conexion.preparar("SELECT Imponible, Acuerdo, Acuerdo2, QHoras, Afiliado FROM DDJJ_Empleados "
-                                       "WHERE CUIT = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?");
-    Sentencia escribir = conexion.preparar("UPDATE DDJJ_Empleados SET Imponible = ?, ART100 = ?, ART101A = ?, "
-                                           "ART101B = ?, Acuerdo = ?, Acuerdo2 = 0 "
-                                           "WHERE CUIT = ? AND Periodo = ? AND Secuencia = ? AND Cuil = ?");
-    const std::string cuit = clave.cuit.toStdString();
+    exigirDeclaracion(conexion, clave);
+    Actualizacion actualizacion(conexion, clave);
+    Cambios cambios;
     int cantidad = 0;
-    for (FilaSueldo& fila : guardadas)
+    for (std::size_t i = 0; i < guardadas.size(); ++i)
     {
-        cantidad += actualizarFila(leer, escribir, cuit, clave, fila) ? 1 : 0;
+        const Guardada guardada = actualizacion.leer(guardadas[i].cuil);
+        if (!leidas.empty())
+        {
+            agregarCambios(cambios, leidas.at(i), guardada);
+        }
+        cantidad += actualizacion.escribir(guardada, guardadas[i]) ? 1 : 0;
     }
+    exigirSinCambios(std::move(cambios));
     transaccion.confirmar();
     filas = std::move(guardadas);
     return cantidad;

@@ -24,8 +24,11 @@ struct FilaSueldo
 /// Writes the rows whose amounts differ, to two decimals, from what the database shows: wage, agreement sum and the
 /// contributions by the bulk rule, each number as the text of a 32-bit float. Sueldo is left as it stands. One
 /// transaction. `filas` comes back with the written rows as they were saved; gives their number.
-/// Throws ErrorDeEjecucion with nothing written: 3021 for a row that went missing, 94 for Null hours.
-[[nodiscard]] int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<FilaSueldo>& filas);
+/// `leidas` are the same rows as they were read; empty: whatever is stored now is replaced.
+/// Throws with nothing written: YaNoEsta when the declaration or an employee was deleted meanwhile, CambiadoPorOtro
+/// when an amount is no longer stored as it was read, ErrorDeEjecucion 94 for Null hours.
+[[nodiscard]] int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<FilaSueldo>& filas,
+                                    const std::vector<FilaSueldo>& leidas);
 
 /// "Se ha realizado 1 Actualización.", "Se han realizado 3 Actualizaciones."
 [[nodiscard]] QString textoActualizaciones(int cantidad);

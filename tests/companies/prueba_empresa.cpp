@@ -1,9 +1,11 @@
 #include "apoyo/base_de_prueba.h"
+#include "apoyo/datos.h"
+#include "companies/busqueda_empresa.h"
+#include "companies/busqueda_rubro.h"
 #include "companies/catalogos.h"
-#include "companies/guardar_empresa.h"
+#include "companies/empresa.h"
 #include "core/lista_empresas.h"
-#include "datos_empresa.h"
-#include "platform/data/error_de_ejecucion.h"
+#include "empresa_completa.h"
 
 #include <gtest/gtest.h>
 
@@ -14,177 +16,114 @@ struct PruebaEmpresa : testing::Test
     BaseDePrueba base;
     Conexion& conexion = base.conexion();
 
-    [[nodiscard]] std::optional<QString> guardar(const Empresa& empresa, bool nueva)
+    [[nodiscard]] std::string razones(const char* cuit, const char* nombre) const
     {
-        return guardarEmpresa(conexion, {nueva, empresa, {}, {}});
+        QStringList lista;
+        for (const EmpresaHallada& hallada : buscarEmpresas(conexion, cuit, nombre))
+        {
+            lista += hallada.razon;
+        }
+        return lista.join(u';').toStdString();
+    }
+    [[nodiscard]] std::string rubros(const char* codigo, const char* nombre) const
+    {
+        QStringList lista;
+        for (const RubroHallado& hallado : buscarRubros(conexion, codigo, nombre))
+        {
+            lista += hallado.codigo;
+        }
+        return lista.join(u';').toStdString();
     }
 };
-
-int numeroDeError(const std::function<void()>& accion)
-{
-    try
-    {
-        accion();
-    }
-    catch (const ErrorDeEjecucion& error)
-    {
-        return error.numero();
-    }
-    return 0;
-}
 } // namespace
 
-TEST_F(PruebaEmpresa, CadaCampoVaYVuelve)
+TEST_F(PruebaEmpresa, UnaProvinciaQueNoEstaEnLaListaNoEsNinguna)
 {
-    EXPECT_EQ(guardar(empresaCompleta(), true), std::nullopt);
-    EXPECT_EQ(cargarEmpresa(conexion, cuitUno), empresaCompleta());
-
-    Empresa cambiada = empresaCompleta(cuitUno, QStringLiteral("Otra"));
-    for (QString* texto :
-         {&cambiada.fantasia, &cambiada.calle, &cambiada.nroLocal, &cambiada.piso, &cambiada.depto, &cambiada.codPos,
-          &cambiada.localidad, &cambiada.telefono, &cambiada.fax, &cambiada.rubro, &cambiada.contacto, &cambiada.web,
-          &cambiada.email, &cambiada.estudio, &cambiada.estDomicilio, &cambiada.estCodPos, &cambiada.estLocalidad,
-          &cambiada.estTelefono, &cambiada.estEmail})
-    {
-        *texto = QStringLiteral("c") + *texto;
-    }
-    cambiada.numero = QStringLiteral("0");
-    const EntradaDeCatalogo otra = leerCatalogo(conexion, Catalogo::Provincias).back();
-    ASSERT_NE(otra.codigo, empresaCompleta().provincia);
-    cambiada.provincia = otra.codigo;
-    cambiada.nombreProvincia = otra.nombre;
-    sembrarEmpresa(conexion, cuitDos);
-    EXPECT_EQ(guardar(cambiada, false), std::nullopt);
-    EXPECT_EQ(cargarEmpresa(conexion, cuitUno), cambiada);
-    EXPECT_EQ(cargarEmpresa(conexion, cuitDos), empresaCompleta(cuitDos)); // nobody else's row
+    poner("Empresas", {{"Provincia", 77}});
+    EXPECT_EQ("", cargarEmpresa(conexion, cuitUno)->nombreProvincia);
+    conexion.ejecutar("UPDATE Empresas SET Provincia = NULL");
+    EXPECT_EQ("", cargarEmpresa(conexion, cuitUno)->nombreProvincia);
 }
 
-TEST_F(PruebaEmpresa, SinProvinciaEsUnErrorYSinEmpresaNo)
-{
-    sembrarEmpresa(conexion);
-    conexion.ejecutar("UPDATE Empresas SET Provincia = 77");
-    EXPECT_EQ(numeroDeError([&] { (void)cargarEmpresa(conexion, cuitUno); }), ErrorDeEjecucion::SinRegistro);
-    EXPECT_EQ(cargarEmpresa(conexion, cuitDos), std::nullopt);
-}
-
-TEST_F(PruebaEmpresa, LoQueFallaDejaTodoComoEstaba)
-{
-    sembrarEmpresa(conexion);
-    Empresa sinNumero = empresaCompleta(cuitDos);
-    sinNumero.numero = QStringLiteral("12a");
-    EXPECT_EQ(numeroDeError([&] { (void)guardar(sinNumero, true); }), ErrorDeEjecucion::NoCoincidenTipos);
-    EXPECT_NE(numeroDeError([&] { (void)guardar(empresaCompleta(cuitUno, QStringLiteral("Copia")), true); }), 0);
-    EXPECT_EQ(razonesDeEmpresas(conexion), QStringList{QStringLiteral("Panadería D'Angelo")});
-    EXPECT_FALSE(conexion.enTransaccion());
-}
-
-TEST_F(PruebaEmpresa, LaEliminadaEnElOtroPuestoSeAvisaYNadaSeEscribe)
-{
-    EntradaEmpresa entrada{false, empresaCompleta(), {}, {}};
-    entrada.sucursales.emplace(
-        {FilaSucursal{0, QStringLiteral("1"), QStringLiteral("Calle"), 1, QStringLiteral("Berisso"), {}, {}}});
-    const auto rechazo = guardarEmpresa(conexion, entrada);
-    ASSERT_TRUE(rechazo);
-    EXPECT_TRUE(rechazo->contains(cuitUno)) << rechazo->toStdString();
-    EXPECT_EQ(contar(conexion, "FROM Empresas"), 0);
-    EXPECT_EQ(contar(conexion, "FROM Empresas_Sucursales"), 0);
-}
-
-TEST_F(PruebaEmpresa, LosChequeosEnSuOrden)
-{
-    Empresa empresa;
-    const auto falta = [&](bool hayProvincia = true) { return revisarEmpresa(empresa, hayProvincia); };
-    const auto espera = [](CampoEmpresa campo, const char* texto) {
-        return std::optional(FaltaEnEmpresa{campo, QString::fromUtf8(texto)});
-    };
-
-    empresa.cuit = QStringLiteral("__-________-_");
-    EXPECT_EQ(falta(), espera(CampoEmpresa::Cuit, "Debe ingresar el Nro. de C.U.I.T. de la Empresa."));
-    empresa.cuit = QStringLiteral("2_-________-_"); // no second test of the CUIT here
-    EXPECT_EQ(falta(), espera(CampoEmpresa::Razon, "Debe ingresar la Razón Social de la Empresa."));
-    empresa.razon = QStringLiteral(" ");
-    EXPECT_EQ(falta(), espera(CampoEmpresa::Calle, "Debe informar la Calle correspondiente."));
-    EXPECT_EQ(empresa.numero, QString());
-    empresa.calle = QStringLiteral("7");
-    EXPECT_EQ(falta(), espera(CampoEmpresa::CodPos, "Debe informar el Código Postal correspondiente."));
-    EXPECT_EQ(empresa.numero, QStringLiteral("0"));
-    empresa.codPos = QStringLiteral("1900");
-    EXPECT_EQ(falta(), espera(CampoEmpresa::Localidad, "Debe informar la Localidad correspondiente."));
-    empresa.localidad = QStringLiteral("Berisso");
-    EXPECT_EQ(falta(false), espera(CampoEmpresa::Provincia, "Debe ingresar la Provincia correspondiente."));
-    EXPECT_EQ(falta(), espera(CampoEmpresa::Rubro, "Debe informar el RUBRO correspondiente."));
-    empresa.rubro = QStringLiteral("no existe"); // nor of the trade
-    EXPECT_EQ(falta(), std::nullopt);
-}
-
-TEST_F(PruebaEmpresa, CuitNuevo)
-{
-    sembrarEmpresa(conexion);
-    const std::pair<const char*, ExamenDeCuit::Estado> casos[] = {
-        {"20-12345678-6", ExamenDeCuit::Existente},  {"30-50001091-2", ExamenDeCuit::Bueno},
-        {"30-50001091-3", ExamenDeCuit::Incorrecto}, {"30-5000109_-2", ExamenDeCuit::Incorrecto},
-        {"02-12345678-6", ExamenDeCuit::Incorrecto}, {"3_-________-_", ExamenDeCuit::Incorrecto},
-    };
-    for (const auto& [cuit, estado] : casos)
-    {
-        EXPECT_EQ(examinarCuitNuevo(conexion, QString::fromLatin1(cuit)).estado, estado) << cuit;
-    }
-    EXPECT_EQ(examinarCuitNuevo(conexion, cuitUno).razon, QStringLiteral("Panadería D'Angelo"));
-}
-
-TEST_F(PruebaEmpresa, LaBajaTomaLasTresTablasDeEsaEmpresaSola)
+TEST_F(PruebaEmpresa, LaBajaTomaLasTresTablasDeEsaEmpresaSolaOTodoQueda)
 {
     for (const QString& cuit : {cuitUno, cuitDos})
     {
-        sembrarEmpresa(conexion, cuit, QStringLiteral("Empresa ") + cuit);
-        sembrarSucursal(conexion, cuit, QStringLiteral("1"), QStringLiteral("Berisso"));
-        conexion.ejecutar("INSERT INTO Empresas_Responsables (CUIT, AyN) VALUES (?, 'Alguien')", cuit);
+        poner("Empresas", {{"CUIT", cuit}});
+        poner("Empresas_Sucursales", {{"CUIT", cuit}});
+        poner("Empresas_Responsables", {{"CUIT", cuit}});
     }
-    EXPECT_EQ(eliminarEmpresa(conexion, cuitUno), ImpedimentoDeBaja::Ninguno);
-    for (const char* tabla : {"FROM Empresas", "FROM Empresas_Sucursales", "FROM Empresas_Responsables"})
-    {
-        EXPECT_EQ(contar(conexion, tabla), 1) << tabla;
-    }
-    EXPECT_EQ(cuitDeUnicaEmpresa(conexion), cuitDos);
-}
+    poner("PAGOS");
+    EXPECT_EQ(ImpedimentoDeBaja::Pagos, eliminarEmpresa(conexion, cuitUno));
+    poner("DDJJ");
+    EXPECT_EQ(ImpedimentoDeBaja::Declaraciones, impedimentoDeBaja(conexion, cuitUno));
+    EXPECT_EQ(ImpedimentoDeBaja::Declaraciones, eliminarEmpresa(conexion, cuitUno));
+    EXPECT_EQ(2, cuantos("Empresas"));
+    conexion.ejecutar("DELETE FROM DDJJ");
+    conexion.ejecutar("DELETE FROM PAGOS");
 
-TEST_F(PruebaEmpresa, ImpidenLaBajaDeclaracionesYDespuesPagos)
-{
-    sembrarEmpresa(conexion);
-    conexion.ejecutar("INSERT INTO PAGOS (Cuit) VALUES (?)", cuitUno);
-    EXPECT_EQ(impedimentoDeBaja(conexion, cuitUno), ImpedimentoDeBaja::Pagos);
-    conexion.ejecutar("INSERT INTO DDJJ (Cuit, Periodo) VALUES (?, '2024-05-01')", cuitUno);
-    EXPECT_EQ(impedimentoDeBaja(conexion, cuitUno), ImpedimentoDeBaja::Declaraciones);
-    EXPECT_EQ(eliminarEmpresa(conexion, cuitUno), ImpedimentoDeBaja::Declaraciones);
-    EXPECT_EQ(contar(conexion, "FROM Empresas"), 1);
-    EXPECT_EQ(impedimentoDeBaja(conexion, cuitDos), ImpedimentoDeBaja::Ninguno);
-}
-
-TEST_F(PruebaEmpresa, LaBajaQueFallaEnElMedioNoBorraNada)
-{
-    sembrarEmpresa(conexion);
-    sembrarSucursal(conexion, cuitUno, QStringLiteral("1"), QStringLiteral("Berisso"));
     conexion.ejecutar("CREATE TRIGGER traba BEFORE DELETE ON Empresas_Sucursales BEGIN SELECT RAISE(ABORT, 'no'); END");
-    EXPECT_NE(numeroDeError([&] { (void)eliminarEmpresa(conexion, cuitUno); }), 0);
-    EXPECT_TRUE(cargarEmpresa(conexion, cuitUno));
+    EXPECT_NE(0, numeroDe([&] { return eliminarEmpresa(conexion, cuitUno); }));
+    EXPECT_EQ(2, cuantos("Empresas"));
+    conexion.ejecutar("DROP TRIGGER traba");
+    EXPECT_EQ("", fueraDeTransaccion([&] { (void)eliminarEmpresa(conexion, cuitUno); }));
+    EXPECT_EQ("1|1|1", filas("SELECT (SELECT count(*) FROM Empresas) AS E, (SELECT count(*) FROM Empresas_Sucursales) "
+                             "AS S, (SELECT count(*) FROM Empresas_Responsables) AS R"));
+    EXPECT_EQ(cuitDos, cuitDeUnicaEmpresa(conexion));
+    EXPECT_THROW((void)eliminarEmpresa(conexion, cuitUno), YaNoEsta);
+}
+
+TEST_F(PruebaEmpresa, EmpresasPorCuitYNombre)
+{
+    poner("Empresas", {{"CUIT", "20-12345678-6"}, {"Razon", "Panadería D'Angelo"}});
+    poner("Empresas", {{"CUIT", cuitDos}, {"Razon", "Confitería 100% Ñoquis"}});
+    poner("Empresas", {{"CUIT", "20-20202020-9"}, {"Razon", "Abasto y Panificación"}});
+    const char* const vacio = "__-________-_";
+    const std::tuple<const char*, const char*, const char*> casos[] = {
+        {vacio, "", "Abasto y Panificación;Confitería 100% Ñoquis;Panadería D'Angelo"}, // the full list by name
+        {vacio, "PAN", "Panadería D'Angelo;Abasto y Panificación"},                     // a narrowed one by CUIT
+        {vacio, "ÑOQUIS", "Confitería 100% Ñoquis"},
+        {vacio, "D'A", "Panadería D'Angelo"},
+        {vacio, "D_A", "Panadería D'Angelo"}, // wild cards
+        {vacio, "0%q", "Confitería 100% Ñoquis"},
+        {vacio, "\\", ""},
+        {"20-12345678-6", "pan", "Panadería D'Angelo"},
+        {"20-12345678-6", "Abasto", ""},
+        {"20-1_______-_", "", ""},
+    };
+    for (const auto& [cuit, nombre, esperadas] : casos)
+    {
+        EXPECT_EQ(esperadas, razones(cuit, nombre)) << cuit << ' ' << nombre;
+    }
+}
+
+TEST_F(PruebaEmpresa, RubrosDesdeUnCodigo)
+{
+    conexion.ejecutar("DELETE FROM Rubros");
+    conexion.ejecutar("INSERT INTO Rubros VALUES ('', 'Sin código'), ('10', 'Pan'), ('5', 'Panadería'), "
+                      "('511', 'Fábrica de pan'), ('9', 'Otros')");
+    const std::tuple<const char*, const char*, const char*> casos[] = {
+        {"", "", "10;5;511;9"}, {"5", "", "5;511;9"},    {"", "pan", "10;5;511"},
+        {"51", "PAN", "511"},   {"", "p_n", "10;5;511"}, {"'", "", "10;5;511;9"},
+    };
+    for (const auto& [codigo, nombre, esperados] : casos)
+    {
+        EXPECT_EQ(esperados, rubros(codigo, nombre)) << codigo << ' ' << nombre;
+    }
 }
 
 TEST_F(PruebaEmpresa, CatalogosPorNombre)
 {
-    const auto provincias = leerCatalogo(conexion, Catalogo::Provincias);
-    ASSERT_GT(provincias.size(), 20U);
-    EXPECT_EQ(provincias.front().nombre, QStringLiteral("Buenos Aires"));
     for (const Catalogo catalogo :
          {Catalogo::Provincias, Catalogo::Documentos, Catalogo::Categorias, Catalogo::Familiar, Catalogo::EstadoCivil})
     {
         const auto entradas = leerCatalogo(conexion, catalogo);
-        ASSERT_FALSE(entradas.empty());
+        ASSERT_GT(entradas.size(), 2U);
         for (std::size_t i = 1; i < entradas.size(); ++i)
         {
-            EXPECT_LE(compararEspanol(entradas[i - 1].nombre.toStdString(), entradas[i].nombre.toStdString()), 0);
+            EXPECT_LT(compararEspanol(entradas[i - 1].nombre.toStdString(), entradas[i].nombre.toStdString()), 0);
         }
-        EXPECT_EQ(codigoDe(conexion, catalogo, entradas.back().nombre), entradas.back().codigo);
+        EXPECT_EQ(entradas.back().codigo, codigoDe(conexion, catalogo, entradas.back().nombre));
+        EXPECT_EQ(std::nullopt, codigoDe(conexion, catalogo, "ninguno"));
     }
-    EXPECT_EQ(codigoDe(conexion, Catalogo::Documentos, QStringLiteral("ninguno")), std::nullopt);
-    EXPECT_EQ(nombreDeRubro(conexion, QStringLiteral("")), std::nullopt);
 }

@@ -1,170 +1,145 @@
+// What the screens of the roster read: one employee, his branch, the searches.
 #include "apoyo/base_de_prueba.h"
-#include "mesa_empleados.h"
-#include "platform/data/error_de_ejecucion.h"
+#include "apoyo/datos.h"
+#include "roster/busqueda_empleado.h"
+#include "roster/busqueda_sucursal.h"
 #include "roster/empleado.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-const ClaveDDJJ clave{dePrueba::cuit, dePrueba::periodo, 0};
-const QString sinCuil = QStringLiteral("__-________-_");
+const ClaveDDJJ clave{"30-12345678-1", QDate(2009, 5, 1), 0};
+const QString sinCuil = "__-________-_";
 
-QString hallado(Conexion& conexion, AccionEmpleado accion, const QString& cuil = sinCuil)
+struct PruebaEmpleado : testing::Test
 {
-    const auto empleado = cargarEmpleado(conexion, clave, accion, cuil);
-    return empleado ? empleado->cuil : QStringLiteral("none");
-}
-
-/// The number of the error with which loading the one row fails; 0 when it loads.
-int errorAlCargar(Conexion& conexion)
-{
-    try
-    {
-        (void)cargarEmpleado(conexion, clave, AccionEmpleado::Primero, sinCuil);
-        return 0;
-    }
-    catch (const ErrorDeEjecucion& error)
-    {
-        return error.numero();
-    }
-}
-
-TEST(CargarEmpleado, RecorreLaNominaPorElTextoDelCuil)
-{
-    const BaseDePrueba base;
+    BaseDePrueba base;
     Conexion& conexion = base.conexion();
-    const QString a = cuilDe(11111111);
-    const QString b = cuilDe(22222222);
-    const QString c = cuilDe(33333333);
-    for (const QString& cuil : {c, a, b})
+};
+} // namespace
+
+TEST_F(PruebaEmpleado, RecorreLaNominaPorElTextoDelCuil)
+{
+    for (const char* cuil : {"20-3", "20-1", "20-2"})
     {
-        EmpleadoDePrueba empleado;
-        empleado.cuil = cuil;
-        agregar(conexion, empleado);
+        poner("DDJJ_Empleados", {{"Cuil", cuil}});
     }
     // Neighbours in the table that belong to other declarations.
-    EmpleadoDePrueba ajeno;
-    ajeno.secuencia = 1;
-    agregar(conexion, ajeno);
-    ajeno.secuencia = 0;
-    ajeno.periodo = dePrueba::periodo.addMonths(1);
-    agregar(conexion, ajeno);
-
+    poner("DDJJ_Empleados", {{"Cuil", "20-0"}, {"Secuencia", 1}});
+    poner("DDJJ_Empleados", {{"Cuil", "20-9"}, {"Periodo", "2009-06-01"}});
     using enum AccionEmpleado;
     const std::tuple<AccionEmpleado, QString, QString> pasos[] = {
-        {Primero, c, a},
-        {Inicio, c, a},
-        {Ultimo, a, c},
-        {Siguiente, a, b},
-        {Siguiente, b, c},
-        {Siguiente, c, {}},
-        {Anterior, c, b},
-        {Anterior, a, {}},
-        {Buscado, b, b},
-        {Anterior, b, a},
-        {Buscado, sinCuil, {}},
-        {Siguiente, cuilDe(30000000), c},
-        {Anterior, {}, {}},
+        {Primero, "20-3", "20-1"},
+        {Inicio, "20-3", "20-1"},
+        {Ultimo, "20-1", "20-3"},
+        {Siguiente, "20-1", "20-2"},
+        {Siguiente, "20-3", "none"},
+        {Anterior, "20-3", "20-2"},
+        {Anterior, "20-1", "none"},
+        {Buscado, "20-2", "20-2"},
+        {Buscado, sinCuil, "none"},
+        {Siguiente, "20-25", "20-3"},
         // An emptied screen compares with the untouched mask, which as a text comes after every digit.
-        {Siguiente, sinCuil, {}},
-        {Anterior, sinCuil, c},
+        {Siguiente, sinCuil, "none"},
+        {Anterior, sinCuil, "20-3"},
+    };
+    const auto hallado = [&](AccionEmpleado accion, const QString& desde)
+    {
+        const auto empleado = cargarEmpleado(conexion, clave, accion, desde);
+        return empleado ? empleado->cuil : "none";
     };
     for (const auto& [accion, desde, llega] : pasos)
     {
-        EXPECT_EQ(llega.isEmpty() ? QStringLiteral("none") : llega, hallado(conexion, accion, desde))
-            << static_cast<int>(accion) << " from " << desde.toStdString();
+        EXPECT_EQ(llega, hallado(accion, desde)) << static_cast<int>(accion) << " from " << desde.toStdString();
     }
+    conexion.ejecutar("DELETE FROM DDJJ_Empleados");
+    EXPECT_EQ("none", hallado(Primero, sinCuil));
 }
 
-TEST(CargarEmpleado, UnaNominaVaciaNoDaNada)
-{
-    const BaseDePrueba base;
-    for (const auto accion : {AccionEmpleado::Primero, AccionEmpleado::Anterior, AccionEmpleado::Siguiente,
-                              AccionEmpleado::Ultimo, AccionEmpleado::Buscado, AccionEmpleado::Inicio})
-    {
-        EXPECT_EQ(QStringLiteral("none"), hallado(base.conexion(), accion));
-    }
-}
-
-TEST(CargarEmpleado, MuestraVacioLoQueNoEstaEnSuCatalogo)
-{
-    const BaseDePrueba base;
-    EmpleadoDePrueba empleado;
-    empleado.tipoDoc = 99;
-    empleado.provincia = 99;
-    empleado.estCivil = 99;
-    empleado.categoria = 99;
-    empleado.sexo = std::nullopt;
-    empleado.nacio = {};
-    empleado.imponible = Moneda::deTexto(QStringLiteral("100,10"));
-    empleado.acuerdo = Moneda::deTexto(QStringLiteral("20,20"));
-    empleado.acuerdo2 = Moneda::deTexto(QStringLiteral("3,30"));
-    agregar(base.conexion(), empleado);
-
-    const auto leido = cargarEmpleado(base.conexion(), clave, AccionEmpleado::Primero, sinCuil);
-    ASSERT_TRUE(leido);
-    EXPECT_FALSE(leido->documento);
-    EXPECT_FALSE(leido->provincia);
-    EXPECT_FALSE(leido->estadoCivil);
-    EXPECT_FALSE(leido->categoria);
-    EXPECT_FALSE(leido->sexo);
-    EXPECT_FALSE(leido->nacio.isValid());
-    EXPECT_EQ(QString(), leido->calle);
-    EXPECT_EQ(Moneda::deTexto(QStringLiteral("23,50")), leido->acuerdo);
-}
-
-TEST(CargarEmpleado, FallaPorUnNuloSinPrevisionYPorUnSexoDesconocido)
+TEST_F(PruebaEmpleado, LoQueNingunaListaTieneEsNadaYUnNuloSinPrevisionFalla)
 {
     const std::pair<const char*, int> casos[] = {
         {"NroDoc = NULL", 94},    {"Numero = NULL", 94},   {"QHoras = NULL", 94},   {"Sucursal = NULL", 94},
         {"Imponible = NULL", 94}, {"Acuerdo = NULL", 94},  {"Acuerdo2 = NULL", 94}, {"ART100 = NULL", 94},
-        {"ART101A = NULL", 94},   {"ART101B = NULL", 94},  {"Sexo = 2", 380},       {"Sexo = -1", 380},
-        {"Sexo = NULL", 0},       {"Afiliado = NULL", 0},  {"TipoDoc = NULL", 0},   {"Provincia = NULL", 0},
-        {"EstCivil = NULL", 0},   {"Categoria = NULL", 0}, {"AyN = NULL", 0},       {"Egreso = NULL", 0},
+        {"ART101A = NULL", 94},   {"ART101B = NULL", 94},  {"Sexo = 2", 0},         {"Sexo = -1", 0},
+        {"Sexo = NULL", 0},       {"Afiliado = NULL", 0},  {"TipoDoc = 99", 0},     {"Provincia = 99", 0},
+        {"EstCivil = 99", 0},     {"Categoria = NULL", 0}, {"AyN = NULL", 0},       {"Egreso = NULL", 0},
     };
     for (const auto& [cambio, numero] : casos)
     {
-        const BaseDePrueba base;
-        agregar(base.conexion(), EmpleadoDePrueba());
-        base.conexion().ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + cambio);
-        EXPECT_EQ(numero, errorAlCargar(base.conexion())) << cambio;
+        conexion.ejecutar("DELETE FROM DDJJ_Empleados");
+        poner("DDJJ_Empleados");
+        conexion.ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + cambio);
+        const auto cargar = [&] { return cargarEmpleado(conexion, clave, AccionEmpleado::Primero, sinCuil); };
+        EXPECT_EQ(numero, numeroDe(cargar)) << cambio;
+    }
+    conexion.ejecutar(
+        "UPDATE DDJJ_Empleados SET TipoDoc = 99, Provincia = 99, EstCivil = 99, Categoria = 99, Sexo = 5, "
+        "Acuerdo = 202000, Acuerdo2 = 33000");
+    const auto leido = cargarEmpleado(conexion, clave, AccionEmpleado::Primero, sinCuil);
+    EXPECT_FALSE(leido->documento || leido->provincia || leido->estadoCivil || leido->categoria || leido->sexo);
+    EXPECT_EQ(Moneda::deTexto("23,50"), leido->acuerdo);
+}
+
+TEST_F(PruebaEmpleado, LaSucursalEnUnRenglonYEnLaLista)
+{
+    const qint64 una = poner("Empresas_Sucursales", {{"Sucursal", "B"}, {"Domicilio", "O'Higgins"}});
+    const qint64 otra = poner("Empresas_Sucursales", {{"Sucursal", "A"}, {"Numero", 0}, {"Telefono", "461"}});
+    poner("Empresas_Sucursales", {{"CUIT", "20-1"}});
+    EXPECT_EQ("B - O'Higgins 45 - Avellaneda", textoSucursal(conexion, una, clave.cuit));
+    EXPECT_EQ("A - Belgrano  - Avellaneda", textoSucursal(conexion, otra));
+    EXPECT_EQ(std::nullopt, textoSucursal(conexion, una, "20-1"));
+    EXPECT_EQ(std::nullopt, textoSucursal(conexion, otra + 2));
+    QStringList lista;
+    for (const SucursalListada& s : listarSucursales(conexion, clave.cuit))
+    {
+        lista +=
+            QStringList{QString::number(s.id), s.sucursal, s.domicilio, s.codPos, s.localidad, s.telefono}.join('|');
+    }
+    EXPECT_EQ(QString("%1|A|Belgrano |1870|Avellaneda|461;%2|B|O'Higgins 45|1870|Avellaneda|").arg(otra).arg(una),
+              lista.join(';'));
+}
+
+TEST_F(PruebaEmpleado, BuscaPorCuilNombreYAporte)
+{
+    poner("DDJJ_Empleados", {{"Cuil", "20-1"}, {"AyN", "Zapata Ana"}});
+    poner("DDJJ_Empleados", {{"Cuil", "20-2"}, {"AyN", "Núñez Óscar"}});
+    poner("DDJJ_Empleados", {{"Cuil", "20-3"}, {"AyN", "O'Higgins Raúl"}, {"ART101A", "0"}}); // a member by his column
+    poner("DDJJ_Empleados", {{"Cuil", "20-4"}, {"AyN", "Ajena"}, {"Secuencia", 1}});
+    using enum FiltroAfiliado;
+    const std::tuple<QString, const char*, FiltroAfiliado, const char*> casos[] = {
+        {sinCuil, "", Todos, "20-2;20-3;20-1"}, // all of them by name
+        {sinCuil, "z", Todos, "20-1;20-2"},     // narrowed by name they come by CUIL
+        {sinCuil, "", Si, "20-2;20-1"},         {sinCuil, "", No, "20-3"},   {sinCuil, "o'h", Todos, "20-3"},
+        {sinCuil, "_a%a", Todos, "20-1"},       {"20-2", "", Todos, "20-2"}, {"20-2", "Ana", Todos, ""},
+        {"20-2_______-_", "", Todos, ""},       {"20-4", "", Todos, ""},
+    };
+    for (const auto& [cuil, nombre, afiliado, esperados] : casos)
+    {
+        QStringList lista;
+        for (const EmpleadoHallado& hallado : buscarEmpleados(conexion, clave, cuil, nombre, afiliado))
+        {
+            EXPECT_EQ(hallado.cuil != "20-3", hallado.afiliado);
+            lista += hallado.cuil;
+        }
+        EXPECT_EQ(esperados, lista.join(';')) << cuil.toStdString() << ' ' << nombre;
     }
 }
 
-TEST(TextoSucursal, SoloLoDaALaEmpresaQueLaTiene)
+TEST_F(PruebaEmpleado, EliminarSoloLoQuitaDeEstaDeclaracionYDejaASusFamiliares)
 {
-    const BaseDePrueba base;
-    Conexion& conexion = base.conexion();
-    SucursalDePrueba datos;
-    datos.domicilio = QStringLiteral("O'Higgins");
-    const qint64 conNumero = agregar(conexion, datos);
-    datos.numero = 0;
-    const qint64 sinNumero = agregar(conexion, datos);
-    const QString otroCuit = QStringLiteral("30-99999999-5");
-
-    EXPECT_EQ(QStringLiteral("1 - O'Higgins 45 - Avellaneda"), textoSucursal(conexion, conNumero, dePrueba::cuit));
-    EXPECT_EQ(QStringLiteral("1 - O'Higgins  - Avellaneda"), textoSucursal(conexion, sinNumero, dePrueba::cuit));
-    EXPECT_EQ(std::nullopt, textoSucursal(conexion, conNumero, otroCuit));
-    EXPECT_EQ(std::nullopt, textoSucursal(conexion, sinNumero + 1));
-    EXPECT_EQ(QStringLiteral("1 - O'Higgins 45 - Avellaneda"), textoSucursal(conexion, conNumero));
+    poner("DDJJ");
+    poner("DDJJ_Empleados");
+    poner("DDJJ_Empleados", {{"Secuencia", 1}});
+    poner("Empleados_Familiares");
+    const auto eliminar = [&] { eliminarEmpleado(conexion, clave, "20-12345678-6"); };
+    EXPECT_EQ("", fueraDeTransaccion(eliminar));
+    EXPECT_EQ("1", filas("SELECT Secuencia FROM DDJJ_Empleados"));
+    EXPECT_EQ(1, cuantos("Empleados_Familiares"));
+    EXPECT_THROW(eliminar(), EmpleadoEliminado);
+    poner("DDJJ_Empleados");
+    conexion.ejecutar("DELETE FROM DDJJ");
+    EXPECT_THROW(eliminar(), YaNoEsta);
+    EXPECT_EQ(2, cuantos("DDJJ_Empleados"));
 }
-
-TEST(EliminarEmpleado, SoloLoQuitaDeEstaDeclaracionYDejaASusFamiliares)
-{
-    const BaseDePrueba base;
-    Conexion& conexion = base.conexion();
-    EmpleadoDePrueba empleado;
-    agregar(conexion, empleado);
-    empleado.secuencia = 1;
-    agregar(conexion, empleado);
-    conexion.ejecutar("INSERT INTO Empleados_Familiares VALUES (?, 1, 'Gómez Ana', 1, 1, 0, '1975-05-06')",
-                      empleado.cuil);
-
-    eliminarEmpleado(conexion, clave, empleado.cuil);
-
-    EXPECT_FALSE(conexion.hay("SELECT 1 FROM DDJJ_Empleados WHERE Secuencia = 0"));
-    EXPECT_TRUE(conexion.hay("SELECT 1 FROM DDJJ_Empleados WHERE Secuencia = 1"));
-    EXPECT_TRUE(conexion.hay("SELECT 1 FROM Empleados_Familiares"));
-}
-} // namespace

@@ -1,26 +1,13 @@
 #include "companies/screens/empresas.h"
 
 #include "companies/catalogos.h"
+#include "companies/screens/preguntar_cambios.h"
 #include "core/lista_empresas.h"
 #include "core/rutinas.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/screens/mensajes.h"
 #include "platform/screens/navegacion.h"
 #include "ui_empresas.h"
-
-namespace
-{
-std::vector<qint64> codigosDe(const std::vector<EntradaDeCatalogo>& entradas)
-{
-    std::vector<qint64> codigos;
-    codigos.reserve(entradas.size());
-    for (const EntradaDeCatalogo& entrada : entradas)
-    {
-        codigos.push_back(entrada.codigo);
-    }
-    return codigos;
-}
-} // namespace
 
 Empresas::Empresas(QWidget* padre)
     : Pantalla(QStringLiteral("Empresas"), padre)
@@ -37,13 +24,12 @@ Empresas::~Empresas() = default;
 void Empresas::cargar()
 {
     TituloBase = windowTitle();
-    const auto provincias = leerCatalogo(Rutinas::Conexion, Catalogo::Provincias);
-    ui->cmbProvincia->addItems(nombresDe(provincias));
+    for (const EntradaDeCatalogo& provincia : leerCatalogo(Rutinas::Conexion, Catalogo::Provincias))
+    {
+        ui->cmbProvincia->addItem(provincia.nombre, provincia.codigo);
+    }
     ui->cmbProvincia->setCurrentIndex(-1);
-    CodigosProvincia = codigosDe(provincias);
-    const auto documentos = leerCatalogo(Rutinas::Conexion, Catalogo::Documentos);
-    ui->vsResponsables->setOpciones(2, nombresDe(documentos));
-    CodigosDocumento = codigosDe(documentos);
+    ui->vsResponsables->setOpciones(2, nombresDe(leerCatalogo(Rutinas::Conexion, Catalogo::Documentos)));
     ActivarDatos(false);
     if (const auto cuit = cuitDeUnicaEmpresa(Rutinas::Conexion))
     {
@@ -77,25 +63,6 @@ void Empresas::mostrarTitulo(const QString& cola)
     setWindowTitle(TituloBase + cola);
 }
 
-void Empresas::CmdABM_Click(int indice)
-{
-    switch (indice)
-    {
-    case 0:
-        alta();
-        break;
-    case 1:
-        modificar();
-        break;
-    case 2:
-        eliminar();
-        break;
-    default:
-        buscar();
-        break;
-    }
-}
-
 void Empresas::alta()
 {
     ActivarDatos(true);
@@ -124,7 +91,6 @@ void Empresas::modificar()
     for (Grilla* grilla : {ui->vsSucursales, ui->vsResponsables})
     {
         grilla->setFilas(grilla->filas() + 1);
-        grilla->pintarTodo(Grilla::blanco); // the current row is another one now
         grilla->setFilaActual(grilla->filas());
         grilla->setCambiada(false);
     }
@@ -146,7 +112,16 @@ void Empresas::eliminar()
         {
             return;
         }
-        impedimento = eliminarEmpresa(Rutinas::Conexion, cuit);
+        try
+        {
+            impedimento = eliminarEmpresa(Rutinas::Conexion, cuit);
+        }
+        catch (const YaNoEsta& falta)
+        {
+            MsgBox(falta.descripcion(), Caja::Exclamacion);
+            LimpiarEmpresa();
+            return;
+        }
     }
     switch (impedimento)
     {
@@ -277,15 +252,25 @@ bool Empresas::revisarFaltas(EntradaEmpresa& entrada)
     return !falta;
 }
 
-void Empresas::grabar(const EntradaEmpresa& entrada)
+void Empresas::grabar(EntradaEmpresa& entrada)
 {
     try
     {
-        if (const auto rechazo = guardarEmpresa(Rutinas::Conexion, entrada))
+        if (!guardar(entrada))
         {
-            MsgBox(*rechazo, Caja::Exclamacion);
             return;
         }
+    }
+    catch (const SucursalEliminada& falta)
+    {
+        MsgBox(falta.descripcion(), Caja::Exclamacion);
+        quitarEliminadas();
+        return;
+    }
+    catch (const YaNoEsta& falta)
+    {
+        MsgBox(falta.descripcion(), Caja::Exclamacion);
+        LimpiarEmpresa();
     }
     catch (const ErrorDeEjecucion& error)
     {
@@ -296,4 +281,30 @@ void Empresas::grabar(const EntradaEmpresa& entrada)
     mostrarTitulo();
     ui->CmdABM_0->setFocus();
     Q_EMIT Navegacion::instancia().cambioDePantalla();
+}
+
+/// False when the save was refused, or given up because another desk has changed the company: the user has been told.
+bool Empresas::guardar(EntradaEmpresa& entrada)
+{
+    std::optional<QString> rechazo;
+    const auto intentar = [&](bool reemplaza)
+    {
+        entrada.leida = reemplaza ? std::nullopt : m_leida;
+        rechazo = guardarEmpresa(Rutinas::Conexion, entrada);
+    };
+    if (!guardarPreguntando(intentar))
+    {
+        return false;
+    }
+    if (rechazo)
+    {
+        MsgBox(*rechazo, Caja::Exclamacion);
+        return false;
+    }
+    m_leida = entrada.leida;
+    if (entrada.sucursales)
+    {
+        ponerNumeros(*entrada.sucursales);
+    }
+    return true;
 }

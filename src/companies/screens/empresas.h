@@ -24,7 +24,6 @@ public:
 
 private:
     // Commands.
-    void CmdABM_Click(int indice);
     void CmdActualiza_Click();
     void CmdCancela_Click();
     void cmdSalir_Click();
@@ -32,9 +31,6 @@ private:
     // Leaving checks; false keeps the focus.
     bool MaskCuit_LostFocus();
     bool txtCodRubro_LostFocus();
-    // Grids.
-    void vsSucursales_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
-    void vsResponsables_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
 
     void MostrarEmpresa();
     void ActivarDatos(bool estado);
@@ -48,10 +44,13 @@ private:
     void modificar();
     void eliminar();
     void buscar();
-    void grabar(const EntradaEmpresa& entrada);
+    void grabar(EntradaEmpresa& entrada);
+    [[nodiscard]] bool guardar(EntradaEmpresa& entrada);
+    void ponerNumeros(const std::vector<FilaSucursal>& sucursales);
+    void quitarEliminadas();
     bool revisarFaltas(EntradaEmpresa& entrada);
     void llenarCampos(const Empresa& empresa);
-    void mostrarGrillas();
+    void mostrarGrillas(const EmpresaLeida& leida);
     void mostrarTitulo(const QString& cola = {});
     [[nodiscard]] Empresa empresaTipeada() const;
     [[nodiscard]] EntradaEmpresa entradaTipeada() const;
@@ -61,6 +60,5 @@ private:
 
     std::unique_ptr<Ui::Empresas> ui;
     QString TituloBase;
-    std::vector<qint64> CodigosProvincia; ///< by position in cmbProvincia
-    std::vector<qint64> CodigosDocumento; ///< by position in the list of document types; the save looks them up by name
+    std::optional<EmpresaLeida> m_leida; ///< the company on the screen, as it was read or saved last
 };

@@ -7,6 +7,8 @@
 #include "platform/screens/navegacion.h"
 #include "ui_empresas.h"
 
+#include <algorithm>
+
 namespace
 {
 // Columns of the grids.
@@ -29,9 +31,6 @@ enum Responsable
     ResponsableLocalidad,
 };
 
-constexpr qint64 maximoNumero = 99999;
-constexpr qint64 maximoDocumento = 99999999;
-
 QVariant celda(const std::optional<qint64>& numero)
 {
     return numero ? QVariant(*numero) : QVariant();
@@ -40,15 +39,6 @@ QVariant celda(const std::optional<qint64>& numero)
 std::optional<qint64> numeroDeCelda(const Grilla& grilla, int columna, int fila)
 {
     return grilla.celdaVacia(columna, fila) ? std::nullopt : std::optional(grilla.entero(columna, fila));
-}
-
-void pintarPaso(Grilla& grilla, int fila, int nuevaFila)
-{
-    if (nuevaFila != -1)
-    {
-        grilla.pintarFila(fila, Grilla::blanco);
-        grilla.pintarFila(nuevaFila, Grilla::amarillo);
-    }
 }
 
 /// A row is added after the last one only when that one is in use, and any row may be deleted.
@@ -61,14 +51,14 @@ void ponerTeclasDeFila(Grilla& grilla, int columnaClave)
 
 void Empresas::prepararBotones()
 {
-    const std::pair<QPushButton*, const char*> abm[] = {
-        {ui->CmdABM_0, "nueva"}, {ui->CmdABM_1, "modificar"}, {ui->CmdABM_2, "eliminar"}, {ui->CmdABM_3, "buscar"}};
-    for (int i = 0; const auto& [boton, icono] : abm)
-    {
-        Estilo::boton(boton, QLatin1String(icono));
-        conectar(boton, &QPushButton::clicked, [this, i] { CmdABM_Click(i); });
-        ++i;
-    }
+    Estilo::boton(ui->CmdABM_0, QStringLiteral("nueva"));
+    Estilo::boton(ui->CmdABM_1, QStringLiteral("modificar"));
+    Estilo::boton(ui->CmdABM_2, QStringLiteral("eliminar"));
+    Estilo::boton(ui->CmdABM_3, QStringLiteral("buscar"));
+    conectar(ui->CmdABM_0, &QPushButton::clicked, &Empresas::alta);
+    conectar(ui->CmdABM_1, &QPushButton::clicked, &Empresas::modificar);
+    conectar(ui->CmdABM_2, &QPushButton::clicked, &Empresas::eliminar);
+    conectar(ui->CmdABM_3, &QPushButton::clicked, &Empresas::buscar);
     Estilo::boton(ui->CmdActualiza, QStringLiteral("grabar"), true);
     Estilo::boton(ui->CmdCancela, QStringLiteral("cancelar"));
     Estilo::boton(ui->cmdSalir, QStringLiteral("salir"));
@@ -97,7 +87,7 @@ void Empresas::prepararGrillas()
         {.clase = C::Fija, .ancho = 0},
         {.clase = C::Texto, .titulo = QStringLiteral("Suc."), .ancho = 110},
         {.clase = C::Texto, .titulo = QStringLiteral("Domicilio: Calle"), .ancho = -1},
-        {.clase = C::Entero, .titulo = QStringLiteral("Número"), .ancho = 70, .maximo = maximoNumero},
+        {.clase = C::Entero, .titulo = QStringLiteral("Número"), .ancho = 70},
         {.clase = C::Texto, .titulo = QStringLiteral("Localidad"), .ancho = 220},
         {.clase = C::Texto, .titulo = QStringLiteral("Cód.Pos."), .ancho = 80},
         {.clase = C::Texto, .titulo = QStringLiteral("Teléfono"), .ancho = 140},
@@ -105,28 +95,17 @@ void Empresas::prepararGrillas()
     ui->vsResponsables->setColumnas({
         {.clase = C::Texto, .titulo = QStringLiteral("Apellido y Nombre"), .ancho = 260},
         {.clase = C::Lista, .titulo = QStringLiteral("Tipo"), .ancho = 80},
-        {.clase = C::Entero, .titulo = QStringLiteral("Documento"), .ancho = 100, .maximo = maximoDocumento},
+        {.clase = C::Entero, .titulo = QStringLiteral("Documento"), .ancho = 100},
         {.clase = C::Texto, .titulo = QStringLiteral("Domicilio"), .ancho = -1},
         {.clase = C::Texto, .titulo = QStringLiteral("Localidad"), .ancho = 220},
     });
     for (Grilla* grilla : {ui->vsSucursales, ui->vsResponsables})
     {
         grilla->setEditable(true); // they lie in fraDatos
+        grilla->setPintaActual(true);
     }
     ponerTeclasDeFila(*ui->vsSucursales, SucursalCodigo);
     ponerTeclasDeFila(*ui->vsResponsables, ResponsableAyN);
-    conectar(ui->vsSucursales, &Grilla::dejarCelda, &Empresas::vsSucursales_LeaveCell);
-    conectar(ui->vsResponsables, &Grilla::dejarCelda, &Empresas::vsResponsables_LeaveCell);
-}
-
-void Empresas::vsSucursales_LeaveCell(int, int fila, int, int nuevaFila)
-{
-    pintarPaso(*ui->vsSucursales, fila, nuevaFila);
-}
-
-void Empresas::vsResponsables_LeaveCell(int, int fila, int, int nuevaFila)
-{
-    pintarPaso(*ui->vsResponsables, fila, nuevaFila);
 }
 
 QString Empresas::empresaEnCurso() const
@@ -136,6 +115,7 @@ QString Empresas::empresaEnCurso() const
 
 void Empresas::LimpiarEmpresa()
 {
+    m_leida.reset();
     ui->MaskCuit->limpiar();
     llenarCampos({});
     ui->txtNomRubro->clear();
@@ -147,19 +127,20 @@ void Empresas::LimpiarEmpresa()
 
 void Empresas::MostrarEmpresa()
 {
-    const auto empresa = cargarEmpresa(Rutinas::Conexion, ui->MaskCuit->text());
-    if (!empresa)
+    auto leida = leerEmpresa(Rutinas::Conexion, ui->MaskCuit->text());
+    if (!leida)
     {
         MsgBox(QStringLiteral("La Empresa %1 ya no se encuentra en la Base de Empresas.").arg(ui->MaskCuit->text()),
                Caja::Exclamacion);
         LimpiarEmpresa();
         return;
     }
-    llenarCampos(*empresa);
-    ui->cmbProvincia->setCurrentIndex(ui->cmbProvincia->findText(empresa->nombreProvincia));
+    llenarCampos(leida->empresa);
+    ui->cmbProvincia->setCurrentIndex(ui->cmbProvincia->findText(leida->empresa.nombreProvincia));
     ui->txtNomRubro->clear();
     BuscarNombreRubro();
-    mostrarGrillas();
+    mostrarGrillas(*leida);
+    m_leida = std::move(leida);
     Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 
@@ -195,27 +176,55 @@ void Empresas::llenarCampos(const Empresa& empresa)
     }
 }
 
-void Empresas::mostrarGrillas()
+void Empresas::mostrarGrillas(const EmpresaLeida& leida)
 {
     std::vector<std::vector<QVariant>> filas;
-    for (const FilaSucursal& fila : cargarSucursales(Rutinas::Conexion, ui->MaskCuit->text()))
+    for (const FilaSucursal& fila : leida.sucursales)
     {
         filas.push_back(
             {fila.id, fila.sucursal, fila.domicilio, celda(fila.numero), fila.localidad, fila.codPos, fila.telefono});
     }
     ui->vsSucursales->cargar(std::exchange(filas, {}));
-    for (const FilaResponsable& fila : cargarResponsables(Rutinas::Conexion, ui->MaskCuit->text()))
+    for (const FilaResponsable& fila : leida.responsables)
     {
         filas.push_back({fila.ayn, fila.tipoDoc, celda(fila.nroDoc), fila.domicilio, fila.localidad});
     }
     ui->vsResponsables->cargar(std::move(filas));
-    ui->vsSucursales->pintarTodo(Grilla::blanco);
-    ui->vsResponsables->pintarTodo(Grilla::blanco);
+}
+
+void Empresas::ponerNumeros(const std::vector<FilaSucursal>& sucursales)
+{
+    for (int fila = 1; const FilaSucursal& sucursal : sucursales)
+    {
+        ui->vsSucursales->setValor(SucursalId, fila, sucursal.id);
+        ++fila;
+    }
+}
+
+/// The branches deleted meanwhile leave the grid; what else was typed stays.
+void Empresas::quitarEliminadas()
+{
+    const std::vector<FilaSucursal> quedan = cargarSucursales(Rutinas::Conexion, ui->MaskCuit->text());
+    const auto falta = [&](qint64 id)
+    {
+        return id != 0 && std::none_of(quedan.begin(), quedan.end(),
+                                       [id](const FilaSucursal& sucursal) { return sucursal.id == id; });
+    };
+    if (m_leida)
+    {
+        std::erase_if(m_leida->sucursales, [&](const FilaSucursal& sucursal) { return falta(sucursal.id); });
+    }
+    for (int fila = ui->vsSucursales->filas(); fila > 0; --fila)
+    {
+        if (falta(ui->vsSucursales->entero(SucursalId, fila)))
+        {
+            ui->vsSucursales->borrarFila(fila);
+        }
+    }
 }
 
 Empresa Empresas::empresaTipeada() const
 {
-    const int provincia = ui->cmbProvincia->currentIndex();
     return {.cuit = ui->MaskCuit->text(),
             .razon = ui->txtRazon->text(),
             .fantasia = ui->txtFantasia->text(),
@@ -226,7 +235,7 @@ Empresa Empresas::empresaTipeada() const
             .depto = ui->txtDepto->text(),
             .codPos = ui->txtCodPos->text(),
             .localidad = ui->txtLocalidad->text(),
-            .provincia = provincia == -1 ? 0 : CodigosProvincia.at(static_cast<std::size_t>(provincia)),
+            .provincia = ui->cmbProvincia->currentData().toLongLong(),
             .nombreProvincia = ui->cmbProvincia->currentText(),
             .telefono = ui->txtTelefono->text(),
             .fax = ui->txtFax->text(),

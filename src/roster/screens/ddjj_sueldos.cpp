@@ -1,5 +1,6 @@
 #include "roster/screens/ddjj_sueldos.h"
 
+#include "companies/screens/preguntar_cambios.h"
 #include "core/rutinas.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
@@ -7,7 +8,7 @@
 #include "platform/screens/grilla.h"
 #include "platform/screens/mensajes.h"
 #include "platform/screens/trabajo_largo.h"
-#include "roster/sueldos.h"
+#include "roster/guardar_empleado.h"
 #include "ui_ddjj_sueldos.h"
 
 #include <QKeyEvent>
@@ -32,6 +33,7 @@ DDJJ_Sueldos::DDJJ_Sueldos(QWidget* padre)
         {.clase = ColumnaDeGrilla::Decimal, .titulo = QStringLiteral("Acuerdo"), .ancho = 120, .maximo = importeMaximo},
     });
     ui->vsSueldos->setEditable(true);
+    ui->vsSueldos->setPintaActual(true);
     for (QLineEdit* campo : {ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia})
     {
         Estilo::soloMuestra(campo);
@@ -39,10 +41,9 @@ DDJJ_Sueldos::DDJJ_Sueldos(QWidget* padre)
     Estilo::boton(ui->cmdGrabar, QStringLiteral("grabar"), true);
     Estilo::boton(ui->cmdCancelar, QStringLiteral("cancelar"));
     Estilo::boton(ui->cmdSalir, QStringLiteral("salir"));
-    conectar(ui->vsSueldos, &Grilla::dejarCelda, &DDJJ_Sueldos::vsSueldos_LeaveCell);
-    conectar(ui->cmdGrabar, &QPushButton::clicked, [this] { cmdGrabar_Click(); });
-    conectar(ui->cmdCancelar, &QPushButton::clicked, [this] { cmdCancelar_Click(); });
-    conectar(ui->cmdSalir, &QPushButton::clicked, [this] { cmdSalir_Click(); });
+    conectar(ui->cmdGrabar, &QPushButton::clicked, &DDJJ_Sueldos::cmdGrabar_Click);
+    conectar(ui->cmdCancelar, &QPushButton::clicked, &DDJJ_Sueldos::cmdCancelar_Click);
+    conectar(ui->cmdSalir, &QPushButton::clicked, &DDJJ_Sueldos::cmdSalir_Click);
 }
 
 DDJJ_Sueldos::~DDJJ_Sueldos() = default;
@@ -50,6 +51,7 @@ DDJJ_Sueldos::~DDJJ_Sueldos() = default;
 void DDJJ_Sueldos::cargar()
 {
     m_clave = {Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+    exigirDeclaracion(Rutinas::Conexion, m_clave); // else the screen is not shown
     ui->txtCuit->setText(m_clave.cuit);
     ui->txtRazonSocial->setText(Rutinas::EmpresaActual);
     ui->txtPeriodo->setText(Formato(m_clave.periodo, u"YYYY/MM"));
@@ -69,23 +71,15 @@ void DDJJ_Sueldos::keyPressEvent(QKeyEvent* evento)
 
 void DDJJ_Sueldos::CargarSueldos()
 {
+    m_leidas = cargarSueldos(Rutinas::Conexion, m_clave);
     std::vector<std::vector<QVariant>> filas;
-    for (const FilaSueldo& fila : cargarSueldos(Rutinas::Conexion, m_clave))
+    for (const FilaSueldo& fila : m_leidas)
     {
         filas.push_back(
             {fila.cuil, fila.ayn, fila.categoria, QVariant::fromValue(fila.sueldo), QVariant::fromValue(fila.acuerdo)});
     }
     ui->vsSueldos->cargar(std::move(filas));
     ui->vsSueldos->setCambiada(false);
-}
-
-void DDJJ_Sueldos::vsSueldos_LeaveCell(int, int fila, int, int nuevaFila)
-{
-    if (nuevaFila != -1)
-    {
-        ui->vsSueldos->pintarFila(fila, Grilla::blanco);
-        ui->vsSueldos->pintarFila(nuevaFila, Grilla::amarillo);
-    }
 }
 
 void DDJJ_Sueldos::cmdGrabar_Click()
@@ -97,6 +91,16 @@ void DDJJ_Sueldos::cmdGrabar_Click()
     try
     {
         grabar();
+    }
+    catch (const EmpleadoEliminado& falta)
+    {
+        MsgBox(falta.descripcion(), Caja::Exclamacion);
+        quitarEliminados();
+    }
+    catch (const YaNoEsta& falta)
+    {
+        MsgBox(falta.descripcion(), Caja::Exclamacion);
+        cerrar();
     }
     catch (const ErrorDeEjecucion& error)
     {
@@ -112,26 +116,51 @@ void DDJJ_Sueldos::grabar()
                Caja::Informacion);
         return;
     }
-    std::vector<FilaSueldo> filas;
-    for (int fila = 1; fila <= ui->vsSueldos->filas(); ++fila)
-    {
-        filas.push_back({ui->vsSueldos->texto(1, fila),
-                         {},
-                         {},
-                         ui->vsSueldos->importe(columnaSueldo, fila),
-                         ui->vsSueldos->importe(columnaAcuerdo, fila)});
-    }
+    std::vector<FilaSueldo> filas = tipeadas();
     int cantidad = 0;
+    const auto actualizar = [&](bool reemplaza)
     {
         const TrabajoLargo trabajo(QStringLiteral("Actualizando los sueldos"));
-        cantidad = actualizarSueldos(Rutinas::Conexion, m_clave, filas);
+        cantidad =
+            actualizarSueldos(Rutinas::Conexion, m_clave, filas, reemplaza ? std::vector<FilaSueldo>() : m_leidas);
+    };
+    if (!guardarPreguntando(actualizar))
+    {
+        return;
     }
     mostrarGuardadas(filas);
+    m_leidas = std::move(filas);
     ui->vsSueldos->setCambiada(false);
     MsgBox(cantidad > 0
                ? textoActualizaciones(cantidad)
                : QStringLiteral("Verifique las modificaciones realizadas.  No se ha Actualizado ningún Registro."),
            Caja::Informacion);
+}
+
+std::vector<FilaSueldo> DDJJ_Sueldos::tipeadas() const
+{
+    std::vector<FilaSueldo> filas = m_leidas;
+    for (int fila = 1; fila <= ui->vsSueldos->filas(); ++fila)
+    {
+        FilaSueldo& tipeada = filas[static_cast<std::size_t>(fila - 1)];
+        tipeada.sueldo = ui->vsSueldos->importe(columnaSueldo, fila);
+        tipeada.acuerdo = ui->vsSueldos->importe(columnaAcuerdo, fila);
+    }
+    return filas;
+}
+
+/// The employees deleted meanwhile leave the grid; what was typed for the others stays.
+void DDJJ_Sueldos::quitarEliminados()
+{
+    for (int fila = ui->vsSueldos->filas(); fila > 0; --fila)
+    {
+        const auto leida = m_leidas.begin() + (fila - 1);
+        if (!cuilExistente(Rutinas::Conexion, m_clave, leida->cuil))
+        {
+            ui->vsSueldos->borrarFila(fila);
+            m_leidas.erase(leida);
+        }
+    }
 }
 
 /// An amount goes to the database with seven significant digits, and an empty cell as 0.

@@ -2,11 +2,11 @@
 
 #include "core/clave_ddjj.h"
 #include "platform/screens/pantalla.h"
+#include "roster/sueldos.h"
 
 #include <memory>
 #include <vector>
 
-struct FilaSueldo;
 namespace Ui
 {
 class DDJJ_Sueldos;
@@ -29,13 +29,15 @@ protected:
 
 private:
     void CargarSueldos();
-    void vsSueldos_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
     void cmdGrabar_Click();
     void cmdCancelar_Click();
     void cmdSalir_Click();
     void grabar();
+    [[nodiscard]] std::vector<FilaSueldo> tipeadas() const;
     void mostrarGuardadas(const std::vector<FilaSueldo>& filas);
+    void quitarEliminados();
 
     std::unique_ptr<Ui::DDJJ_Sueldos> ui;
     ClaveDDJJ m_clave;
+    std::vector<FilaSueldo> m_leidas; ///< the rows of the grid as they were read or saved last
 };

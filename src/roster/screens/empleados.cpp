@@ -69,19 +69,20 @@ void Empleados::armarCampos()
 
 void Empleados::armarEventos()
 {
-    int indice = 0;
-    for (auto* boton : {ui->cmdFlecha_0, ui->cmdFlecha_1, ui->cmdFlecha_2, ui->cmdFlecha_3})
+    for (const auto& [flecha, accion] :
+         {std::pair(ui->cmdFlecha_0, AccionEmpleado::Primero), std::pair(ui->cmdFlecha_1, AccionEmpleado::Anterior),
+          std::pair(ui->cmdFlecha_2, AccionEmpleado::Siguiente), std::pair(ui->cmdFlecha_3, AccionEmpleado::Ultimo)})
     {
-        conectar(boton, &QPushButton::clicked, [this, indice] { cmdFlecha_Click(indice); });
-        ++indice;
+        conectar(flecha, &QPushButton::clicked, [this, accion = accion] { CargarEmpleado(accion); });
     }
-    for (const auto& [boton, numero] :
-         {std::pair(ui->cmdEmpleado_0, 0), std::pair(ui->cmdEmpleado_1, 1), std::pair(ui->cmdEmpleado_2, 2),
-          std::pair(ui->cmdEmpleado_3, 3), std::pair(ui->cmdEmpleado_4, 4), std::pair(ui->cmdEmpleado_5, 5),
-          std::pair(ui->cmdEmpleado_9, 9)})
+    for (const auto& [boton, mando] :
+         {std::pair(ui->cmdEmpleado_0, &Empleados::agregar), std::pair(ui->cmdEmpleado_1, &Empleados::modificar),
+          std::pair(ui->cmdEmpleado_2, &Empleados::eliminar), std::pair(ui->cmdEmpleado_3, &Empleados::aceptar),
+          std::pair(ui->cmdEmpleado_4, &Empleados::cancelar), std::pair(ui->cmdEmpleado_5, &Empleados::buscar)})
     {
-        conectar(boton, &QPushButton::clicked, [this, numero = numero] { cmdEmpleado_Click(numero); });
+        conectar(boton, &QPushButton::clicked, mando);
     }
+    conectar(ui->cmdEmpleado_9, &QPushButton::clicked, [this] { cerrar(); });
     conectar(ui->cmdSucursal, &QPushButton::clicked, &Empleados::cmdSucursal_Click);
     alDejar(ui->MaskCuil_0, [this] { return MaskCuil_Validate(0); });
     alDejar(ui->txtAyN_0,
@@ -113,7 +114,6 @@ void Empleados::armarEventos()
     {
         alDejar(txtImporte[static_cast<std::size_t>(i)], [this, i] { return txtImporte_Validate(i); });
     }
-    conectar(ui->vsFamiliares, &Grilla::dejarCelda, &Empleados::vsFamiliares_LeaveCell);
     conectar(ui->vsFamiliares, &GrillaFamiliar::seguir, &Empleados::seguirDeFamiliares);
 }
 
@@ -149,11 +149,13 @@ void Empleados::vestir()
 void Empleados::cargar()
 {
     TituloForm = windowTitle();
-    ui->txtCuit->setText(Rutinas::CuitActual);
+    m_clave = {Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+    exigirDeclaracion(Rutinas::Conexion, m_clave); // else the screen is not shown
+    ui->txtCuit->setText(m_clave.cuit);
     ui->txtRazonSocial->setText(Rutinas::EmpresaActual);
     ui->txtRazonSocial->setCursorPosition(0);
-    ui->txtPeriodo->setText(Formato(Rutinas::PeriodoActual, u"YYYY/MM"));
-    ui->txtSecuencia->setText(QString::number(Rutinas::SecuenciaActual));
+    ui->txtPeriodo->setText(Formato(m_clave.periodo, u"YYYY/MM"));
+    ui->txtSecuencia->setText(QString::number(m_clave.secuencia));
     cargarCatalogos();
     HabilitarEdicion(false);
     CargarEmpleado(AccionEmpleado::Inicio);
@@ -171,11 +173,6 @@ void Empleados::activar()
 QString Empleados::empresaEnCurso() const
 {
     return ui->txtRazonSocial->text();
-}
-
-ClaveDDJJ Empleados::clave()
-{
-    return {Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
 }
 
 void Empleados::cargarCatalogos()

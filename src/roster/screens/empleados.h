@@ -6,6 +6,7 @@
 #include "roster/guardar_empleado.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class CampoMascara;
@@ -37,18 +38,15 @@ private:
     void armarEventos();
     void vestir();
     void cargarCatalogos();
-    [[nodiscard]] static ClaveDDJJ clave();
     [[nodiscard]] bool enEdicion() const;
 
     void CargarEmpleado(AccionEmpleado Accion);
     void mostrar(const Empleado& empleado);
     void mostrarSucursal(const std::optional<QString>& texto);
-    void cargarFamilia();
+    [[nodiscard]] std::vector<FilaFamiliar> cargarFamilia();
     void HabilitarEdicion(bool Estado);
     void LimpiarEmpleado();
 
-    void cmdFlecha_Click(int indice);
-    void cmdEmpleado_Click(int indice);
     void agregar();
     void modificar();
     void eliminar();
@@ -60,6 +58,9 @@ private:
     [[nodiscard]] bool CuilExistente();
     [[nodiscard]] bool GrabarEmpleado();
     [[nodiscard]] bool guardar();
+    /// What another desk has deleted meanwhile is told: the screen is emptied for an employee, and closes with its
+    /// declaration.
+    void siSigueAhi(const std::function<void()>& escribir);
     [[nodiscard]] EntradaEmpleado entrada() const;
     [[nodiscard]] std::vector<FilaFamiliar> familia() const;
     void completarCeros(const std::optional<FaltaEnEmpleado>& falta);
@@ -74,7 +75,6 @@ private:
     bool txtImporte_Validate(int indice);
     void chkAfiliado_Click(int indice);
     void cmbEstadoCivil_LostFocus();
-    void vsFamiliares_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
     void seguirDeFamiliares();
 
     std::unique_ptr<Ui::Empleados> ui;
@@ -83,6 +83,8 @@ private:
     std::array<CampoMascara*, 3> MaskFecha{};
     std::array<QLineEdit*, 6> txtImporte{}; ///< the first is none
 
+    ClaveDDJJ m_clave;
+    std::optional<EmpleadoLeido> m_leido; ///< the record on the screen, as it was read or saved last
     QString TituloForm;
     qint64 SucursalActual = 0; ///< ID of the branch shown, 0 for none
 };

@@ -1,4 +1,5 @@
 // The fields of an employee while he is entered: their checks, the contributions, and the save.
+#include "companies/screens/preguntar_cambios.h"
 #include "core/rutinas.h"
 #include "core/screens/validar.h"
 #include "platform/data/error_de_ejecucion.h"
@@ -56,7 +57,7 @@ bool Empleados::MaskCuil_Validate(int indice)
 
 bool Empleados::CuilExistente()
 {
-    const bool existe = cuilExistente(Rutinas::Conexion, clave(), MaskCuil[0]->text());
+    const bool existe = cuilExistente(Rutinas::Conexion, m_clave, MaskCuil[0]->text());
     if (existe)
     {
         MsgBox(QStringLiteral("El Presente C.U.I.L. ya se encuentra ingresado en la Actual Declaración Jurada."),
@@ -83,14 +84,7 @@ bool Empleados::txtImporte_Validate(int indice)
     const bool vale = campo->text().isEmpty() || Rutinas::VerificarNumero(campo->text());
     if (vale && !campo->text().isEmpty())
     {
-        try
-        {
-            ponerEntero(campo, Formato(Moneda::deTexto(campo->text()), u"0.00"));
-        }
-        catch (const ErrorDeEjecucion&)
-        {
-            // More than an amount can hold: it stays as typed, and the save tells.
-        }
+        ponerEntero(campo, Formato(Moneda::deTexto(campo->text()), u"0.00"));
     }
     CalcularAportes();
     return vale;
@@ -114,15 +108,6 @@ void Empleados::cmbEstadoCivil_LostFocus()
 {
     ui->SSTab1->setCurrentIndex(1);
     ui->vsFamiliares->setFocus();
-}
-
-void Empleados::vsFamiliares_LeaveCell(int /*columna*/, int fila, int /*nuevaColumna*/, int nuevaFila)
-{
-    if (nuevaFila != -1)
-    {
-        ui->vsFamiliares->pintarFila(fila, Grilla::blanco);
-        ui->vsFamiliares->pintarFila(nuevaFila, Grilla::amarillo);
-    }
 }
 
 void Empleados::seguirDeFamiliares()
@@ -177,29 +162,48 @@ bool Empleados::GrabarEmpleado()
         avisarFalta(*falta);
         return false;
     }
+    bool guardado = false;
     try
     {
-        return guardar();
+        siSigueAhi([&] { guardado = guardar(); });
+    }
+    catch (const ErrorParaAvisar& error)
+    {
+        MsgBox(error.descripcion(), Caja::Exclamacion);
     }
     catch (const ErrorDeEjecucion& error)
     {
         MsgBox(QStringLiteral("%1 %2").arg(QString::number(error.numero()), error.descripcion()));
-        return false;
     }
+    return guardado;
 }
 
 bool Empleados::guardar()
 {
     CalcularAportes();
-    const auto aportes = guardarEmpleado(Rutinas::Conexion, clave(), entrada());
-    if (!aportes)
+    std::optional<EmpleadoGuardado> guardado;
+    const auto grabar = [&](bool reemplaza)
+    {
+        EntradaEmpleado datos = entrada();
+        if (!reemplaza)
+        {
+            datos.leido = m_leido;
+        }
+        guardado = guardarEmpleado(Rutinas::Conexion, m_clave, datos);
+    };
+    if (!guardarPreguntando(grabar))
+    {
+        return false;
+    }
+    if (!guardado)
     {
         MsgBox(QStringLiteral("Los datos de los Familiares están incompletos.  Por favor, verifique los mismos."),
                Caja::Exclamacion);
         ui->SSTab1->setCurrentIndex(1);
         return false;
     }
-    mostrarAportes(*aportes);
+    mostrarAportes(guardado->aportes);
+    m_leido = std::move(guardado->leido);
     return true;
 }
 

@@ -22,13 +22,6 @@ QString dosDecimales(Moneda importe)
 {
     return Formato(importe, u"0.00");
 }
-
-AccionEmpleado accionDeFlecha(int indice)
-{
-    constexpr AccionEmpleado acciones[] = {AccionEmpleado::Primero, AccionEmpleado::Anterior, AccionEmpleado::Siguiente,
-                                           AccionEmpleado::Ultimo};
-    return acciones[indice];
-}
 } // namespace
 
 void ponerEntero(QLineEdit* campo, const QString& texto)
@@ -44,7 +37,7 @@ void ponerEntero(QLineEdit* campo, const QString& texto)
 
 void Empleados::CargarEmpleado(AccionEmpleado Accion)
 {
-    const auto empleado = cargarEmpleado(Rutinas::Conexion, clave(), Accion, MaskCuil[0]->text());
+    const auto empleado = cargarEmpleado(Rutinas::Conexion, m_clave, Accion, MaskCuil[0]->text());
     if (empleado)
     {
         mostrar(*empleado);
@@ -98,7 +91,7 @@ void Empleados::mostrar(const Empleado& empleado)
     ponerEntero(txtImporte[5], dosDecimales(empleado.art101B));
     mostrarSucursal(SucursalActual == 0 ? QString()
                                         : textoSucursal(Rutinas::Conexion, SucursalActual, ui->txtCuit->text()));
-    cargarFamilia();
+    m_leido = EmpleadoLeido{empleado, cargarFamilia()};
 }
 
 void Empleados::mostrarSucursal(const std::optional<QString>& texto)
@@ -111,19 +104,22 @@ void Empleados::mostrarSucursal(const std::optional<QString>& texto)
     ui->txtSucursal->setCursorPosition(0);
 }
 
-void Empleados::cargarFamilia()
+std::vector<FilaFamiliar> Empleados::cargarFamilia()
 {
+    std::vector<FilaFamiliar> leidos = cargarFamiliares(Rutinas::Conexion, MaskCuil[0]->text());
     std::vector<std::vector<QVariant>> filas;
-    for (const FilaFamiliar& uno : cargarFamiliares(Rutinas::Conexion, MaskCuil[0]->text()))
+    for (const FilaFamiliar& uno : leidos)
     {
         filas.push_back(
             {uno.familiar, uno.tipoDoc, uno.nroDoc ? QVariant(*uno.nroDoc) : QVariant(), uno.ayn, uno.sexo, uno.nacio});
     }
     ui->vsFamiliares->cargar(std::move(filas));
+    return leidos;
 }
 
 void Empleados::LimpiarEmpleado()
 {
+    m_leido.reset();
     for (std::size_t i = 0; i < MaskCuil.size(); ++i)
     {
         MaskCuil[i]->limpiar();
@@ -149,38 +145,6 @@ void Empleados::LimpiarEmpleado()
         ponerEntero(txtImporte[i], QString());
     }
     ui->vsFamiliares->cargar({});
-}
-
-void Empleados::cmdFlecha_Click(int indice)
-{
-    CargarEmpleado(accionDeFlecha(indice));
-}
-
-void Empleados::cmdEmpleado_Click(int indice)
-{
-    switch (indice)
-    {
-    case 0:
-        agregar();
-        break;
-    case 1:
-        modificar();
-        break;
-    case 2:
-        eliminar();
-        break;
-    case 3:
-        aceptar();
-        break;
-    case 4:
-        cancelar();
-        break;
-    case 5:
-        buscar();
-        break;
-    default:
-        cerrar();
-    }
 }
 
 void Empleados::agregar()
@@ -215,9 +179,34 @@ void Empleados::eliminar()
     {
         return;
     }
-    eliminarEmpleado(Rutinas::Conexion, clave(), MaskCuil[0]->text());
-    MsgBox(QStringLiteral("EL EMPLEADO HA SIDO ELIMINADO DE LA ACTUAL DECLARACION JURADA."), Caja::Informacion);
-    LimpiarEmpleado();
+    siSigueAhi(
+        [this]
+        {
+            eliminarEmpleado(Rutinas::Conexion, m_clave, MaskCuil[0]->text());
+            MsgBox(QStringLiteral("EL EMPLEADO HA SIDO ELIMINADO DE LA ACTUAL DECLARACION JURADA."), Caja::Informacion);
+            LimpiarEmpleado();
+        });
+}
+
+void Empleados::siSigueAhi(const std::function<void()>& escribir)
+{
+    try
+    {
+        escribir();
+    }
+    catch (const EmpleadoEliminado& falta)
+    {
+        MsgBox(falta.descripcion(), Caja::Exclamacion);
+        LimpiarEmpleado();
+        HabilitarEdicion(false);
+        setWindowTitle(TituloForm);
+        ui->cmdEmpleado_0->setFocus();
+    }
+    catch (const YaNoEsta& falta)
+    {
+        MsgBox(falta.descripcion(), Caja::Exclamacion);
+        cerrar();
+    }
 }
 
 void Empleados::aceptar()
@@ -254,7 +243,7 @@ void Empleados::buscar()
 void Empleados::cmdSucursal_Click()
 {
     Rutinas::SucursalElegida = 0;
-    Rutinas::CuitActual = ui->txtCuit->text();
+    Rutinas::CuitActual = m_clave.cuit;
     Rutinas::EmpresaActual = ui->txtRazonSocial->text();
     Navegacion::instancia().mostrarModal(QStringLiteral("BuscarSucursal"));
     if (Rutinas::SucursalElegida != 0)

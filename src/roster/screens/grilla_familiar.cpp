@@ -25,6 +25,7 @@ GrillaFamiliar::GrillaFamiliar(QWidget* padre)
                  {ColumnaDeGrilla::Lista, QStringLiteral("Sexo"), 68, 0, sexos},
                  {ColumnaDeGrilla::Fecha, QStringLiteral("Fecha Nac."), 90}});
     setEditable(true);
+    setPintaActual(true);
     setTeclasDeFila([this] { return !celdaVacia(Familiar, filas()); }, [](int) { return true; });
 }
 

@@ -1,0 +1,225 @@
+// The save of a company with its branches and responsible persons, and what another desk did meanwhile.
+#include "apoyo/base_de_prueba.h"
+#include "apoyo/datos.h"
+#include "cambios_en_texto.h"
+#include "empresa_completa.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+const char* const incompletas =
+    "Los datos de las Sucursales están incompletos.  Por favor, verifique los mismos (Nro. de "
+    "Sucursal, Domicilio y Localidad).";
+const char* const incompletos = "Los datos de los Responsables están incompletos.  Por favor, verifique los mismos.";
+
+FilaSucursal sucursal(qint64 id, const char* codigo, const char* domicilio = "Calle 1",
+                      std::optional<qint64> numero = 5, const char* localidad = "Berisso")
+{
+    return {id, codigo, domicilio, numero, localidad, "1923", "461"};
+}
+
+FilaResponsable responsable(const char* ayn, const char* tipo = "DNI", std::optional<qint64> documento = 123456789)
+{
+    return {ayn, tipo, documento, "Calle 2", {}};
+}
+
+struct GuardarEmpresa : testing::Test
+{
+    GuardarEmpresa() { insertarEmpresa(conexion, completa()); }
+
+    BaseDePrueba base;
+    Conexion& conexion = base.conexion();
+    /// What the screen holds; each save is of another name, so that its trace is seen.
+    EntradaEmpresa entrada{.empresa = completa(cuitUno, "Cambiada")};
+
+    [[nodiscard]] std::string todo() const
+    {
+        return filas("SELECT * FROM Empresas") + '#' + filas("SELECT * FROM Empresas_Sucursales ORDER BY ID") + '#' +
+               filas("SELECT * FROM Empresas_Responsables ORDER BY rowid");
+    }
+    qint64 poneSucursal(const char* codigo, const QString& cuit = cuitUno) const
+    {
+        return poner("Empresas_Sucursales", {{"Sucursal", codigo}, {"CUIT", cuit}});
+    }
+    /// Nothing is written when something is asked.
+    [[nodiscard]] std::string cambios()
+    {
+        const std::string antes = todo();
+        const std::string textos = cambiosAl([&] { return guardarEmpresa(conexion, entrada); });
+        EXPECT_TRUE(textos == "stored" || antes == todo());
+        return textos;
+    }
+};
+} // namespace
+
+TEST_F(GuardarEmpresa, SucursalesNuevasCambiadasYBarridas)
+{
+    const qint64 queda = poneSucursal("1");
+    const qint64 sale = poneSucursal("2");
+    const qint64 ajena = poneSucursal("2", cuitDos);
+    poner("DDJJ_Empleados", {{"Sucursal", queda}});
+    poner("DDJJ_Empleados",
+          {{"Sucursal", sale}, {"Cuit", cuitDos}}); // the same number at another company holds nothing
+
+    entrada.sucursales = {{sucursal(queda, "9", "D'Angelo", 0), {.id = sale}, sucursal(0, "10", "Mitre", 123456)}};
+    EXPECT_EQ("", fueraDeTransaccion([&] { EXPECT_EQ(std::nullopt, guardarEmpresa(conexion, entrada)); }));
+    const std::vector<FilaSucursal> guardadas{sucursal(ajena + 1, "10", "Mitre", 123456),
+                                              sucursal(queda, "9", "D'Angelo", 0)}; // by code, which is a text
+    EXPECT_EQ(guardadas, cargarSucursales(conexion, cuitUno));
+    EXPECT_EQ("1|2", filas("SELECT count(*) AS N, Sucursal FROM Empresas_Sucursales WHERE CUIT = ?", cuitDos));
+    EXPECT_EQ(0, cuantos("Empresas_Sucursales WHERE Marca <> 0"));
+    EXPECT_EQ("Cambiada", cargarEmpresa(conexion, cuitUno)->razon);
+
+    // The rows know their numbers: saved once more, nothing moves, though the new branch has an employee by now.
+    EXPECT_EQ(ajena + 1, (*entrada.sucursales)[2].id);
+    EXPECT_EQ(0, (*entrada.sucursales)[1].id);
+    poner("DDJJ_Empleados", {{"Sucursal", ajena + 1}, {"Secuencia", 1}});
+    const std::string antes = todo();
+    EXPECT_EQ(std::nullopt, guardarEmpresa(conexion, entrada));
+    EXPECT_EQ(antes, todo());
+}
+
+TEST_F(GuardarEmpresa, LoRechazadoDeshaceTodo)
+{
+    const qint64 usada = poneSucursal("7");
+    const qint64 libre = poneSucursal("8");
+    const qint64 tambien = poneSucursal("3");
+    conexion.ejecutar("UPDATE Empresas_Sucursales SET Domicilio = 'O''Higgins' WHERE ID = ?", usada);
+    poner("DDJJ_Empleados", {{"Sucursal", usada}});
+    poner("DDJJ_Empleados", {{"Sucursal", tambien}, {"Secuencia", 1}});
+    poner("Empresas_Responsables");
+    const std::string antes = todo();
+
+    entrada.sucursales = {{sucursal(libre, "8"), sucursal(0, "20")}};
+    EXPECT_EQ(
+        "Error - No se puede Eliminar la Sucursal 7 - O'Higgins 45 - Avellaneda.  Tiene Empleados asignados a dicha "
+        "Sucursal.", // the first one only, by its ID
+        guardarEmpresa(conexion, entrada));
+    EXPECT_EQ(antes, todo());
+    const FilaSucursal malas[] = {
+        sucursal(0, ""), sucursal(0, "1", ""), sucursal(0, "1", "Calle", 1, ""), {.numero = 0}, {.telefono = "461"}};
+    for (const FilaSucursal& mala : malas)
+    {
+        entrada.sucursales = {{sucursal(0, "30"), mala}};
+        EXPECT_EQ(incompletas, guardarEmpresa(conexion, entrada));
+        EXPECT_EQ(antes, todo());
+    }
+    entrada.sucursales = {{sucursal(0, "1", "Calle", std::nullopt)}};
+    EXPECT_EQ(ErrorDeEjecucion::NoCoincidenTipos, numeroDe([&] { return guardarEmpresa(conexion, entrada); }));
+    EXPECT_EQ(antes, todo());
+
+    entrada.sucursales = {{sucursal(usada, "7"), sucursal(libre, "8"), sucursal(tambien, "3"), sucursal(0, "9")}};
+    const FilaResponsable malos[] = {responsable(""),
+                                     responsable("Uno", ""),
+                                     responsable("Uno", "DNI", 0),
+                                     responsable("Uno", "DNI", std::nullopt),
+                                     {.localidad = "Berisso"}};
+    for (const FilaResponsable& malo : malos)
+    {
+        entrada.responsables = {{responsable("Entra"), malo}};
+        EXPECT_EQ(incompletos, guardarEmpresa(conexion, entrada));
+        EXPECT_EQ(antes, todo());
+    }
+    EXPECT_EQ(0, (*entrada.sucursales)[3].id); // nothing of it stayed
+    entrada.responsables = {{responsable("Uno", "Carnet")}};
+    EXPECT_EQ(ErrorDeEjecucion::SinRegistro, numeroDe([&] { return guardarEmpresa(conexion, entrada); }));
+    entrada = {.nueva = true, .empresa = completa()};
+    EXPECT_NE(0, numeroDe([&] { return guardarEmpresa(conexion, entrada); }));
+    entrada.empresa = completa(cuitDos);
+    entrada.empresa.numero = "12a";
+    EXPECT_EQ(ErrorDeEjecucion::NoCoincidenTipos, numeroDe([&] { return guardarEmpresa(conexion, entrada); }));
+    EXPECT_EQ(antes, todo());
+}
+
+TEST_F(GuardarEmpresa, LosResponsablesSolosSeReemplazanYLoQueNoSeTocaNoSeEscribe)
+{
+    poneSucursal("1");
+    conexion.ejecutar("UPDATE Empresas_Sucursales SET Marca = 1");
+    poner("Empresas_Responsables", {{"AyN", "Ajeno"}, {"CUIT", cuitDos}});
+    poner("Empresas_Responsables", {{"TipoDoc", 0}}); // in no catalogue: not shown
+    EXPECT_EQ(0U, cargarResponsables(conexion, cuitUno).size());
+    EXPECT_EQ(std::nullopt, guardarEmpresa(conexion, entrada));
+    EXPECT_EQ(2, cuantos("Empresas_Responsables"));
+
+    entrada.responsables = {{responsable("Zárate"), {.tipoDoc = "DNI", .nroDoc = 0}, responsable("Álvarez O'Connor")}};
+    EXPECT_EQ(std::nullopt, guardarEmpresa(conexion, entrada));
+    EXPECT_EQ((std::vector{responsable("Álvarez O'Connor"), responsable("Zárate")}),
+              cargarResponsables(conexion, cuitUno));
+    EXPECT_EQ(3, cuantos("Empresas_Responsables"));
+    EXPECT_EQ(1, cuantos("Empresas_Sucursales WHERE Marca = 1"));
+}
+
+TEST_F(GuardarEmpresa, EnLoQueOtroPuestoEliminoNadaSeEscribe)
+{
+    entrada.sucursales = {{sucursal(poneSucursal("1"), "1"), sucursal(0, "2")}};
+    entrada.responsables = {{responsable("Uno")}};
+    entrada.leida = leerEmpresa(conexion, cuitUno);
+    conexion.ejecutar("DELETE FROM Empresas_Sucursales");
+    std::string antes = todo();
+    EXPECT_THROW((void)guardarEmpresa(conexion, entrada), SucursalEliminada);
+    EXPECT_EQ(antes, todo());
+    (*entrada.sucursales)[0] = {.id = (*entrada.sucursales)[0].id}; // blanked out here too: no matter
+    entrada.leida.reset();
+    EXPECT_EQ(std::nullopt, guardarEmpresa(conexion, entrada));
+
+    entrada.leida = leerEmpresa(conexion, cuitUno);
+    entrada.sucursales.reset();
+    for (const char* tabla : {"Empresas", "Empresas_Sucursales", "Empresas_Responsables"})
+    {
+        conexion.ejecutar(std::string("DELETE FROM ") + tabla);
+    }
+    EXPECT_THROW((void)guardarEmpresa(conexion, entrada), YaNoEsta);
+    EXPECT_EQ("##", todo());
+}
+
+TEST_F(GuardarEmpresa, LoQueOtroPuestoCambioSePreguntaAntesDeReemplazarlo)
+{
+    const qint64 una = poneSucursal("1");
+    poner("Empresas_Responsables");
+    entrada.leida = leerEmpresa(conexion, cuitUno);
+    EXPECT_EQ("stored", cambios()); // and again, with what was stored then
+    EXPECT_EQ("stored", cambios());
+    conexion.ejecutar(
+        "UPDATE Empresas SET Razon = 'a', Fantasia = 'b', Calle = 'c', Numero = 4, NroLocal = 'd', "
+        "Piso = 'e', Depto = 'f', CodPos = 'g', Localidad = 'h', Provincia = 77, Telefono = 'i', Fax = 'j', "
+        "Rubro = 'k', Contacto = 'l', Web = 'm', Email = 'n', Estudio = 'o', Est_Domicilio = 'p', "
+        "Est_CodPos = 'q', Est_Localidad = 'r', Est_Telefono = 's', Est_EMail = 't'");
+    EXPECT_EQ("Razón Social=Cambiada>a;Nombre Fantasía=L'Horno>b;Calle=O'Higgins>c;Nro.=1234>4;Local=L-5>d;Piso=3>e;"
+              "Depto=B>f;Cód.Postal=B1900>g;Localidad=Berisso>h;Provincia=Buenos Aires>;Teléfono=461-0000>i;"
+              "Fax=461-0001>j;Rubro=522120>k;Contacto=Ñandú D'Elía>l;Web=www.example.org>m;E-Mail=a@example.org>n;"
+              "Contador/a=Estudio O'Connor>o;Domicilio del Estudio=Calle 7>p;Cód.Post. del Estudio=1900>q;"
+              "Localidad del Estudio=La Plata>r;Tel. del Estudio=422-0000>s;E-Mail del Estudio=e@example.org>t",
+              cambios());
+    entrada.leida.reset();
+    EXPECT_EQ("stored", cambios()); // asked for a second time, it is replaced
+    EXPECT_EQ(completa(cuitUno, "Cambiada"), cargarEmpresa(conexion, cuitUno));
+
+    conexion.ejecutar("UPDATE Empresas_Sucursales SET Numero = 46");
+    poneSucursal("9");
+    poner("Empresas_Responsables", {{"AyN", "Nuevo"}});
+    EXPECT_EQ("stored", cambios()); // lists that this save does not write
+    const qint64 otra = poneSucursal("8");
+    poner("Empresas_Responsables", {{"AyN", "Otro"}});
+    entrada.leida = leerEmpresa(conexion, cuitUno);
+    conexion.ejecutar("UPDATE Empresas_Sucursales SET Numero = 47 WHERE ID = ?", una);
+    conexion.ejecutar("DELETE FROM Empresas_Sucursales WHERE ID = ?", otra);
+    conexion.ejecutar("DELETE FROM Empresas_Responsables WHERE AyN = 'Otro'");
+    poneSucursal("7");
+    entrada.sucursales = {{sucursal(una, "1")}};
+    entrada.responsables.emplace();
+    EXPECT_EQ("Sucursales=1, Belgrano, 46, Avellaneda, 1870>1, Belgrano, 47, Avellaneda, 1870;"
+              "Sucursales=8, Belgrano, 45, Avellaneda, 1870>-;Sucursales=->7, Belgrano, 45, Avellaneda, 1870;"
+              "Responsables=Otro, DNI, 11111111>-",
+              cambios());
+    entrada.leida.reset();
+    EXPECT_EQ("stored", cambios());
+    EXPECT_EQ(1, cuantos("Empresas_Sucursales"));
+}
+
+TEST(CambiadoPorOtro, LaCajaNombraDoceCambios)
+{
+    const QString texto = CambiadoPorOtro(Cambios(14, {"Piso", "1", "2"})).descripcion();
+    EXPECT_EQ(12, texto.count("Piso: decía \"1\" y ahora dice \"2\".\n"));
+    EXPECT_TRUE(texto.contains("\nY otros 2.\n"));
+}
