@@ -160,7 +160,7 @@ public:
     }
     void programa() override
     {
-        if (actualizarSueldos(m_conexion, original, m_filas) != empleados)
+        if (actualizarSueldos(m_conexion, original, m_filas, {}) != empleados)
         {
             throw std::runtime_error("no todas se escribieron");
         }
