@@ -198,7 +198,7 @@ qint64 ObtenerIndice()
 
 void LiberarIndice(qint64 indice)
 {
-    Conexion.ejecutar("DELETE FROM RptEmpleados WHERE Indice = ?", indice);
+    Conexion.ejecutar("DELETE FROM RptEmpleados WHERE Indice <= ?", indice);
     // Takes down what ObtenerIndice has just raised, so that the counter stays where it stood.
     Conexion.ejecutar("UPDATE Parametros SET Indice = Indice - 1 WHERE Indice = ?", ObtenerIndice());
 }

@@ -58,7 +58,7 @@ void ActualizarA20();
 
 /// A new report index: reads Parametros.Indice, adds one, writes it back.
 [[nodiscard]] qint64 ObtenerIndice();
-/// Deletes a run's staged rows. The counter keeps its value.
+/// Deletes a run's staged rows, and what killed programs have left of earlier ones. The counter keeps its value.
 void LiberarIndice(qint64 indice);
 
 /// Rewrites the closed database compactly and puts it in place by one rename. Throws with the old file untouched;

@@ -25,6 +25,7 @@ void ImprimirInforme(const ClaveDDJJ& clave, const QString& mes, const QString& 
     datos.abrir(Rutinas::rutaBase(), Conexion::Modo::SoloLectura);
     crearPreparacion(datos);
     prepararInforme(datos, clave, indice, cual);
+    Rutinas::LiberarIndice(indice); // earlier versions of the program staged them in the file
     if (informe.PrintReport(datos) != 0)
     {
         MsgBox(informe.LastErrorString());
