@@ -1,7 +1,7 @@
 #include "slips/pagos.h"
 
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
+#include "platform/data/insertar.h"
 
 namespace
 {
@@ -39,12 +39,21 @@ void registrarPago(Conexion& conexion, const Boleta& b)
     const bool aportes = b.tipo == TipoBoleta::Aportes;
     const bool acta = b.tipo == TipoBoleta::Acta;
     const Moneda nada;
-    conexion.ejecutar(
-        "INSERT INTO PAGOS (Cuit, Tipo, Periodo, Secuencia, Fecha, Art100, Art101A, Art101B, Dias, Interes, "
-        "Importe, NroActa, Cuota, Cuenta) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-        b.cuit, static_cast<int>(b.tipo), acta ? QDate() : b.declaracion.periodo, acta ? 0 : b.declaracion.secuencia,
-        b.fecha, aportes ? b.art100 : nada, aportes ? b.art101A : nada, aportes ? b.art101B : nada, b.dias, b.interes,
-        b.importeTotal, acta ? b.nroActa : 0, acta ? b.cuota : 0, acta ? b.cuenta : 0);
+    insertar(conexion, "PAGOS",
+             {{"Cuit", b.cuit},
+              {"Tipo", static_cast<int>(b.tipo)},
+              {"Periodo", acta ? QDate() : b.declaracion.periodo},
+              {"Secuencia", acta ? 0 : b.declaracion.secuencia},
+              {"Fecha", b.fecha},
+              {"Art100", aportes ? b.art100 : nada},
+              {"Art101A", aportes ? b.art101A : nada},
+              {"Art101B", aportes ? b.art101B : nada},
+              {"Dias", b.dias},
+              {"Interes", b.interes},
+              {"Importe", b.importeTotal},
+              {"NroActa", acta ? b.nroActa : 0},
+              {"Cuota", acta ? b.cuota : 0},
+              {"Cuenta", acta ? b.cuenta : 0}});
 }
 
 std::vector<PagoDeActa> listarPagosDeActas(Conexion& conexion, const QString& cuit, int cuenta)
