@@ -143,23 +143,26 @@ TEST_F(AlLado, MantenimientoRechazadoSeDiceConLaBaseAbierta)
 TEST_F(AlLado, LaBaseSeReabreCuandoElOtroTerminaYAntesDeContar)
 {
     Rutinas::fijarPacienciaAlReabrir(0);
-    cajas.esperaQueDiga(Caja::Exclamacion, QStringLiteral("Otro puesto está copiando"));
+    const Conexion::EsperaCorta nada(std::chrono::milliseconds(0));
     cajas.alVer([&](const DatosDeCaja&) { EXPECT_TRUE(otro->seguir()); });
-    int contado = 0;
-    Rutinas::ConLaBaseCerrada(
-        QStringLiteral("Compactando"),
-        [&](const Aviso&)
+    for (const char* como : {"Sola", "Confirma"})
+    {
+        cajas.esperaQueDiga(Caja::Exclamacion, QStringLiteral("Otro puesto está copiando"));
+        int contado = 0;
+        const auto trabajo = [&](const Aviso&)
         {
             EXPECT_FALSE(Rutinas::Conexion.abierta());
-            puesto("Sola");
+            puesto(como);
             Rutinas::CompactarBase();
-        },
-        [&](const std::optional<ErrorDeEjecucion>& falla)
+        };
+        const auto contar = [&](const std::optional<ErrorDeEjecucion>& falla)
         {
             contado = falla ? falla->numero() : 0;
             EXPECT_TRUE(Rutinas::Conexion.abierta());
-        });
-    EXPECT_EQ(contado, ErrorDeEjecucion::EnUso);
+        };
+        Rutinas::ConLaBaseCerrada(QStringLiteral("Compactando"), trabajo, contar);
+        EXPECT_EQ(contado, ErrorDeEjecucion::EnUso) << como;
+    }
     Rutinas::fijarPacienciaAlReabrir(60'000);
 }
 

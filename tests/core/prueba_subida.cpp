@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <sqlite3.h>
+#include <utility>
 
 namespace
 {
@@ -14,6 +15,7 @@ using Estado = std::pair<QByteArray, QByteArray>;
 
 const BaseDePrueba* base = nullptr;
 std::vector<Estado> estados;
+std::size_t llenoEn = 0; ///< the write that finds the disk full, from 1; 0 for none
 sqlite3_vfs* real = nullptr;
 decltype(sqlite3_io_methods::xWrite) escribir = nullptr;
 
@@ -27,7 +29,7 @@ void guardar()
 int escribirDespuesDeGuardar(sqlite3_file* archivo, const void* datos, int largo, sqlite3_int64 lugar)
 {
     guardar();
-    return escribir(archivo, datos, largo, lugar);
+    return estados.size() == llenoEn ? SQLITE_FULL : escribir(archivo, datos, largo, lugar);
 }
 
 int abrir(sqlite3_vfs*, const char* nombre, sqlite3_file* archivo, int modo, int* salida)
@@ -88,7 +90,15 @@ TEST(Subida, UnaMuerteEnCualquierMomentoNoDetieneLosArranquesQueSiguen)
         volverAVersion(base->rutaBase(), QString::fromLatin1(version));
         arrancarGuardando();
         EXPECT_GT(estados.size(), 5U);
-        for (const auto& [archivo, diario] : estados)
+        std::vector<Estado> cortados = std::exchange(estados, {});
+        for (llenoEn = 1; llenoEn <= 5; ++llenoEn) // the same on a disk that fills up
+        {
+            base->escribir(QStringLiteral("DBBrivo.mdb"), cortados.front().first);
+            arrancarGuardando();
+            cortados.emplace_back(base->leer(QStringLiteral("DBBrivo.mdb")), QByteArray());
+        }
+        llenoEn = 0;
+        for (const auto& [archivo, diario] : cortados)
         {
             base->escribir(QStringLiteral("DBBrivo.mdb"), archivo);
             base->escribir(QStringLiteral("DBBrivo.mdb-journal"), diario);

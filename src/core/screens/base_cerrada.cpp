@@ -10,6 +10,7 @@
 namespace
 {
 constexpr unsigned long entreIntentos = 50; // ms
+constexpr int ocupada = 5;                  // SQLite's code while another desk writes
 int paciencia = 60'000;                     // ms
 
 std::optional<ErrorDeEjecucion> fallaDe(const std::function<void()>& cuerpo)
@@ -41,7 +42,7 @@ bool reabrirEsperando()
         {
             return true;
         }
-        if (falla->numero() != ErrorDeEjecucion::EnUso)
+        if (falla->numero() != ErrorDeEjecucion::EnUso && (falla->numero() & 0xFF) != ocupada)
         {
             throw ErrorDeEjecucion(*falla);
         }

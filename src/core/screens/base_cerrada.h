@@ -16,8 +16,8 @@ namespace Rutinas
 void ConLaBaseCerrada(const QString& titulo, const std::function<void(const Aviso&)>& trabajo,
                       const std::function<void(const std::optional<ErrorDeEjecucion>&)>& contar);
 
-/// Opens the base again. While another desk holds it alone (70) it waits for that work to end; after a minute it tells
-/// the user and goes on waiting. Throws for any other failure.
+/// Opens the base again. While another desk holds it alone (70), or writes, it waits for that work to end; after a
+/// minute it tells the user and goes on waiting. Throws for any other failure.
 void ReabrirBase();
 /// How long ReabrirBase() waits before it tells; one minute unless a test says otherwise.
 void fijarPacienciaAlReabrir(int milisegundos);

@@ -225,18 +225,6 @@ TEST(Validacion, ElProgramaQueLlevaElFocoAOtroMalDaUnaSolaCaja)
     EXPECT_TRUE(d.una.a->hasFocus());
 }
 
-TEST(Validacion, SoltarElBotonTragadoNoEsUnClicEnLaGrilla)
-{
-    DosHijas d(QStringLiteral("bien"));
-    clicEnFila(d.una, 1); // the grid remembers this press
-    pulsar(*d.una.a);
-    d.una.a->setText(mal);
-    int clics = 0;
-    QObject::connect(d.una.grilla, &QTableWidget::cellClicked, &d.una, [&] { ++clics; });
-    clicEnFila(d.una, 1);
-    EXPECT_EQ(clics, 0);
-}
-
 TEST(Validacion, ElLugarAlQueMueveElChequeoVale)
 {
     void (*const salidas[])(P) = {[](P) { tecla(Qt::Key_Tab); }, [](P) { tecla(Qt::Key_Return); },
