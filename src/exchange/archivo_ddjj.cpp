@@ -1,7 +1,7 @@
 #include "exchange/archivo_ddjj.h"
 
+#include "exchange/archivo_uno.h"
 #include "exchange/renglon.h"
-#include "platform/data/archivos.h"
 #include "platform/data/conexion.h"
 #include "platform/data/directorio_programa.h"
 #include "platform/data/error_de_ejecucion.h"
@@ -11,7 +11,6 @@
 
 namespace
 {
-constexpr int canal = 1;
 /// Employees between two calls of the progress.
 constexpr qint64 tramo = 256;
 
@@ -102,7 +101,7 @@ int numeroDeSecuencia(const QString& texto)
 
 void imprimir(const Renglon& renglon)
 {
-    Archivos::imprimir(canal, renglon.bytes());
+    ArchivoUno::imprimir(renglon.bytes());
 }
 
 void escribirEmpresa(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglon& renglon)
@@ -162,7 +161,7 @@ void escribirEmpleados(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglo
 void escribirArchivo(Conexion& conexion, const DatosArchivoDDJJ& datos, const QString& nombre,
                      const std::function<void(qint64 hecho, qint64 total)>& aviso)
 {
-    Archivos::abrirParaEscribir(canal, rutaArchivoDDJJ(nombre));
+    ArchivoUno::abrirParaEscribir(rutaArchivoDDJJ(nombre));
     Renglon renglon;
     escribirEmpresa(conexion, datos, renglon);
     escribirFilas(conexion.preparar("SELECT * FROM Empresas_Responsables WHERE CUIT = ?"), datos.cuit, '1',
@@ -170,14 +169,14 @@ void escribirArchivo(Conexion& conexion, const DatosArchivoDDJJ& datos, const QS
     escribirFilas(conexion.preparar("SELECT * FROM Empresas_Sucursales WHERE CUIT = ?"), datos.cuit, '2',
                   camposSucursal, renglon);
     escribirEmpleados(conexion, datos, renglon, aviso);
-    Archivos::cerrar(canal);
+    ArchivoUno::cerrar();
 }
 
 void cerrarTrasUnaFalla()
 {
     try
     {
-        Archivos::cerrar(canal);
+        ArchivoUno::cerrar();
     }
     catch (const ErrorDeEjecucion&)
     {

@@ -1,9 +1,9 @@
 #include "exchange/importacion.h"
 
 #include "core/vigencia.h"
+#include "exchange/archivo_uno.h"
 #include "exchange/linea_de_nomina.h"
 #include "exchange/sumas_de_nomina.h"
-#include "platform/data/archivos.h"
 #include "platform/data/conexion.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/formato.h"
@@ -13,7 +13,6 @@
 
 namespace
 {
-constexpr int canal = 1;
 /// Lines between two calls of the progress.
 constexpr int tramo = 256;
 constexpr int jornadaCompleta = 200;
@@ -267,11 +266,11 @@ void tomarLinea(Importacion& importacion, const LineaDeNomina& linea, FormatoDeN
 }
 
 /// All lines of the file, each with one "\n" at its end: a file on a slow share must not keep the database locked.
-std::string leerLineas(const Aviso& aviso)
+std::string leerLineas(LectorDeLineas& archivo, const Aviso& aviso)
 {
     std::string lineas;
     QByteArrayView linea;
-    for (int numero = 1; Archivos::leerLinea(canal, linea); ++numero)
+    for (int numero = 1; archivo.leer(linea); ++numero)
     {
         if (lineas.size() + static_cast<std::size_t>(linea.size()) > archivoMasLargo)
         {
@@ -280,7 +279,7 @@ std::string leerLineas(const Aviso& aviso)
         lineas.append(linea.data(), static_cast<std::size_t>(linea.size())) += '\n';
         if (numero % tramo == 0 && aviso)
         {
-            aviso(0, Archivos::largo(canal));
+            aviso(0, archivo.largo());
         }
     }
     return lineas;
@@ -290,9 +289,8 @@ std::string leerLineas(const Aviso& aviso)
 ResultadoImportacion importarNomina(Conexion& conexion, const ClaveDDJJ& clave, const QString& ruta,
                                     FormatoDeNomina formato, const Aviso& aviso)
 {
-    Archivos::abrirParaLeer(canal, ruta);
-    const std::string lineas = leerLineas(aviso);
-    auto cierre = qScopeGuard([] { Archivos::cerrar(canal); });
+    const std::string lineas = leerLineas(ArchivoUno::abrirParaLeer(ruta), aviso);
+    auto cierre = qScopeGuard([] { ArchivoUno::cerrar(); });
     Transaccion transaccion(conexion);
     exigirDeclaracion(conexion, clave);
     Importacion importacion(conexion, clave);
@@ -309,7 +307,7 @@ ResultadoImportacion importarNomina(Conexion& conexion, const ClaveDDJJ& clave, 
             aviso(static_cast<qint64>(desde), static_cast<qint64>(lineas.size()));
         }
     }
-    Archivos::cerrar(canal);
+    ArchivoUno::cerrar();
     transaccion.confirmar();
     return importacion.resultado();
 }

@@ -2,7 +2,6 @@
 #include "apoyo/rutas.h"
 
 #include "apoyo/archivos_de_prueba.h"
-#include "platform/data/archivos.h"
 #include "platform/data/directorio_programa.h"
 
 #include <QDir>
@@ -63,14 +62,6 @@ BaseDePrueba::BaseDePrueba()
 
 BaseDePrueba::~BaseDePrueba()
 {
-    try
-    {
-        Archivos::cerrarTodos();
-    }
-    catch (const std::exception& error)
-    {
-        ADD_FAILURE() << "a channel could not be closed: " << error.what();
-    }
     Rutinas::Conexion.cerrar();
     m_anteriores->intercambiar();
     reemplazarDirectorioPrograma({});

@@ -29,25 +29,18 @@ CajasDePrueba::CajasDePrueba()
             m_archivosPedidos.push_back(pedido);
             return sacar(m_archivos, "file", pedido.titulo);
         });
-    reemplazarDialogoCarpeta([this](const QString& titulo, const QString&)
-                             { return sacar(m_carpetas, "folder", titulo); });
 }
 
 CajasDePrueba::~CajasDePrueba()
 {
     reemplazarCajas({});
     reemplazarDialogoArchivo({});
-    reemplazarDialogoCarpeta({});
     for (const Esperada& esperada : m_esperadas)
     {
         ADD_FAILURE() << "box that never came: " << nombreDe(esperada.datos.clase) << " \""
                       << esperada.datos.texto.toStdString() << '"';
     }
-    if (!m_archivos.empty() || !m_carpetas.empty())
-    {
-        ADD_FAILURE() << "dialog answers left over: " << m_archivos.size() << " of files, " << m_carpetas.size()
-                      << " of folders";
-    }
+    EXPECT_EQ(0U, m_archivos.size()) << "answers of file dialogs left over";
 }
 
 CajasDePrueba& CajasDePrueba::espera(Caja clase, const QString& texto, bool respuesta)
@@ -73,12 +66,6 @@ CajasDePrueba& CajasDePrueba::archivo(const QString& ruta)
     return *this;
 }
 
-CajasDePrueba& CajasDePrueba::carpeta(const QString& ruta)
-{
-    m_carpetas.push_back(ruta);
-    return *this;
-}
-
 QStringList CajasDePrueba::textos() const
 {
     QStringList lista;
@@ -91,7 +78,7 @@ QStringList CajasDePrueba::textos() const
 
 std::size_t CajasDePrueba::pendientes() const
 {
-    return m_esperadas.size() + m_archivos.size() + m_carpetas.size();
+    return m_esperadas.size() + m_archivos.size();
 }
 
 bool CajasDePrueba::atender(const DatosDeCaja& datos)

@@ -26,7 +26,6 @@ public:
     CajasDePrueba& esperaPregunta(const QString& texto, bool respuesta);
     /// The answer of the next file dialog; an empty text cancels it. A dialog with no answer queued fails the test.
     CajasDePrueba& archivo(const QString& ruta);
-    CajasDePrueba& carpeta(const QString& ruta);
     /// Run with each expected box, before it is answered.
     void alVer(std::function<void(const DatosDeCaja&)> haz) { m_alVer = std::move(haz); }
 
@@ -49,7 +48,6 @@ private:
 
     std::deque<Esperada> m_esperadas;
     std::deque<QString> m_archivos;
-    std::deque<QString> m_carpetas;
     std::vector<DatosDeCaja> m_vistas;
     std::vector<PedidoDeArchivo> m_archivosPedidos;
     std::function<void(const DatosDeCaja&)> m_alVer;

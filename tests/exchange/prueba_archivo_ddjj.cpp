@@ -2,7 +2,7 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/datos.h"
 #include "exchange/archivo_ddjj.h"
-#include "platform/data/archivos.h"
+#include "exchange/archivo_uno.h"
 #include "platform/data/error_de_ejecucion.h"
 
 #include <QDir>
@@ -119,7 +119,7 @@ protected:
         }
         catch (const ErrorDeEjecucion& error)
         {
-            EXPECT_FALSE(Archivos::abierto(1));
+            EXPECT_FALSE(ArchivoUno::abierto());
             return {QByteArray::number(error.numero())};
         }
     }
@@ -236,7 +236,7 @@ TEST_F(ArchivoDdjj, NombreEncabezadoYFallas)
     ejecutar("DELETE FROM DDJJ_Empleados");
     EXPECT_EQ(como.first(3), grabar(mayo)) << "what another file of the name held is lost";
     // Somebody left file number 1 open: this run fails and frees it, the next one goes.
-    Archivos::abrirParaLeer(1, base.escribir(QStringLiteral("otro.txt"), "x"));
+    ArchivoUno::abrirParaLeer(base.escribir(QStringLiteral("otro.txt"), "x"));
     EXPECT_EQ((QByteArrayList{"55"}), grabar(mayo));
     EXPECT_EQ(como.first(3), grabar(mayo));
     ASSERT_TRUE(QFile::remove(base.ruta(nombre)));

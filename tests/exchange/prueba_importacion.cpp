@@ -2,8 +2,8 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/datos.h"
 #include "core/vigencia.h"
+#include "exchange/archivo_uno.h"
 #include "exchange/importacion.h"
-#include "platform/data/archivos.h"
 #include "platform/data/error_de_ejecucion.h"
 
 #include <cstring>
@@ -50,7 +50,7 @@ protected:
         {
             const QString ruta = base.escribir(QStringLiteral("nomina.txt"), contenido);
             const ResultadoImportacion hecho = importarNomina(base.conexion(), mayo, ruta, formato);
-            EXPECT_FALSE(Archivos::abierto(1));
+            EXPECT_FALSE(ArchivoUno::abierto());
             return std::to_string(hecho.titulares) + '+' + std::to_string(hecho.familiares);
         }
         catch (const ErrorDeEjecucion& error)
@@ -60,8 +60,8 @@ protected:
             const std::string que = error.what();
             const bool enElArchivo =
                 que.find("línea") != std::string::npos || que.find("el archivo") != std::string::npos;
-            EXPECT_EQ(enElArchivo, Archivos::abierto(1)) << "an error in the file leaves it open";
-            Archivos::cerrar(1);
+            EXPECT_EQ(enElArchivo, ArchivoUno::abierto()) << "an error in the file leaves it open";
+            ArchivoUno::cerrar();
             return que;
         }
     }

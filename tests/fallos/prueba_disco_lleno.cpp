@@ -5,6 +5,7 @@
 #ifndef _WIN32
 #include "apoyo/archivos_de_prueba.h"
 #include "exchange/archivo_ddjj.h"
+#include "exchange/archivo_uno.h"
 #include "exchange/importacion.h"
 #include "fallos/base_grande.h"
 #include "maintenance/respaldo.h"
@@ -85,7 +86,7 @@ QString fallaDe(const std::function<void()>& haz)
     }
     catch (const ErrorDeEjecucion& error)
     {
-        Archivos::cerrarTodos();
+        ArchivoUno::cerrar();
         return error.descripcion();
     }
 }

@@ -7,9 +7,9 @@
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/hijo.h"
 #include "declarations/ciclo_ddjj.h"
+#include "exchange/archivo_uno.h"
 #include "exchange/importacion.h"
 #include "fallos/base_grande.h"
-#include "platform/data/archivos.h"
 #include "platform/data/directorio_programa.h"
 #include "roster/empleado.h"
 
@@ -63,7 +63,7 @@ public:
             }
             catch (const ErrorDeEjecucion& error)
             {
-                Archivos::cerrarTodos(); // a failed import leaves its file open, as told
+                ArchivoUno::cerrar(); // a failed import leaves its file open, as told
                 ASSERT_EQ(SQLITE_BUSY, error.numero() & 0xFF) << error.what();
                 anotar("busy");
             }

@@ -11,7 +11,8 @@
 TEST(Version, ElEnlaceSePintaDeRojoAlPasarYSeAbreAlPulsar)
 {
     QStringList enlaces;
-    reemplazarAbrirEnlace([&](const QString& direccion) { return enlaces.append(direccion), false; }); // nobody looks at it
+    reemplazarAbrirEnlace([&](const QString& direccion)
+                          { return enlaces.append(direccion), false; }); // nobody looks at it
     Version aviso;
     aviso.cargar();
     Entrada::activar(aviso);

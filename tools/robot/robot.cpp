@@ -80,8 +80,6 @@ void Robot::tomarPuertas()
         });
     reemplazarDialogoArchivo([this](const PedidoDeArchivo& pedido)
                              { return atenderArchivo(pedido.titulo, pedido.debeExistir, pedido.extension); });
-    reemplazarDialogoCarpeta([this](const QString& titulo, const QString&)
-                             { return atenderArchivo(titulo, true, {}); });
     reemplazarConfigurarImpresora([this] { m_escribir("impresora"); });
     reemplazarAbrirEnlace(
         [this](const QString& direccion)
@@ -103,7 +101,6 @@ void Robot::soltarPuertas()
 {
     observarCajas({}, {});
     reemplazarDialogoArchivo({});
-    reemplazarDialogoCarpeta({});
     reemplazarConfigurarImpresora({});
     reemplazarAbrirEnlace({});
     reemplazarCorreo({});

@@ -3,6 +3,7 @@
 #include "core/rutinas.h"
 #include "core/vigencia.h"
 #include "exchange/archivo_ddjj.h"
+#include "exchange/archivo_uno.h"
 #include "exchange/screens/ftp_class.h"
 #include "exchange/servidor_ftp.h"
 #include "platform/data/archivos.h"
@@ -16,14 +17,13 @@
 namespace
 {
 constexpr long transferenciaAscii = 1;
-constexpr int archivoUno = 1;
 
 /// Tells it and closes file number 1.
 void avisarErrorDeApertura(const ErrorDeEjecucion& error)
 {
     MsgBox(QStringLiteral("Error: %1 - %2").arg(error.numero()).arg(error.descripcion()), Caja::Informacion,
            QStringLiteral("Error de Apertura"));
-    Archivos::cerrar(archivoUno);
+    ArchivoUno::cerrar();
 }
 
 /// The declaration as the text file wants it.

@@ -1,5 +1,6 @@
 #include "platform/data/candado.h"
 
+#include "platform/data/archivos.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/sistema.h"
 
@@ -10,50 +11,23 @@
 #include <boost/interprocess/sync/file_lock.hpp>
 #include <map>
 
-namespace
-{
 /// The one system lock that this process holds on a file. On POSIX closing any descriptor of the file drops the
 /// process's lock, so the file is opened once and all Candados of the process share it.
-struct Cerradura
+struct Candado::Cerradura
 {
     boost::interprocess::file_lock traba;
-    Candado::Modo modo;
-
-    Cerradura(boost::interprocess::file_lock otra, Candado::Modo cual)
-        : traba(std::move(otra))
-        , modo(cual)
-    {
-    }
+    Modo modo;
 };
 
-std::map<QString, std::weak_ptr<Cerradura>>& cerraduras()
+namespace
 {
-    static std::map<QString, std::weak_ptr<Cerradura>> registro;
-    return registro;
-}
-
-QString canonica(const QString& ruta)
-{
-    const QFileInfo archivo(ruta);
-    if (archivo.exists())
-    {
-        return archivo.canonicalFilePath();
-    }
-    const QString carpeta = QFileInfo(archivo.absolutePath()).canonicalFilePath();
-    if (carpeta.isEmpty())
-    {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::RutaNoEncontrada, QDir::toNativeSeparators(archivo.absolutePath()));
-    }
-    return QDir(carpeta).filePath(archivo.fileName());
-}
-
 [[noreturn]] void enUso()
 {
     throw ErrorDeEjecucion(ErrorDeEjecucion::EnUso,
                            QStringLiteral("otra copia del programa está usando la base de datos"));
 }
 
-std::shared_ptr<Cerradura> tomar(const QString& ruta, Candado::Modo modo)
+boost::interprocess::file_lock tomar(const QString& ruta, Candado::Modo modo)
 {
     if (!QFile::exists(ruta))
     {
@@ -70,7 +44,7 @@ std::shared_ptr<Cerradura> tomar(const QString& ruta, Candado::Modo modo)
         {
             enUso();
         }
-        return std::make_shared<Cerradura>(std::move(traba), modo);
+        return traba;
     }
     catch (const boost::interprocess::interprocess_exception&)
     {
@@ -79,27 +53,24 @@ std::shared_ptr<Cerradura> tomar(const QString& ruta, Candado::Modo modo)
 }
 } // namespace
 
-struct Candado::Interno
-{
-    std::shared_ptr<Cerradura> cerradura;
-};
-
 Candado::Candado(const QString& ruta, Modo modo)
-    : m_interno(std::make_unique<Interno>())
 {
-    const QString clave = canonica(ruta);
-    m_interno->cerradura = cerraduras()[clave].lock();
-    if (!m_interno->cerradura)
+    static std::map<QString, std::weak_ptr<Cerradura>> cerraduras;
+    const QString archivo = Archivos::detrasDeEnlaces(ruta);
+    const QString carpeta = QFileInfo(archivo).absolutePath();
+    if (!QFileInfo(carpeta).isDir())
     {
-        m_interno->cerradura = tomar(clave, modo);
-        cerraduras()[clave] = m_interno->cerradura;
+        throw ErrorDeEjecucion(ErrorDeEjecucion::RutaNoEncontrada, QDir::toNativeSeparators(carpeta));
     }
-    else if (modo == Modo::Exclusivo || m_interno->cerradura->modo == Modo::Exclusivo)
+    std::weak_ptr<Cerradura>& tomada = cerraduras[archivo];
+    m_cerradura = tomada.lock();
+    if (!m_cerradura)
+    {
+        m_cerradura = std::make_shared<Cerradura>(Cerradura{tomar(archivo, modo), modo});
+        tomada = m_cerradura;
+    }
+    else if (modo == Modo::Exclusivo || m_cerradura->modo == Modo::Exclusivo)
     {
         enUso();
     }
 }
-
-Candado::~Candado() = default;
-Candado::Candado(Candado&&) noexcept = default;
-Candado& Candado::operator=(Candado&&) noexcept = default;

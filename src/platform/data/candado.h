@@ -16,11 +16,8 @@ public:
     /// Takes the lock at once or throws ErrorDeEjecucion 70; 75 or 76 when the file cannot be made. Within one process
     /// shared Candados on a file go together, an exclusive one goes with no other.
     Candado(const QString& ruta, Modo modo);
-    ~Candado();
-    Candado(Candado&&) noexcept;
-    Candado& operator=(Candado&&) noexcept;
 
 private:
-    struct Interno;
-    std::unique_ptr<Interno> m_interno;
+    struct Cerradura;
+    std::shared_ptr<Cerradura> m_cerradura;
 };

@@ -1,5 +1,7 @@
 #include "platform/data/windows1252.h"
 
+#include <QString>
+#include <algorithm>
 #include <array>
 
 namespace
@@ -11,46 +13,93 @@ constexpr std::array<char16_t, 32> altos = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-char aByte(char16_t c)
+/// UTF-8 of each byte of Windows-1252.
+std::array<std::string, 256> hacerTabla()
 {
-    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
+    std::array<std::string, 256> tabla;
+    for (std::size_t i = 0; i < tabla.size(); ++i)
     {
-        return static_cast<char>(c);
+        const bool alto = i >= 0x80 && i < 0xA0;
+        tabla.at(i) = QString(QChar(alto ? altos.at(i - 0x80) : static_cast<char16_t>(i))).toStdString();
     }
-    for (std::size_t i = 0; i < altos.size(); ++i)
+    return tabla;
+}
+
+char aByte(char32_t caracter)
+{
+    if (caracter < 0x80 || (caracter >= 0xA0 && caracter <= 0xFF))
     {
-        if (altos[i] == c)
+        return static_cast<char>(caracter);
+    }
+    const auto alto = std::find(altos.begin(), altos.end(), caracter);
+    return alto == altos.end() ? '?' : static_cast<char>(0x80 + (alto - altos.begin()));
+}
+
+bool esAscii(char c)
+{
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+/// Takes one character off the front of `utf8`; an ill-formed one gives U+FFFD and takes one byte.
+char32_t tomarCaracter(std::string_view& utf8)
+{
+    const auto primero = static_cast<unsigned char>(utf8.front());
+    const std::size_t largo = primero < 0x80 ? 1 : primero < 0xC2 ? 0 : primero < 0xE0 ? 2 : primero < 0xF0 ? 3 : 4;
+    if (largo == 0 || primero > 0xF4 || utf8.size() < largo)
+    {
+        utf8.remove_prefix(1);
+        return 0xFFFD;
+    }
+    char32_t caracter = largo == 1 ? primero : primero & (0x7FU >> largo);
+    for (std::size_t i = 1; i < largo; ++i)
+    {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if ((byte & 0xC0U) != 0x80)
         {
-            return static_cast<char>(0x80 + i);
+            utf8.remove_prefix(1);
+            return 0xFFFD;
         }
+        caracter = (caracter << 6U) | (byte & 0x3FU);
     }
-    return '?';
+    utf8.remove_prefix(largo);
+    return caracter;
 }
 } // namespace
 
-QByteArray aWindows1252(QStringView texto)
+void agregarUtf8(std::string& destino, std::string_view bytes)
 {
-    QByteArray bytes;
-    bytes.reserve(texto.size());
-    for (qsizetype i = 0; i < texto.size(); ++i)
+    static const std::array<std::string, 256> tabla = hacerTabla();
+    for (std::size_t i = 0; i < bytes.size();)
     {
-        const QChar c = texto[i];
-        if (c.isHighSurrogate() && i + 1 < texto.size() && texto[i + 1].isLowSurrogate())
+        const std::size_t desde = i;
+        while (i < bytes.size() && esAscii(bytes[i]))
         {
-            ++i; // one character, one "?"
+            ++i;
         }
-        bytes += aByte(c.unicode());
+        destino.append(bytes, desde, i - desde);
+        for (; i < bytes.size() && !esAscii(bytes[i]); ++i)
+        {
+            destino += tabla.at(static_cast<unsigned char>(bytes[i]));
+        }
     }
-    return bytes;
 }
 
-QString deWindows1252(QByteArrayView bytes)
+void agregarWindows1252(std::string& destino, std::string_view utf8, std::size_t maximo)
 {
-    QString texto(bytes.size(), Qt::Uninitialized);
-    for (qsizetype i = 0; i < bytes.size(); ++i)
+    while (maximo > 0 && !utf8.empty())
     {
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        texto[i] = byte >= 0x80 && byte < 0xA0 ? QChar(altos[byte - 0x80U]) : QChar(char16_t{byte});
+        std::size_t ascii = 0;
+        while (ascii < utf8.size() && ascii < maximo && esAscii(utf8[ascii]))
+        {
+            ++ascii;
+        }
+        destino.append(utf8, 0, ascii);
+        utf8.remove_prefix(ascii);
+        maximo -= ascii;
+        if (maximo > 0 && !utf8.empty())
+        {
+            destino += aByte(tomarCaracter(utf8));
+            --maximo;
+        }
     }
-    return texto;
 }

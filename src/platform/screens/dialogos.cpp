@@ -21,7 +21,6 @@
 namespace
 {
 std::function<QString(const PedidoDeArchivo&)> archivoReemplazado;
-std::function<QString(const QString&, const QString&)> carpetaReemplazada;
 std::function<void()> impresoraReemplazada;
 std::function<bool(const QString&)> enlaceReemplazado;
 
@@ -121,20 +120,6 @@ bool ConfirmarDestino(const QString& ruta, const QString& origen)
     const bool elMismo = destino.existe && sistema::identidad(ruta) == sistema::identidad(origen);
     return !destino.existe || elMismo ||
            Preguntar(QStringLiteral("El archivo '%1' ya existe. ¿Desea reemplazarlo?").arg(QFileInfo(ruta).fileName()));
-}
-
-QString DialogoCarpeta(const QString& titulo, const QString& inicial)
-{
-    const CajaAbierta abierta;
-    return QDir::toNativeSeparators(
-        carpetaReemplazada
-            ? carpetaReemplazada(titulo, inicial)
-            : QFileDialog::getExistingDirectory(ventanaParaCaja(), titulo, QDir::fromNativeSeparators(inicial)));
-}
-
-void reemplazarDialogoCarpeta(std::function<QString(const QString&, const QString&)> atiende)
-{
-    carpetaReemplazada = std::move(atiende);
 }
 
 void ConfigurarImpresora()

@@ -24,10 +24,6 @@ void reemplazarDialogoArchivo(std::function<QString(const PedidoDeArchivo&)> ati
 /// file whose copy goes there, about which nothing is asked when it is the same one.
 [[nodiscard]] bool ConfirmarDestino(const QString& ruta, const QString& origen = {});
 
-/// Folder dialog; an empty text when cancelled.
-[[nodiscard]] QString DialogoCarpeta(const QString& titulo, const QString& inicial);
-void reemplazarDialogoCarpeta(std::function<QString(const QString& titulo, const QString& inicial)> atiende);
-
 /// The printer set-up dialog; the reports use the printer as it leaves it.
 void ConfigurarImpresora();
 void reemplazarConfigurarImpresora(std::function<void()> atiende);

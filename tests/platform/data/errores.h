@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/data/error_de_ejecucion.h"
+#include "apoyo/datos.h"
 
 /// What `accion` throws as "number description", empty when it throws nothing.
-template <class A>
-QString fallaDe(A accion)
+template <class Accion>
+[[nodiscard]] QString fallaDe(Accion accion)
 {
     try
     {
@@ -15,11 +15,4 @@ QString fallaDe(A accion)
     {
         return QString::number(error.numero()) + u' ' + error.descripcion();
     }
-}
-
-/// The number alone, 0 when it throws nothing.
-template <class A>
-int numeroDe(A accion)
-{
-    return fallaDe(accion).section(u' ', 0, 0).toInt();
 }

@@ -1,0 +1,117 @@
+// Text files line by line: line ends at every place of the block, and a disk that fills up.
+#include "apoyo/archivos_de_prueba.h"
+#include "errores.h"
+#include "limite_de_archivos.h"
+#include "platform/data/lineas.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace
+{
+class Lineas : public testing::Test
+{
+protected:
+    /// The lines of a file of these bytes, as the program reads them.
+    [[nodiscard]] QByteArrayList lineas(const QByteArray& bytes) const
+    {
+        escribirArchivo(archivo, bytes);
+        QByteArrayList todas;
+        LectorDeLineas lector(archivo);
+        QByteArrayView linea;
+        while (lector.leer(linea))
+        {
+            todas += linea.toByteArray();
+        }
+        EXPECT_FALSE(lector.leer(linea));
+        EXPECT_EQ(bytes.size(), lector.largo());
+        return todas;
+    }
+
+    QTemporaryDir carpeta;
+    QString archivo = carpeta.filePath(QStringLiteral("texto.txt"));
+};
+} // namespace
+
+TEST_F(Lineas, FinesDeLinea)
+{
+    const std::pair<QByteArray, QByteArrayList> casos[] = {
+        {"", {}},
+        {"a", {"a"}},
+        {"a\r\nb\r\n", {"a", "b"}},
+        {"a\nb\n", {"a", "b"}},
+        {"a\rb\r", {"a", "b"}},
+        {"a\r\n\nb\r\rc", {"a", "", "b", "", "c"}},
+        {"\r\n", {""}},
+        {"\n\r", {"", ""}},
+        {"a\r\r\nb", {"a", "", "b"}},
+        {"a\r\n\x1A", {"a"}},
+        {"\x1A", {}},
+        {"a\x1A\x1A", {"a\x1A"}},
+        {"a\x1A\r\n", {"a\x1A"}},
+        {QByteArray("a\0b\xD1\r\n", 6), {QByteArray("a\0b\xD1", 4)}},
+    };
+    for (const auto& [bytes, esperadas] : casos)
+    {
+        EXPECT_EQ(esperadas, lineas(bytes)) << bytes.toPercentEncoding().constData();
+    }
+    // The block has 64 KiB: the end of a line falls before, on and behind its edge, and lines are longer than it.
+    for (const QByteArray& fin : {QByteArray("\r\n"), QByteArray("\r"), QByteArray("\n")})
+    {
+        for (const int largo : {65533, 65534, 65535, 65536, 65537, 131071, 131072, 200000, 1048575})
+        {
+            const QByteArray primera(largo, 'x');
+            EXPECT_EQ((QByteArrayList{primera, "segunda", "", "cuarta"}),
+                      lineas(primera + fin + "segunda" + fin + fin + "cuarta"))
+                << largo << fin.toHex().constData();
+        }
+    }
+}
+
+TEST_F(Lineas, LoQueNoSePuedeLeerNiEscribir)
+{
+    const QString falta = archivo + QStringLiteral("/falta");
+    EXPECT_EQ(53, numeroDe([&] { LectorDeLineas{archivo}; }));
+    EXPECT_EQ(76, numeroDe([&] { LectorDeLineas{carpeta.filePath(QStringLiteral("falta/falta"))}; }));
+    EXPECT_EQ(75, numeroDe([&] { LectorDeLineas{carpeta.path()}; }));
+    EXPECT_EQ(75, numeroDe([&] { EscritorDeLineas{carpeta.path()}; }));
+    // A line without an end fails instead of filling the memory.
+    EXPECT_EQ(14, numeroDe([&] { return lineas("corta\r\n" + QByteArray(5 * 1024 * 1024, 'x')); }));
+    EXPECT_EQ(14, numeroDe([&] { return lineas(QByteArray(1048576, 'x')); }));
+    EXPECT_EQ(76, numeroDe([&] { EscritorDeLineas{falta}; })) << "below a file";
+}
+
+TEST_F(Lineas, EscribeLineasConCrLfEnBloques)
+{
+    escribirArchivo(archivo, "lo de antes");
+    QByteArray mucho; // more than one block
+    EscritorDeLineas escritor(archivo);
+    for (int i = 0; i < 3000; ++i)
+    {
+        const QByteArray linea = i == 1 ? QByteArray() : QByteArray::number(i) + QByteArray(60, '\xD1');
+        escritor.imprimir(linea);
+        mucho += linea + "\r\n";
+    }
+    escritor.cerrar();
+    EXPECT_EQ(mucho, leerArchivo(archivo));
+}
+
+#ifndef _WIN32
+TEST_F(Lineas, ElDiscoSeLlena)
+{
+    const QByteArray mucho(100'000, 'x');
+    EscritorDeLineas poco(QStringLiteral("/dev/full"));
+    poco.imprimir("poco");
+    EXPECT_EQ(61, numeroDe([&] { poco.cerrar(); }));
+    EscritorDeLineas bloque(QStringLiteral("/dev/full"));
+    EXPECT_EQ(61, numeroDe([&] { bloque.imprimir(mucho); }));
+    EXPECT_EQ(0, numeroDe([&] { bloque.cerrar(); })) << "told once";
+    // A disk with room for some of the last block takes that much, and only then tells.
+    EscritorDeLineas ultimo(archivo);
+    ultimo.imprimir(mucho);
+    ultimo.imprimir("la última línea");
+    const LimiteDeArchivos limite(100'007);
+    EXPECT_EQ(61, numeroDe([&] { ultimo.cerrar(); }));
+    EXPECT_EQ(100'007, leerArchivo(archivo).size());
+}
+#endif
