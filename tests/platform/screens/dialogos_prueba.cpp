@@ -37,11 +37,11 @@ void conElDialogo(const QString& nombre)
 TEST(Dialogos, LoElegidoVuelveConSuRutaYUnNombreSinExtensionLaRecibe)
 {
     const QTemporaryDir carpeta;
-    escribirArchivo(carpeta.filePath(QStringLiteral("hay")), "x");
+    escribirArchivo(carpeta.filePath(QStringLiteral("hay.txt")), "x");
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QString inicial = QDir::toNativeSeparators(carpeta.filePath(QStringLiteral("como.estaba")));
     for (const auto& [nombre, vuelve] :
-         {std::pair("hay", "hay"), {"nuevo", "nuevo.txt"}, {"nuevo.dat", "nuevo.dat"}, {"", "como.estaba"}})
+         {std::pair("hay.txt", "hay.txt"), {"nuevo", "nuevo.txt"}, {"nuevo.dat", "nuevo.dat"}, {"", "como.estaba"}})
     {
         conElDialogo(QString::fromLatin1(nombre));
         EXPECT_EQ(
