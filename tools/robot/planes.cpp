@@ -37,9 +37,9 @@ void anotarConsultas()
 QString consultasQueLeenTodo(const QString& ruta)
 {
     static const QRegularExpression orden("^(SELECT|INSERT|UPDATE|DELETE|WITH)\\b");
-    static const QRegularExpression recorre(
-        "SCAN "
-        "(DDJJ|DDJJ_Empleados|Empleados_Familiares|Empresas_Sucursales|Empresas_Responsables|PAGOS|RptEmpleados)\\b");
+    // A search by ANY value of an index's first column reads a piece of it for each company.
+    static const QRegularExpression recorre("SCAN (DDJJ|DDJJ_Empleados|Empleados_Familiares|Empresas_Sucursales|"
+                                            "Empresas_Responsables|PAGOS|RptEmpleados)\\b|\\bANY\\(");
     QString halladas;
     for (const std::string& texto : anotadas)
     {
