@@ -32,8 +32,6 @@ public:
     void setFecha(QDate fecha); ///< an invalid date empties the field
     /// Shows "dd-mm-yyyy" while the field does not hold the focus.
     void setFechaConGuiones(bool con);
-    /// Selects the whole text, as {Home}+{End} does.
-    void seleccionarTodo() { selectAll(); }
 
     static const QString cuitVacio;  ///< "__-________-_"
     static const QString fechaVacia; ///< "__/__/____"

@@ -199,16 +199,6 @@ void Grilla::setFilaActual(int fila, int columna)
     setCurrentIndex(indice(oculta ? primeraVisible() : columna, fila));
 }
 
-bool Grilla::filaCambiada(int fila) const
-{
-    return m_modelo->contiene(0, fila - 1) && m_modelo->cambiada(fila - 1);
-}
-
-void Grilla::olvidarCambios()
-{
-    m_modelo->olvidarCambios();
-}
-
 // ---- painting and measures
 
 void Grilla::pintarTodo(QColor color)
@@ -339,16 +329,10 @@ bool Grilla::edit(const QModelIndex& celda, EditTrigger disparo, QEvent* evento)
     return QTableView::edit(celda, disparo, evento);
 }
 
-void Grilla::marcarEditada(const QModelIndex& celda)
-{
-    m_cambiada = true;
-    m_modelo->marcar(celda.row(), true);
-}
-
 void Grilla::alternarTilde(const QModelIndex& celda)
 {
     m_modelo->poner(celda.column(), celda.row(), celda.data(Qt::CheckStateRole).toInt() != Qt::Checked);
-    marcarEditada(celda);
+    m_cambiada = true;
     viewport()->update();
     Q_EMIT celdaEditada(celda.column() + 1, celda.row() + 1);
 }

@@ -20,10 +20,9 @@ struct ColumnaDeGrilla
     {
         Fija,    ///< shown, not edited; an amount or a date put into it is shown as in its own kind of column
         Texto,   ///< `maximo` characters, 0 for no limit
-        Entero,  ///< whole number from `minimo` to `maximo` (0: no limit); empty is allowed
-        Decimal, ///< Moneda with two decimals, shown "#,##0.00"; from `minimo` to `maximo` pesos and 99 cents; may be
-                 ///< empty
-        Fecha,   ///< QDate, shown DD/MM/YYYY; empty is allowed; two-digit years completed
+        Entero,  ///< whole number from 0 to `maximo` (0: no limit); empty is allowed
+        Decimal, ///< Moneda with two decimals, shown "#,##0.00"; from 0 to `maximo` pesos and 99 cents; may be empty
+        Fecha,   ///< QDate of 1900 to 2100, shown DD/MM/YYYY; empty is allowed; two-digit years completed
         Lista,   ///< one of `opciones`; empty is allowed until something is chosen
         Tilde,   ///< bool
     };
@@ -33,9 +32,6 @@ struct ColumnaDeGrilla
     qint64 maximo = 0; ///< whole pesos for amounts: 9999999 lets 9999999,99 pass
     QStringList opciones = {};
     bool derecha = false; ///< right-aligned whatever its kind (whole numbers and amounts are anyway)
-    qint64 minimo = 0;    ///< below zero: a "-" may be typed
-    QDate desde = QDate(1900, 1, 1);
-    QDate hasta = QDate(2100, 12, 31);
 };
 
 /// The grid of every screen: a table over rows kept in memory, rows and columns counted from 1, row 0 the header.
@@ -59,8 +55,7 @@ public:
     /// Replaces all rows at once; the fast way for 20,000 of them. No current row afterwards, no event.
     void cargar(std::vector<std::vector<QVariant>> filas);
     [[nodiscard]] QVariant valor(int columna, int fila) const;
-    /// The cell's value, by program: no event, no changed flag. Other types are turned into the column's own (text,
-    /// whole numbers and doubles into amounts, DD/MM/YY into a date); what cannot be turned leaves the cell empty.
+    /// The cell's value, of its column's own type, by program: no event, no changed flag.
     void setValor(int columna, int fila, const QVariant& valor);
     /// As it is shown, empty for an empty cell: amounts "#,##0.00", dates DD/MM/YYYY. Row 0 gives the header.
     [[nodiscard]] QString texto(int columna, int fila) const;
@@ -80,9 +75,6 @@ public:
     /// Set when the user edits a cell (also when he types the value it had), and by the screens.
     [[nodiscard]] bool cambiada() const { return m_cambiada; }
     void setCambiada(bool cambiada) { m_cambiada = cambiada; }
-    /// Rows whose cells the user edited since cargar() or olvidarCambios().
-    [[nodiscard]] bool filaCambiada(int fila) const;
-    void olvidarCambios();
 
     // Row painting. By default the screen paints; with pintaActual the current row is always the one yellow row.
     void pintarTodo(QColor color);
@@ -158,7 +150,6 @@ private:
     /// What the editor's key does once the value is stored.
     void seguirDespuesDeEditar(int codigo);
     void alternarTilde(const QModelIndex& celda);
-    void marcarEditada(const QModelIndex& celda);
 
     Modelo* m_modelo;
     Delegado* m_delegado;

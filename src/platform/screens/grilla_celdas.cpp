@@ -54,65 +54,15 @@ std::optional<QDate> leerFechaDeCelda(QString texto)
     return fecha.isValid() ? std::optional(fecha) : std::nullopt;
 }
 
-QVariant aMoneda(const QVariant& valor)
-{
-    try
-    {
-        switch (valor.typeId())
-        {
-        case QMetaType::Int:
-        case QMetaType::UInt:
-        case QMetaType::LongLong:
-            return QVariant::fromValue(Moneda::deEntero(valor.toLongLong()));
-        case QMetaType::Double:
-        case QMetaType::Float:
-            return QVariant::fromValue(Moneda::deFlotante(valor.toDouble()));
-        default:
-            return valor.toString().isEmpty() ? QVariant() : QVariant::fromValue(Moneda::deTexto(valor.toString()));
-        }
-    }
-    catch (const ErrorDeEjecucion&)
-    {
-        return {};
-    }
-}
-
-QVariant aEntero(const QVariant& valor)
-{
-    bool bien = false;
-    const qlonglong numero = valor.toLongLong(&bien);
-    return bien ? QVariant(numero) : QVariant();
-}
-
-QVariant aFecha(const QVariant& valor)
-{
-    if (valor.typeId() != QMetaType::QString)
-    {
-        const QDate fecha = valor.toDate();
-        return fecha.isValid() ? QVariant(fecha) : QVariant();
-    }
-    const auto fecha = leerFechaDeCelda(valor.toString());
-    return fecha ? QVariant(*fecha) : QVariant();
-}
-
 LecturaDeCelda leerEntero(const ColumnaDeGrilla& columna, const QString& texto)
 {
     bool bien = false;
     const qlonglong numero = texto.toLongLong(&bien);
-    const bool signoSuelto = texto.startsWith(u'+');
-    if (!bien && soloCifras(texto) && columna.maximo != 0)
-    {
-        return {{}, QStringLiteral("El valor máximo es %1.").arg(Formato(columna.maximo, u"#,##0"))};
-    }
-    if (!bien || signoSuelto)
+    if (!soloCifras(texto) || (!bien && columna.maximo == 0))
     {
         return {{}, QStringLiteral("El valor ingresado no es un número entero.")};
     }
-    if (numero < columna.minimo)
-    {
-        return {{}, QStringLiteral("El valor mínimo es %1.").arg(Formato(columna.minimo, u"#,##0"))};
-    }
-    if (columna.maximo != 0 && numero > columna.maximo)
+    if (columna.maximo != 0 && (!bien || numero > columna.maximo))
     {
         return {{}, QStringLiteral("El valor máximo es %1.").arg(Formato(columna.maximo, u"#,##0"))};
     }
@@ -122,14 +72,9 @@ LecturaDeCelda leerEntero(const ColumnaDeGrilla& columna, const QString& texto)
 LecturaDeCelda leerDecimal(const ColumnaDeGrilla& columna, const QString& texto)
 {
     const auto importe = leerImporte(texto);
-    if (!importe)
+    if (!importe || *importe < Moneda())
     {
         return {{}, QStringLiteral("El valor ingresado no es un importe.")};
-    }
-    const Moneda minimo = Moneda::deEntero(columna.minimo);
-    if (*importe < minimo)
-    {
-        return {{}, QStringLiteral("El valor mínimo es %1.").arg(Formato(minimo, patronImporte))};
     }
     const Moneda maximo = Moneda::deDiezMilesimos(columna.maximo * 10000 + 9900);
     if (columna.maximo != 0 && *importe > maximo)
@@ -139,7 +84,7 @@ LecturaDeCelda leerDecimal(const ColumnaDeGrilla& columna, const QString& texto)
     return {QVariant::fromValue(*importe), {}};
 }
 
-LecturaDeCelda leerFecha(const ColumnaDeGrilla& columna, const QString& texto)
+LecturaDeCelda leerFecha(const QString& texto)
 {
     if (QString(texto).remove(u'_').remove(u'/').trimmed().isEmpty())
     {
@@ -150,40 +95,13 @@ LecturaDeCelda leerFecha(const ColumnaDeGrilla& columna, const QString& texto)
     {
         return {{}, QStringLiteral("La fecha ingresada no es válida (DD/MM/AAAA).")};
     }
-    if (*fecha < columna.desde || *fecha > columna.hasta)
+    if (fecha->year() < 1900 || fecha->year() > 2100)
     {
-        return {{},
-                QStringLiteral("La fecha debe estar entre %1 y %2.")
-                    .arg(Formato(columna.desde, u"DD/MM/YYYY"), Formato(columna.hasta, u"DD/MM/YYYY"))};
+        return {{}, QStringLiteral("La fecha debe estar entre 01/01/1900 y 31/12/2100.")};
     }
     return {*fecha, {}};
 }
 } // namespace
-
-QVariant valorDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor)
-{
-    if (!valor.isValid() || valor.isNull())
-    {
-        return {};
-    }
-    switch (columna.clase)
-    {
-    case ColumnaDeGrilla::Fija:
-        return valor;
-    case ColumnaDeGrilla::Texto:
-    case ColumnaDeGrilla::Lista:
-        return valor.typeId() == QMetaType::QString ? valor : QVariant(valor.toString());
-    case ColumnaDeGrilla::Entero:
-        return valor.typeId() == QMetaType::LongLong ? valor : aEntero(valor);
-    case ColumnaDeGrilla::Decimal:
-        return valor.metaType() == QMetaType::fromType<Moneda>() ? valor : aMoneda(valor);
-    case ColumnaDeGrilla::Fecha:
-        return aFecha(valor);
-    case ColumnaDeGrilla::Tilde:
-        return valor.toBool();
-    }
-    return {};
-}
 
 QString textoDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor)
 {
@@ -217,7 +135,7 @@ QString textoParaEditar(const ColumnaDeGrilla& columna, const QVariant& valor)
 
 QString admitidosEnCelda(const ColumnaDeGrilla& columna)
 {
-    const QString cifras = columna.minimo < 0 ? QStringLiteral("0123456789-") : QStringLiteral("0123456789");
+    const QString cifras = QStringLiteral("0123456789");
     switch (columna.clase)
     {
     case ColumnaDeGrilla::Entero:
@@ -249,7 +167,7 @@ LecturaDeCelda leerCelda(const ColumnaDeGrilla& columna, const QString& texto)
     case ColumnaDeGrilla::Decimal:
         return recortado.isEmpty() ? LecturaDeCelda() : leerDecimal(columna, recortado);
     case ColumnaDeGrilla::Fecha:
-        return leerFecha(columna, recortado);
+        return leerFecha(recortado);
     case ColumnaDeGrilla::Lista:
         if (!texto.isEmpty() && !columna.opciones.contains(texto))
         {

@@ -4,8 +4,6 @@
 
 // Values and texts of a grid's cells, by the kind of their column. No widget here.
 
-/// Turns a value given by program into the column's own type; an invalid QVariant when it cannot.
-[[nodiscard]] QVariant valorDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor);
 /// As it is shown.
 [[nodiscard]] QString textoDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor);
 /// As it stands in an editor: amounts without thousands separators.

@@ -26,7 +26,7 @@ public:
     {
         for (qsizetype i = texto.size(); i-- > 0;)
         {
-            if (!m_admitidos.contains(texto[i]) || (texto[i] == u'-' && i > 0))
+            if (!m_admitidos.contains(texto[i]))
             {
                 texto.remove(i, 1);
                 cursor -= i < cursor ? 1 : 0;
@@ -288,7 +288,7 @@ void Grilla::Delegado::setModelData(QWidget* editor, QAbstractItemModel*, const 
     if (leida.error.isEmpty())
     {
         m_grilla->m_modelo->poner(celda.column(), celda.row(), leida.valor);
-        m_grilla->marcarEditada(celda);
+        m_grilla->m_cambiada = true;
         m_guardada = celda;
     }
 }

@@ -57,13 +57,6 @@ void Grilla::Modelo::cargar(std::vector<std::vector<QVariant>> filas)
         Fila fila;
         fila.celdas = std::move(celdas);
         fila.celdas.resize(m_columnas.size());
-        for (std::size_t i = 0; i < m_columnas.size(); ++i)
-        {
-            if (m_columnas[i].clase != ColumnaDeGrilla::Fija)
-            {
-                fila.celdas[i] = valorDeCelda(m_columnas[i], fila.celdas[i]);
-            }
-        }
         m_filas.push_back(std::move(fila));
     }
     pintarTodo(Grilla::blanco.rgb());
@@ -89,15 +82,7 @@ QVariant Grilla::Modelo::valor(int columna, int fila) const
 
 void Grilla::Modelo::poner(int columna, int fila, const QVariant& valor)
 {
-    m_filas[std::size_t(fila)].celdas[std::size_t(columna)] = valorDeCelda(m_columnas[std::size_t(columna)], valor);
-}
-
-void Grilla::Modelo::olvidarCambios()
-{
-    for (Fila& fila : m_filas)
-    {
-        fila.cambiada = false;
-    }
+    m_filas[std::size_t(fila)].celdas[std::size_t(columna)] = valor;
 }
 
 void Grilla::Modelo::pintarTodo(QRgb color)

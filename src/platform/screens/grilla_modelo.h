@@ -19,10 +19,6 @@ public:
     [[nodiscard]] QVariant valor(int columna, int fila) const;
     void poner(int columna, int fila, const QVariant& valor);
 
-    void marcar(int fila, bool cambiada) { m_filas[std::size_t(fila)].cambiada = cambiada; }
-    [[nodiscard]] bool cambiada(int fila) const { return m_filas[std::size_t(fila)].cambiada; }
-    void olvidarCambios();
-
     /// All rows at once whatever their number: a row's own colour counts only until the next call.
     void pintarTodo(QRgb color);
     void pintar(int fila, QRgb color);
@@ -42,7 +38,6 @@ private:
         std::vector<QVariant> celdas;
         QRgb color = 0;
         unsigned pintada = 0; ///< the painting that `color` belongs to
-        bool cambiada = false;
     };
     [[nodiscard]] Fila filaVacia() const;
     [[nodiscard]] static bool esTilde(const ColumnaDeGrilla& columna)
