@@ -2,23 +2,26 @@
 
 #include <gtest/gtest.h>
 
-const char* nombreDe(Caja clase)
+namespace
 {
-    switch (clase)
-    {
-    case Caja::Informacion:
-        return "informacion";
-    case Caja::Exclamacion:
-        return "exclamacion";
-    case Caja::Critico:
-        return "critico";
-    case Caja::Pregunta:
-        return "pregunta";
-    case Caja::Simple:
-        break;
-    }
-    return "simple";
+std::string nombrada(Caja clase, const QString& texto)
+{
+    static const char* const nombres[] = {"informacion", "exclamacion", "critico", "pregunta", "simple"};
+    return std::string(nombres[static_cast<std::size_t>(clase)]) + " \"" + texto.toStdString() + '"';
 }
+
+QString sacar(std::deque<QString>& cola, const QString& titulo)
+{
+    if (cola.empty())
+    {
+        ADD_FAILURE() << "dialog that nobody expected: \"" << titulo.toStdString() << '"';
+        return {};
+    }
+    const QString respuesta = cola.front();
+    cola.pop_front();
+    return respuesta;
+}
+} // namespace
 
 CajasDePrueba::CajasDePrueba()
 {
@@ -27,7 +30,7 @@ CajasDePrueba::CajasDePrueba()
         [this](const PedidoDeArchivo& pedido)
         {
             m_archivosPedidos.push_back(pedido);
-            return sacar(m_archivos, "file", pedido.titulo);
+            return sacar(m_archivos, pedido.titulo);
         });
 }
 
@@ -37,43 +40,27 @@ CajasDePrueba::~CajasDePrueba()
     reemplazarDialogoArchivo({});
     for (const Esperada& esperada : m_esperadas)
     {
-        ADD_FAILURE() << "box that never came: " << nombreDe(esperada.datos.clase) << " \""
-                      << esperada.datos.texto.toStdString() << '"';
+        ADD_FAILURE() << "box that never came: " << nombrada(esperada.clase, esperada.texto);
     }
-    EXPECT_EQ(0U, m_archivos.size()) << "answers of file dialogs left over";
+    EXPECT_EQ(m_archivos.size(), 0U) << "answers to dialogs are left over";
 }
 
 CajasDePrueba& CajasDePrueba::espera(Caja clase, const QString& texto, bool respuesta)
 {
-    m_esperadas.push_back({{clase, texto, {}}, true, respuesta});
+    m_esperadas.push_back({clase, texto, true, respuesta});
     return *this;
 }
 
 CajasDePrueba& CajasDePrueba::esperaQueDiga(Caja clase, const QString& parte, bool respuesta)
 {
-    m_esperadas.push_back({{clase, parte, {}}, false, respuesta});
+    m_esperadas.push_back({clase, parte, false, respuesta});
     return *this;
-}
-
-CajasDePrueba& CajasDePrueba::esperaPregunta(const QString& texto, bool respuesta)
-{
-    return espera(Caja::Pregunta, texto, respuesta);
 }
 
 CajasDePrueba& CajasDePrueba::archivo(const QString& ruta)
 {
     m_archivos.push_back(ruta);
     return *this;
-}
-
-QStringList CajasDePrueba::textos() const
-{
-    QStringList lista;
-    for (const DatosDeCaja& datos : m_vistas)
-    {
-        lista.append(datos.texto);
-    }
-    return lista;
 }
 
 std::size_t CajasDePrueba::pendientes() const
@@ -86,35 +73,18 @@ bool CajasDePrueba::atender(const DatosDeCaja& datos)
     m_vistas.push_back(datos);
     if (m_esperadas.empty())
     {
-        ADD_FAILURE() << "box that nobody expected: " << nombreDe(datos.clase) << " \"" << datos.texto.toStdString()
-                      << '"';
+        ADD_FAILURE() << "box that nobody expected: " << nombrada(datos.clase, datos.texto);
         return false;
     }
     const Esperada esperada = m_esperadas.front();
     m_esperadas.pop_front();
-    const bool mismoTexto =
-        esperada.entera ? datos.texto == esperada.datos.texto : datos.texto.contains(esperada.datos.texto);
-    if (datos.clase != esperada.datos.clase || !mismoTexto)
-    {
-        ADD_FAILURE() << "another box than expected: " << nombreDe(datos.clase) << " \"" << datos.texto.toStdString()
-                      << "\" instead of " << nombreDe(esperada.datos.clase) << " \""
-                      << esperada.datos.texto.toStdString() << '"';
-    }
+    const bool mismoTexto = esperada.entera ? datos.texto == esperada.texto : datos.texto.contains(esperada.texto);
+    EXPECT_TRUE(datos.clase == esperada.clase && mismoTexto)
+        << "another box than expected: " << nombrada(datos.clase, datos.texto) << " instead of "
+        << nombrada(esperada.clase, esperada.texto);
     if (m_alVer)
     {
         m_alVer(datos);
     }
     return datos.clase != Caja::Pregunta || esperada.respuesta;
-}
-
-QString CajasDePrueba::sacar(std::deque<QString>& cola, const char* que, const QString& titulo)
-{
-    if (cola.empty())
-    {
-        ADD_FAILURE() << que << " dialog that nobody expected: \"" << titulo.toStdString() << '"';
-        return {};
-    }
-    QString respuesta = cola.front();
-    cola.pop_front();
-    return respuesta;
 }

@@ -4,7 +4,6 @@
 #include "platform/screens/mensajes.h"
 
 #include <QString>
-#include <QStringList>
 #include <deque>
 #include <functional>
 #include <vector>
@@ -23,7 +22,10 @@ public:
     CajasDePrueba& espera(Caja clase, const QString& texto, bool respuesta = true);
     /// A box whose text contains `parte`.
     CajasDePrueba& esperaQueDiga(Caja clase, const QString& parte, bool respuesta = true);
-    CajasDePrueba& esperaPregunta(const QString& texto, bool respuesta);
+    CajasDePrueba& esperaPregunta(const QString& texto, bool respuesta)
+    {
+        return espera(Caja::Pregunta, texto, respuesta);
+    }
     /// The answer of the next file dialog; an empty text cancels it. A dialog with no answer queued fails the test.
     CajasDePrueba& archivo(const QString& ruta);
     /// Run with each expected box, before it is answered.
@@ -31,7 +33,6 @@ public:
 
     /// All boxes so far, the unexpected ones included.
     [[nodiscard]] const std::vector<DatosDeCaja>& vistas() const { return m_vistas; }
-    [[nodiscard]] QStringList textos() const;
     [[nodiscard]] const std::vector<PedidoDeArchivo>& archivosPedidos() const { return m_archivosPedidos; }
     /// Boxes and dialogs expected that have not come yet.
     [[nodiscard]] std::size_t pendientes() const;
@@ -39,12 +40,12 @@ public:
 private:
     struct Esperada
     {
-        DatosDeCaja datos;
-        bool entera = true;
-        bool respuesta = true;
+        Caja clase;
+        QString texto;
+        bool entera;
+        bool respuesta;
     };
     bool atender(const DatosDeCaja& datos);
-    static QString sacar(std::deque<QString>& cola, const char* que, const QString& titulo);
 
     std::deque<Esperada> m_esperadas;
     std::deque<QString> m_archivos;
@@ -52,6 +53,3 @@ private:
     std::vector<PedidoDeArchivo> m_archivosPedidos;
     std::function<void(const DatosDeCaja&)> m_alVer;
 };
-
-/// The kind's name, for the reports of failures.
-[[nodiscard]] const char* nombreDe(Caja clase);

@@ -5,9 +5,6 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
-#include <algorithm>
-#include <string>
-#include <tuple>
 
 /// A real FTP server of the test's own on this machine, "pyftpdlib:si" or "vsftpd:lleno": what con_ftp.py offers. It
 /// knows the program's account; the test fails when it cannot be started.
@@ -35,12 +32,3 @@ private:
     QString m_direccion;
     QByteArray m_ordenes;
 };
-
-/// The name of a case that combines a server and something with a name `como`.
-template <class Info>
-std::string nombreDeCaso(const Info& info)
-{
-    std::string nombre = std::string(std::get<0>(info.param)) + "_" + std::get<1>(info.param).como;
-    std::replace(nombre.begin(), nombre.end(), '-', '_');
-    return nombre;
-}
