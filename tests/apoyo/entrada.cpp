@@ -1,8 +1,9 @@
 #include "apoyo/entrada.h"
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QTest>
-#include <QWidget>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace
@@ -59,4 +60,23 @@ void Entrada::asentar()
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
+}
+
+void Entrada::conLaCaja(std::function<void(QMessageBox&)> haz)
+{
+    QTimer::singleShot(0, qApp,
+                       [haz = std::move(haz)]
+                       {
+                           auto* caja = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                           if (caja == nullptr || !caja->isVisible() || !caja->isActiveWindow())
+                           {
+                               if (caja != nullptr)
+                               {
+                                   caja->activateWindow();
+                               }
+                               conLaCaja(haz);
+                               return;
+                           }
+                           haz(*caja);
+                       });
 }

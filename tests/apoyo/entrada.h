@@ -2,7 +2,9 @@
 
 #include <QPoint>
 #include <QString>
+#include <functional>
 
+class QMessageBox;
 class QWidget;
 
 /// Input as a person gives it: the mouse through the window, so that what lies above or is blocked gets in the way, and
@@ -19,4 +21,6 @@ void tecla(Qt::Key tecla, Qt::KeyboardModifiers modificadores = {});
 void escribir(const QString& texto);
 /// Runs events until none are left.
 void asentar();
+/// Runs `haz` on the next real message box, once it is up and active.
+void conLaCaja(std::function<void(QMessageBox&)> haz);
 } // namespace Entrada

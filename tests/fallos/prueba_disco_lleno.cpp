@@ -91,42 +91,41 @@ QString fallaDe(const std::function<void()>& haz)
     }
 }
 
+/// Free bytes, and how far a file grows where there is no disk to fill.
+struct Lugar
+{
+    qint64 libres;
+    qint64 tope;
+};
+
 class DiscoLleno : public testing::Test
 {
 protected:
-    DiscoLleno()
-    {
-        QDir(en(QString())).mkpath(QStringLiteral("Copias"));
-        QDir(en(QString())).mkpath(QStringLiteral("otra"));
-        constexpr int empleados = 6'000;
-        llenarBase(empleados);
-        largo = QFileInfo(base.rutaBase()).size();
-        EXPECT_TRUE(QFile::copy(base.rutaBase(), en(QStringLiteral("otra/DBBrivo.mdb"))));
-    }
-    [[nodiscard]] QString en(const QString& nombre) const { return base.ruta(nombre); }
+    [[nodiscard]] QString en(const char* nombre) const { return base.ruta(QString::fromLatin1(nombre)); }
     /// Every file but the lock, which stays open.
     [[nodiscard]] QStringList archivos() const
     {
-        QStringList todos = QDir(en(QString())).entryList(QDir::Files | QDir::Hidden);
-        todos += QDir(en(QStringLiteral("Copias/1"))).entryList(QDir::Files | QDir::Hidden);
+        QStringList todos = QDir(en("")).entryList(QDir::Files | QDir::Hidden);
+        todos += QDir(en("Copias/1")).entryList(QDir::Files | QDir::Hidden);
         todos.removeAll(QStringLiteral("DBBrivo.ldb"));
         return todos;
     }
-    /// `haz` fails with `texto` as often as there is a number of free bytes, then it goes well. What a failed one may
-    /// leave is `queda`.
-    void probar(const char* que, const std::function<void()>& haz, const QString& texto,
-                const std::vector<qint64>& libres, qint64 tope, const QString& queda = {})
+    /// `haz` fails with `texto` wherever there is so little room, then it goes well. What a failed one may leave is
+    /// `queda`.
+    void probar(const char* que, const QString& texto, const std::vector<Lugar>& lugares,
+                const std::function<void()>& haz, const char* queda = "")
     {
         SCOPED_TRACE(que);
         const std::string contenido = contenidoDe();
         const QStringList antes = archivos();
-        for (const qint64 bytes : libres)
+        for (const auto& [libres, tope] : lugares)
         {
-            disco.llenar(bytes, tope);
-            EXPECT_TRUE(fallaDe(haz).startsWith(texto)) << bytes << ' ' << fallaDe(haz).toStdString();
+            disco.llenar(libres, tope);
+            const QString falla = fallaDe(haz);
+            EXPECT_TRUE(falla.startsWith(texto)) << libres << ' ' << falla.toStdString();
             Rutinas::AbrirBase();
             QStringList ahora = archivos();
-            ahora.removeAll(queda);
+            ahora.removeAll(QLatin1String(queda));
             EXPECT_EQ(antes, ahora);
             EXPECT_EQ(contenido, contenidoDe());
         }
@@ -138,81 +137,74 @@ protected:
     QTemporaryDir fuera; ///< on a disk with room
     DiscoChico disco;
     BaseDePrueba base;
-    const ClaveDDJJ clave{dePrueba::cuit, dePrueba::periodo, 0};
-    const QString deArchivo = QStringLiteral("El disco está lleno: ");
-    qint64 largo = 0;
 };
 
-TEST_F(DiscoLleno, AlCopiarLaBase)
+TEST_F(DiscoLleno, NadaQuedaAMedias)
 {
-    const auto cerrada = [](const std::function<void()>& haz)
-    {
-        return [haz]
+    constexpr int empleados = 6'000;
+    constexpr int importados = 5'000;
+    const QString lleno = QStringLiteral("El disco está lleno: ");
+    const ClaveDDJJ clave{dePrueba::cuit, dePrueba::periodo, 0};
+    llenarBase(empleados);
+    QDir(en("")).mkpath(QStringLiteral("Copias"));
+    QDir(en("")).mkpath(QStringLiteral("otra"));
+    ASSERT_TRUE(QFile::copy(base.rutaBase(), en("otra/DBBrivo.mdb")));
+    const qint64 largo = QFileInfo(base.rutaBase()).size();
+    probar("backup", lleno, {{largo / 2, largo / 2}, {0, largo / 2}},
+           [&]
+           {
+               Rutinas::CerrarBase();
+               (void)resguardar(base.rutaBase(), prepararCopia(en("Copias/1")));
+           });
+    // No room for the safety copy; then room for it, and none for the database.
+    probar(
+        "restore", lleno, {{largo / 2, largo / 2}, {largo * 3 / 2, largo / 2}},
+        [&]
         {
             Rutinas::CerrarBase();
-            haz();
-        };
-    };
-    probar("backup", cerrada([this] { resguardar(base.rutaBase(), prepararCopia(en(QStringLiteral("Copias/1")))); }),
-           deArchivo, {largo / 2, 0}, largo / 2);
-    // No room for the safety copy; then room for it, and none for the database.
-    probar("restore",
-           cerrada(
-               [this] {
-                   restaurar(en(QStringLiteral("otra/DBBrivo.mdb")), base.rutaBase(),
-                             en(QStringLiteral("DBBrivo_Bak.mdb")));
-               }),
-           deArchivo, {largo / 2, largo * 3 / 2}, largo / 2, QStringLiteral("DBBrivo_Bak.mdb"));
-    probar("compaction", cerrada([] { Rutinas::CompactarBase(); }), disco.textoDeLaBase(), {largo / 2, 0}, largo / 2);
-}
+            restaurar(en("otra/DBBrivo.mdb"), base.rutaBase(), en("DBBrivo_Bak.mdb"));
+        },
+        "DBBrivo_Bak.mdb");
+    probar("compaction", disco.textoDeLaBase(), {{largo / 2, largo / 2}, {0, largo / 2}},
+           []
+           {
+               Rutinas::CerrarBase();
+               Rutinas::CompactarBase();
+           });
+    const EntradaEmpleado empleado = entrada(dePrueba::cuil, 1000, true);
+    probar("save", disco.textoDeLaBase(), {{0, 0}},
+           [&] { EXPECT_TRUE(guardarEmpleado(base.conexion(), clave, empleado)); });
 
-TEST_F(DiscoLleno, AlImportarYAlGuardar)
-{
     QByteArray lineas;
-    constexpr int cantidad = 5'000;
-    for (int i = 0; i < cantidad; ++i)
+    for (int i = 0; i < importados; ++i)
     {
         lineas += "27" + QByteArray::number(i).rightJustified(9, '0') + "Importado                     T02" +
                   QByteArray(13, ' ') + "001" + QByteArray(9, ' ') + "       1000       1000\r\n";
     }
     const QString nomina = fuera.filePath(QStringLiteral("nomina.txt"));
     escribirArchivo(nomina, lineas);
-    probar(
-        "save", [&] { EXPECT_TRUE(guardarEmpleado(base.conexion(), clave, entrada(dePrueba::cuil, 1000, true))); },
-        disco.textoDeLaBase(), {0}, 0);
-    probar(
-        "import", [&] { (void)importarNomina(base.conexion(), clave, nomina, FormatoDeNomina::AfipSijp); },
-        disco.textoDeLaBase(), {largo / 4, 16 * 1024, 0}, largo + 4096);
-    EXPECT_EQ(cuantos("DDJJ_Empleados"), 6'000 + 1 + cantidad);
-}
+    probar("import", disco.textoDeLaBase(), {{largo / 4, largo + 4096}, {16 * 1024, largo + 4096}, {0, largo + 4096}},
+           [&] { (void)importarNomina(base.conexion(), clave, nomina, FormatoDeNomina::AfipSijp); });
+    EXPECT_EQ(cuantos("DDJJ_Empleados"), empleados + 1 + importados);
 
-TEST_F(DiscoLleno, AlEscribirUnArchivoDeTexto)
-{
     const DatosArchivoDDJJ datos{clave.cuit, clave.periodo, QStringLiteral("2009"), QStringLiteral("5"),
                                  QStringLiteral("0")};
     QString nombre;
-    // Half of the file, none of it, and all but the end of its last block.
     const auto grabar = [&] { GrabarArchivoDDJJ(base.conexion(), datos, nombre); };
     ASSERT_EQ("", fallaDe(grabar).toStdString());
     const QString escrito = rutaArchivoDDJJ(nombre);
     const qint64 bytes = QFileInfo(escrito).size();
-    const QString destino = en(QStringLiteral("otro.txt"));
-    for (const qint64 libres : {bytes / 2, qint64{0}, bytes - 100})
-    {
-        QFile::remove(escrito);
-        disco.llenar(libres, libres);
-        EXPECT_TRUE(fallaDe(grabar).startsWith(deArchivo)) << libres;
-        QFile::remove(escrito);
-    }
-    disco.vaciar();
-    ASSERT_EQ("", fallaDe(grabar).toStdString());
-    // Saved as another file, on the disk with no room: the file that was there stays.
+    QFile::remove(escrito);
+    // Half of the file, none of it, and all but the end of its last block.
+    probar("text file", lleno, {{bytes / 2, bytes / 2}, {0, 0}, {bytes - 100, bytes - 100}}, grabar,
+           nombre.toLatin1().constData());
+    // Saved over another file: the one that was there stays.
     const QString grande = fuera.filePath(QStringLiteral("grande.txt"));
-    ASSERT_TRUE(QFile::rename(escrito, grande));
-    escribirArchivo(destino, "el que estaba");
+    ASSERT_TRUE(QFile::copy(escrito, grande));
+    escribirArchivo(escrito, "el que estaba");
     disco.llenar(bytes / 2, bytes / 2);
-    EXPECT_TRUE(fallaDe([&] { Archivos::copiar(grande, destino); }).startsWith(deArchivo));
-    EXPECT_EQ("el que estaba", leerArchivo(destino));
+    EXPECT_TRUE(fallaDe([&] { Archivos::copiar(grande, escrito); }).startsWith(lleno));
+    EXPECT_EQ("el que estaba", leerArchivo(escrito));
 }
 } // namespace
 #endif

@@ -74,13 +74,13 @@ private:
         case 1:
             return importar(crear(periodoAjeno[m_numero].addMonths(m_ajenas++)));
         case 2:
-            return guardar({m_cuit, periodoComun, 0}, dePrueba::cuil);
+            return guardar({m_cuit, periodoComun, 0});
         case 3:
-            return guardar(unaPropia(), {});
+            return guardar(unaPropia());
         case 4:
             return borrarEmpleado(unaPropia());
         case 5:
-            return borrar(unaPropia());
+            return enLasDos([clave = unaPropia()](Conexion& base) { eliminarDeclaracion(base, clave); });
         default:
             return borrarUnaDelOtro();
         }
@@ -132,16 +132,14 @@ private:
         escribirArchivo(ruta, lineas);
         enLasDos([&](Conexion& base) { (void)importarNomina(base, clave, ruta, FormatoDeNomina::Brivo); });
     }
-    /// One who is there already, or a new one; with one dependant or none.
-    void guardar(const ClaveDDJJ& clave, QString cuil)
+    /// The common one, one who is there already, or a new one; with one dependant or none.
+    void guardar(const ClaveDDJJ& clave)
     {
-        const bool nuevo = cuil.isEmpty() && alAzar(2) == 0;
-        const QString alguno = unEmpleado(clave);
-        cuil = !cuil.isEmpty() ? cuil : nuevo || alguno.isEmpty() ? unCuil() : alguno;
-        EntradaEmpleado e = entrada(cuil, 100 + alAzar(9000), nuevo || (cuil != dePrueba::cuil && cuil != alguno));
-        if (cuil != dePrueba::cuil && alAzar(2) == 0)
+        const QString alguno = alAzar(2) == 0 || clave.periodo == periodoComun ? unEmpleado(clave) : QString();
+        EntradaEmpleado e = entrada(alguno.isEmpty() ? unCuil() : alguno, 100 + alAzar(9000), alguno.isEmpty());
+        if (clave.periodo != periodoComun && alAzar(2) == 0)
         {
-            e.familia.push_back({m_relacion, QStringLiteral("DNI"), 45678901, QStringLiteral("Familiar de ") + cuil,
+            e.familia.push_back({m_relacion, QStringLiteral("DNI"), 45678901, QStringLiteral("Familiar de ") + e.cuil,
                                  QStringLiteral("Fem."), QDate(2004, 2, 29)});
         }
         enLasDos([&](Conexion& base) { EXPECT_TRUE(guardarEmpleado(base, clave, e)); });
@@ -159,10 +157,6 @@ private:
         {
             enLasDos([&](Conexion& base) { eliminarEmpleado(base, clave, cuil); });
         }
-    }
-    void borrar(const ClaveDDJJ& clave)
-    {
-        enLasDos([&](Conexion& base) { eliminarDeclaracion(base, clave); });
     }
     /// Only one that the other has done with: its roster is in.
     void borrarUnaDelOtro()
