@@ -7,41 +7,35 @@
 #include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
+#include <tuple>
+
+namespace
+{
+/// The program's variables; iniciales() has them as they are at its start.
+auto publicas()
+{
+    using namespace Rutinas;
+    return std::tie(Conexion, RutaApp, CuitActual, EmpresaActual, PeriodoActual, SecuenciaActual, CuilElegido,
+                    SucursalElegida, ModoAbrir, TextoDevuelto, FormatoImportar, CantidadEmpleados, CantidadAfiliados,
+                    BoletaEmitida);
+}
+template <class... Variables>
+std::tuple<Variables...> iniciales(const std::tuple<Variables&...>&)
+{
+    return std::tuple<Variables...>();
+}
+} // namespace
 
 struct BaseDePrueba::Publicas
 {
-    Conexion conexion;
-    QString rutaApp;
-    QString cuitActual;
-    QString empresaActual;
-    QDate periodoActual;
-    quint8 secuenciaActual = 0;
-    QString cuilElegido;
-    qint32 sucursalElegida = 0;
-    quint8 modoAbrir = 0;
-    QString textoDevuelto;
-    quint8 formatoImportar = 0;
-    qint32 cantidadEmpleados = 0;
-    qint32 cantidadAfiliados = 0;
-    bool boletaEmitida = false;
+    decltype(iniciales(publicas())) valores = iniciales(publicas());
 
     /// Changes the program's variables for these.
     void intercambiar()
     {
-        std::swap(conexion, Rutinas::Conexion);
-        std::swap(rutaApp, Rutinas::RutaApp);
-        std::swap(cuitActual, Rutinas::CuitActual);
-        std::swap(empresaActual, Rutinas::EmpresaActual);
-        std::swap(periodoActual, Rutinas::PeriodoActual);
-        std::swap(secuenciaActual, Rutinas::SecuenciaActual);
-        std::swap(cuilElegido, Rutinas::CuilElegido);
-        std::swap(sucursalElegida, Rutinas::SucursalElegida);
-        std::swap(modoAbrir, Rutinas::ModoAbrir);
-        std::swap(textoDevuelto, Rutinas::TextoDevuelto);
-        std::swap(formatoImportar, Rutinas::FormatoImportar);
-        std::swap(cantidadEmpleados, Rutinas::CantidadEmpleados);
-        std::swap(cantidadAfiliados, Rutinas::CantidadAfiliados);
-        std::swap(boletaEmitida, Rutinas::BoletaEmitida);
+        std::apply([this](auto&... unas)
+                   { std::apply([&](auto&... otras) { (std::swap(unas, otras), ...); }, valores); },
+                   publicas());
     }
 };
 
