@@ -15,7 +15,7 @@ namespace
 auto publicas()
 {
     using namespace Rutinas;
-    return std::tie(Conexion, RutaApp, CuitActual, EmpresaActual, PeriodoActual, SecuenciaActual, CuilElegido,
+    return std::tie(Rutinas::Conexion, RutaApp, CuitActual, EmpresaActual, PeriodoActual, SecuenciaActual, CuilElegido,
                     SucursalElegida, ModoAbrir, TextoDevuelto, FormatoImportar, CantidadEmpleados, CantidadAfiliados,
                     BoletaEmitida);
 }

@@ -195,8 +195,8 @@ TEST_F(DiscoLleno, NadaQuedaAMedias)
     const QString escrito = rutaArchivoDDJJ(nombre);
     const qint64 bytes = QFileInfo(escrito).size();
     QFile::remove(escrito);
-    // Half of the file, none of it, and all but the end of its last block.
-    probar("text file", lleno, {{bytes / 2, bytes / 2}, {0, 0}, {bytes - 100, bytes - 100}}, grabar,
+    // Half of the file, none of it, and all but its last two pages.
+    probar("text file", lleno, {{bytes / 2, bytes / 2}, {0, 0}, {bytes - 8192, bytes - 8192}}, grabar,
            nombre.toLatin1().constData());
     // Saved over another file: the one that was there stays.
     const QString grande = fuera.filePath(QStringLiteral("grande.txt"));
