@@ -1,204 +1,27 @@
 #include "platform/screens/validacion.h"
 
+#include "platform/screens/campos.h"
 #include "platform/screens/mensajes.h"
 #include "platform/screens/pantalla.h"
 #include "platform/screens/trabajo_largo.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
-#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMouseEvent>
-#include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QStyleHints>
-#include <QTabBar>
 #include <QWheelEvent>
-#include <QWindow>
 #include <algorithm>
 
 namespace
 {
 int pausas = 0;
-
-template <class Clase>
-Clase* antepasado(QObject* objeto)
-{
-    for (; objeto != nullptr; objeto = objeto->parent())
-    {
-        if (auto* hallado = qobject_cast<Clase*>(objeto))
-        {
-            return hallado;
-        }
-    }
-    return nullptr;
-}
-
-/// What the user entered, to tell whether it changed since a check passed.
-QString contenido(const QWidget* campo)
-{
-    if (const auto* linea = qobject_cast<const QLineEdit*>(campo))
-    {
-        return linea->displayText();
-    }
-    if (const auto* lista = qobject_cast<const QComboBox*>(campo))
-    {
-        return lista->currentText();
-    }
-    if (const auto* numero = qobject_cast<const QAbstractSpinBox*>(campo))
-    {
-        return numero->text();
-    }
-    if (const auto* tilde = qobject_cast<const QAbstractButton*>(campo))
-    {
-        return tilde->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
-    }
-    return {};
-}
-
-void seleccionar(QWidget* campo)
-{
-    if (auto* linea = qobject_cast<QLineEdit*>(campo))
-    {
-        linea->selectAll();
-    }
-    else if (auto* lista = qobject_cast<QComboBox*>(campo); lista != nullptr && lista->lineEdit() != nullptr)
-    {
-        lista->lineEdit()->selectAll();
-    }
-    else if (auto* numero = qobject_cast<QAbstractSpinBox*>(campo))
-    {
-        numero->selectAll();
-    }
-}
-
-QWidget* superficie(const QObject* ventana)
-{
-    const QWidgetList todas = QApplication::topLevelWidgets();
-    for (QWidget* candidata : todas)
-    {
-        if (static_cast<const QObject*>(candidata->windowHandle()) == ventana)
-        {
-            return candidata;
-        }
-    }
-    return nullptr;
-}
-
-/// The field at work in a window. Just after a box nothing has the focus yet, and the window remembers its own.
-QWidget* campoEn(const QWidget* ventana)
-{
-    QWidget* campo = QApplication::focusWidget();
-    if (campo == nullptr)
-    {
-        campo = ventana->focusWidget();
-    }
-    return campo != nullptr && campo->window() == ventana ? campo : nullptr;
-}
-
-/// The buttons that a maximised child puts into the menu bar close or resize it: they leave no field.
-bool esMarco(const QWidget* destino)
-{
-    for (; destino != nullptr; destino = destino->parentWidget())
-    {
-        const QLatin1String clase(destino->metaObject()->className()); // private ones: inherits() knows them not
-        if (clase == QLatin1String("QMdi::ControllerWidget") || clase == QLatin1String("QMdi::ControlLabel"))
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
-/// True when a press at this place leaves the field: the place takes the focus, or acts on a press.
-bool sacaDe(const QWidget* campo, QWidget* destino, QPoint enVentana)
-{
-    if (!destino->isEnabled() || esMarco(destino))
-    {
-        return false;
-    }
-    for (QWidget* parte = destino; parte != nullptr; parte = parte->parentWidget())
-    {
-        const QPoint lugar = parte->mapFrom(parte->window(), enVentana);
-        if (qobject_cast<QMdiSubWindow*>(parte) != nullptr)
-        {
-            return !parte->isAncestorOf(campo); // its own frame moves or closes it; another's brings that one forward
-        }
-        if (qobject_cast<QMenuBar*>(parte) != nullptr)
-        {
-            return false;
-        }
-        if (const auto* paginas = qobject_cast<QTabBar*>(parte))
-        {
-            return paginas->tabAt(lugar) >= 0 && paginas->tabAt(lugar) != paginas->currentIndex();
-        }
-        if (qobject_cast<QAbstractButton*>(parte) != nullptr || qobject_cast<QAbstractItemView*>(parte) != nullptr ||
-            (parte->focusPolicy() & Qt::ClickFocus) != 0)
-        {
-            return true;
-        }
-        if (parte->isWindow())
-        {
-            break;
-        }
-    }
-    return false;
-}
-
-/// In the field, in a part of it, or in the list that it drops down, which is a window of its own.
-bool tieneElFoco(const QWidget* campo)
-{
-    const QWidget* foco = QApplication::focusWidget();
-    while (foco != nullptr && foco != campo)
-    {
-        foco = foco->parentWidget();
-    }
-    return foco != nullptr;
-}
-
-/// The focus goes to a list, a menu or another window, and comes back to the field.
-bool esPasajero(Qt::FocusReason motivo)
-{
-    return motivo == Qt::ActiveWindowFocusReason || motivo == Qt::PopupFocusReason || motivo == Qt::MenuBarFocusReason;
-}
-
-bool esEnter(const QKeyEvent& evento)
-{
-    return (evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter) &&
-           (evento.modifiers() & ~Qt::KeypadModifier) == 0;
-}
-
-bool esTab(const QKeyEvent& evento)
-{
-    return evento.key() == Qt::Key_Tab || evento.key() == Qt::Key_Backtab;
-}
-
-/// The keys by which a grid's one-line editor is left.
-bool dejaEditor(const QWidget* editor, const QKeyEvent& evento)
-{
-    if (esTab(evento) || esEnter(evento))
-    {
-        return true;
-    }
-    const int tecla = evento.key();
-    return qobject_cast<const QLineEdit*>(editor) != nullptr &&
-           (tecla == Qt::Key_Up || tecla == Qt::Key_Down || tecla == Qt::Key_PageUp || tecla == Qt::Key_PageDown);
-}
-
-bool entraComoTab(const QWidget* campo)
-{
-    return qobject_cast<const QLineEdit*>(campo) != nullptr || qobject_cast<const QComboBox*>(campo) != nullptr ||
-           qobject_cast<const QCheckBox*>(campo) != nullptr || qobject_cast<const QRadioButton*>(campo) != nullptr ||
-           qobject_cast<const QAbstractSpinBox*>(campo) != nullptr || qobject_cast<const QTabBar*>(campo) != nullptr;
-}
 } // namespace
 
 Validacion::Pausa::Pausa()
@@ -289,7 +112,7 @@ Validacion::Salida Validacion::dejar(QWidget* campo, Gesto gesto)
         return Salida::Rechazada;
     }
     m_paso = campo;
-    m_pasoTexto = contenido(campo);
+    m_pasoTexto = campos::contenido(campo);
     if (ventana->focusWidget() != nullptr && ventana->focusWidget() != campo)
     {
         return Salida::YaMovida;
@@ -312,7 +135,7 @@ void Validacion::volver(QWidget* campo)
     const QScopedValueRollback volviendo(m_volviendo, true);
     campo->window()->activateWindow();
     campo->setFocus(Qt::OtherFocusReason);
-    seleccionar(campo);
+    campos::seleccionar(campo);
 }
 
 bool Validacion::eventFilter(QObject* objeto, QEvent* evento)
@@ -332,7 +155,7 @@ bool Validacion::eventFilter(QObject* objeto, QEvent* evento)
     case QEvent::Shortcut:
         return alAtajo(objeto);
     case QEvent::FocusIn:
-        if (objeto == m_paso && !esPasajero(static_cast<QFocusEvent*>(evento)->reason()))
+        if (objeto == m_paso && !campos::esPasajero(static_cast<QFocusEvent*>(evento)->reason()))
         {
             m_paso = nullptr;
         }
@@ -364,9 +187,9 @@ void Validacion::posponer()
 bool Validacion::dejarPospuesto(QWidget* destino, QPoint lugar)
 {
     QWidget* campo = m_pospuesto;
-    const auto* suya = antepasado<QMdiSubWindow>(campo);
-    if (suya == nullptr || suya != antepasado<QMdiSubWindow>(destino) || destino == campo || campo->hasFocus() ||
-        !sacaDe(campo, destino, lugar))
+    const auto* suya = campos::antepasado<QMdiSubWindow>(campo);
+    if (suya == nullptr || suya != campos::antepasado<QMdiSubWindow>(destino) || destino == campo ||
+        campo->hasFocus() || !campos::sacaDe(campo, destino, lugar))
     {
         return true;
     }
@@ -395,15 +218,16 @@ bool Validacion::alPulsar(QObject* ventana, QMouseEvent* evento)
         return true;
     }
     m_tragadoEn = nullptr;
-    QWidget* superior = QApplication::activePopupWidget() == nullptr ? superficie(ventana) : nullptr;
-    QWidget* campo = superior != nullptr ? campoEn(superior) : nullptr;
+    QWidget* superior = QApplication::activePopupWidget() == nullptr ? campos::superficie(ventana) : nullptr;
+    QWidget* campo = superior != nullptr ? campos::campoEn(superior) : nullptr;
     if (campo == nullptr)
     {
         return false;
     }
     const QPoint lugar = evento->position().toPoint();
     QWidget* destino = superior->childAt(lugar);
-    if (destino == nullptr || destino == campo || campo->isAncestorOf(destino) || !sacaDe(campo, destino, lugar))
+    if (destino == nullptr || destino == campo || campo->isAncestorOf(destino) ||
+        !campos::sacaDe(campo, destino, lugar))
     {
         return false;
     }
@@ -425,8 +249,8 @@ bool Validacion::alSoltar(QObject* ventana)
 
 bool Validacion::alGirar(QObject* ventana, const QWheelEvent* evento)
 {
-    QWidget* superior = QApplication::activePopupWidget() == nullptr ? superficie(ventana) : nullptr;
-    QWidget* campo = superior != nullptr ? campoEn(superior) : nullptr;
+    QWidget* superior = QApplication::activePopupWidget() == nullptr ? campos::superficie(ventana) : nullptr;
+    QWidget* campo = superior != nullptr ? campos::campoEn(superior) : nullptr;
     QWidget* destino = superior != nullptr ? superior->childAt(evento->position().toPoint()) : nullptr;
     for (; campo != nullptr && destino != nullptr && destino != campo; destino = destino->parentWidget())
     {
@@ -445,22 +269,23 @@ bool Validacion::alTeclear(QObject* objeto, QKeyEvent* evento)
         return false;
     }
     auto* campo = static_cast<QWidget*>(objeto);
-    if (antepasado<QAbstractItemView>(campo) != nullptr)
+    if (campos::antepasado<QAbstractItemView>(campo) != nullptr)
     {
         // A grid walks its cells by itself; here its editor is only checked.
-        return m_chequeos.contains(campo) && dejaEditor(campo, *evento) && dejar(campo, Gesto::Tecla) != Salida::Libre;
+        return m_chequeos.contains(campo) && campos::dejaEditor(campo, *evento) &&
+               dejar(campo, Gesto::Tecla) != Salida::Libre;
     }
-    if (esTab(*evento))
+    if (campos::esTab(*evento))
     {
         return dejar(campo, Gesto::Tecla) != Salida::Libre;
     }
-    const bool deLaCasa = m_chequeos.contains(campo) || antepasado<Pantalla>(campo) != nullptr;
-    return esEnter(*evento) && deLaCasa && alEntrar(campo, evento->isAutoRepeat());
+    const bool deLaCasa = m_chequeos.contains(campo) || campos::antepasado<Pantalla>(campo) != nullptr;
+    return campos::esEnter(*evento) && deLaCasa && alEntrar(campo, evento->isAutoRepeat());
 }
 
 bool Validacion::alEntrar(QWidget* campo, bool repetida)
 {
-    if (!entraComoTab(campo))
+    if (!campos::entraComoTab(campo))
     {
         auto* boton = qobject_cast<QAbstractButton*>(campo);
         if (boton != nullptr && !repetida) // a key held down walks the fields and presses nothing
@@ -492,8 +317,8 @@ bool Validacion::alAtajo(QObject* destino)
         return false;
     }
     // The system menu of a child window moves or closes it.
-    if (qobject_cast<QAction*>(destino) != nullptr && antepasado<Pantalla>(destino) == nullptr &&
-        antepasado<QMdiSubWindow>(destino) != nullptr)
+    if (qobject_cast<QAction*>(destino) != nullptr && campos::antepasado<Pantalla>(destino) == nullptr &&
+        campos::antepasado<QMdiSubWindow>(destino) != nullptr)
     {
         return false;
     }
@@ -516,11 +341,11 @@ void Validacion::alPerderFoco(QWidget* campo, Qt::FocusReason motivo)
         m_recienLlegado = nullptr;
         return;
     }
-    if (esPasajero(motivo) || pausas > 0 || m_volviendo || ocupada(campo))
+    if (campos::esPasajero(motivo) || pausas > 0 || m_volviendo || ocupada(campo))
     {
         return;
     }
-    if (m_paso == campo && m_pasoTexto == contenido(campo))
+    if (m_paso == campo && m_pasoTexto == campos::contenido(campo))
     {
         m_paso = nullptr;
         return;
@@ -540,7 +365,7 @@ void Validacion::alPerderFoco(QWidget* campo, Qt::FocusReason motivo)
 
 void Validacion::chequearTarde(QWidget* campo)
 {
-    if (tieneElFoco(campo) || hayCajaAbierta() || TrabajoLargo::enCurso())
+    if (campos::tieneElFoco(campo) || hayCajaAbierta() || TrabajoLargo::enCurso())
     {
         return;
     }
