@@ -76,35 +76,3 @@ QString BaseDePrueba::escribir(const QString& nombre, const QByteArray& contenid
     escribirArchivo(ruta(nombre), contenido);
     return ruta(nombre);
 }
-
-void agregar(Conexion& conexion, const EmpresaDePrueba& e)
-{
-    conexion.ejecutar("INSERT INTO Empresas (CUIT, Razon, Calle, Numero, CodPos, Localidad, Provincia) "
-                      "VALUES (?, ?, ?, ?, ?, ?, ?)",
-                      e.cuit, e.razon, e.calle, e.numero, e.codPos, e.localidad, e.provincia);
-}
-
-qint64 agregar(Conexion& conexion, const SucursalDePrueba& s)
-{
-    conexion.ejecutar("INSERT INTO Empresas_Sucursales (CUIT, Sucursal, Domicilio, Numero, Localidad) "
-                      "VALUES (?, ?, ?, ?, ?)",
-                      s.cuit, s.sucursal, s.domicilio, s.numero, s.localidad);
-    return conexion.ultimoNumero();
-}
-
-void agregar(Conexion& conexion, const DeclaracionDePrueba& d)
-{
-    conexion.ejecutar("INSERT INTO DDJJ (Cuit, Periodo, Secuencia, Fecha) VALUES (?, ?, ?, ?)", d.cuit, d.periodo,
-                      d.secuencia, d.fecha);
-}
-
-void agregar(Conexion& conexion, const EmpleadoDePrueba& e)
-{
-    conexion.ejecutar("INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Sexo, "
-                      "Provincia, Nacio, EstCivil, Afiliado, Sueldo, Imponible, Categoria, Ingreso, Egreso, Sucursal, "
-                      "QHoras, ART100, ART101A, ART101B, Acuerdo, Acuerdo2, Familiares) "
-                      "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-                      e.cuit, e.periodo, e.secuencia, e.cuil, e.ayn, e.tipoDoc, e.nroDoc, e.sexo, e.provincia, e.nacio,
-                      e.estCivil, e.afiliado, e.imponible + e.acuerdo, e.imponible, e.categoria, e.ingreso, e.egreso,
-                      e.sucursal, e.qHoras, e.art100, e.art101A, e.art101B, e.acuerdo, e.acuerdo2, e.familiares);
-}

@@ -26,12 +26,7 @@ QString sacar(std::deque<QString>& cola, const QString& titulo)
 CajasDePrueba::CajasDePrueba()
 {
     reemplazarCajas([this](const DatosDeCaja& datos) { return atender(datos); });
-    reemplazarDialogoArchivo(
-        [this](const PedidoDeArchivo& pedido)
-        {
-            m_archivosPedidos.push_back(pedido);
-            return sacar(m_archivos, pedido.titulo);
-        });
+    reemplazarDialogoArchivo([this](const PedidoDeArchivo& pedido) { return sacar(m_archivos, pedido.titulo); });
 }
 
 CajasDePrueba::~CajasDePrueba()

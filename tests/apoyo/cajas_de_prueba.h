@@ -33,7 +33,6 @@ public:
 
     /// All boxes so far, the unexpected ones included.
     [[nodiscard]] const std::vector<DatosDeCaja>& vistas() const { return m_vistas; }
-    [[nodiscard]] const std::vector<PedidoDeArchivo>& archivosPedidos() const { return m_archivosPedidos; }
     /// Boxes and dialogs expected that have not come yet.
     [[nodiscard]] std::size_t pendientes() const;
 
@@ -50,6 +49,5 @@ private:
     std::deque<Esperada> m_esperadas;
     std::deque<QString> m_archivos;
     std::vector<DatosDeCaja> m_vistas;
-    std::vector<PedidoDeArchivo> m_archivosPedidos;
     std::function<void(const DatosDeCaja&)> m_alVer;
 };

@@ -2,43 +2,18 @@
 
 #include "platform/data/conexion.h"
 
-#include <stdexcept>
-
-namespace
-{
-void quitarAcuerdo2(Conexion& conexion)
-{
-    conexion.ejecutar("DROP INDEX IF EXISTS IX_DDJJ_Empleados_Acuerdo2Nulo");
-    conexion.ejecutar("ALTER TABLE DDJJ_Empleados DROP COLUMN Acuerdo2");
-    conexion.ejecutar("ALTER TABLE RptEmpleados DROP COLUMN Acuerdo2");
-}
-
-void quitarAcuerdo(Conexion& conexion)
-{
-    conexion.ejecutar("DROP INDEX IF EXISTS IX_DDJJ_Empleados_AcuerdoNulo");
-    conexion.ejecutar("ALTER TABLE DDJJ_Empleados DROP COLUMN Acuerdo");
-    conexion.ejecutar("ALTER TABLE RptEmpleados DROP COLUMN Acuerdo");
-}
-} // namespace
-
 void volverAVersion(const QString& ruta, const QString& version)
 {
-    const bool es10 = version == QLatin1String("1.0");
-    const bool es11 = version == QLatin1String("1.1");
-    if (!es10 && !es11 && version != QLatin1String("1.2"))
-    {
-        throw std::invalid_argument("no such version");
-    }
     Conexion conexion;
     conexion.abrir(ruta);
-    if (es10 || es11)
+    for (const auto& [desde, columna] : {std::pair("1.2", "Acuerdo2"), std::pair("1.1", "Acuerdo")})
     {
-        quitarAcuerdo2(conexion);
+        if (version < QLatin1String(desde))
+        {
+            conexion.ejecutar(std::string("DROP INDEX IF EXISTS IX_DDJJ_Empleados_") + columna + "Nulo");
+            conexion.ejecutar(std::string("ALTER TABLE DDJJ_Empleados DROP COLUMN ") + columna);
+            conexion.ejecutar(std::string("ALTER TABLE RptEmpleados DROP COLUMN ") + columna);
+        }
     }
-    if (es10)
-    {
-        quitarAcuerdo(conexion);
-    }
-    conexion.ejecutar("UPDATE Parametros SET Version = ?, EMail = ?", version, buzonAnterior);
-    conexion.cerrar();
+    conexion.ejecutar("UPDATE Parametros SET Version = ?, EMail = 'anterior@example.org'", version);
 }
