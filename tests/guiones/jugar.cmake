@@ -7,6 +7,7 @@
 #   # salida: N          exit status of the robot, 0 unless told
 #   # despues: GUION     another start of the program in the same folder
 # Paths are relative to the script. Files in X.esperado/ beside X.guion must have come out equal, byte by byte.
+# The variable ROBOT_OPCIONES of the environment adds an option to the robot's own, "--pantalla" for one.
 cmake_minimum_required(VERSION 3.25)
 
 set(PROGRAMA ${TRABAJO}/programa)
@@ -52,7 +53,7 @@ function(jugar guion)
   if(NOT esperado)
     set(esperado 0)
   endif()
-  set(orden ${ROBOT} ${guion} --en ${PROGRAMA} --foto ${TRABAJO}/falla.png)
+  set(orden ${ROBOT} ${guion} --en ${PROGRAMA} --foto ${TRABAJO}/falla.png $ENV{ROBOT_OPCIONES})
   get_filename_component(carpeta ${guion} DIRECTORY)
   foreach(archivo IN LISTS sentencias)
     list(APPEND orden --sql ${carpeta}/${archivo})

@@ -10,14 +10,20 @@ namespace entrada
 {
 namespace
 {
+/// An open list or menu takes the keys whatever window has the focus: not every system gives it to them.
 QWindow* ventanaConFoco()
 {
+    const QWidget* abierta = QApplication::activePopupWidget();
+    if (abierta != nullptr && abierta->windowHandle() != nullptr)
+    {
+        return abierta->windowHandle();
+    }
     if (QWindow* ventana = QGuiApplication::focusWindow())
     {
         return ventana;
     }
-    for (const QWidget* posible : {QApplication::activePopupWidget(), QApplication::activeModalWidget(),
-                                   QApplication::activeWindow(), static_cast<QWidget*>(controles::ventanaPrincipal())})
+    for (const QWidget* posible : {QApplication::activeModalWidget(), QApplication::activeWindow(),
+                                   static_cast<QWidget*>(controles::ventanaPrincipal())})
     {
         if (posible != nullptr && posible->windowHandle() != nullptr)
         {

@@ -18,7 +18,7 @@
 #include <QTemporaryFile>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
+#include <optional>
 
 namespace
 {
@@ -81,23 +81,33 @@ auto leerArchivo(const QString& ruta, Leer leer)
     }
 }
 
-/// The offscreen platform's own screen is smaller than any user's.
-void pedirPantallaDeMemoria(QSize tamano, QTemporaryFile& configuracion)
+/// The offscreen platform's own screen is smaller than any user's. The platform's list of arguments is parted by ":",
+/// so that its file is named without a folder: the current one is that of the file while this lives.
+class PantallaDeMemoria
 {
-    QByteArray plataforma = "offscreen";
-    const QByteArray texto = QStringLiteral(R"({"screens": [{"name": "memoria", "x": 0, "y": 0, "width": %1, )"
-                                            R"("height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
-                                 .arg(tamano.width())
-                                 .arg(tamano.height())
-                                 .toUtf8();
-    // The platform's own list of arguments is parted by ":", so that a path with one cannot be told.
-    if (configuracion.open() && configuracion.write(texto) == texto.size() && configuracion.flush() &&
-        !configuracion.fileName().contains(u':'))
+public:
+    explicit PantallaDeMemoria(QSize tamano)
     {
-        plataforma += ":configfile=" + QFile::encodeName(configuracion.fileName());
+        QDir::setCurrent(QFileInfo(m_archivo.fileTemplate()).absolutePath());
+        const QByteArray texto = QStringLiteral(R"({"screens": [{"name": "memoria", "x": 0, "y": 0, "width": %1, )"
+                                                R"("height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+                                     .arg(tamano.width())
+                                     .arg(tamano.height())
+                                     .toUtf8();
+        if (!m_archivo.open() || m_archivo.write(texto) != texto.size() || !m_archivo.flush())
+        {
+            rechazar(m_archivo.errorString());
+        }
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFileInfo(m_archivo).fileName().toUtf8());
     }
-    qputenv("QT_QPA_PLATFORM", plataforma);
-}
+    ~PantallaDeMemoria() { QDir::setCurrent(m_antes); }
+    PantallaDeMemoria(const PantallaDeMemoria&) = delete;
+    PantallaDeMemoria& operator=(const PantallaDeMemoria&) = delete;
+
+private:
+    QString m_antes = QDir::currentPath();
+    QTemporaryFile m_archivo;
+};
 
 /// What the platform without a display says of each thing it cannot do tells nothing about the script.
 void callarPlataforma(QtMsgType, const QMessageLogContext&, const QString& mensaje)
@@ -157,13 +167,13 @@ int main(int cantidad, char** valores)
                     { ejecutarEnBase(QDir(carpeta.filePath()).filePath("DBBrivo.mdb"), sentencias.toStdString()); });
     }
     qInstallMessageHandler(callarPlataforma);
-    auto configuracion = std::make_unique<QTemporaryFile>();
+    std::optional<PantallaDeMemoria> memoria;
     if (!pedido.isSet("pantalla"))
     {
-        pedirPantallaDeMemoria(leerTamano(pedido.value("tamano")), *configuracion);
+        memoria.emplace(leerTamano(pedido.value("tamano")));
     }
     QApplication aplicacion(cantidad, valores);
-    configuracion.reset();
+    memoria.reset();
     QApplication::setCursorFlashTime(0); // the same picture whenever it is taken
     Estilo::aplicar(aplicacion);
     reemplazarDirectorioPrograma(QDir::toNativeSeparators(carpeta.absoluteFilePath()));

@@ -22,7 +22,9 @@ bool Reposo::alcanzado()
 
 bool Reposo::eventFilter(QObject* objeto, QEvent* evento)
 {
-    if (objeto == m_propio)
+    // On Windows a timer of no time is an event to the dispatcher before it is one to its owner: the robot's own one,
+    // too.
+    if (objeto == m_propio || evento->type() == QEvent::ZeroTimerEvent)
     {
         return false;
     }
