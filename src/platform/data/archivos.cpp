@@ -5,6 +5,7 @@
 #include "platform/data/sistema.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <cerrno>
 #include <vector>
@@ -12,12 +13,6 @@
 namespace
 {
 using detalle::Operacion;
-
-/// The errno value of a failure of the standard library's file functions, 0 for none.
-int comoErrno(const std::error_code& error)
-{
-    return error ? error.default_error_condition().value() : 0;
-}
 
 void exigir(int error, const QString& ruta, Operacion operacion = Operacion::Completa)
 {
@@ -78,8 +73,7 @@ void borrarSiEsta(const QString& ruta)
     const QFileInfo archivo(ruta);
     if (archivo.isSymbolicLink() || !archivo.isDir())
     {
-        std::error_code ignorado;
-        std::filesystem::remove(sistema::nativa(ruta), ignorado);
+        static_cast<void>(sistema::borrar(ruta));
     }
 }
 
@@ -97,11 +91,9 @@ void borrarTodo(const QString& parte)
 /// The new file is as open to others as the one whose place it takes.
 void heredarPermisos(const QString& de, const QString& a)
 {
-    std::error_code error;
-    const std::filesystem::file_status estado = std::filesystem::status(sistema::nativa(de), error);
-    if (!error && std::filesystem::exists(estado))
+    if (QFileInfo::exists(de))
     {
-        std::filesystem::permissions(sistema::nativa(a), estado.permissions(), error);
+        QFile::setPermissions(a, QFileInfo(de).permissions());
     }
 }
 } // namespace
@@ -201,18 +193,13 @@ void Archivos::copiar(const QString& origen, const QString& destino)
 void Archivos::borrar(const QString& ruta)
 {
     exigir(QFileInfo(ruta).isDir() ? ENOENT : 0, ruta);
-    std::error_code error;
-    const bool estaba = std::filesystem::remove(sistema::nativa(ruta), error);
-    exigir(comoErrno(error), ruta);
-    exigir(estaba ? 0 : ENOENT, ruta);
+    exigir(sistema::borrar(ruta), ruta);
 }
 
 void Archivos::crearCarpeta(const QString& ruta)
 {
     exigir(QFileInfo::exists(ruta) ? EEXIST : 0, ruta, Operacion::Canal);
-    std::error_code error;
-    std::filesystem::create_directory(sistema::nativa(ruta), error);
-    exigir(comoErrno(error), ruta, Operacion::Canal);
+    exigir(sistema::crearCarpeta(ruta), ruta, Operacion::Canal);
 }
 
 void Archivos::asegurarEnDisco(const QString& ruta)

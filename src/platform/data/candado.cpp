@@ -27,6 +27,13 @@ namespace
                            QStringLiteral("otra copia del programa está usando la base de datos"));
 }
 
+/// Whoever may not write the lock file may not write the database either: the folder is what there is to mend.
+[[noreturn]] void sinPermiso(const QString& ruta)
+{
+    throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QStringLiteral("no se puede escribir en la carpeta ") +
+                                                            QDir::toNativeSeparators(QFileInfo(ruta).absolutePath()));
+}
+
 boost::interprocess::file_lock tomar(const QString& ruta, Candado::Modo modo)
 {
     if (!QFile::exists(ruta))
@@ -34,7 +41,7 @@ boost::interprocess::file_lock tomar(const QString& ruta, Candado::Modo modo)
         QFile nuevo(ruta);
         if (!nuevo.open(QIODevice::WriteOnly | QIODevice::Append))
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(ruta));
+            sinPermiso(ruta);
         }
     }
     try
@@ -48,7 +55,7 @@ boost::interprocess::file_lock tomar(const QString& ruta, Candado::Modo modo)
     }
     catch (const boost::interprocess::interprocess_exception&)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(ruta));
+        sinPermiso(ruta);
     }
 }
 } // namespace

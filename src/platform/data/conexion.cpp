@@ -5,6 +5,7 @@
 #include "platform/data/espanol.h"
 #include "platform/data/latido.h"
 #include "platform/data/preparada.h"
+#include "platform/data/sistema.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,7 +21,7 @@ constexpr int idDePrograma = 0x416C7456; // "AltV", in the file's head
 
 std::string comoUtf8(const QString& ruta)
 {
-    return Archivos::detrasDeEnlaces(ruta).toStdString();
+    return sistema::completa(Archivos::detrasDeEnlaces(ruta)).toStdString();
 }
 
 /// Runs `accion`; what SQLiteCpp throws becomes the program's own error.

@@ -1,6 +1,8 @@
 #include "platform/data/sistema.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <cerrno>
 #include <string>
 
@@ -38,9 +40,21 @@ int ultimoError()
 }
 } // namespace
 
+QString sistema::completa(const QString& ruta)
+{
+    constexpr qsizetype corta = 240; // a little more, and the calls want the prefix
+    const QString entera = QDir::toNativeSeparators(QFileInfo(ruta).absoluteFilePath());
+    if (entera.size() < corta || entera.startsWith(QStringLiteral(R"(\\?\)")))
+    {
+        return entera;
+    }
+    return entera.startsWith(QStringLiteral(R"(\\)")) ? QStringLiteral(R"(\\?\UNC)") + entera.mid(1)
+                                                      : QStringLiteral(R"(\\?\)") + entera;
+}
+
 std::filesystem::path sistema::nativa(const QString& ruta)
 {
-    return ruta.toStdWString();
+    return completa(ruta).toStdWString();
 }
 
 sistema::Archivo sistema::abrir(const QString& ruta, const char* modo)
@@ -75,7 +89,28 @@ int sistema::mover(const QString& origen, const QString& destino)
 {
     // The standard library's rename tells another number for a missing folder, and does not flush the new name.
     const DWORD como = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    return MoveFileExW(nativa(origen).c_str(), nativa(destino).c_str(), como) != 0 ? 0 : ultimoError();
+    // A virus scanner holds a file that has just been written for a moment.
+    constexpr int intentos = 10;
+    constexpr DWORD milisegundos = 50;
+    for (int intento = 1;; ++intento)
+    {
+        const int error = MoveFileExW(nativa(origen).c_str(), nativa(destino).c_str(), como) != 0 ? 0 : ultimoError();
+        if (error != EACCES || intento == intentos)
+        {
+            return error;
+        }
+        Sleep(milisegundos);
+    }
+}
+
+int sistema::borrar(const QString& ruta)
+{
+    return DeleteFileW(nativa(ruta).c_str()) != 0 ? 0 : ultimoError();
+}
+
+int sistema::crearCarpeta(const QString& ruta)
+{
+    return CreateDirectoryW(nativa(ruta).c_str(), nullptr) != 0 ? 0 : ultimoError();
 }
 
 int sistema::asegurarArchivo(const QString& ruta)
@@ -117,6 +152,11 @@ int volcar(const QString& ruta)
 }
 } // namespace
 
+QString sistema::completa(const QString& ruta)
+{
+    return QFileInfo(ruta).absoluteFilePath();
+}
+
 std::filesystem::path sistema::nativa(const QString& ruta)
 {
     return QFile::encodeName(ruta).toStdString();
@@ -145,6 +185,17 @@ std::optional<sistema::Identidad> sistema::identidad(const QString& ruta)
 int sistema::mover(const QString& origen, const QString& destino)
 {
     return std::rename(nativa(origen).c_str(), nativa(destino).c_str()) == 0 ? 0 : errno;
+}
+
+int sistema::borrar(const QString& ruta)
+{
+    return ::unlink(nativa(ruta).c_str()) == 0 ? 0 : errno;
+}
+
+int sistema::crearCarpeta(const QString& ruta)
+{
+    constexpr mode_t comoSePueda = 0777; // the user's mask takes its part
+    return ::mkdir(nativa(ruta).c_str(), comoSePueda) == 0 ? 0 : errno;
 }
 
 int sistema::asegurarArchivo(const QString& ruta)

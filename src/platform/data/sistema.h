@@ -10,6 +10,8 @@
 /// The few calls that each operating system names differently. Failures are told as errno values.
 namespace sistema
 {
+/// The absolute path in a form that every call takes, however long it is.
+[[nodiscard]] QString completa(const QString& ruta);
 /// A path as the system's own calls take it.
 [[nodiscard]] std::filesystem::path nativa(const QString& ruta);
 
@@ -30,6 +32,10 @@ using Identidad = std::pair<quint64, quint64>;
 
 /// Puts `origen` in the place of `destino`, which may exist, in one step; 0, or the errno value of the failure.
 [[nodiscard]] int mover(const QString& origen, const QString& destino);
+/// Removes a file, or a link and not what is behind it; 0, or the errno value of the failure.
+[[nodiscard]] int borrar(const QString& ruta);
+/// Makes a folder in one that exists; 0, or the errno value of the failure.
+[[nodiscard]] int crearCarpeta(const QString& ruta);
 
 /// Flushes a closed file to the disk; 0, or the errno value of the failure.
 [[nodiscard]] int asegurarArchivo(const QString& ruta);
