@@ -14,12 +14,16 @@ readonly cadena=$fuente/cmake/windows.cmake
 mkdir -p "$almacen" build
 
 # Qt of the program and of its tests. Direct2D must be on: this version compiles DirectWrite only with it, and
-# Qt6PrintSupport does not link without. Debian's tarball has no wintab.h, so graphics tablets are off.
+# Qt6PrintSupport does not link without; the screen that is drawn with it is not wanted. Debian's tarball has no wintab.h,
+# so graphics tablets are off.
 receta_qtbase() {
+  sed -i '/add_subdirectory(\(direct2d\|minimal\))/d' fuente/src/plugins/platforms/CMakeLists.txt
   construir -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DQT_BUILD_TOOLS_WHEN_CROSSCOMPILING=OFF \
     -DQT_BUILD_TOOLS_BY_DEFAULT=OFF -DINPUT_opengl=no -DFEATURE_direct2d=ON -DFEATURE_testlib=ON \
     $(apagadas pkg_config sql network dbus xml concurrent vulkan icu zstd glib tabletevent gif \
-      system_{zlib,png,jpeg,freetype,harfbuzz,pcre2,doubleconversion})
+      system_{zlib,png,jpeg,freetype,harfbuzz,pcre2,doubleconversion} \
+      graphicsview wizard undocommand textodfwriter textmarkdown{reader,writer} syntaxhighlighter errormessage toolbox dial \
+      lcdnumber fontdialog colordialog fontcombobox columnview datawidgetmapper keysequenceedit splashscreen)
 }
 
 apagadas() {
@@ -107,16 +111,17 @@ dependencia() {
     echo "Se construye $nombre $version en $destino"
     local obra=$almacen/obra-$nombre-$huella
     rm -rf "$destino" "$obra" && mkdir -p "$destino" "$obra/fuente"
-    cd "$obra"
-    {
+    ( # not part of a condition: a failure must end it
+      cd "$obra"
       if [ -n "$paquete" ]; then
         apt_fuentes source --download-only "$paquete=$version"
         rmdir fuente && dpkg-source --no-check -x "$paquete"_*.dsc fuente
       fi
       "receta_$nombre"
-    } > "$almacen/$nombre.log" 2>&1 || { tail -n 30 "$almacen/$nombre.log" >&2; exit 1; }
+    ) > "$almacen/$nombre.log" 2>&1 &
+    wait $! || { tail -n 30 "$almacen/$nombre.log" >&2; exit 1; }
     touch "$destino/completo"
-    cd "$fuente" && rm -rf "$obra"
+    rm -rf "$obra"
   fi
   echo "$destino" >> build/dependencias.txt
 }
