@@ -197,6 +197,7 @@ TEST_F(InformesDDJJ, CadaTotalEsLaSumaDeSuSucursal)
             }
         }
     }
+    EXPECT_EQ(todo["Acuerdo"], Moneda::deDiezMilesimos(10100 * 89 * 90 / 2 + 45 * 5000));
     EXPECT_EQ(todo["Art100"], Moneda::deDiezMilesimos(qint64{333300} * 89 * 90 / 2));
     EXPECT_EQ(grupos, "Sucursal: sin asignar;Sucursal: A;Sucursal: A;Sucursal: a;Sucursal: 2;Sucursal: 10;");
 }
@@ -243,6 +244,8 @@ TEST_F(InformesDDJJ, LasHojasDicenTodoYCadaImporteBajoSuColumna)
     }
     EXPECT_EQ(derechas[QStringLiteral("80.000.000.000,00")], derechas[QStringLiteral("500.000.000,00")]);
 
+    EXPECT_TRUE(PlantillaDeInforme::leer(base.ruta(QStringLiteral("RptDDJJ_Incompleto.rpt"))).bandas[0].junto)
+        << "the closing count stays with the last row";
     const QStringList incompletos = hojas::textos(pdf(InformeDDJJ::DatosIncompletos));
     EXPECT_TRUE(incompletos.back().contains(QStringLiteral("80 empleados con datos incompletos")));
     EXPECT_EQ(incompletos.join(QLatin1Char(' ')).count(QStringLiteral("FALTA")), 80);
