@@ -40,9 +40,9 @@ struct PruebaEmpresa : testing::Test
 TEST_F(PruebaEmpresa, UnaProvinciaQueNoEstaEnLaListaNoEsNinguna)
 {
     poner("Empresas", {{"Provincia", 77}});
-    EXPECT_EQ("", cargarEmpresa(conexion, cuitUno)->nombreProvincia);
+    EXPECT_EQ("", cargarEmpresa(conexion, cuitUno).value().nombreProvincia);
     conexion.ejecutar("UPDATE Empresas SET Provincia = NULL");
-    EXPECT_EQ("", cargarEmpresa(conexion, cuitUno)->nombreProvincia);
+    EXPECT_EQ("", cargarEmpresa(conexion, cuitUno).value().nombreProvincia);
 }
 
 TEST_F(PruebaEmpresa, LaBajaTomaLasTresTablasDeEsaEmpresaSolaOTodoQueda)
