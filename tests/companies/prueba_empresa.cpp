@@ -1,7 +1,5 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/datos.h"
-#include "companies/busqueda_empresa.h"
-#include "companies/busqueda_rubro.h"
 #include "companies/catalogos.h"
 #include "companies/empresa.h"
 #include "core/lista_empresas.h"
@@ -15,25 +13,6 @@ struct PruebaEmpresa : testing::Test
 {
     BaseDePrueba base;
     Conexion& conexion = base.conexion();
-
-    [[nodiscard]] std::string razones(const char* cuit, const char* nombre) const
-    {
-        QStringList lista;
-        for (const EmpresaHallada& hallada : buscarEmpresas(conexion, cuit, nombre))
-        {
-            lista += hallada.razon;
-        }
-        return lista.join(u';').toStdString();
-    }
-    [[nodiscard]] std::string rubros(const char* codigo, const char* nombre) const
-    {
-        QStringList lista;
-        for (const RubroHallado& hallado : buscarRubros(conexion, codigo, nombre))
-        {
-            lista += hallado.codigo;
-        }
-        return lista.join(u';').toStdString();
-    }
 };
 } // namespace
 
@@ -71,45 +50,6 @@ TEST_F(PruebaEmpresa, LaBajaTomaLasTresTablasDeEsaEmpresaSolaOTodoQueda)
                              "AS S, (SELECT count(*) FROM Empresas_Responsables) AS R"));
     EXPECT_EQ(cuitDos, cuitDeUnicaEmpresa(conexion));
     EXPECT_THROW((void)eliminarEmpresa(conexion, cuitUno), YaNoEsta);
-}
-
-TEST_F(PruebaEmpresa, EmpresasPorCuitYNombre)
-{
-    poner("Empresas", {{"CUIT", "20-12345678-6"}, {"Razon", "Panadería D'Angelo"}});
-    poner("Empresas", {{"CUIT", cuitDos}, {"Razon", "Confitería 100% Ñoquis"}});
-    poner("Empresas", {{"CUIT", "20-20202020-9"}, {"Razon", "Abasto y Panificación"}});
-    const char* const vacio = "__-________-_";
-    const std::tuple<const char*, const char*, const char*> casos[] = {
-        {vacio, "", "Abasto y Panificación;Confitería 100% Ñoquis;Panadería D'Angelo"}, // the full list by name
-        {vacio, "PAN", "Panadería D'Angelo;Abasto y Panificación"},                     // a narrowed one by CUIT
-        {vacio, "ÑOQUIS", "Confitería 100% Ñoquis"},
-        {vacio, "D'A", "Panadería D'Angelo"},
-        {vacio, "D_A", "Panadería D'Angelo"}, // wild cards
-        {vacio, "0%q", "Confitería 100% Ñoquis"},
-        {vacio, "\\", ""},
-        {"20-12345678-6", "pan", "Panadería D'Angelo"},
-        {"20-12345678-6", "Abasto", ""},
-        {"20-1_______-_", "", ""},
-    };
-    for (const auto& [cuit, nombre, esperadas] : casos)
-    {
-        EXPECT_EQ(esperadas, razones(cuit, nombre)) << cuit << ' ' << nombre;
-    }
-}
-
-TEST_F(PruebaEmpresa, RubrosDesdeUnCodigo)
-{
-    conexion.ejecutar("DELETE FROM Rubros");
-    conexion.ejecutar("INSERT INTO Rubros VALUES ('', 'Sin código'), ('10', 'Pan'), ('5', 'Panadería'), "
-                      "('511', 'Fábrica de pan'), ('9', 'Otros')");
-    const std::tuple<const char*, const char*, const char*> casos[] = {
-        {"", "", "10;5;511;9"}, {"5", "", "5;511;9"},    {"", "pan", "10;5;511"},
-        {"51", "PAN", "511"},   {"", "p_n", "10;5;511"}, {"'", "", "10;5;511;9"},
-    };
-    for (const auto& [codigo, nombre, esperados] : casos)
-    {
-        EXPECT_EQ(esperados, rubros(codigo, nombre)) << codigo << ' ' << nombre;
-    }
 }
 
 TEST_F(PruebaEmpresa, CatalogosPorNombre)

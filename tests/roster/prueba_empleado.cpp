@@ -1,8 +1,6 @@
-// What the screens of the roster read: one employee, his branch, the searches.
+// What the screen of the roster reads: one employee and his branch; and the delete.
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/datos.h"
-#include "roster/busqueda_empleado.h"
-#include "roster/busqueda_sucursal.h"
 #include "roster/empleado.h"
 
 #include <gtest/gtest.h>
@@ -82,7 +80,7 @@ TEST_F(PruebaEmpleado, LoQueNingunaListaTieneEsNadaYUnNuloSinPrevisionFalla)
     EXPECT_EQ(Moneda::deTexto("23,50"), leido->acuerdo);
 }
 
-TEST_F(PruebaEmpleado, LaSucursalEnUnRenglonYEnLaLista)
+TEST_F(PruebaEmpleado, LaSucursalEnUnRenglonParaLaEmpresaQueLaTiene)
 {
     const qint64 una = poner("Empresas_Sucursales", {{"Sucursal", "B"}, {"Domicilio", "O'Higgins"}});
     const qint64 otra = poner("Empresas_Sucursales", {{"Sucursal", "A"}, {"Numero", 0}, {"Telefono", "461"}});
@@ -91,40 +89,6 @@ TEST_F(PruebaEmpleado, LaSucursalEnUnRenglonYEnLaLista)
     EXPECT_EQ("A - Belgrano  - Avellaneda", textoSucursal(conexion, otra));
     EXPECT_EQ(std::nullopt, textoSucursal(conexion, una, "20-1"));
     EXPECT_EQ(std::nullopt, textoSucursal(conexion, otra + 2));
-    QStringList lista;
-    for (const SucursalListada& s : listarSucursales(conexion, clave.cuit))
-    {
-        lista +=
-            QStringList{QString::number(s.id), s.sucursal, s.domicilio, s.codPos, s.localidad, s.telefono}.join('|');
-    }
-    EXPECT_EQ(QString("%1|A|Belgrano |1870|Avellaneda|461;%2|B|O'Higgins 45|1870|Avellaneda|").arg(otra).arg(una),
-              lista.join(';'));
-}
-
-TEST_F(PruebaEmpleado, BuscaPorCuilNombreYAporte)
-{
-    poner("DDJJ_Empleados", {{"Cuil", "20-1"}, {"AyN", "Zapata Ana"}});
-    poner("DDJJ_Empleados", {{"Cuil", "20-2"}, {"AyN", "Núñez Óscar"}});
-    poner("DDJJ_Empleados", {{"Cuil", "20-3"}, {"AyN", "O'Higgins Raúl"}, {"ART101A", "0"}}); // a member by his column
-    poner("DDJJ_Empleados", {{"Cuil", "20-4"}, {"AyN", "Ajena"}, {"Secuencia", 1}});
-    using enum FiltroAfiliado;
-    const std::tuple<QString, const char*, FiltroAfiliado, const char*> casos[] = {
-        {sinCuil, "", Todos, "20-2;20-3;20-1"}, // all of them by name
-        {sinCuil, "z", Todos, "20-1;20-2"},     // narrowed by name they come by CUIL
-        {sinCuil, "", Si, "20-2;20-1"},         {sinCuil, "", No, "20-3"},   {sinCuil, "o'h", Todos, "20-3"},
-        {sinCuil, "_a%a", Todos, "20-1"},       {"20-2", "", Todos, "20-2"}, {"20-2", "Ana", Todos, ""},
-        {"20-2_______-_", "", Todos, ""},       {"20-4", "", Todos, ""},
-    };
-    for (const auto& [cuil, nombre, afiliado, esperados] : casos)
-    {
-        QStringList lista;
-        for (const EmpleadoHallado& hallado : buscarEmpleados(conexion, clave, cuil, nombre, afiliado))
-        {
-            EXPECT_EQ(hallado.cuil != "20-3", hallado.afiliado);
-            lista += hallado.cuil;
-        }
-        EXPECT_EQ(esperados, lista.join(';')) << cuil.toStdString() << ' ' << nombre;
-    }
 }
 
 TEST_F(PruebaEmpleado, EliminarSoloLoQuitaDeEstaDeclaracionYDejaASusFamiliares)
