@@ -109,14 +109,17 @@ dependencia() {
   local destino=$almacen/$nombre-$huella
   if [ ! -e "$destino/completo" ]; then
     echo "Se construye $nombre $version en $destino"
-    local obra=$almacen/obra-$nombre-$huella
-    rm -rf "$destino" "$obra" && mkdir -p "$destino" "$obra/fuente"
+    local obra=$almacen/obra-$nombre-$huella # one that was cut off goes on
+    mkdir -p "$destino" "$obra"
     ( # not part of a condition: a failure must end it
-      cd "$obra"
-      if [ -n "$paquete" ]; then
+      cd -P "$obra"
+      if [ -n "$paquete" ] && [ ! -e fuente ]; then
         apt_fuentes source --download-only "$paquete=$version"
-        rmdir fuente && dpkg-source --no-check -x "$paquete"_*.dsc fuente
+        rm -rf desempacada
+        dpkg-source --no-check -x "$paquete"_*.dsc desempacada
+        mv desempacada fuente
       fi
+      mkdir -p fuente
       "receta_$nombre"
     ) > "$almacen/$nombre.log" 2>&1 &
     wait $! || { tail -n 30 "$almacen/$nombre.log" >&2; exit 1; }
