@@ -6,6 +6,7 @@
 #include <QChar>
 #include <array>
 #include <sqlite3.h>
+#include <string>
 
 namespace
 {
@@ -140,54 +141,30 @@ int compararParaSqlite(void* /*nada*/, int largoA, const void* a, int largoB, co
                            {static_cast<const char*>(b), static_cast<std::size_t>(largoB)});
 }
 
-/// Does the text match the pattern of LIKE? "%" any characters, "_" one, `escape` takes the next one as it stands.
-bool coincide(std::string_view patron, std::string_view texto, char32_t escape)
+/// The text with its letters folded, so that what differs only in case is equal byte by byte.
+std::string plegado(std::string_view texto)
 {
-    constexpr std::size_t ninguno = std::string_view::npos;
-    std::size_t p = 0;
-    std::size_t t = 0;
-    std::size_t trasEstrella = ninguno; // where the pattern goes on after its last "%"
-    std::size_t reintento = 0;          // where in the text that "%" is tried next
-    while (t < texto.size())
+    std::string todo;
+    todo.reserve(texto.size());
+    for (std::size_t i = 0; i < texto.size();)
     {
-        std::size_t siguiente = p;
-        const bool hay = p < patron.size();
-        char32_t c = hay ? tomar(patron, siguiente) : 0;
-        const bool literal = hay && escape != 0 && c == escape;
-        if (hay && !literal && c == U'%')
+        const std::size_t antes = i;
+        const char32_t c = tomar(texto, i);
+        const char32_t llano = plegar(c);
+        if (c < 0x80)
         {
-            p = trasEstrella = siguiente;
-            reintento = t;
-            continue;
+            todo += static_cast<char>(llano);
         }
-        const bool incompleto = literal && siguiente >= patron.size();
-        if (literal && !incompleto)
+        else if (llano == c)
         {
-            c = tomar(patron, siguiente);
-        }
-        std::size_t avance = t;
-        const char32_t d = tomar(texto, avance);
-        if (hay && !incompleto && ((!literal && c == U'_') || plegar(c) == plegar(d)))
-        {
-            p = siguiente;
-            t = avance;
-        }
-        else if (trasEstrella != ninguno)
-        {
-            tomar(texto, reintento);
-            t = reintento;
-            p = trasEstrella;
+            todo.append(texto, antes, i - antes);
         }
         else
         {
-            return false;
+            todo += QString::fromUcs4(&llano, 1).toStdString();
         }
     }
-    while (p < patron.size() && patron[p] == '%' && escape != U'%')
-    {
-        ++p;
-    }
-    return p == patron.size();
+    return todo;
 }
 
 std::string_view textoDe(sqlite3_value* valor)
@@ -217,7 +194,9 @@ void likeEspanol(sqlite3_context* contexto, int cantidad, sqlite3_value** valore
             return;
         }
     }
-    sqlite3_result_int(contexto, coincide(textoDe(valores[0]), textoDe(valores[1]), escape) ? 1 : 0);
+    const std::string patron = plegado(textoDe(valores[0]));
+    const std::string texto = plegado(textoDe(valores[1]));
+    sqlite3_result_int(contexto, sqlite3_strlike(patron.c_str(), texto.c_str(), plegar(escape)) == 0 ? 1 : 0);
 }
 } // namespace
 
