@@ -10,9 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <SQLiteCpp/Database.h>
-#include <SQLiteCpp/Statement.h>
-#include <array>
 #include <unordered_map>
 
 namespace
@@ -24,86 +21,57 @@ std::string comoUtf8(const QString& ruta)
     return sistema::completa(Archivos::detrasDeEnlaces(ruta)).toStdString();
 }
 
-/// Runs `accion`; what SQLiteCpp throws becomes the program's own error.
-template <class A>
-auto traducir(const A& accion)
-{
-    const detalle::FinDeEspera fin;
-    try
-    {
-        return accion();
-    }
-    catch (const SQLite::Exception& error)
-    {
-        const int codigo = error.getExtendedErrorCode() > 0 ? error.getExtendedErrorCode() : error.getErrorCode();
-        detalle::fallarBase(codigo, QString::fromUtf8(error.getErrorStr()));
-    }
-}
-
 /// Reads the file's head and its tables, which rolls back what a killed process left half done.
-void exigirPropia(SQLite::Database& base, const QString& ruta)
+void exigirPropia(detalle::Base& base, const QString& ruta)
 {
-    const int hallado = base.execAndGet("PRAGMA application_id").getInt();
-    base.execAndGet("SELECT count(*) FROM sqlite_schema").getInt();
-    if (hallado != idDePrograma)
+    const std::string hallado = base.ejecutar("PRAGMA application_id");
+    base.ejecutar("SELECT count(*) FROM sqlite_schema");
+    if (hallado != std::to_string(idDePrograma))
     {
         throw ErrorDeEjecucion(SQLITE_NOTADB, QStringLiteral("El archivo no es una base de datos de este programa"));
     }
-    if (base.execAndGet("PRAGMA journal_mode").getString() == "wal")
+    if (base.ejecutar("PRAGMA journal_mode") == "wal")
     {
         return; // part of it lies in a file of its own
     }
     // SQLite itself sees that pages are missing, but not that the last one is short.
-    const qint64 paginas = base.execAndGet("PRAGMA page_count").getInt64();
-    if (QFileInfo(ruta).size() < paginas * base.execAndGet("PRAGMA page_size").getInt64())
+    const qint64 paginas = std::stoll(base.ejecutar("PRAGMA page_count"));
+    if (QFileInfo(ruta).size() < paginas * std::stoll(base.ejecutar("PRAGMA page_size")))
     {
         detalle::fallarBase(SQLITE_CORRUPT);
     }
 }
 
 /// Opens an existing database of this program and reads it once.
-std::unique_ptr<SQLite::Database> abrirBase(const QString& ruta, int modo)
+std::unique_ptr<detalle::Base> abrirBase(const QString& ruta, int modo)
 {
     if (!QFileInfo(ruta).isFile())
     {
         throw ErrorDeEjecucion(SQLITE_CANTOPEN,
                                QStringLiteral("No se encontró la base de datos: ") + QDir::toNativeSeparators(ruta));
     }
-    return traducir(
-        [&]
-        {
-            auto base = std::make_unique<SQLite::Database>(comoUtf8(ruta), modo | SQLITE_OPEN_NOMUTEX);
-            sqlite3* manija = base->getHandle();
-            detalle::esperarAOtrasCopias(manija);
-            sqlite3_extended_result_codes(manija, 1);
-            if (sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr) != SQLITE_OK ||
-                sqlite3_db_config(manija, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr) != SQLITE_OK)
-            {
-                detalle::fallarBase(manija);
-            }
-            detalle::registrarEspanol(manija);
-            exigirPropia(*base, ruta);
-            return base;
-        });
+    auto base = std::make_unique<detalle::Base>(comoUtf8(ruta), modo);
+    sqlite3* manija = base->getHandle();
+    detalle::esperarAOtrasCopias(manija);
+    sqlite3_extended_result_codes(manija, 1);
+    if (sqlite3_db_config(manija, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr) != SQLITE_OK ||
+        sqlite3_db_config(manija, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr) != SQLITE_OK)
+    {
+        detalle::fallarBase(manija);
+    }
+    detalle::registrarEspanol(manija);
+    exigirPropia(*base, ruta);
+    return base;
 }
 
 } // namespace
 
 struct Conexion::Interno
 {
-    /// The statement last found by a text at some address: program texts are literals and come back at the same one.
-    struct Reciente
-    {
-        const char* direccion = nullptr;
-        std::shared_ptr<detalle::Preparada> preparada;
-    };
-    static constexpr std::size_t limite = 300; // statements kept
-
     QString ruta;
     std::optional<Candado> candado;
-    std::unique_ptr<SQLite::Database> base;
+    std::unique_ptr<detalle::Base> base;
     std::unordered_map<std::string_view, std::shared_ptr<detalle::Preparada>> preparadas; // keys lie in the values
-    std::array<Reciente, 64> recientes;
 
     Interno() = default;
     Interno(const Interno&) = delete;
@@ -118,30 +86,13 @@ struct Conexion::Interno
 
     std::shared_ptr<detalle::Preparada> preparar(std::string_view sql)
     {
-        Reciente& reciente = recientes[(reinterpret_cast<std::uintptr_t>(sql.data()) >> 3U) % recientes.size()];
-        if (reciente.direccion == sql.data() && reciente.preparada->sql == sql)
-        {
-            return reciente.preparada;
-        }
         auto lugar = preparadas.find(sql);
         if (lugar == preparadas.end())
         {
-            hacerLugar();
             auto nueva = std::make_shared<detalle::Preparada>(base->getHandle(), sql);
             lugar = preparadas.emplace(nueva->sql, nueva).first;
         }
-        reciente = {sql.data(), lugar->second};
         return lugar->second;
-    }
-
-    /// Drops the statements that nobody holds once there are many: their texts were made at run time.
-    void hacerLugar()
-    {
-        if (preparadas.size() >= limite)
-        {
-            recientes = {};
-            std::erase_if(preparadas, [](const auto& par) { return par.second.use_count() == 1; });
-        }
     }
 };
 
@@ -198,7 +149,7 @@ void Conexion::abrir(const QString& ruta, Modo modo)
     nuevo->ruta = QDir::toNativeSeparators(QFileInfo(ruta).absoluteFilePath());
     if (modo == Modo::SoloLectura)
     {
-        nuevo->base = abrirBase(ruta, SQLite::OPEN_READONLY);
+        nuevo->base = abrirBase(ruta, SQLITE_OPEN_READONLY);
     }
     else
     {
@@ -206,18 +157,14 @@ void Conexion::abrir(const QString& ruta, Modo modo)
         {
             nuevo->candado.emplace(candado(ruta), Candado::Modo::Compartido);
         }
-        nuevo->base = abrirBase(ruta, SQLite::OPEN_READWRITE);
-        traducir(
-            [&]
-            {
-                if (nuevo->base->execAndGet("PRAGMA journal_mode=DELETE").getString() != "delete")
-                {
-                    detalle::fallarBase(SQLITE_PROTOCOL);
-                }
-                nuevo->base->exec("PRAGMA synchronous=FULL");
-                // An import stays in memory until it is confirmed, so that other copies can read meanwhile.
-                nuevo->base->exec("PRAGMA cache_size=-32768");
-            });
+        nuevo->base = abrirBase(ruta, SQLITE_OPEN_READWRITE);
+        if (nuevo->base->ejecutar("PRAGMA journal_mode=DELETE") != "delete")
+        {
+            detalle::fallarBase(SQLITE_PROTOCOL);
+        }
+        nuevo->base->ejecutar("PRAGMA synchronous=FULL");
+        // An import stays in memory until it is confirmed, so that other copies can read meanwhile.
+        nuevo->base->ejecutar("PRAGMA cache_size=-32768");
     }
     m_interno = std::move(nuevo);
 }
@@ -253,7 +200,7 @@ Sentencia Conexion::preparar(std::string_view sql)
 
 qint64 Conexion::ultimoNumero() const
 {
-    return interno().base->getLastInsertRowid();
+    return sqlite3_last_insert_rowid(interno().base->getHandle());
 }
 
 bool Conexion::enTransaccion() const
@@ -266,19 +213,16 @@ void Conexion::compactar(const QString& ruta, const QString& temporal, const Avi
     const Candado solo(candado(ruta), Candado::Modo::Exclusivo);
     Archivos::Parte parte(ruta, temporal);
     const qint64 total = QFileInfo(ruta).size();
-    traducir(
-        [&]
+    {
+        const auto base = abrirBase(ruta, SQLITE_OPEN_READWRITE);
+        std::optional<Latido> latido;
+        if (aviso)
         {
-            const auto base = abrirBase(ruta, SQLite::OPEN_READWRITE);
-            std::optional<Latido> latido;
-            if (aviso)
-            {
-                latido.emplace(base->getHandle(), [&] { aviso(QFileInfo(parte.ruta()).size(), total); });
-            }
-            SQLite::Statement sentencia(*base, "VACUUM INTO ?");
-            sentencia.bind(1, comoUtf8(parte.ruta()));
-            sentencia.exec();
-        });
+            latido.emplace(base->getHandle(), [&] { aviso(QFileInfo(parte.ruta()).size(), total); });
+        }
+        const std::string destino = comoUtf8(parte.ruta());
+        base->ejecutar("VACUUM INTO ?", {Valor(std::string_view(destino))});
+    }
     comprobar(parte.ruta(), aviso); // the old file is closed: an open one could not be replaced everywhere
     parte.colocar();
 }
@@ -303,8 +247,8 @@ void Conexion::recuperar(const QString& ruta)
     }
     try
     {
-        const auto base = abrirBase(ruta, SQLite::OPEN_READWRITE); // opening reads, and reading undoes
-        traducir([&] { base->exec("PRAGMA journal_mode=DELETE"); });
+        const auto base = abrirBase(ruta, SQLITE_OPEN_READWRITE); // opening reads, and reading undoes
+        base->ejecutar("PRAGMA journal_mode=DELETE");
     }
     catch (const ErrorDeEjecucion& error)
     {
@@ -318,13 +262,13 @@ void Conexion::recuperar(const QString& ruta)
 
 void Conexion::comprobar(const QString& ruta, const Aviso& aviso)
 {
-    const auto base = abrirBase(ruta, SQLite::OPEN_READONLY);
+    const auto base = abrirBase(ruta, SQLITE_OPEN_READONLY);
     std::optional<Latido> latido;
     if (aviso)
     {
         latido.emplace(base->getHandle(), [&] { aviso(0, 0); });
     }
-    const std::string hallado = traducir([&] { return base->execAndGet("PRAGMA integrity_check(1)").getString(); });
+    const std::string hallado = base->ejecutar("PRAGMA integrity_check(1)");
     if (hallado != "ok")
     {
         throw ErrorDeEjecucion(SQLITE_CORRUPT, QStringLiteral("La base de datos está dañada (") +
@@ -339,13 +283,8 @@ void Conexion::crear(const QString& ruta)
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(ruta));
     }
-    traducir(
-        [&]
-        {
-            const SQLite::Database base(comoUtf8(ruta), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-            const std::string orden = "PRAGMA application_id=" + std::to_string(idDePrograma);
-            SQLite::Statement(base, orden).executeStep();
-        });
+    detalle::Base(comoUtf8(ruta), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)
+        .ejecutar("PRAGMA application_id=" + std::to_string(idDePrograma));
 }
 
 Transaccion::Transaccion(Conexion& conexion)

@@ -42,35 +42,26 @@ struct Columnas
     explicit Columnas(sqlite3_stmt* sentencia);
     [[nodiscard]] int numero(const char* nombre) const
     {
-        if (m_proxima < m_usadas.size())
+        if (m_proxima < m_usadas.size() && std::strcmp(m_usadas[m_proxima].nombre.c_str(), nombre) == 0)
         {
-            const Usada& usada = m_usadas[m_proxima];
-            if (usada.direccion == nombre && std::strcmp(usada.texto.c_str(), nombre) == 0)
-            {
-                m_proxima = m_proxima + 1 < m_usadas.size() ? m_proxima + 1 : 0;
-                return usada.numero;
-            }
+            return m_usadas[m_proxima++].numero;
         }
-        return buscarUsada(nombre);
+        return buscar(nombre);
     }
 
 private:
-    /// A name that was asked for once. The address finds it again without a search; the text is compared all the same,
-    /// for an address can come back with another text.
+    /// A name that was asked for, in the order of the first row: the next rows are read in the same one.
     struct Usada
     {
-        const char* direccion;
-        std::string texto;
+        std::string nombre;
         int numero;
     };
-    [[nodiscard]] int buscarUsada(const char* nombre) const;
     [[nodiscard]] int buscar(const char* nombre) const;
     mutable std::vector<Usada> m_usadas;
-    mutable std::size_t m_proxima = 0; // rows are read in the same order one after the other
+    mutable std::size_t m_proxima = 0;
 };
 
-/// A statement of a connection and its columns. While it is being stepped another caller of the same text gets a
-/// further instance.
+/// A statement of a connection and its columns.
 struct Preparada
 {
     Preparada(sqlite3* base, std::string_view sql);
@@ -78,9 +69,8 @@ struct Preparada
     Preparada(const Preparada&) = delete;
     Preparada& operator=(const Preparada&) = delete;
 
-    /// Finalizes it and its further instances; a use after that throws 91.
+    /// Finalizes it; a use after that throws 91.
     void cerrar();
-    [[nodiscard]] Preparada& libre();
     void enlazar(const Valor* valores, std::size_t cantidad);
     /// True for a row, false at the end.
     [[nodiscard]] bool paso();
@@ -94,18 +84,31 @@ struct Preparada
 private:
     std::shared_ptr<const Columnas> m_columnas;
     int m_preparaciones = 0;
-    std::unique_ptr<Preparada> m_otra;
 };
 
-/// Marks an instance as being stepped; at the end it is reset, so that no read lock stays.
+/// An open file, closed at the end.
+class Base
+{
+public:
+    Base(const std::string& ruta, int modo);
+    [[nodiscard]] sqlite3* getHandle() const { return m_base.get(); }
+    /// Runs one statement and gives the first value of its first row as a text.
+    std::string ejecutar(std::string_view sql, std::initializer_list<Valor> valores = {});
+
+private:
+    struct Cierra
+    {
+        void operator()(sqlite3* base) const { sqlite3_close(base); }
+    };
+    std::unique_ptr<sqlite3, Cierra> m_base;
+};
+
+/// A statement being stepped, which cannot be used anew meanwhile: that throws 21, and a closed one 91. At the end it
+/// is reset, so that no read lock stays.
 class Uso
 {
 public:
-    explicit Uso(Preparada& preparada)
-        : m_preparada(preparada)
-    {
-        m_preparada.enUso = true;
-    }
+    Uso(Preparada& preparada, const Valor* valores, std::size_t cantidad);
     ~Uso()
     {
         m_preparada.enUso = false;

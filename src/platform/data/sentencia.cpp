@@ -34,32 +34,21 @@ detalle::Columnas::Columnas(sqlite3_stmt* sentencia)
     }
 }
 
-int detalle::Columnas::buscarUsada(const char* nombre) const
+int detalle::Columnas::buscar(const char* nombre) const
 {
     for (std::size_t i = 0; i < m_usadas.size(); ++i)
     {
-        if (m_usadas[i].direccion == nombre && m_usadas[i].texto == nombre)
+        if (m_usadas[i].nombre == nombre)
         {
             m_proxima = i + 1 < m_usadas.size() ? i + 1 : 0;
             return m_usadas[i].numero;
         }
     }
-    const int cual = buscar(nombre);
-    constexpr std::size_t limite = 64; // names made at run time must not pile up
-    if (m_usadas.size() < limite)
-    {
-        m_usadas.push_back({nombre, nombre, cual});
-        m_proxima = 0;
-    }
-    return cual;
-}
-
-int detalle::Columnas::buscar(const char* nombre) const
-{
     for (std::size_t i = 0; i < columnas.size(); ++i)
     {
         if (qstricmp(columnas[i].nombre.c_str(), nombre) == 0)
         {
+            m_usadas.push_back({nombre, static_cast<int>(i)});
             return static_cast<int>(i);
         }
     }
@@ -88,27 +77,6 @@ void detalle::Preparada::cerrar()
 {
     sqlite3_finalize(sentencia);
     sentencia = nullptr;
-    if (m_otra)
-    {
-        m_otra->cerrar();
-    }
-}
-
-detalle::Preparada& detalle::Preparada::libre()
-{
-    if (sentencia == nullptr)
-    {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::ObjetoNoEstablecido);
-    }
-    if (!enUso)
-    {
-        return *this;
-    }
-    if (!m_otra)
-    {
-        m_otra = std::make_unique<Preparada>(sqlite3_db_handle(sentencia), sql);
-    }
-    return m_otra->libre();
 }
 
 void detalle::Preparada::enlazar(const Valor* valores, std::size_t cantidad)
@@ -124,6 +92,48 @@ void detalle::Preparada::enlazar(const Valor* valores, std::size_t cantidad)
             fallarBase(sqlite3_db_handle(sentencia));
         }
     }
+}
+
+detalle::Base::Base(const std::string& ruta, int modo)
+{
+    sqlite3* abierta = nullptr;
+    const int codigo = sqlite3_open_v2(ruta.c_str(), &abierta, modo | SQLITE_OPEN_NOMUTEX, nullptr);
+    m_base.reset(abierta);
+    if (codigo != SQLITE_OK)
+    {
+        fallarBase(abierta);
+    }
+}
+
+std::string detalle::Base::ejecutar(std::string_view sql, std::initializer_list<Valor> valores)
+{
+    Preparada preparada(m_base.get(), sql);
+    preparada.enlazar(valores.begin(), valores.size());
+    std::string valor;
+    if (preparada.paso())
+    {
+        const auto* texto = reinterpret_cast<const char*>(sqlite3_column_text(preparada.sentencia, 0));
+        valor = texto == nullptr ? "" : texto;
+        while (preparada.paso())
+        {
+        }
+    }
+    return valor;
+}
+
+detalle::Uso::Uso(Preparada& preparada, const Valor* valores, std::size_t cantidad)
+    : m_preparada(preparada)
+{
+    if (preparada.sentencia == nullptr)
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::ObjetoNoEstablecido);
+    }
+    if (preparada.enUso)
+    {
+        throw ErrorDeEjecucion(SQLITE_MISUSE, QStringLiteral("la sentencia se usa dentro de sí misma"));
+    }
+    preparada.enlazar(valores, cantidad);
+    preparada.enUso = true;
 }
 
 bool detalle::Preparada::paso()
@@ -159,9 +169,8 @@ const std::shared_ptr<const detalle::Columnas>& detalle::Preparada::columnas()
 int Sentencia::ejecutarCon(const Valor* valores, std::size_t cantidad)
 {
     const std::shared_ptr<detalle::Preparada> viva = m_preparada;
-    detalle::Preparada& preparada = viva->libre();
-    const detalle::Uso uso(preparada);
-    preparada.enlazar(valores, cantidad);
+    detalle::Preparada& preparada = *viva;
+    const detalle::Uso uso(preparada, valores, cantidad);
     while (preparada.paso())
     {
     }
@@ -173,9 +182,8 @@ bool Sentencia::recorrerCon(const Valor* valores, std::size_t cantidad,
                             const std::function<bool(const Fila&)>& visitante)
 {
     const std::shared_ptr<detalle::Preparada> viva = m_preparada;
-    detalle::Preparada& preparada = viva->libre();
-    const detalle::Uso uso(preparada);
-    preparada.enlazar(valores, cantidad);
+    detalle::Preparada& preparada = *viva;
+    const detalle::Uso uso(preparada, valores, cantidad);
     if (!preparada.paso())
     {
         return false;
@@ -193,9 +201,8 @@ bool Sentencia::recorrerCon(const Valor* valores, std::size_t cantidad,
 Recordset Sentencia::consultarCon(const Valor* valores, std::size_t cantidad)
 {
     const std::shared_ptr<detalle::Preparada> viva = m_preparada;
-    detalle::Preparada& preparada = viva->libre();
-    const detalle::Uso uso(preparada);
-    preparada.enlazar(valores, cantidad);
+    detalle::Preparada& preparada = *viva;
+    const detalle::Uso uso(preparada, valores, cantidad);
     Recordset copia;
     if (!preparada.paso())
     {
