@@ -8,9 +8,9 @@ namespace
 constexpr int largoSinVerificador = 49;
 constexpr Moneda topeDeCincoEnteros = Moneda::deDiezMilesimos(999'999'900); // 99.999,99
 
-QString sinComa(Moneda importe, QStringView patron)
+QString centavos(Moneda importe, int ancho)
 {
-    return Formato(importe, patron).remove(QLatin1Char(','));
+    return ceros(importe.enCentavos().diezMilesimos() / 100, ancho);
 }
 
 Moneda centesimaParte(Moneda importe)
@@ -21,8 +21,8 @@ Moneda centesimaParte(Moneda importe)
 /// The amounts as their fields show them, with two decimals, scaled for their seven digits.
 QString aportesEnNumero(const Boleta& boleta)
 {
-    Moneda a = Moneda::deTexto(Formato(boleta.art100, u"0.00"));
-    Moneda b = Moneda::deTexto(Formato(boleta.art101A, u"0.00"));
+    Moneda a = boleta.art100.enCentavos();
+    Moneda b = boleta.art101A.enCentavos();
     if (a > topeDeCincoEnteros)
     {
         a = centesimaParte(a);
@@ -31,13 +31,13 @@ QString aportesEnNumero(const Boleta& boleta)
     {
         b = centesimaParte(a);
     }
-    return sinComa(a, u"00000.00") + sinComa(b, u"00000.00");
+    return centavos(a, 7) + centavos(b, 7);
 }
 
 QString periodoEnNumero(const ClaveDDJJ& declaracion)
 {
-    return QString::number(declaracion.periodo.year()).mid(2, 2) + Formato(declaracion.periodo.month(), u"00") +
-           Formato(declaracion.secuencia, u"0");
+    return QString::number(declaracion.periodo.year()).mid(2, 2) + ceros(declaracion.periodo.month(), 2) +
+           ceros(declaracion.secuencia, 1);
 }
 
 int digito(const QString& texto, int posicion)
@@ -45,7 +45,9 @@ int digito(const QString& texto, int posicion)
     const int valor = posicion <= texto.size() ? texto[posicion - 1].digitValue() : -1;
     if (valor < 0)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, texto);
+        throw ErrorParaAvisar(ErrorDeEjecucion::NoCoincidenTipos,
+                              QStringLiteral("No se puede generar la Boleta: un importe es negativo.  Verifique la "
+                                             "Nómina de Empleados.  No se ha grabado ningún dato."));
     }
     return valor;
 }
@@ -71,22 +73,21 @@ int verificadorDesdeElFinal(const QString& texto)
 
 QString numeroBoleta(const Boleta& boleta)
 {
-    QString numero = QStringLiteral("1265") + sinComa(boleta.importeTotal, u"000000.00");
+    QString numero = QStringLiteral("1265") + centavos(boleta.importeTotal, 8);
     numero += QString(boleta.cuit).remove(QLatin1Char('-'));
     numero += QString::number(static_cast<int>(boleta.tipo));
     switch (boleta.tipo)
     {
     case TipoBoleta::Aportes:
-        numero += periodoEnNumero(boleta.declaracion) + aportesEnNumero(boleta) +
-                  Formato(boleta.cantidadEmpleados, u"000") + Formato(boleta.cantidadAfiliados, u"000");
+        numero += periodoEnNumero(boleta.declaracion) + aportesEnNumero(boleta) + ceros(boleta.cantidadEmpleados, 3) +
+                  ceros(boleta.cantidadAfiliados, 3);
         break;
     case TipoBoleta::Interes:
-        numero += periodoEnNumero(boleta.declaracion) + Formato(boleta.dias, u"00") + QString(18, QLatin1Char('0'));
+        numero += periodoEnNumero(boleta.declaracion) + ceros(boleta.dias, 2) + QString(18, QLatin1Char('0'));
         break;
     case TipoBoleta::Acta:
-        numero += Formato(boleta.nroActa, u"000000") + Formato(boleta.cuota, u"00") + QString::number(boleta.cuenta) +
-                  Formato(boleta.dias, u"00") + sinComa(boleta.importeActa, u"000000.00") +
-                  QString(6, QLatin1Char('0'));
+        numero += ceros(boleta.nroActa, 6) + ceros(boleta.cuota, 2) + QString::number(boleta.cuenta) +
+                  ceros(boleta.dias, 2) + centavos(boleta.importeActa, 8) + QString(6, QLatin1Char('0'));
         break;
     }
     return numero + QString::number(digitoVerificador(numero));
