@@ -16,8 +16,6 @@ public:
     ServidorFtpDePrueba(const ServidorFtpDePrueba&) = delete;
     ServidorFtpDePrueba& operator=(const ServidorFtpDePrueba&) = delete;
 
-    /// False for a server that cannot run here: the test is to be left out.
-    [[nodiscard]] bool disponible() const { return !m_direccion.isEmpty(); }
     [[nodiscard]] const QString& direccion() const { return m_direccion; } ///< host:port
     /// Ends it, so that what it has received no longer changes.
     void terminar();

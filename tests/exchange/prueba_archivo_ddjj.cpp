@@ -99,6 +99,8 @@ protected:
                                  {"Egreso", QDate(2009, 12, 31)},
                                  {"Sucursal", 1},
                                  {"Familiares", 3},
+                                 {"ART101A", "11"},
+                                 {"ART101B", "12"},
                                  {"Acuerdo", "2"}});
         ejecutar("INSERT INTO Empleados_Familiares VALUES ('20-12345678-6', 2, 'Núñez, Lucía', 1, 45678901, 1, "
                  "'2004-02-29'), ('20-99999999-9', 3, 'Otro', 1, 1, 1, '2006-01-31')");

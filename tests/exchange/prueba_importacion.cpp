@@ -286,6 +286,8 @@ TEST_F(Importacion, LoQueLosTotalesNoPodrianMostrar)
         ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + caso.asignacion + " WHERE Cuil = '1'");
         EXPECT_EQ(caso.dice, importarAfip(dos)) << caso.personas << ' ' << caso.asignacion;
     }
+    ejecutar("UPDATE DDJJ_Empleados SET Acuerdo = 9223372036854775807, ART101B = 0");
+    EXPECT_EQ("6 - Desbordamiento: línea 1, campo Imponible", importar(brivo));
 }
 
 TEST_F(Importacion, LoQuePasaEnLaBase)

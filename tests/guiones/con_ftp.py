@@ -3,8 +3,7 @@
 "--ftp HOST:PORT"; the files that arrive lie in CARPETA. The exit status is the command's. Without a command it prints
 the address, serves until its input ends, and prints each command that a client sends.
 
-Both servers keep the bytes as they came. SERVIDOR is "pyftpdlib", or "vsftpd", which needs root and is else left out
-with the exit status 77. COMO:
+Both servers, "pyftpdlib" and "vsftpd", keep the bytes as they came. COMO:
   si           all is well
   cerrado      nobody listens there
   rechaza      the password is another one
