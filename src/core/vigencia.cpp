@@ -1,7 +1,6 @@
 #include "core/vigencia.h"
 
 #include "platform/data/conexion.h"
-#include "platform/data/formato.h"
 
 void exigirDeclaracion(Conexion& conexion, const ClaveDDJJ& clave)
 {
@@ -10,7 +9,7 @@ void exigirDeclaracion(Conexion& conexion, const ClaveDDJJ& clave)
     {
         throw YaNoEsta(QStringLiteral("La Declaración Jurada %1 - %2 ya no se encuentra en la Base: fue eliminada "
                                       "desde otra ventana u otro puesto.  No se ha grabado ningún dato.")
-                           .arg(Formato(clave.periodo, u"YYYY/MM"), QString::number(clave.secuencia)));
+                           .arg(clave.periodo.toString(u"yyyy/MM"), QString::number(clave.secuencia)));
     }
 }
 

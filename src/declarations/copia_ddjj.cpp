@@ -2,7 +2,6 @@
 
 #include "core/vigencia.h"
 #include "platform/data/conexion.h"
-#include "platform/data/formato.h"
 
 std::vector<ClaveDDJJ> fuentesDeCopia(Conexion& conexion, const ClaveDDJJ& destino)
 {
@@ -45,7 +44,7 @@ void copiarNomina(Conexion& conexion, const ClaveDDJJ& destino, const ClaveDDJJ&
     {
         throw YaNoEsta(QStringLiteral("La Declaración Jurada %1 - %2 ya no tiene Empleados: fueron eliminados desde "
                                       "otra ventana u otro puesto.  No se ha grabado ningún dato.")
-                           .arg(Formato(fuente.periodo, u"YYYY/MM"), QString::number(fuente.secuencia)));
+                           .arg(fuente.periodo.toString(u"yyyy/MM"), QString::number(fuente.secuencia)));
     }
     transaccion.confirmar();
 }

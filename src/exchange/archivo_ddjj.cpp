@@ -85,7 +85,7 @@ QString dosDigitos(const QString& texto)
 {
     bool numero = false;
     const int valor = texto.toInt(&numero);
-    return numero ? Formato(valor, u"00") : texto;
+    return numero ? ceros(valor, 2) : texto;
 }
 
 int numeroDeSecuencia(const QString& texto)

@@ -2,7 +2,6 @@
 
 #include "core/vigencia.h"
 #include "platform/data/conexion.h"
-#include "platform/data/formato.h"
 
 namespace
 {
@@ -15,7 +14,7 @@ void exigirPeriodo(Conexion& conexion, const QString& cuit, QDate periodo)
     {
         throw YaNoEsta(QStringLiteral("Las Declaraciones Juradas del Periodo %1 ya no se encuentran en la Base: fueron "
                                       "eliminadas desde otra ventana u otro puesto.  No se ha eliminado ningún dato.")
-                           .arg(Formato(periodo, u"YYYY/MM")));
+                           .arg(periodo.toString(u"yyyy/MM")));
     }
 }
 } // namespace

@@ -4,7 +4,6 @@
 #include "platform/data/archivos.h"
 #include "platform/data/candado.h"
 #include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
 #include "platform/data/sistema.h"
 
 #include <QDir>
@@ -110,7 +109,7 @@ void anotarCopia(Conexion& conexion, const QString& destino, const QDateTime& cu
 
 QString carpetaDeCopia(const QString& programa, const QDateTime& cuando)
 {
-    const QString nombre = Formato(cuando.date(), u"YYYYMMDD") + QLatin1Char('_') + Formato(cuando.time(), u"HHMM");
+    const QString nombre = cuando.date().toString(u"yyyyMMdd") + QLatin1Char('_') + cuando.time().toString(u"HHmm");
     return programa + QDir::separator() + QStringLiteral("Copias") + QDir::separator() + nombre;
 }
 

@@ -7,7 +7,7 @@ namespace
 {
 QString fecha(QDate una)
 {
-    return Formato(una, u"DD/MM/YYYY");
+    return una.toString(u"dd/MM/yyyy");
 }
 
 QString nombreDeSexo(std::optional<int> sexo)
@@ -39,8 +39,8 @@ std::vector<CampoMostrado> camposDe(Conexion& conexion, const QString& cuit, con
         {QStringLiteral("Jornada Mensual Laboral"), QString::number(e.qHoras)},
         {QStringLiteral("Fecha de Egreso"), fecha(e.egreso)},
         {QStringLiteral("Sucursal"), sucursal},
-        {QStringLiteral("Total de Haberes"), Formato(e.imponible, u"0.00")},
-        {QStringLiteral("Acuerdo Colectivo Vigente"), Formato(e.acuerdo, u"0.00")},
+        {QStringLiteral("Total de Haberes"), sinMiles(e.imponible)},
+        {QStringLiteral("Acuerdo Colectivo Vigente"), sinMiles(e.acuerdo)},
         {QStringLiteral("Turismo y Rec."), e.afiliado ? QStringLiteral("Sí") : QStringLiteral("No")},
     };
 }

@@ -57,7 +57,7 @@ Moneda importeTecleado(const QString& texto)
 /// A contribution as its field shows it, with two decimals.
 Moneda importeMostrado(float valor)
 {
-    return Moneda::deTexto(Formato(valor, u"0.00"));
+    return Moneda::enCentavos(valor);
 }
 
 std::optional<FaltaEnEmpleado> faltaJornada(const EntradaEmpleado& entrada)

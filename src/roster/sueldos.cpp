@@ -24,7 +24,7 @@ Moneda sueldoMostrado(const Fila& fila)
 
 Moneda acuerdoMostrado(const Fila& fila)
 {
-    return Moneda::deFlotante(double{flotante(fila.moneda("Acuerdo") + fila.moneda("Acuerdo2"))}).redondeada(2);
+    return Moneda::deFlotante(flotante(fila.moneda("Acuerdo") + fila.moneda("Acuerdo2"))).redondeada(2);
 }
 
 /// A row as the database has it.
@@ -103,8 +103,7 @@ void agregarCambios(Cambios& cambios, const FilaSueldo& leida, const Guardada& g
     {
         if (antes != ahora)
         {
-            cambios.push_back(
-                {leida.ayn + QStringLiteral(", ") + campo, Formato(antes, u"#,##0.00"), Formato(ahora, u"#,##0.00")});
+            cambios.push_back({leida.ayn + QStringLiteral(", ") + campo, conMiles(antes), conMiles(ahora)});
         }
     };
     comparar(QStringLiteral("Sueldo"), leida.sueldo, guardada.sueldo);

@@ -1,7 +1,6 @@
 #include "slips/datos_boleta.h"
 
 #include "platform/data/conexion.h"
-#include "platform/data/formato.h"
 #include "slips/numero_boleta.h"
 
 namespace
@@ -9,7 +8,7 @@ namespace
 void agregarPeriodo(ValoresDeInforme& valores, const Boleta& boleta, const QString& tipoPago)
 {
     valores.push_back({QStringLiteral("TipoPago"), tipoPago});
-    valores.push_back({QStringLiteral("Periodo"), Formato(boleta.declaracion.periodo, u"YYYY/MM")});
+    valores.push_back({QStringLiteral("Periodo"), boleta.declaracion.periodo.toString(u"yyyy/MM")});
     valores.push_back({QStringLiteral("Secuencia"), qint64{boleta.declaracion.secuencia}});
 }
 

@@ -40,7 +40,7 @@ void exigirNomina(Conexion& conexion, const ClaveDDJJ& clave)
     {
         throw YaNoEsta(QStringLiteral("La Nómina de Empleados de la Declaración Jurada %1 - %2 ya no se encuentra en "
                                       "la Base: fue eliminada desde otra ventana u otro puesto.")
-                           .arg(Formato(clave.periodo, u"YYYY/MM"), QString::number(clave.secuencia)));
+                           .arg(clave.periodo.toString(u"yyyy/MM"), QString::number(clave.secuencia)));
     }
 }
 

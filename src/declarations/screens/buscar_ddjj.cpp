@@ -3,7 +3,6 @@
 #include "core/rutinas.h"
 #include "declarations/copia_ddjj.h"
 #include "exchange/informe_ddjj.h"
-#include "platform/data/formato.h"
 #include "platform/screens/estilo.h"
 #include "platform/screens/grilla.h"
 #include "platform/screens/mensajes.h"
@@ -46,7 +45,7 @@ void BuscarDDJJ::cargar()
 {
     ui->txtEmpresa->setText(Rutinas::EmpresaActual);
     ui->txtCuit->setText(Rutinas::CuitActual);
-    ui->txtPeriodo_0->setText(Formato(Rutinas::PeriodoActual, u"YYYY/MM"));
+    ui->txtPeriodo_0->setText(Rutinas::PeriodoActual.toString(u"yyyy/MM"));
     ui->txtSecuencia_0->setText(QString::number(Rutinas::SecuenciaActual));
     llenarLista();
     mostrarAdvertencia();
@@ -63,7 +62,7 @@ void BuscarDDJJ::llenarLista()
     std::vector<std::vector<QVariant>> filas;
     for (const ClaveDDJJ& fuente : m_fuentes)
     {
-        filas.push_back({Formato(fuente.periodo, u"YYYY/MM"), qlonglong{fuente.secuencia}});
+        filas.push_back({fuente.periodo.toString(u"yyyy/MM"), qlonglong{fuente.secuencia}});
     }
     ui->vsDDJJ->cargar(std::move(filas));
 }
@@ -83,7 +82,7 @@ void BuscarDDJJ::elegirFila(int fila)
     ui->vsDDJJ->pintarTodo(Grilla::blanco);
     ui->vsDDJJ->pintarFila(fila, Grilla::amarillo);
     m_fuente = m_fuentes.at(static_cast<std::size_t>(fila) - 1);
-    ui->txtPeriodo_1->setText(Formato(m_fuente->periodo, u"YYYY/MM"));
+    ui->txtPeriodo_1->setText(m_fuente->periodo.toString(u"yyyy/MM"));
     ui->txtSecuencia_1->setText(QString::number(m_fuente->secuencia));
 }
 

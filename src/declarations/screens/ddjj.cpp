@@ -17,7 +17,6 @@
 
 namespace
 {
-constexpr auto patronImporte = u"$ #,##0.00";
 } // namespace
 
 DDJJ::DDJJ(QWidget* padre)
@@ -296,7 +295,7 @@ void DDJJ::CargarDeclaraciones()
     std::vector<std::vector<QVariant>> filas;
     for (const ClaveDDJJ& una : m_declaraciones)
     {
-        filas.push_back({Formato(una.periodo, u"YYYY/MM"), QString::number(una.secuencia)});
+        filas.push_back({una.periodo.toString(u"yyyy/MM"), QString::number(una.secuencia)});
     }
     ui->vsDDJJ->cargar(std::move(filas));
     Q_EMIT Navegacion::instancia().cambioDePantalla();
@@ -341,9 +340,9 @@ void DDJJ::MostrarDDJJ()
 {
     LimpiarDatos(false);
     ui->fraPeriodo->setTitle(QStringLiteral("Periodo: %1 - %2")
-                                 .arg(Formato(clave().periodo, u"YYYY/MM"), QString::number(clave().secuencia)));
+                                 .arg(clave().periodo.toString(u"yyyy/MM"), QString::number(clave().secuencia)));
     const TotalesDDJJ totales = calcularTotales(Rutinas::Conexion, clave());
-    ui->txtFecha->setText(Formato(totales.fecha, u"DD/MM/YY"));
+    ui->txtFecha->setText(totales.fecha.toString(u"dd/MM/yy"));
     if (!totales.sumas)
     {
         return; // no roster yet
@@ -367,7 +366,7 @@ void DDJJ::mostrarSumas(const SumasDDJJ& sumas)
                                sumas.art101b,        sumas.aDepositar()};
     for (std::size_t i = 0; i < txtImporte.size(); ++i)
     {
-        txtImporte[i]->setText(Formato(importes[i], patronImporte));
+        txtImporte[i]->setText(conPesos(importes[i]));
     }
 }
 

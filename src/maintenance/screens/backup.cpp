@@ -5,7 +5,6 @@
 #include "maintenance/respaldo.h"
 #include "platform/data/directorio_programa.h"
 #include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
 #include "platform/data/reloj.h"
 #include "platform/screens/dialogos.h"
 #include "platform/screens/estilo.h"
@@ -60,8 +59,8 @@ void Backup::cargar()
         return;
     }
     ui->lblUltimo->setText(QLatin1Char('\'') + ultima.carpeta + QStringLiteral("'  -  Fecha: ") +
-                           Formato(ultima.fecha, u"DD/MM/YY") + QStringLiteral("  -  Hora: ") +
-                           Formato(ultima.hora, u"HH:MM"));
+                           ultima.fecha.toString(u"dd/MM/yy") + QStringLiteral("  -  Hora: ") +
+                           ultima.hora.toString(u"HH:mm"));
     ui->txtOrigen_1->setText(ultima.carpeta);
 }
 

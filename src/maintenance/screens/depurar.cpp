@@ -4,7 +4,6 @@
 #include "core/screens/eleccion_empresa.h"
 #include "core/vigencia.h"
 #include "maintenance/depuracion.h"
-#include "platform/data/formato.h"
 #include "platform/screens/campo_mascara.h"
 #include "platform/screens/estilo.h"
 #include "platform/screens/grilla.h"
@@ -50,7 +49,7 @@ void Depurar::CargarPeriodos()
     std::vector<std::vector<QVariant>> filas;
     for (const QDate periodo : m_periodos)
     {
-        filas.push_back({Formato(periodo, u"YYYY/MM")});
+        filas.push_back({periodo.toString(u"yyyy/MM")});
     }
     ui->vsDDJJ->cargar(std::move(filas));
     Q_EMIT Navegacion::instancia().cambioDePantalla();

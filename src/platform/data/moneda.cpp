@@ -3,15 +3,12 @@
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/numeros.h"
 
+#include <QtNumeric>
 #include <array>
 #include <cmath>
-#include <limits>
 
 namespace
 {
-constexpr std::int64_t maximo = std::numeric_limits<std::int64_t>::max();
-constexpr std::int64_t minimo = std::numeric_limits<std::int64_t>::min();
-
 [[noreturn]] void desborda()
 {
     throw ErrorDeEjecucion(ErrorDeEjecucion::Desbordamiento);
@@ -19,52 +16,48 @@ constexpr std::int64_t minimo = std::numeric_limits<std::int64_t>::min();
 
 std::int64_t sumar(std::int64_t a, std::int64_t b)
 {
-    if (b > 0 ? a > maximo - b : a < minimo - b)
+    std::int64_t suma = 0;
+    if (qAddOverflow(a, b, &suma))
     {
         desborda();
     }
-    return a + b;
+    return suma;
+}
+
+std::int64_t restar(std::int64_t a, std::int64_t b)
+{
+    std::int64_t resta = 0;
+    if (qSubOverflow(a, b, &resta))
+    {
+        desborda();
+    }
+    return resta;
 }
 
 std::int64_t multiplicar(std::int64_t a, std::int64_t b)
 {
-    if (a == 0 || b == 0)
-    {
-        return 0;
-    }
-    const bool cabe = a > 0 ? (b > 0 ? a <= maximo / b : b >= minimo / a) : (b > 0 ? a >= minimo / b : b >= maximo / a);
-    if (!cabe)
+    std::int64_t producto = 0;
+    if (qMulOverflow(a, b, &producto))
     {
         desborda();
     }
-    return a * b;
+    return producto;
 }
 
 /// One more digit at the end of a number kept below zero, where the range is larger by one.
 std::int64_t conDigito(std::int64_t negativo, char digito)
 {
-    return sumar(multiplicar(negativo, 10), -static_cast<std::int64_t>(digito - '0'));
+    return restar(multiplicar(negativo, 10), digito - '0');
 }
 
 /// Do the digits past the fourth decimal round away from zero, when the digit before them is odd or even?
 bool redondeaHaciaAfuera(const std::string& decimales, bool impar)
 {
-    if (decimales.size() <= 4 || decimales[4] < '5')
+    if (decimales.size() <= 4 || decimales[4] != '5')
     {
-        return false;
+        return decimales.size() > 4 && decimales[4] > '5';
     }
-    if (decimales[4] > '5')
-    {
-        return true;
-    }
-    for (std::size_t i = 5; i < decimales.size(); ++i)
-    {
-        if (decimales[i] != '0')
-        {
-            return true;
-        }
-    }
-    return impar;
+    return impar || decimales.find_first_not_of('0', 5) != std::string::npos;
 }
 } // namespace
 
@@ -75,7 +68,7 @@ Moneda Moneda::deEntero(std::int64_t pesos)
 
 Moneda Moneda::deTexto(const QString& texto)
 {
-    const auto digitos = detalle::desarmarTexto(texto);
+    const auto digitos = detalle::desarmar(texto);
     if (!digitos)
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos);
@@ -96,30 +89,31 @@ Moneda Moneda::deTexto(const QString& texto)
     return digitos->negativo ? Moneda(negativo) : -Moneda(negativo);
 }
 
-Moneda Moneda::deFlotante(double valor)
+Moneda Moneda::deFlotante(float valor)
 {
-    const double escalado = valor * 10000.0;
-    // The whole range as powers of two, which a double holds exactly; also false for a NaN.
-    if (!(escalado >= -0x1p63 && escalado < 0x1p63))
+    const double exacto = static_cast<double>(valor) * 10000.0; // 24 bits and 14
+    if (!(std::abs(exacto) < 0x1p63))                           // false for a NaN, too
     {
         desborda();
     }
-    const double perdido = std::fma(valor, 10000.0, -escalado); // what the product rounded away
-    double redondo = std::nearbyint(escalado);
-    const double resto = escalado - redondo;
-    // A half that nearbyint saw may have been one only after the product was rounded.
-    if (resto == 0.5 && perdido > 0)
+    return Moneda(static_cast<std::int64_t>(std::nearbyint(exacto)));
+}
+
+Moneda Moneda::enCentavos(float valor)
+{
+    const double exacto = static_cast<double>(valor) * 100.0; // 24 bits and 7
+    if (!(std::abs(exacto) * 100.0 < 0x1p63))
     {
-        redondo += 1;
+        desborda();
     }
-    else if (resto == -0.5 && perdido < 0)
-    {
-        redondo -= 1;
-    }
-    // From 2^53 on a double holds even numbers only, and the rest lies in what was lost.
-    const bool grande = std::abs(escalado) >= 0x1p53;
-    return Moneda(
-        sumar(static_cast<std::int64_t>(redondo), grande ? static_cast<std::int64_t>(std::nearbyint(perdido)) : 0));
+    return Moneda(static_cast<std::int64_t>(std::round(exacto)) * 100);
+}
+
+Moneda Moneda::enCentavos() const
+{
+    const std::int64_t resto = m_valor % 100;
+    const std::int64_t sobra = resto >= 50 ? 100 : resto <= -50 ? -100 : 0;
+    return Moneda(sumar(m_valor - resto, sobra));
 }
 
 Moneda Moneda::redondeada(int decimales) const
@@ -164,24 +158,12 @@ Moneda operator+(Moneda a, Moneda b)
 
 Moneda operator-(Moneda a, Moneda b)
 {
-    if (b.m_valor == minimo)
-    {
-        if (a.m_valor >= 0)
-        {
-            desborda();
-        }
-        return Moneda(a.m_valor - b.m_valor);
-    }
-    return Moneda(sumar(a.m_valor, -b.m_valor));
+    return Moneda(restar(a.m_valor, b.m_valor));
 }
 
 Moneda Moneda::operator-() const
 {
-    if (m_valor == minimo)
-    {
-        desborda();
-    }
-    return Moneda(-m_valor);
+    return Moneda(restar(0, m_valor));
 }
 
 Moneda operator*(Moneda a, std::int64_t veces)

@@ -62,7 +62,7 @@ Moneda Moneda::deSimple(float valor)
     {
         return Moneda(std::signbit(valor) ? -deGrande(magnitud) : deGrande(magnitud));
     }
-    // Decimals of the text: seven digits less those before the mark. A float times a power of ten up to 10^12 is exact
+    // Decimals: seven digits less those before the mark. A float times a power of ten up to 10^12 is exact
     // in a double; below a hundred-thousandth nothing is left.
     int decimales = 6;
     for (double desde = 10; magnitud >= desde && decimales > 0; desde *= 10)

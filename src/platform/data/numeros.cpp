@@ -1,9 +1,7 @@
 #include "platform/data/numeros.h"
 
-#include <QString>
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 
 namespace
 {
@@ -54,23 +52,19 @@ bool tomarGrupos(QStringView& texto, std::string& enteros)
     }
     return true;
 }
+} // namespace
 
-void quitarCerosDelante(std::string& digitos)
-{
-    digitos.erase(0, std::min(digitos.find_first_not_of('0'), digitos.size()));
-}
-
-std::optional<detalle::Digitos> desarmar(QStringView texto, bool conGrupos, QStringView marcas)
+std::optional<detalle::Digitos> detalle::desarmar(QStringView texto)
 {
     texto = texto.trimmed();
-    detalle::Digitos digitos;
+    Digitos digitos;
     digitos.negativo = tomarSigno(texto);
     tomarDigitos(texto, digitos.enteros);
-    if (conGrupos && !tomarGrupos(texto, digitos.enteros))
+    if (!tomarGrupos(texto, digitos.enteros))
     {
         return std::nullopt;
     }
-    if (!texto.isEmpty() && marcas.contains(texto.front()))
+    if (texto.startsWith(u','))
     {
         texto = texto.sliced(1);
         tomarDigitos(texto, digitos.decimales);
@@ -79,54 +73,8 @@ std::optional<detalle::Digitos> desarmar(QStringView texto, bool conGrupos, QStr
     {
         return std::nullopt;
     }
-    quitarCerosDelante(digitos.enteros);
+    digitos.enteros.erase(0, std::min(digitos.enteros.find_first_not_of('0'), digitos.enteros.size()));
     return digitos;
-}
-} // namespace
-
-std::optional<detalle::Digitos> detalle::desarmarTecleado(QStringView texto)
-{
-    return desarmar(texto, true, u",");
-}
-
-std::optional<detalle::Digitos> detalle::desarmarTexto(QStringView texto)
-{
-    const qsizetype e = texto.indexOf(u'E');
-    auto digitos = desarmarTecleado(e < 0 ? texto : texto.first(e));
-    if (e < 0 || !digitos)
-    {
-        return digitos;
-    }
-    bool esNumero = false;
-    const int exponente = texto.sliced(e + 1).trimmed().toInt(&esNumero);
-    constexpr int limite = 60; // past what a float's text can hold
-    if (!esNumero || exponente < -limite || exponente > limite)
-    {
-        return std::nullopt;
-    }
-    const auto cifras = static_cast<std::size_t>(std::abs(exponente));
-    std::string& enteros = digitos->enteros;
-    std::string& decimales = digitos->decimales;
-    if (exponente > 0)
-    {
-        decimales.resize(std::max(decimales.size(), cifras), '0');
-        enteros += decimales.substr(0, cifras);
-        decimales.erase(0, cifras);
-        quitarCerosDelante(enteros);
-    }
-    else
-    {
-        enteros.insert(0, cifras, '0');
-        decimales.insert(0, enteros, enteros.size() - cifras, cifras);
-        enteros.resize(enteros.size() - cifras);
-        quitarCerosDelante(enteros);
-    }
-    return digitos;
-}
-
-std::optional<detalle::Digitos> detalle::desarmarDeArchivo(QStringView texto)
-{
-    return desarmar(texto, false, u".,");
 }
 
 std::optional<float> detalle::aFlotante(const Digitos& digitos)

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-/// What money, formats and typed numbers share: a number's text taken apart into its digits.
+/// What money and typed numbers share: a number's text taken apart into its digits.
 namespace detalle
 {
 struct Digitos
@@ -16,11 +16,7 @@ struct Digitos
 
 /// A number as a person types it: outer blanks, a sign, digits or well-formed groups of thousands ("1.234.567"), and a
 /// decimal comma. Nothing when the text is anything else, or has no digit.
-[[nodiscard]] std::optional<Digitos> desarmarTecleado(QStringView texto);
-/// The same for what TextoSimple gives, which may end in a power of ten ("1,234568E+07").
-[[nodiscard]] std::optional<Digitos> desarmarTexto(QStringView texto);
-/// The same for a file's number: no groups, and one "." or "," as the decimal mark.
-[[nodiscard]] std::optional<Digitos> desarmarDeArchivo(QStringView texto);
+[[nodiscard]] std::optional<Digitos> desarmar(QStringView texto);
 /// The nearest 32-bit float; nothing when it does not fit.
 [[nodiscard]] std::optional<float> aFlotante(const Digitos& digitos);
 } // namespace detalle

@@ -5,7 +5,6 @@
 
 namespace
 {
-constexpr QStringView patronImporte = u"#,##0.00";
 
 std::optional<Moneda> leerImporte(const QString& texto)
 {
@@ -64,7 +63,7 @@ LecturaDeCelda leerEntero(const ColumnaDeGrilla& columna, const QString& texto)
     }
     if (columna.maximo != 0 && (!bien || numero > columna.maximo))
     {
-        return {{}, QStringLiteral("El valor máximo es %1.").arg(Formato(columna.maximo, u"#,##0"))};
+        return {{}, QStringLiteral("El valor máximo es %1.").arg(conMiles(columna.maximo))};
     }
     return {numero, {}};
 }
@@ -79,7 +78,7 @@ LecturaDeCelda leerDecimal(const ColumnaDeGrilla& columna, const QString& texto)
     const Moneda maximo = Moneda::deDiezMilesimos(columna.maximo * 10000 + 9900);
     if (columna.maximo != 0 && *importe > maximo)
     {
-        return {{}, QStringLiteral("El valor máximo es %1.").arg(Formato(maximo, patronImporte))};
+        return {{}, QStringLiteral("El valor máximo es %1.").arg(conMiles(maximo))};
     }
     return {QVariant::fromValue(*importe), {}};
 }
@@ -115,11 +114,11 @@ QString textoDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor)
     }
     if (valor.metaType() == QMetaType::fromType<Moneda>())
     {
-        return Formato(valor.value<Moneda>(), patronImporte);
+        return conMiles(valor.value<Moneda>());
     }
     if (valor.typeId() == QMetaType::QDate)
     {
-        return Formato(valor.toDate(), u"DD/MM/YYYY");
+        return valor.toDate().toString(u"dd/MM/yyyy");
     }
     return valor.toString();
 }
@@ -128,7 +127,7 @@ QString textoParaEditar(const ColumnaDeGrilla& columna, const QVariant& valor)
 {
     if (valor.metaType() == QMetaType::fromType<Moneda>())
     {
-        return Formato(valor.value<Moneda>(), u"0.00");
+        return sinMiles(valor.value<Moneda>());
     }
     return textoDeCelda(columna, valor);
 }

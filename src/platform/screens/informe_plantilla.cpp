@@ -232,9 +232,9 @@ std::string celda(const Fila& fila, const char* columna, Clase clase)
     switch (clase)
     {
     case Clase::Importe:
-        return Formato(fila.moneda(columna), u"#,##0.00").toStdString();
+        return conMiles(fila.moneda(columna)).toStdString();
     case Clase::Fecha:
-        return Formato(fila.fecha(columna), u"DD/MM/YYYY").toStdString();
+        return fila.fecha(columna).toString(u"dd/MM/yyyy").toStdString();
     case Clase::Condicion:
         return fila.entero(columna) != 0 ? "1" : std::string();
     case Clase::Texto:
@@ -364,8 +364,8 @@ QString textoDeValor(const ValorDeInforme& valor)
     {
         QString operator()(const QString& texto) const { return recortado(texto); }
         QString operator()(qint64 numero) const { return QString::number(numero); }
-        QString operator()(Moneda importe) const { return Formato(importe, u"#,##0.00"); }
-        QString operator()(QDate fecha) const { return Formato(fecha, u"DD/MM/YYYY"); }
+        QString operator()(Moneda importe) const { return conMiles(importe); }
+        QString operator()(QDate fecha) const { return fecha.toString(u"dd/MM/yyyy"); }
     };
     return std::visit(Textos(), valor.valor);
 }

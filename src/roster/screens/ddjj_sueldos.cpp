@@ -3,7 +3,6 @@
 #include "companies/screens/preguntar_cambios.h"
 #include "core/rutinas.h"
 #include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
 #include "platform/screens/estilo.h"
 #include "platform/screens/grilla.h"
 #include "platform/screens/mensajes.h"
@@ -54,7 +53,7 @@ void DDJJ_Sueldos::cargar()
     exigirDeclaracion(Rutinas::Conexion, m_clave); // else the screen is not shown
     ui->txtCuit->setText(m_clave.cuit);
     ui->txtRazonSocial->setText(Rutinas::EmpresaActual);
-    ui->txtPeriodo->setText(Formato(m_clave.periodo, u"YYYY/MM"));
+    ui->txtPeriodo->setText(m_clave.periodo.toString(u"yyyy/MM"));
     ui->txtSecuencia->setText(QString::number(m_clave.secuencia));
     CargarSueldos();
 }

@@ -2,7 +2,6 @@
 
 #include "companies/catalogos.h"
 #include "core/rutinas.h"
-#include "platform/data/formato.h"
 #include "platform/screens/estilo.h"
 #include "ui_empleados.h"
 
@@ -154,7 +153,7 @@ void Empleados::cargar()
     ui->txtCuit->setText(m_clave.cuit);
     ui->txtRazonSocial->setText(Rutinas::EmpresaActual);
     ui->txtRazonSocial->setCursorPosition(0);
-    ui->txtPeriodo->setText(Formato(m_clave.periodo, u"YYYY/MM"));
+    ui->txtPeriodo->setText(m_clave.periodo.toString(u"yyyy/MM"));
     ui->txtSecuencia->setText(QString::number(m_clave.secuencia));
     cargarCatalogos();
     HabilitarEdicion(false);

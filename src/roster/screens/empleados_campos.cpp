@@ -84,7 +84,7 @@ bool Empleados::txtImporte_Validate(int indice)
     const bool vale = campo->text().isEmpty() || Rutinas::VerificarNumero(campo->text());
     if (vale && !campo->text().isEmpty())
     {
-        ponerEntero(campo, Formato(Moneda::deTexto(campo->text()), u"0.00"));
+        ponerEntero(campo, sinMiles(Moneda::deTexto(campo->text())));
     }
     CalcularAportes();
     return vale;
@@ -143,10 +143,10 @@ void Empleados::CalcularAportes()
 
 void Empleados::mostrarAportes(const Aportes& aportes)
 {
-    ui->lblRemTotal->setText(Formato(aportes.total, u"0.00"));
-    ponerEntero(txtImporte[3], Formato(aportes.art100, u"0.00"));
-    ponerEntero(txtImporte[4], Formato(aportes.art101A, u"0.00"));
-    ponerEntero(txtImporte[5], Formato(aportes.art101B, u"0.00"));
+    ui->lblRemTotal->setText(sinMiles(aportes.total));
+    ponerEntero(txtImporte[3], sinMiles(aportes.art100));
+    ponerEntero(txtImporte[4], sinMiles(aportes.art101A));
+    ponerEntero(txtImporte[5], sinMiles(aportes.art101B));
 }
 
 bool Empleados::GrabarEmpleado()

@@ -20,7 +20,7 @@ void elegir(QComboBox* lista, const std::optional<QString>& nombre)
 
 QString dosDecimales(Moneda importe)
 {
-    return Formato(importe, u"0.00");
+    return sinMiles(importe);
 }
 } // namespace
 

@@ -23,8 +23,6 @@ namespace
 {
 constexpr int sinLimite = 32767;
 constexpr int largoDeImporte = 10;
-constexpr QStringView conSigno = u"$ #,##0.00";
-constexpr QStringView sinSigno = u"#,##0.00";
 
 /// Shows an amount with its mask: longer than what may be typed.
 void mostrarImporte(QLineEdit* campo, const QString& texto)
@@ -334,11 +332,11 @@ void Boletas::CalcularAportes()
             Caja::Informacion);
         ui->cmdBoletas->setEnabled(false);
     }
-    ui->txtArt100->setText(Formato(m_aportes.art100, sinSigno));
-    ui->txtArt101A->setText(Formato(m_aportes.art101A, sinSigno));
-    ui->txtArt101B->setText(Formato(m_aportes.art101B, sinSigno));
+    ui->txtArt100->setText(conMiles(m_aportes.art100));
+    ui->txtArt101A->setText(conMiles(m_aportes.art101A));
+    ui->txtArt101B->setText(conMiles(m_aportes.art101B));
     ImporteTotal = m_aportes.subTotal() + InteresBoleta[0];
-    txtTotal[0]->setText(Formato(ImporteTotal, sinSigno));
+    txtTotal[0]->setText(conMiles(ImporteTotal));
 }
 
 void Boletas::CalcularTotal()
@@ -347,12 +345,12 @@ void Boletas::CalcularTotal()
     {
         const bool aportes = ui->cmbConcepto->currentIndex() == 0;
         ImporteTotal = aportes ? m_aportes.subTotal() + InteresBoleta[0] : InteresBoleta[1];
-        txtTotal[aportes ? 0 : 1]->setText(Formato(ImporteTotal, conSigno));
+        txtTotal[aportes ? 0 : 1]->setText(conPesos(ImporteTotal));
     }
     else if (ModoAbrir == 2)
     {
         ImporteTotal = ImporteActa + InteresBoleta[2];
-        txtTotal[2]->setText(Formato(ImporteTotal, conSigno));
+        txtTotal[2]->setText(conPesos(ImporteTotal));
     }
 }
 
@@ -367,7 +365,7 @@ void Boletas::CargarActas()
         std::vector<std::vector<QVariant>> filas;
         for (const PagoDeActa& pago : listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), fondo()))
         {
-            filas.push_back({Formato(pago.fecha, u"DD/MM/YY"), pago.nroActa, pago.cuota,
+            filas.push_back({pago.fecha.toString(u"dd/MM/yy"), pago.nroActa, pago.cuota,
                              QVariant::fromValue(pago.importe), pago.pago});
         }
         ui->vsActas->cargar(std::move(filas));
@@ -454,7 +452,7 @@ bool Boletas::txtInteres_Validate(int indice)
     {
         return false;
     }
-    mostrarImporte(txtInteres[i], InteresBoleta[i] == Moneda() ? QString() : Formato(InteresBoleta[i], conSigno));
+    mostrarImporte(txtInteres[i], InteresBoleta[i] == Moneda() ? QString() : conPesos(InteresBoleta[i]));
     return true;
 }
 
@@ -464,7 +462,7 @@ bool Boletas::txtImporte_Validate()
     {
         return false;
     }
-    mostrarImporte(ui->txtImporte, Formato(ImporteActa, conSigno));
+    mostrarImporte(ui->txtImporte, conPesos(ImporteActa));
     return true;
 }
 
