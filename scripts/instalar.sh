@@ -8,6 +8,7 @@ paquetes_de_construccion=(
   libsqlite3-dev libkainjow-mustache-dev libcurl4-openssl-dev libboost-dev
   libgtest-dev libgmock-dev fonts-dejavu-core
 )
+paquetes_de_revision=(clang-format clang-tidy)
 paquetes_de_prueba=(python3-pyftpdlib vsftpd zbar-tools zint poppler-utils imagemagick)
 
 instalar() {

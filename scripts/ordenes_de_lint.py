@@ -1,0 +1,31 @@
+#!/usr/bin/env python3
+"""Writes the compile commands of a build so that clang can read them: it takes no precompiled header of g++, so each
+command includes the header's text instead. Prints the sources. Arguments: the build folder, the folder to write into."""
+import json
+import pathlib
+import re
+import sys
+
+
+def main() -> None:
+    construccion, destino = (pathlib.Path(argumento).resolve() for argumento in sys.argv[1:3])
+    destino.mkdir(parents=True, exist_ok=True)
+
+    def texto(hallado: re.Match[str]) -> str:
+        cabecera = pathlib.Path(hallado.group(0))
+        copia = destino / (cabecera.parent.name + ".hxx")
+        copia.write_text(cabecera.read_text(encoding="utf-8"), encoding="utf-8")
+        return str(copia)
+
+    ordenes = []
+    for orden in json.loads((construccion / "compile_commands.json").read_text(encoding="utf-8")):
+        if orden["file"].endswith(".cpp") and "_autogen" not in orden["file"]:
+            linea = re.sub(r"/\S+/cmake_pch\.hxx(?!\.)", texto, orden["command"])
+            orden["command"] = re.sub(r" -(fpch-preprocess|Winvalid-pch)\b", "", linea)
+            ordenes.append(orden)
+            print(orden["file"])
+    (destino / "compile_commands.json").write_text(json.dumps(ordenes, indent=0), encoding="utf-8")
+
+
+if __name__ == "__main__":
+    main()
