@@ -13,13 +13,14 @@ public:
     explicit YaNoEsta(const QString& descripcion)
         : ErrorParaAvisar(int{SinRegistro}, descripcion)
     {
-        ++m_veces;
     }
-    /// How often it was found out since the start. A screen that opens another one compares, so as not to tell again
-    /// what was told there.
+    /// How often it was found out since the start that a declaration or a company is gone. A screen that opens another
+    /// one compares, so as not to tell again what was told there.
     [[nodiscard]] static int veces() { return m_veces; }
 
 private:
+    friend void exigirDeclaracion(Conexion& conexion, const ClaveDDJJ& clave);
+    friend void exigirEmpresa(Conexion& conexion, const QString& cuit);
     inline static int m_veces = 0;
 };
 

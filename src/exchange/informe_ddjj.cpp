@@ -97,8 +97,12 @@ bool hayNomina(Conexion& conexion, const ClaveDDJJ& clave)
 
 void crearPreparacion(Conexion& conexion)
 {
-    QString tabla =
-        conexion.consultar("SELECT sql FROM main.sqlite_schema WHERE name = 'RptEmpleados'").primera().texto("sql");
+    (void)conexion.preparar("SELECT * FROM main.RptEmpleados"); // a base without the table is told as one
+    QString tabla = conexion
+                        .consultar("SELECT sql FROM main.sqlite_schema WHERE type = 'table' "
+                                   "AND name = 'RptEmpleados' COLLATE NOCASE")
+                        .primera()
+                        .texto("sql");
     constexpr QLatin1String crear("CREATE TABLE");
     conexion.ejecutar("PRAGMA temp_store = MEMORY");
     conexion.ejecutar(tabla.replace(0, crear.size(), QStringLiteral("CREATE TEMP TABLE")).toStdString());

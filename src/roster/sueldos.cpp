@@ -22,9 +22,15 @@ Moneda sueldoMostrado(const Fila& fila)
     return fila.moneda("Imponible").redondeada(2);
 }
 
+/// An agreement sum as the grid shows it: through a 32-bit float.
+Moneda acuerdoMostrado(Moneda guardado)
+{
+    return Moneda::deFlotante(flotante(guardado)).redondeada(2);
+}
+
 Moneda acuerdoMostrado(const Fila& fila)
 {
-    return Moneda::deFlotante(flotante(fila.moneda("Acuerdo") + fila.moneda("Acuerdo2"))).redondeada(2);
+    return acuerdoMostrado(fila.moneda("Acuerdo") + fila.moneda("Acuerdo2"));
 }
 
 /// A row as the database has it.
@@ -107,7 +113,8 @@ void agregarCambios(Cambios& cambios, const FilaSueldo& leida, const Guardada& g
         }
     };
     comparar(QStringLiteral("Sueldo"), leida.sueldo, guardada.sueldo);
-    comparar(QStringLiteral("Acuerdo"), leida.acuerdo, guardada.acuerdo);
+    // What was saved last stands in the grid as it was written: both sides are compared as a reading shows them.
+    comparar(QStringLiteral("Acuerdo"), acuerdoMostrado(leida.acuerdo), guardada.acuerdo);
 }
 } // namespace
 

@@ -135,12 +135,12 @@ void Empresas::MostrarEmpresa()
         LimpiarEmpresa();
         return;
     }
-    llenarCampos(leida->empresa);
-    ui->cmbProvincia->setCurrentIndex(ui->cmbProvincia->findText(leida->empresa.nombreProvincia));
+    m_leida = std::move(leida);
+    llenarCampos(m_leida->empresa);
+    ui->cmbProvincia->setCurrentIndex(ui->cmbProvincia->findText(m_leida->empresa.nombreProvincia));
+    mostrarGrillas(*m_leida);
     ui->txtNomRubro->clear();
     BuscarNombreRubro();
-    mostrarGrillas(*leida);
-    m_leida = std::move(leida);
     Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 

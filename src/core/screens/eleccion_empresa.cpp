@@ -30,7 +30,7 @@ EleccionEmpresa::EleccionEmpresa(CampoMascara* maskCuit, QComboBox* cmbEmpresa, 
     Validacion::instancia().alDejar(m_maskCuit,
                                     [this]
                                     {
-                                        bool puede = true;
+                                        bool puede = false; // a check that could not be made is not passed
                                         protegido([&] { puede = MaskCuit_Validate(); });
                                         return puede;
                                     });

@@ -14,15 +14,36 @@
 namespace
 {
 /// What the user must do when the database that was brought back is an older one: each start upgrades it by one
-/// version.
+/// version. Nothing when the base could not be opened again or read, which is told by who opens it.
 QString avisoDeVersion()
 {
-    const QString version = Rutinas::Conexion.consultar("SELECT Version FROM Parametros").primera().texto("Version");
-    return version < QLatin1String("2.0")
+    QString version;
+    try
+    {
+        version = Rutinas::Conexion.consultar("SELECT Version FROM Parametros").primera().texto("Version");
+    }
+    catch (const ErrorDeEjecucion&)
+    {
+        return {};
+    }
+    return !version.isEmpty() && version < QLatin1String("2.0")
                ? QStringLiteral("\n\nLa que se restauró es de la versión %1: cierre y vuelva a abrir el programa para "
                                 "actualizarla.")
                      .arg(version)
                : QString();
+}
+
+/// A copy that was made with the damage of its origin is kept, and told.
+void avisarDano(const QString& dano)
+{
+    if (!dano.isEmpty())
+    {
+        MsgBox(QStringLiteral(
+                   "La copia tiene el daño de la Base de Datos: %1.\n\nNo borre las copias anteriores y avise a "
+                   "quien da soporte.")
+                   .arg(dano),
+               Caja::Exclamacion);
+    }
 }
 } // namespace
 
@@ -122,19 +143,13 @@ void Backup::contarResguardo(const std::optional<ErrorDeEjecucion>& falla, const
     catch (const ErrorDeEjecucion& error)
     {
         informarFalla(error);
+        avisarDano(dano); // the copy stands, noted or not
         return;
     }
     MsgBox(QStringLiteral("Se ha realizado una Copia de la Base de Datos en la Ubicación: '") +
                ui->txtDestino_0->text() + QLatin1Char('\''),
            Caja::Informacion);
-    if (!dano.isEmpty())
-    {
-        MsgBox(QStringLiteral(
-                   "La copia tiene el daño de la Base de Datos: %1.\n\nNo borre las copias anteriores y avise a "
-                   "quien da soporte.")
-                   .arg(dano),
-               Caja::Exclamacion);
-    }
+    avisarDano(dano);
     cerrar();
 }
 

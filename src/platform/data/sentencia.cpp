@@ -52,7 +52,11 @@ int detalle::Columnas::buscar(const char* nombre) const
             return static_cast<int>(i);
         }
     }
-    throw ErrorDeEjecucion(ErrorDeEjecucion::ColumnaDesconocida, QString::fromUtf8(nombre));
+    // A statement that asks for all columns of an older base.
+    throw ErrorParaAvisar(ErrorDeEjecucion::ColumnaDesconocida,
+                          QStringLiteral("A la base de datos le falta la columna '%1'.  Si es de una versión anterior, "
+                                         "cierre y vuelva a abrir el programa para actualizarla.")
+                              .arg(QString::fromUtf8(nombre)));
 }
 
 detalle::Preparada::Preparada(sqlite3* base, std::string_view texto)

@@ -66,7 +66,7 @@ protected:
         Validacion::instancia().alDejar(campo,
                                         [this, puedeDejar]
                                         {
-                                            bool puede = true;
+                                            bool puede = false; // a check that could not be made is not passed
                                             protegido(
                                                 [&]
                                                 {

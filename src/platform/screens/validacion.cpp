@@ -365,8 +365,13 @@ void Validacion::alPerderFoco(QWidget* campo, Qt::FocusReason motivo)
 
 void Validacion::chequearTarde(QWidget* campo)
 {
-    if (campos::tieneElFoco(campo) || hayCajaAbierta() || TrabajoLargo::enCurso())
+    if (campos::tieneElFoco(campo) || hayCajaAbierta())
     {
+        return;
+    }
+    if (TrabajoLargo::enCurso()) // a wait for another desk: asked when the user goes on
+    {
+        m_pospuesto = campo;
         return;
     }
     const QPointer<QWidget> vivo = campo;

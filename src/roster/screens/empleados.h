@@ -43,7 +43,7 @@ private:
     void CargarEmpleado(AccionEmpleado Accion);
     void mostrar(const Empleado& empleado);
     void mostrarSucursal(const std::optional<QString>& texto);
-    [[nodiscard]] std::vector<FilaFamiliar> cargarFamilia();
+    void mostrarFamilia(const std::vector<FilaFamiliar>& familia);
     void HabilitarEdicion(bool Estado);
     void LimpiarEmpleado();
 

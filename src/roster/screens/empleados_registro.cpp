@@ -58,6 +58,8 @@ void Empleados::CargarEmpleado(AccionEmpleado Accion)
 
 void Empleados::mostrar(const Empleado& empleado)
 {
+    // All that is shown is read first: a reading that fails leaves the record that was on the screen.
+    m_leido = EmpleadoLeido{empleado, cargarFamiliares(Rutinas::Conexion, empleado.cuil)};
     for (std::size_t i = 0; i < MaskCuil.size(); ++i)
     {
         MaskCuil[i]->setText(empleado.cuil);
@@ -91,7 +93,7 @@ void Empleados::mostrar(const Empleado& empleado)
     ponerEntero(txtImporte[5], dosDecimales(empleado.art101B));
     mostrarSucursal(SucursalActual == 0 ? QString()
                                         : textoSucursal(Rutinas::Conexion, SucursalActual, ui->txtCuit->text()));
-    m_leido = EmpleadoLeido{empleado, cargarFamilia()};
+    mostrarFamilia(m_leido->familia);
 }
 
 void Empleados::mostrarSucursal(const std::optional<QString>& texto)
@@ -104,17 +106,15 @@ void Empleados::mostrarSucursal(const std::optional<QString>& texto)
     ui->txtSucursal->setCursorPosition(0);
 }
 
-std::vector<FilaFamiliar> Empleados::cargarFamilia()
+void Empleados::mostrarFamilia(const std::vector<FilaFamiliar>& familia)
 {
-    std::vector<FilaFamiliar> leidos = cargarFamiliares(Rutinas::Conexion, MaskCuil[0]->text());
     std::vector<std::vector<QVariant>> filas;
-    for (const FilaFamiliar& uno : leidos)
+    for (const FilaFamiliar& uno : familia)
     {
         filas.push_back(
             {uno.familiar, uno.tipoDoc, uno.nroDoc ? QVariant(*uno.nroDoc) : QVariant(), uno.ayn, uno.sexo, uno.nacio});
     }
     ui->vsFamiliares->cargar(std::move(filas));
-    return leidos;
 }
 
 void Empleados::LimpiarEmpleado()
