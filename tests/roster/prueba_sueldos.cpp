@@ -152,4 +152,7 @@ TEST_F(Sueldos, LoQueOtroPuestoCambioSePreguntaAntesDeReemplazarlo)
     EXPECT_EQ(2, actualizarSueldos(conexion, clave, filas, {})); // asked for a second time, they are replaced
     EXPECT_EQ("2000 0 0 30 15 15 7", guardado("20-1"));
     EXPECT_EQ("1000 100 0 22 11 11 7", guardado("20-2"));
+    filas[0].acuerdo = Moneda::deTexto("200000,10"); // a reading shows 200.000,09
+    EXPECT_EQ(1, actualizarSueldos(conexion, clave, filas, {}));
+    EXPECT_NO_THROW((void)actualizarSueldos(conexion, clave, filas, filas)) << "what this grid saved itself";
 }

@@ -79,14 +79,18 @@ QString descripcionDeFalta(const QString& mensaje)
     }
     if (const auto m = columna.match(mensaje); m.hasMatch())
     {
-        return QStringLiteral(
-                   "A la base de datos le falta la columna '%1': es de una versión anterior. Cierre y vuelva a "
-                   "abrir el programa para actualizarla.")
-            .arg(m.captured(1));
+        return detalle::textoDeColumnaQueFalta(m.captured(1));
     }
     return {};
 }
 } // namespace
+
+QString detalle::textoDeColumnaQueFalta(const QString& columna)
+{
+    return QStringLiteral("A la base de datos le falta la columna '%1': es de una versión anterior. Cierre y vuelva a "
+                          "abrir el programa para actualizarla.")
+        .arg(columna);
+}
 
 void detalle::fallarBase(int codigo, const QString& mensaje)
 {

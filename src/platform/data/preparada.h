@@ -15,6 +15,8 @@ namespace detalle
 /// which passes.
 [[noreturn]] void fallarBase(sqlite3* base);
 [[noreturn]] void fallarBase(int codigo, const QString& mensaje = {});
+/// What the user reads of a column that an older base has not.
+[[nodiscard]] QString textoDeColumnaQueFalta(const QString& columna);
 /// What the integrity check has found, in Spanish and short.
 [[nodiscard]] QString razonDeRevision(const QString& hallado);
 

@@ -53,10 +53,7 @@ int detalle::Columnas::buscar(const char* nombre) const
         }
     }
     // A statement that asks for all columns of an older base.
-    throw ErrorParaAvisar(ErrorDeEjecucion::ColumnaDesconocida,
-                          QStringLiteral("A la base de datos le falta la columna '%1'.  Si es de una versión anterior, "
-                                         "cierre y vuelva a abrir el programa para actualizarla.")
-                              .arg(QString::fromUtf8(nombre)));
+    throw ErrorParaAvisar(ErrorDeEjecucion::ColumnaDesconocida, textoDeColumnaQueFalta(QString::fromUtf8(nombre)));
 }
 
 detalle::Preparada::Preparada(sqlite3* base, std::string_view texto)
