@@ -5,9 +5,9 @@ aqui=$(cd "$(dirname "$0")" && pwd)
 construccion=$(cd "$1" && pwd)
 . "$aqui/../../scripts/instalar.sh"
 instalar "${paquetes_de_prueba[@]}"
-carpeta=/tmp/Altoverde # it can be read in the pictures
+carpeta=/opt/Altoverde # an installation: it can be read in the pictures
 "$aqui/../../examples/recorrido/recorrer.sh" "$construccion" "$carpeta" >/dev/null
 for retrato in "$carpeta"/retratos/*.png; do
-  convert "$retrato" -strip -colors 96 -define png:compression-level=9 "PNG8:$aqui/$(basename "$retrato")"
+  convert "$retrato" -strip -colors 255 -define png:compression-level=9 "PNG8:$aqui/$(basename "$retrato")"
 done
 rm -rf "$carpeta"
