@@ -26,8 +26,9 @@ struct EnvioDDJJ : testing::Test
         poner("DDJJ_Empleados");
     }
     ~EnvioDDJJ() override { reemplazarServidorFtp({}); }
-    EnvioDeDDJJ envio(std::optional<ClaveDDJJ> clave = ClaveDDJJ{dePrueba::cuit, dePrueba::periodo, 0})
+    EnvioDeDDJJ envio(const std::vector<ClaveDDJJ>& elegidas = {{dePrueba::cuit, dePrueba::periodo, 0}})
     {
+        const auto clave = elegidas.empty() ? std::optional<ClaveDDJJ>() : std::optional(elegidas.front());
         // Its file is gone by the time it is to be sent.
         return EnvioDeDDJJ(clave, [this](const QString&) { QFile::remove(base.ruta(archivo)); });
     }
@@ -47,7 +48,7 @@ TEST_F(EnvioDDJJ, SinArchivoQueBorrarSeDiceElError)
 TEST_F(EnvioDDJJ, SinDeclaracionElegidaNoHayArchivo)
 {
     cajas.esperaQueDiga(Caja::Informacion, QStringLiteral("Error: 13 - "));
-    envio(std::nullopt).EnviarDDJJPorFtp(true);
+    envio(std::vector<ClaveDDJJ>()).EnviarDDJJPorFtp(true);
     EXPECT_FALSE(queda());
 }
 
