@@ -48,19 +48,25 @@ template <class... A>
     return cuantos(Rutinas::Conexion, desde, valores...);
 }
 
-/// The number of the ErrorDeEjecucion that `accion` throws, 0 when it throws none.
+/// What `accion` throws as "number description", empty when it throws nothing.
 template <class Accion>
-[[nodiscard]] int numeroDe(Accion accion)
+[[nodiscard]] QString fallaDe(Accion accion)
 {
     try
     {
         static_cast<void>(accion()); // with or without a result
-        return 0;
+        return {};
     }
     catch (const ErrorDeEjecucion& error)
     {
-        return error.numero();
+        return QString::number(error.numero()) + u' ' + error.descripcion();
     }
+}
+/// Its number alone, 0 when it throws none.
+template <class Accion>
+[[nodiscard]] int numeroDe(Accion accion)
+{
+    return fallaDe(accion).section(u' ', 0, 0).toInt();
 }
 
 /// What `regla` asks of the database outside its one transaction: each statement that ran outside any, and the BEGIN of

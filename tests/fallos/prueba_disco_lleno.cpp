@@ -4,6 +4,7 @@
 // limit, which fails at the same writes with another number of the system.
 #ifndef _WIN32
 #include "apoyo/archivos_de_prueba.h"
+#include "apoyo/limite_de_archivos.h"
 #include "exchange/archivo_ddjj.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/importacion.h"
@@ -14,10 +15,9 @@
 #include <QDir>
 #include <QFile>
 #include <QStorageInfo>
-#include <csignal>
+#include <optional>
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 
 namespace
 {
@@ -29,13 +29,10 @@ public:
         static const bool apartado =
             ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
         m_montado = apartado && ::mount("none", lugar().constData(), "tmpfs", 0, "size=16m") == 0;
-        ::getrlimit(RLIMIT_FSIZE, &m_limite);
-        std::signal(SIGXFSZ, SIG_IGN);
         qputenv("TMPDIR", lugar());
     }
     ~DiscoChico()
     {
-        vaciar();
         m_temporal.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", m_temporal);
         ::umount2(lugar().constData(), MNT_DETACH);
     }
@@ -46,25 +43,23 @@ public:
     void llenar(qint64 libres, qint64 tope)
     {
         vaciar();
-        if (m_montado)
+        if (!m_montado)
         {
-            const qint64 sobran = QStorageInfo(m_lugar.path()).bytesAvailable() - libres;
-            escribirArchivo(relleno(), QByteArray(sobran, 'x'));
+            m_limite.emplace(static_cast<rlim_t>(tope));
             return;
         }
-        const rlimit nuevo{static_cast<rlim_t>(tope), m_limite.rlim_max};
-        ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &nuevo));
+        escribirArchivo(relleno(), QByteArray(QStorageInfo(m_lugar.path()).bytesAvailable() - libres, 'x'));
     }
     void vaciar()
     {
-        ::setrlimit(RLIMIT_FSIZE, &m_limite);
+        m_limite.reset();
         QFile::remove(relleno());
     }
     /// What the database says of a write that found no room.
     [[nodiscard]] QString textoDeLaBase() const
     {
-        return m_montado ? QStringLiteral("El disco está lleno")
-                         : QStringLiteral("Error al leer o escribir la base de datos en el disco");
+        return m_montado ? QStringLiteral("13 El disco está lleno")
+                         : QStringLiteral("10 Error al leer o escribir la base de datos en el disco");
     }
 
 private:
@@ -73,62 +68,33 @@ private:
     QTemporaryDir m_lugar;
     QByteArray m_temporal = qgetenv("TMPDIR");
     bool m_montado = false;
-    rlimit m_limite{};
-};
-
-/// What failed tells; "" when it went well. A failed import leaves its file open, as told.
-QString fallaDe(const std::function<void()>& haz)
-{
-    try
-    {
-        haz();
-        return {};
-    }
-    catch (const ErrorDeEjecucion& error)
-    {
-        ArchivoUno::cerrar();
-        return error.descripcion();
-    }
-}
-
-/// Free bytes, and how far a file grows where there is no disk to fill.
-struct Lugar
-{
-    qint64 libres;
-    qint64 tope;
+    std::optional<LimiteDeArchivos> m_limite;
 };
 
 class DiscoLleno : public testing::Test
 {
 protected:
     [[nodiscard]] QString en(const char* nombre) const { return base.ruta(QString::fromLatin1(nombre)); }
-    /// Every file but the lock, which stays open.
-    [[nodiscard]] QStringList archivos() const
-    {
-        QStringList todos = QDir(en("")).entryList(QDir::Files | QDir::Hidden);
-        todos += QDir(en("Copias/1")).entryList(QDir::Files | QDir::Hidden);
-        todos.removeAll(QStringLiteral("DBBrivo.ldb"));
-        return todos;
-    }
-    /// `haz` fails with `texto` wherever there is so little room, then it goes well. What a failed one may leave is
-    /// `queda`.
-    void probar(const char* que, const QString& texto, const std::vector<Lugar>& lugares,
+    /// `haz` fails with `texto` wherever there is so little room, as free bytes and as how far a file grows; then it
+    /// goes well. What a failed one may leave is `queda`.
+    void probar(const char* que, const QString& texto, const std::vector<std::pair<qint64, qint64>>& lugares,
                 const std::function<void()>& haz, const char* queda = "")
     {
         SCOPED_TRACE(que);
         const std::string contenido = contenidoDe();
-        const QStringList antes = archivos();
+        const std::string antes = archivosDe(en(""));
         for (const auto& [libres, tope] : lugares)
         {
             disco.llenar(libres, tope);
             const QString falla = fallaDe(haz);
+            disco.vaciar();
             EXPECT_TRUE(falla.startsWith(texto)) << libres << ' ' << falla.toStdString();
+            ArchivoUno::cerrar(); // a failed import leaves its file open, as told
             Rutinas::AbrirBase();
             QFile::remove(en(queda));
-            EXPECT_EQ(antes, archivos());
+            EXPECT_EQ(antes, archivosDe(en("")));
             EXPECT_EQ(contenido, contenidoDe());
         }
-        disco.vaciar();
         EXPECT_EQ("", fallaDe(haz).toStdString());
         Rutinas::AbrirBase();
     }
@@ -140,13 +106,11 @@ protected:
 
 TEST_F(DiscoLleno, NadaQuedaAMedias)
 {
-    constexpr int empleados = 6'000;
-    constexpr int importados = 5'000;
-    const QString lleno = QStringLiteral("El disco está lleno: ");
+    const QString lleno = QStringLiteral("61 El disco está lleno: ");
     const ClaveDDJJ clave{dePrueba::cuit, dePrueba::periodo, 0};
-    llenarBase(empleados);
-    QDir(en("")).mkpath(QStringLiteral("Copias"));
-    QDir(en("")).mkpath(QStringLiteral("otra"));
+    llenarBase(6'000);
+    QDir().mkpath(en("Copias"));
+    QDir().mkpath(en("otra"));
     ASSERT_TRUE(QFile::copy(base.rutaBase(), en("otra/DBBrivo.mdb")));
     const qint64 largo = QFileInfo(base.rutaBase()).size();
     probar("backup", lleno, {{largo / 2, largo / 2}, {0, largo / 2}},
@@ -175,7 +139,7 @@ TEST_F(DiscoLleno, NadaQuedaAMedias)
            [&] { EXPECT_TRUE(guardarEmpleado(base.conexion(), clave, empleado)); });
 
     QByteArray lineas;
-    for (int i = 0; i < importados; ++i)
+    for (int i = 0; i < 5'000; ++i)
     {
         lineas += "27" + QByteArray::number(i).rightJustified(9, '0') + "Importado                     T02" +
                   QByteArray(13, ' ') + "001" + QByteArray(9, ' ') + "       1000       1000\r\n";
@@ -184,7 +148,7 @@ TEST_F(DiscoLleno, NadaQuedaAMedias)
     escribirArchivo(nomina, lineas);
     probar("import", disco.textoDeLaBase(), {{largo / 4, largo + 4096}, {16 * 1024, largo + 4096}, {0, largo + 4096}},
            [&] { (void)importarNomina(base.conexion(), clave, nomina, FormatoDeNomina::AfipSijp); });
-    EXPECT_EQ(cuantos("DDJJ_Empleados"), empleados + 1 + importados);
+    EXPECT_EQ(11'001, cuantos("DDJJ_Empleados"));
 
     const DatosArchivoDDJJ datos{clave.cuit, clave.periodo, QStringLiteral("2009"), QStringLiteral("5"),
                                  QStringLiteral("0")};

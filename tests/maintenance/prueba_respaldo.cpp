@@ -6,7 +6,6 @@
 #include "apoyo/version_anterior.h"
 #include "maintenance/esquema.h"
 #include "maintenance/respaldo.h"
-#include "platform/data/errores.h"
 
 #include <QDir>
 #include <QFile>

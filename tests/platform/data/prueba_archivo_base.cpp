@@ -1,13 +1,10 @@
 // The database file: what is refused when it is opened, and what compacting it leaves.
 #include "apoyo/archivos_de_prueba.h"
-#include "apoyo/datos.h"
-#include "errores.h"
-#include "limite_de_archivos.h"
+#include "apoyo/limite_de_archivos.h"
+#include "base_nueva.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 namespace
@@ -22,13 +19,11 @@ void ajeno(const QString& ruta, const char* sql)
 }
 
 /// A database of some hundred pages.
-class ArchivoDeBase : public testing::Test
+class ArchivoDeBase : public BaseNueva
 {
 protected:
     ArchivoDeBase()
     {
-        Conexion::crear(base);
-        conexion.abrir(base);
         conexion.ejecutar("CREATE TABLE t (n TEXT COLLATE espanol)");
         conexion.ejecutar("CREATE INDEX i ON t (n)");
         conexion.ejecutar(
@@ -41,9 +36,6 @@ protected:
     {
         return fallaDe([&] { Conexion::compactar(base, QStringLiteral("Temporal.mdb")); }).toStdString();
     }
-    QTemporaryDir carpeta;
-    Conexion conexion;
-    const QString base = carpeta.filePath(QStringLiteral("Base.mdb"));
 };
 } // namespace
 
@@ -67,7 +59,7 @@ TEST_F(ArchivoDeBase, LoQueNoEsUnaBaseFallaAlAbrirAlComprobarYAlCompactarSinQueS
         EXPECT_EQ(falla, fallaDe([&] { Conexion::comprobar(base); }).toStdString());
         EXPECT_EQ(falla, compactando());
         EXPECT_EQ(mala, leerArchivo(base));
-        EXPECT_EQ("Base.mdb", archivos());
+        EXPECT_EQ("Bäse ñ.mdb", archivos());
     }
     escribirArchivo(base, con(4096 * 20, 4096 * 5, 'Z'));
     EXPECT_TRUE(compactando().starts_with("11 La base de datos está dañada"));
@@ -87,7 +79,7 @@ TEST_F(ArchivoDeBase, UnaEnModoWalVuelveASerUnSoloArchivo)
     ajeno(base, "PRAGMA journal_mode=WAL");
     conexion.abrir(base);
     conexion.ejecutar("INSERT INTO t VALUES ('a')");
-    EXPECT_EQ("Base.mdb", archivos());
+    EXPECT_EQ("Bäse ñ.mdb", archivos());
     EXPECT_EQ(75, numeroDe([&] { Conexion::crear(base); }));
 }
 
@@ -110,12 +102,12 @@ TEST_F(ArchivoDeBase, CompactarRehaceONoCambiaNada)
     }
 #endif
     EXPECT_EQ(bytes, leerArchivo(base));
-    EXPECT_EQ("Base.mdb", archivos());
+    EXPECT_EQ("Bäse ñ.mdb", archivos());
 
-    escribirArchivo(carpeta.filePath(QStringLiteral("Temporal.mdb")), "what one that was killed left");
+    escribirArchivo(en("Temporal.mdb"), "what one that was killed left");
     EXPECT_EQ("", compactando());
     EXPECT_LT(leerArchivo(base).size(), bytes.size() / 2);
-    EXPECT_EQ("Base.mdb", archivos());
+    EXPECT_EQ("Bäse ñ.mdb", archivos());
     conexion.abrir(base); // it has the program's mark
     EXPECT_EQ(500, cuantos(conexion, "t WHERE n LIKE 'ñANDÚ%'"));
 }

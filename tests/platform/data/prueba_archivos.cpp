@@ -1,7 +1,7 @@
 // Whole files: copies that are whole or none, and the number and name that each failure is told by.
 #include "apoyo/archivos_de_prueba.h"
-#include "errores.h"
-#include "limite_de_archivos.h"
+#include "apoyo/datos.h"
+#include "apoyo/limite_de_archivos.h"
 #include "platform/data/archivos.h"
 
 #include <QDir>
@@ -43,10 +43,6 @@ protected:
     {
         return falla([&] { Archivos::copiar(en(origen), en(destino)); });
     }
-    [[nodiscard]] std::string archivos() const
-    {
-        return archivosDe(carpeta.path());
-    }
     QTemporaryDir carpeta;
 };
 const std::string enUso = "70 Permiso denegado o archivo en uso: ";
@@ -56,13 +52,7 @@ const std::string sinRuta = "76 No se encontró la ruta de acceso: ";
 
 TEST_F(ArchivosEnteros, UnaCopiaQueFallaNombraLoQueNombroElUsuarioYNoCambiaNada)
 {
-    struct Caso
-    {
-        const char* origen;
-        const char* destino;
-        std::string falla;
-    };
-    const Caso casos[] = {
+    const std::tuple<const char*, const char*, std::string> casos[] = {
         {"falta", "dos", "53 No se encontró el archivo: falta"},
         {"falta/falta", "dos", sinRuta + "falta/falta"},
         {"uno", "falta/copia", sinRuta + "falta/copia"},
@@ -77,10 +67,10 @@ TEST_F(ArchivosEnteros, UnaCopiaQueFallaNombraLoQueNombroElUsuarioYNoCambiaNada)
         {"uno", "blando", enUso + "blando"},
 #endif
     };
-    const std::string antes = archivos();
-    for (const Caso& caso : casos)
+    const std::string antes = archivosDe(carpeta.path());
+    for (const auto& [origen, destino, falla] : casos)
     {
-        EXPECT_EQ(caso.falla, copiando(caso.origen, caso.destino));
+        EXPECT_EQ(falla, copiando(origen, destino));
     }
 #ifndef _WIN32
     {
@@ -91,10 +81,9 @@ TEST_F(ArchivosEnteros, UnaCopiaQueFallaNombraLoQueNombroElUsuarioYNoCambiaNada)
     // There is nothing at the bottom of a process's memory: the file opens, and reading it fails.
     EXPECT_EQ(57, numeroDe([&] { Archivos::copiar(QStringLiteral("/proc/self/mem"), en("dos")); }));
 #endif
-    EXPECT_EQ(antes, archivos());
-    EXPECT_EQ("primero", leerArchivo(en("uno")));
-    EXPECT_EQ("segundo, más largo", leerArchivo(en("dos")));
-    EXPECT_EQ("se lee", leerArchivo(en("solo")));
+    EXPECT_EQ(antes, archivosDe(carpeta.path()));
+    EXPECT_EQ("primero|segundo, más largo|se lee",
+              leerArchivo(en("uno")) + '|' + leerArchivo(en("dos")) + '|' + leerArchivo(en("solo")));
 }
 
 TEST_F(ArchivosEnteros, UnaCopiaEsEnteraTanAbiertaComoLaViejaYDejaLosEnlaces)
@@ -122,11 +111,11 @@ TEST_F(ArchivosEnteros, UnaCopiaEsEnteraTanAbiertaComoLaViejaYDejaLosEnlaces)
 
 TEST_F(ArchivosEnteros, BorrarYCrearCarpeta)
 {
-    EXPECT_EQ("", falla([&] { Archivos::borrar(en("uno")); }));
-    EXPECT_EQ("53 No se encontró el archivo: uno", falla([&] { Archivos::borrar(en("uno")); }));
-    EXPECT_EQ("53 No se encontró el archivo: carpeta/adentro", falla([&] { Archivos::borrar(en("carpeta/adentro")); }));
-    EXPECT_EQ("", falla([&] { Archivos::crearCarpeta(en("nueva")); }));
-    EXPECT_EQ(sinAcceso + "nueva", falla([&] { Archivos::crearCarpeta(en("nueva")); }));
-    EXPECT_EQ(sinRuta + "falta/nueva", falla([&] { Archivos::crearCarpeta(en("falta/nueva")); }));
+    const auto borrando = [&](const char* que) { return falla([&] { Archivos::borrar(en(que)); }); };
+    const auto creando = [&](const char* que) { return falla([&] { Archivos::crearCarpeta(en(que)); }); };
+    EXPECT_EQ("53 No se encontró el archivo: uno", borrando("uno") + borrando("uno"));
+    EXPECT_EQ("53 No se encontró el archivo: carpeta/adentro", borrando("carpeta/adentro"));
+    EXPECT_EQ(sinAcceso + "nueva", creando("nueva") + creando("nueva"));
+    EXPECT_EQ(sinRuta + "falta/nueva", creando("falta/nueva"));
     EXPECT_TRUE(QDir(en("nueva")).exists() && QDir(en("carpeta/adentro")).exists());
 }

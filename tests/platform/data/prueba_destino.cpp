@@ -38,12 +38,8 @@ TEST(PuedeEscribirse, LosArchivosDelProgramaSeReconocenPorLoQueSon)
 
     const QString propio = QStringLiteral("es un archivo del programa");
     const QString protegido = QStringLiteral("está protegido contra escritura");
-    struct Caso
-    {
-        QString ruta;
-        QString porque; ///< "" may be written, "?" another file would be replaced
-    };
-    const Caso casos[] = {
+    // Why it may not be written; "" it may, "?" another file would be replaced.
+    const std::pair<QString, QString> casos[] = {
         {"P/DBBrivo.mdb", propio},
         {"P/DBBRIVO.MDB", propio}, // there or not, as the file system likes
         {"P/DBBrivo.mdb-journal", propio},
@@ -75,17 +71,15 @@ TEST(PuedeEscribirse, LosArchivosDelProgramaSeReconocenPorLoQueSon)
         {"/dev/null", QStringLiteral("no es un archivo")},
         {QCoreApplication::applicationFilePath(), propio},
     };
-    for (const Caso& caso : casos)
+    for (const auto& [nombre, porque] : casos)
     {
-        const QString ruta = raiz.filePath(caso.ruta);
+        const QString ruta = raiz.filePath(nombre);
         const Destino destino = puedeEscribirse(ruta);
-        const bool pregunta = caso.porque == u'?';
-        const QString rechazo = pregunta || caso.porque.isEmpty()
-                                    ? QString()
-                                    : QStringLiteral("'%1' %2. Elija otro nombre u otra carpeta.")
-                                          .arg(QFileInfo(ruta).fileName(), caso.porque);
-        EXPECT_EQ(rechazo.toStdString(), destino.rechazo.toStdString());
-        EXPECT_TRUE(!rechazo.isEmpty() || pregunta == destino.existe) << ruta.toStdString();
+        const QString rechazo = QStringLiteral("'%1' %2. Elija otro nombre u otra carpeta.");
+        const bool puede = porque.isEmpty() || porque == u'?';
+        EXPECT_EQ(puede ? "" : rechazo.arg(QFileInfo(ruta).fileName(), porque).toStdString(),
+                  destino.rechazo.toStdString());
+        EXPECT_TRUE(!puede || destino.existe == !porque.isEmpty()) << ruta.toStdString();
     }
     EXPECT_FALSE(puedeEscribirse(QStringLiteral("DBBrivo.mdb")).rechazo.isEmpty()) << "in the current folder";
     QDir::setCurrent(antes);

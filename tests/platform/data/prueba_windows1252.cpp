@@ -18,37 +18,27 @@ TEST(Windows1252, TodosLosBytesVanYVuelven)
 
 TEST(Windows1252, CortaPorCaracteresYSenalaLoQueNoEs)
 {
-    struct Caso
-    {
-        const char* utf8;
-        const char* bytes;
-        std::size_t maximo = 99;
-    };
-    const Caso casos[] = {
-        {"", ""},
+    const std::tuple<const char*, const char*, std::size_t> casos[] = {
+        {"", "", 99},
         {"abc", "", 0},
         {"abc", "ab", 2},
-        {"ñandú",
-         "\xF1"
-         "and\xFA",
-         5},
+        {"ñandú", "\xF1\x61nd\xFA", 5},
         {"ñandú", "\xF1", 1},
         {"a€b", "a\x80", 2},
-        {"“a” – Ž ŠŒ™", "\x93"
-                        "a\x94 \x96 \x8E \x8A\x8C\x99"},
-        {"日x", "?x"},     // outside the set
-        {"a😀b", "a?b"},    // one character, one "?"
-        {"n\u0303", "n?"}, // a mark apart from its letter
-        {"\xC3", "?"},     // cut in the middle of a character
-        {"\xE2\x82x", "??x"},
-        {"\xFF\xFEx", "??x"},
-        {"\xC0\xAFx", "??x"}, // a longer way to write "/"
-        {"x\x80y", "x?y"},
+        {"“a” – Ž ŠŒ™", "\x93\x61\x94 \x96 \x8E \x8A\x8C\x99", 99},
+        {"日x", "?x", 99},     // outside the set
+        {"a😀b", "a?b", 99},    // one character, one "?"
+        {"n\u0303", "n?", 99}, // a mark apart from its letter
+        {"\xC3", "?", 99},     // cut in the middle of a character
+        {"\xE2\x82x", "??x", 99},
+        {"\xFF\xFEx", "??x", 99},
+        {"\xC0\xAFx", "??x", 99}, // a longer way to write "/"
+        {"x\x80y", "x?y", 99},
     };
-    for (const Caso& caso : casos)
+    for (const auto& [utf8, esperados, maximo] : casos)
     {
         std::string bytes;
-        agregarWindows1252(bytes, caso.utf8, caso.maximo);
-        EXPECT_EQ(caso.bytes, bytes) << caso.utf8;
+        agregarWindows1252(bytes, utf8, maximo);
+        EXPECT_EQ(esperados, bytes) << utf8;
     }
 }
