@@ -99,16 +99,8 @@ TEST(Aportes, LaTablaDeLasDosReglas)
 {
     using Regla = Aportes (*)(float, float, int, bool);
     const std::tuple<Regla, float, float, int, bool, float, float> casos[] = {
-        {aportesDePantalla, 1000, 0, 200, true, 20.00F, 10.00F},
-        {aportesDePantalla, 1000, 0, 150, true, 26.60F, 13.30F},
-        {aportesDePantalla, 1000, 0, 129, true, 31.00F, 15.50F}, // the fall of ART100 comes after it
-        {aportesDePantalla, 1000, 0, 128, true, 20.00F, 15.60F},
-        {aportesDePantalla, 1000, 0, 100, true, 20.00F, 20.00F},
-        {aportesEnLote, 1000, 0, 150, true, 15.00F, 7.50F}, // the hours are the dividend
-        {aportesEnLote, 1000, 0, 100, true, 20.00F, 5.00F},
-        {aportesEnLote, 1000, 0, 0, true, 20.00F, 0.00F},
+        {aportesEnLote, 1000, 0, 0, true, 20.00F, 0.00F}, // the hours are the dividend
         {aportesDePantalla, 1000, 0, 150, false, 26.60F, 0.00F},
-        {aportesEnLote, 1000, 0, 150, false, 15.00F, 0.00F},
         {aportesDePantalla, 900, 100, 200, true, 20.00F, 10.00F},
         {aportesDePantalla, 6.25F, 0, 200, true, 0.12F, 0.06F},  // exact halves go to the even cent
         {aportesDePantalla, 0.75F, 0, 200, false, 0.01F, 0.00F}, // its 32-bit value lies below the half

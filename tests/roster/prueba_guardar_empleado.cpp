@@ -165,16 +165,19 @@ TEST_F(GuardarEmpleado, LoQueFallaNoDejaNadaEscrito)
 {
     const EntradaEmpleado bueno = leido();
     const std::string antes = todo();
+    const FilaFamiliar sinSexo = hijoCon([](auto& f) { f.sexo.clear(); });
+    const FilaFamiliar vecino = hijoCon([](auto& f) { f.familiar = "Vecino"; });
+    const FilaFamiliar sinNumero = hijoCon([](auto& f) { f.nroDoc.reset(); });
     const std::pair<int, std::function<void(EntradaEmpleado&)>> casos[] = {
         {-1,
-         [](auto& e) {
-             e.familia = {hijo, hijoCon([](auto& f) { f.sexo.clear(); })};
+         [&](auto& e) {
+             e.familia = {hijo, sinSexo};
          }},
         {3021,
-         [](auto& e) {
-             e.familia = {hijo, hijoCon([](auto& f) { f.familiar = "Vecino"; })};
+         [&](auto& e) {
+             e.familia = {hijo, vecino};
          }},
-        {13, [](auto& e) { e.familia = {hijoCon([](auto& f) { f.nroDoc.reset(); })}; }},
+        {13, [&](auto& e) { e.familia = {sinNumero}; }},
         {13, [](auto& e) { e.haberes = "1,2,3"; }},
         {6, [](auto& e) { e.haberes = "9999999999999999999999999"; }},
         {6, [](auto& e) { e.acuerdo = "999999999999999"; }},

@@ -21,32 +21,30 @@ namespace
 struct BoletaImpresa : testing::Test
 {
     BaseDePrueba base;
-    TextosDeBoleta textos{
-        QStringLiteral("Panadería y Confitería \"La Ñusta\" <S.R.L.> & D'An"),
-        QStringLiteral("Avenida del Libertador General 12345 12 3 B - (B1870ABC) Ñorquín de la Costa"),
-        QStringLiteral("PAGO DE ACTAS - SEGURO DE SEPELIO"),
-        {},
-        QStringLiteral("15"),
-        QStringLiteral("123456"),
-        QStringLiteral("3")};
-
-    void SetUp() override
+    TextosDeBoleta textos{"Panadería y Confitería \"La Ñusta\" <S.R.L.> & D'An",
+                          "Avenida del Libertador General 12345 12 3 B - (B1870ABC) Ñorquín de la Costa",
+                          "PAGO DE ACTAS - SEGURO DE SEPELIO",
+                          {},
+                          "15",
+                          "123456",
+                          "3"};
+    BoletaImpresa()
     {
-        Fuentes::agregar(rutas::enInstalacion(QStringLiteral("PF_I2OF5.ttf")));
+        Fuentes::agregar(rutas::enInstalacion("PF_I2OF5.ttf"));
         poner("DDJJ_Empleados", {{"Secuencia", 1}});
     }
     [[nodiscard]] PaginasDeInforme paginas(const Boleta& boleta)
     {
         textos.numero = numeroBoleta(boleta);
-        auto plantilla = PlantillaDeInforme::leer(
-            rutas::enInstalacion(QStringLiteral("RptBoleta%1.rpt").arg(static_cast<int>(boleta.tipo))));
+        const QString archivo = QString("RptBoleta%1.rpt").arg(static_cast<int>(boleta.tipo));
+        auto plantilla = PlantillaDeInforme::leer(rutas::enInstalacion(archivo));
         auto datos = DatosDeInforme::leer(plantilla, base.conexion(), valoresDeBoleta(base.conexion(), boleta, textos));
         return {std::move(plantilla), std::move(datos)};
     }
     [[nodiscard]] QString pdf(const Boleta& boleta)
     {
-        VistaDeInforme(paginas(boleta)).guardarPdf(base.ruta(QStringLiteral("boleta.pdf")));
-        return base.ruta(QStringLiteral("boleta.pdf"));
+        VistaDeInforme(paginas(boleta)).guardarPdf(base.ruta("boleta.pdf"));
+        return base.ruta("boleta.pdf");
     }
     /// The text of its only page.
     [[nodiscard]] QString hoja(const Boleta& boleta)
@@ -59,11 +57,8 @@ struct BoletaImpresa : testing::Test
 
 QStringList escanear(const QStringList& imagenes)
 {
-    return hojas::correr(QStringLiteral("zbarimg"),
-                         QStringList{QStringLiteral("--nodbus"), QStringLiteral("-q"), QStringLiteral("--raw"),
-                                     QStringLiteral("-Sdisable"), QStringLiteral("-Si25.enable")} +
-                             imagenes)
-        .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QStringList opciones{"--nodbus", "-q", "--raw", "-Sdisable", "-Si25.enable"};
+    return hojas::correr("zbarimg", opciones + imagenes).split('\n', Qt::SkipEmptyParts);
 }
 
 /// A part of the page, in mm from its top, as a scanner sees it at this many dots per inch.
@@ -84,7 +79,7 @@ Boleta alAzar(Boleta boleta, std::mt19937& azar)
 {
     const auto hasta = [&](int maximo) { return static_cast<int>(azar() % static_cast<unsigned>(maximo + 1)); };
     const auto importe = [&](int centavos) { return Moneda::deDiezMilesimos(qint64{hasta(centavos)} * 100); };
-    boleta.cuit = QStringLiteral("30-%1-%2").arg(hasta(99999999), 8, 10, QLatin1Char('0')).arg(hasta(9));
+    boleta.cuit = QString("30-%1-%2").arg(hasta(99999999), 8, 10, QChar('0')).arg(hasta(9));
     boleta.declaracion.periodo = QDate(2000 + hasta(99), 1 + hasta(11), 1);
     boleta.importeTotal = importe(99'999'999);
     boleta.art100 = importe(900'000'000); // scaled for the number past 99.999,99
@@ -101,26 +96,22 @@ TEST_F(BoletaImpresa, UnLectorLeeElNumeroDeCadaUna)
 {
     QStringList numeros;
     QStringList imagenes;
+    const Boleta tipos[] = {boletaDeAportes(), boletaDeInteres(), boletaDeActa()};
     std::mt19937 azar(20090610);
     for (int i = 0; i < 36; ++i)
     {
-        const Boleta boleta = alAzar(i % 3 == 0   ? boletaDeAportes()
-                                     : i % 3 == 1 ? boletaDeInteres()
-                                                  : boletaDeActa(),
-                                     azar);
+        const Boleta boleta = alAzar(tipos[i % 3], azar);
         base.conexion().ejecutar("UPDATE DDJJ_Empleados SET Cuit = ?, Periodo = ?", boleta.cuit,
                                  boleta.declaracion.periodo);
         numeros.append(numeroBoleta(boleta));
-        imagenes.append(base.ruta(QStringLiteral("%1.pgm").arg(imagenes.size(), 4, 10, QLatin1Char('0'))));
+        imagenes.append(base.ruta(QString("%1.pgm").arg(imagenes.size(), 4, 10, QChar('0'))));
         ASSERT_TRUE(trozo(paginas(boleta), 45, 98, 200).save(imagenes.back()));
     }
     EXPECT_EQ(escanear(imagenes), numeros);
 
-    const QString hoja = base.ruta(QStringLiteral("hoja"));
-    (void)hojas::correr(QStringLiteral("pdftoppm"),
-                        {QStringLiteral("-r"), QStringLiteral("150"), QStringLiteral("-gray"),
-                         QStringLiteral("-singlefile"), pdf(boletaDeActa()), hoja});
-    EXPECT_EQ(escanear({hoja + QStringLiteral(".pgm")}), QStringList{numeroBoleta(boletaDeActa())}) << "from paper";
+    const QString hoja = base.ruta("hoja");
+    (void)hojas::correr("pdftoppm", {"-r", "150", "-gray", "-singlefile", pdf(boletaDeActa()), hoja});
+    EXPECT_EQ(escanear({hoja + ".pgm"}), QStringList{numeroBoleta(boletaDeActa())}) << "from paper";
 }
 
 TEST_F(BoletaImpresa, LasBarrasTienenSuTamanoYSuMargenEnLosTresTipos)
@@ -150,11 +141,11 @@ TEST_F(BoletaImpresa, LasBarrasTienenSuTamanoYSuMargenEnLosTresTipos)
         QString linea; // across the middle of the bars: "1" is dark
         for (int columna = 0; columna < imagen.width(); ++columna)
         {
-            linea += oscuro(columna, abajo - alto / 2) ? QLatin1Char('1') : QLatin1Char('0');
+            linea += oscuro(columna, abajo - alto / 2) ? QChar('1') : QChar('0');
         }
-        EXPECT_NEAR(static_cast<double>(linea.indexOf(QLatin1Char('0'), x) - x + 1) * mm, 0.339, mm) << "a narrow bar";
-        const qsizetype derecha = linea.lastIndexOf(QLatin1Char('1'));
-        EXPECT_EQ(linea.indexOf(QLatin1Char('1')), x - 1) << "nothing before the bars";
+        EXPECT_NEAR(static_cast<double>(linea.indexOf(QChar('0'), x) - x + 1) * mm, 0.339, mm) << "a narrow bar";
+        const qsizetype derecha = linea.lastIndexOf(QChar('1'));
+        EXPECT_EQ(linea.indexOf(QChar('1')), x - 1) << "nothing before the bars";
         EXPECT_GT(x * mm, 6.5);
         EXPECT_GT(static_cast<double>(linea.size() - derecha) * mm, 6.5);
     }
@@ -163,11 +154,7 @@ TEST_F(BoletaImpresa, LasBarrasTienenSuTamanoYSuMargenEnLosTresTipos)
 
 TEST_F(BoletaImpresa, LaHojaDiceLoQueSePagaEnSusTresTalones)
 {
-    const struct
-    {
-        Boleta boleta;
-        std::vector<const char*> renglones;
-    } casos[] = {
+    const std::pair<Boleta, QStringList> casos[] = {
         {boletaDeAportes(),
          {"BOLETA DE PAGO - APORTE MENSUAL", "2009/05 - 1", "Otros conceptos INTERES 15 DIAS $ 1,50",
           "Aporte Sindical 2% 1 empleado Remuneración $ 1.000,00 $ 20,01",
@@ -179,31 +166,26 @@ TEST_F(BoletaImpresa, LaHojaDiceLoQueSePagaEnSusTresTalones)
          {"BOLETA DE PAGO - PAGO DE ACTAS", "ACTA Nº 123456 - CUOTA Nº 3", "INTERES 15 DIAS $ 100,25",
           "PAGO DE ACTAS - SEGURO DE SEPELIO $ 1.000,00", "Total a Depositar $ 1.100,25"}},
     };
-    for (const auto& caso : casos)
+    for (const auto& [boleta, renglones] : casos)
     {
-        const QString texto = hoja(caso.boleta);
-        QStringList todos{textos.empresa, caso.boleta.cuit, textos.numero, QStringLiteral("Fecha de pago 10/06/2009"),
-                          QStringLiteral("Altoverde - Versión 2.0")};
-        for (const char* renglon : caso.renglones)
-        {
-            todos.append(QString::fromUtf8(renglon));
-        }
-        for (const QString& renglon : todos)
+        const QString texto = hoja(boleta);
+        for (const QString& renglon : renglones + QStringList{textos.empresa, boleta.cuit, textos.numero,
+                                                              "Fecha de pago 10/06/2009", "Altoverde - Versión 2.0"})
         {
             EXPECT_EQ(texto.count(renglon), 3) << renglon.toStdString();
         }
         for (const char* talon : {"TALÓN PARA EL BANCO", "TALÓN PARA EL EMPLEADOR", "TALÓN PARA B.R.I.V.O."})
         {
-            EXPECT_EQ(texto.count(QString::fromUtf8(talon)), 1) << talon;
+            EXPECT_EQ(texto.count(talon), 1) << talon;
         }
         EXPECT_EQ(texto.count(StrToI2of5(textos.numero, false)), 2) << "bars for bank and union";
-        static const QRegularExpression numeroEntero(QStringLiteral("(?<!\\d)\\d{50}(?!\\d)"));
+        static const QRegularExpression numeroEntero("(?<!\\d)\\d{50}(?!\\d)");
         EXPECT_EQ(texto.count(numeroEntero), 3) << "nothing runs into the number";
 
         textos.hayFuente = false;
-        const QString sinFuente = hoja(caso.boleta);
+        const QString sinFuente = hoja(boleta);
         EXPECT_EQ(sinFuente.count(StrToI2of5(textos.numero, false)), 0);
-        EXPECT_EQ(sinFuente.count(QStringLiteral("falta el archivo PF_I2OF5.ttf")), 2);
+        EXPECT_EQ(sinFuente.count("falta el archivo PF_I2OF5.ttf"), 2);
         textos.hayFuente = true;
     }
 }
@@ -211,7 +193,7 @@ TEST_F(BoletaImpresa, LaHojaDiceLoQueSePagaEnSusTresTalones)
 TEST_F(BoletaImpresa, LaMasLargaQuedaEnUnaHoja)
 {
     poner("DDJJ_Empleados", {{"Secuencia", 1}, {"Cuil", "20-2"}, {"Imponible", "99999999999,99"}});
-    textos.empresa = QString(45, QLatin1Char('W'));
+    textos.empresa = QString(45, QChar('W'));
     for (Boleta boleta : {boletaDeAportes(), boletaDeInteres(), boletaDeActa()})
     {
         SCOPED_TRACE(static_cast<int>(boleta.tipo));
@@ -220,8 +202,8 @@ TEST_F(BoletaImpresa, LaMasLargaQuedaEnUnaHoja)
         const QString texto = hoja(boleta);
         const bool aportes = boleta.tipo == TipoBoleta::Aportes;
         const int importes = aportes ? 15 : boleta.tipo == TipoBoleta::Acta ? 9 : 6;
-        EXPECT_EQ(texto.count(QStringLiteral("$ 9.999.999.999,99")), importes);
-        EXPECT_EQ(texto.count(QStringLiteral(" Remuneración $ 100.000.000.999,99")), aportes ? 9 : 0);
-        EXPECT_EQ(texto.count(textos.numero + QStringLiteral(" Altoverde - Versión 2.0")), 3);
+        EXPECT_EQ(texto.count("$ 9.999.999.999,99"), importes);
+        EXPECT_EQ(texto.count(" Remuneración $ 100.000.000.999,99"), aportes ? 9 : 0);
+        EXPECT_EQ(texto.count(textos.numero + " Altoverde - Versión 2.0"), 3);
     }
 }
