@@ -29,6 +29,7 @@ TEST_F(PruebaEmpleado, RecorreLaNominaPorElTextoDelCuil)
     using enum AccionEmpleado;
     const std::tuple<AccionEmpleado, QString, QString> pasos[] = {
         {Primero, "20-3", "20-1"},
+        {Inicio, "20-3", "20-1"},
         {Ultimo, "20-1", "20-3"},
         {Siguiente, "20-1", "20-2"},
         {Siguiente, "20-3", "none"},
