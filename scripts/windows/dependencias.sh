@@ -54,11 +54,6 @@ receta_curl() {
     -DCURL_DISABLE_{LDAP,LDAPS,TELNET,DICT,TFTP,IMAP,POP3,SMTP,SMB,RTSP,GOPHER,MQTT,ALTSVC,HSTS}=ON
 }
 
-receta_sqlitecpp() {
-  construir -DSQLITECPP_INTERNAL_SQLITE=OFF -DSQLITECPP_RUN_CPPLINT=OFF -DSQLITECPP_RUN_CPPCHECK=OFF \
-    -DSQLITECPP_USE_STACK_PROTECTION=OFF
-}
-
 receta_googletest() { construir; }
 
 # Libraries of headers alone. Boost 1.74, which the program uses here, has no file_lock for wide paths; 1.81 has.
@@ -132,7 +127,6 @@ dependencia() {
 : > build/dependencias.txt
 dependencia qtbase qt6-base qt6-base-dev
 dependencia sqlite3 sqlite3 libsqlite3-dev
-dependencia sqlitecpp sqlitecpp libsqlitecpp-dev
 dependencia curl curl libcurl4-openssl-dev
 dependencia googletest googletest libgtest-dev
 dependencia cabeceras
