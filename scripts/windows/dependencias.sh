@@ -86,7 +86,7 @@ apt_fuentes() {
     mkdir -p "$listas"/{partes,estado/partial,archivos/archives/partial}
     find /etc/apt/sources.list.d -name '*.sources' -exec cp {} "$listas/partes/" \;
     find "$listas/partes" -name '*.sources' -exec sed -i 's/^Types:.*/Types: deb-src/' {} +
-    cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list 2>/dev/null | sed -n 's/^deb /deb-src /p' \
+    { cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list 2>/dev/null || true; } | sed -n 's/^deb /deb-src /p' \
       > "$listas/partes/otras.list"
     apt-get "${opciones[@]}" update -qq
     touch "$listas/listo"
