@@ -2,6 +2,7 @@
 
 #include "maintenance/esquema.h"
 #include "platform/data/archivos.h"
+#include "platform/data/archivos_de_base.h"
 #include "platform/data/candado.h"
 #include "platform/data/error_de_ejecucion.h"
 #include "platform/data/sistema.h"
@@ -41,7 +42,7 @@ void copiarEntera(const QString& origen, Archivos::Parte& parte, const Aviso& av
 /// new one.
 void colocarBase(Archivos::Parte& parte, const QString& destino)
 {
-    for (const QString& cambios : Conexion::acompanantes(destino))
+    for (const QString& cambios : acompanantes(destino))
     {
         if (Archivos::existe(cambios))
         {
@@ -73,8 +74,8 @@ void borrarRestosDeCopias(const QDir& carpeta)
 /// cannot be written, as on a disc.
 std::optional<Candado> candadoDelOrigen(const QString& origen, const QString& destino)
 {
-    const QString candado = Conexion::candado(origen);
-    if (!Archivos::existe(candado) || candado == Conexion::candado(destino))
+    const QString candado = archivoDeCandado(origen);
+    if (!Archivos::existe(candado) || candado == archivoDeCandado(destino))
     {
         return std::nullopt;
     }
@@ -132,7 +133,7 @@ QString prepararCopia(const QString& carpeta)
 
 QString resguardar(const QString& origen, const QString& destino, const Aviso& aviso)
 {
-    const Candado solo(Conexion::candado(origen), Candado::Modo::Exclusivo);
+    const Candado solo(archivoDeCandado(origen), Candado::Modo::Exclusivo);
     borrarRestosDeCopias(QFileInfo(destino).absoluteDir());
     Archivos::Parte copia(destino);
     copiarEntera(origen, copia, aviso);
@@ -172,7 +173,7 @@ FallaDeRestauracion revisarRestauracion(const QString& origen, const QString& de
 
 void restaurar(const QString& origen, const QString& destino, const QString& seguridad, const Aviso& aviso)
 {
-    const Candado solo(Conexion::candado(destino), Candado::Modo::Exclusivo);
+    const Candado solo(archivoDeCandado(destino), Candado::Modo::Exclusivo);
     const std::optional<Candado> tampocoAlli = candadoDelOrigen(origen, destino);
     const qint64 primera = QFileInfo(origen).size();
     const qint64 total = primera + QFileInfo(destino).size();

@@ -6,6 +6,7 @@
 #include "apoyo/hijo.h"
 #include "core/screens/base_cerrada.h"
 #include "maintenance/screens/backup.h"
+#include "platform/data/archivos_de_base.h"
 #include "platform/data/candado.h"
 #include "platform/data/reloj.h"
 
@@ -65,7 +66,7 @@ TEST(OtraCopiaDeBackup, DISABLED_Trabaja)
 
 TEST(OtraCopiaDeBackup, DISABLED_Copia)
 {
-    const Candado solo(Conexion::candado(hijo::ruta()), Candado::Modo::Exclusivo);
+    const Candado solo(archivoDeCandado(hijo::ruta()), Candado::Modo::Exclusivo);
     hijo::listoYEsperar();
 }
 

@@ -6,6 +6,7 @@
 #include "apoyo/version_anterior.h"
 #include "maintenance/esquema.h"
 #include "maintenance/respaldo.h"
+#include "platform/data/archivos_de_base.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,7 +37,7 @@ protected:
         c.ejecutar(sql);
         c.cerrar();
         const QByteArray bytes = leerArchivo(ruta);
-        QFile::remove(Conexion::candado(ruta));
+        QFile::remove(archivoDeCandado(ruta));
         QFile::remove(ruta);
         return bytes;
     }

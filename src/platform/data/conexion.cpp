@@ -1,6 +1,7 @@
 #include "platform/data/conexion.h"
 
 #include "platform/data/archivos.h"
+#include "platform/data/archivos_de_base.h"
 #include "platform/data/candado.h"
 #include "platform/data/espanol.h"
 #include "platform/data/latido.h"
@@ -155,7 +156,7 @@ void Conexion::abrir(const QString& ruta, Modo modo)
     {
         if (QFileInfo(ruta).isFile()) // no lock file beside nothing
         {
-            nuevo->candado.emplace(candado(ruta), Candado::Modo::Compartido);
+            nuevo->candado.emplace(archivoDeCandado(ruta), Candado::Modo::Compartido);
         }
         nuevo->base = abrirBase(ruta, SQLITE_OPEN_READWRITE);
         if (nuevo->base->ejecutar("PRAGMA journal_mode=DELETE") != "delete")
@@ -210,7 +211,7 @@ bool Conexion::enTransaccion() const
 
 void Conexion::compactar(const QString& ruta, const QString& temporal, const Aviso& aviso)
 {
-    const Candado solo(candado(ruta), Candado::Modo::Exclusivo);
+    const Candado solo(archivoDeCandado(ruta), Candado::Modo::Exclusivo);
     Archivos::Parte parte(ruta, temporal);
     const qint64 total = QFileInfo(ruta).size();
     {
@@ -225,18 +226,6 @@ void Conexion::compactar(const QString& ruta, const QString& temporal, const Avi
     }
     comprobar(parte.ruta(), aviso); // the old file is closed: an open one could not be replaced everywhere
     parte.colocar();
-}
-
-QString Conexion::candado(const QString& ruta)
-{
-    const QFileInfo archivo(Archivos::detrasDeEnlaces(ruta));
-    return archivo.dir().filePath(archivo.completeBaseName() + QStringLiteral(".ldb"));
-}
-
-QStringList Conexion::acompanantes(const QString& ruta)
-{
-    const QString archivo = Archivos::detrasDeEnlaces(ruta);
-    return {archivo + QStringLiteral("-journal"), archivo + QStringLiteral("-wal"), archivo + QStringLiteral("-shm")};
 }
 
 void Conexion::recuperar(const QString& ruta)

@@ -345,12 +345,6 @@ public:
     /// Makes the closed file the whole database again: undoes what a process that died in a transaction left half done,
     /// and takes in what a write-ahead log holds. A damaged one stays as it is.
     static void recuperar(const QString& ruta);
-    /// The lock file of running copies. It lies, as all that belongs to a database does, beside the file itself, not
-    /// beside a link to it.
-    [[nodiscard]] static QString candado(const QString& ruta);
-    /// The files in which SQLite keeps changes beside a database: what a transaction may have to undo, then the
-    /// write-ahead log and its index. Beside a closed database they stand only after a death.
-    [[nodiscard]] static QStringList acompanantes(const QString& ruta);
     /// Creates an empty database file of this program; only the seed and tests do.
     static void crear(const QString& ruta);
 

@@ -1,7 +1,7 @@
 #include "platform/data/destino.h"
 
 #include "platform/data/archivos.h"
-#include "platform/data/conexion.h"
+#include "platform/data/archivos_de_base.h"
 #include "platform/data/directorio_programa.h"
 #include "platform/data/sistema.h"
 
@@ -58,8 +58,8 @@ std::set<sistema::Identidad> archivosPropios()
     const QStringList bases = programa.entryList({QStringLiteral("*.mdb")}, QDir::Files | QDir::Hidden);
     for (const QString& base : bases) // one that is a link has its lock and its journal behind it
     {
-        agregar(Conexion::candado(programa.filePath(base)));
-        for (const QString& junto : Conexion::acompanantes(programa.filePath(base)))
+        agregar(archivoDeCandado(programa.filePath(base)));
+        for (const QString& junto : acompanantes(programa.filePath(base)))
         {
             agregar(junto);
         }

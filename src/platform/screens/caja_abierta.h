@@ -19,3 +19,6 @@ private:
 
 /// The window that a box or dialog belongs to: the active one, else the main window, else none.
 [[nodiscard]] QWidget* ventanaParaCaja();
+
+/// Names the main window for it.
+void fijarVentanaParaCajas(QWidget* principal);

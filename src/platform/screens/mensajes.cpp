@@ -1,16 +1,16 @@
 #include "platform/screens/mensajes.h"
 
 #include "platform/screens/caja_abierta.h"
-#include "platform/screens/navegacion.h"
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QMainWindow>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace
 {
 int abiertas = 0;
+QPointer<QWidget> ventanaPrincipal;
 AtiendeCajas reemplazo;
 std::function<void(const DatosDeCaja&)> mostrada;
 std::function<void(const DatosDeCaja&, bool)> cerrada;
@@ -108,7 +108,12 @@ QWidget* ventanaParaCaja()
     {
         return activa;
     }
-    return Navegacion::instancia().ventana();
+    return ventanaPrincipal;
+}
+
+void fijarVentanaParaCajas(QWidget* principal)
+{
+    ventanaPrincipal = principal;
 }
 
 void MsgBox(const QString& texto, Caja clase, const QString& titulo)

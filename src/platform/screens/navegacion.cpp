@@ -1,5 +1,6 @@
 #include "platform/screens/navegacion.h"
 
+#include "platform/screens/caja_abierta.h"
 #include "platform/screens/contenedores.h"
 #include "platform/screens/trabajo_largo.h"
 
@@ -73,6 +74,7 @@ void Navegacion::fijarVentana(QMainWindow* ventana, QMdiArea* area)
     m_interno->hijas.clear();
     m_interno->ultima = nullptr;
     m_interno->ventana = ventana;
+    fijarVentanaParaCajas(ventana);
     m_interno->area = area;
     if (ventana != nullptr)
     {
