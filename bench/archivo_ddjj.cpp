@@ -1,11 +1,11 @@
 #include "exchange/archivo_ddjj.h"
 
+#include "base/db/conexion.h"
+#include "base/directorio_programa.h"
 #include "base_desnuda.h"
 #include "exchange/importacion.h"
 #include "medida.h"
 #include "nomina.h"
-#include "platform/data/conexion.h"
-#include "platform/data/directorio_programa.h"
 
 #include <QFile>
 #include <array>

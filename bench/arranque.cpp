@@ -1,9 +1,9 @@
 #include "core/screens/arranque.h"
 
+#include "base/directorio_programa.h"
 #include "base_grande.h"
 #include "core/rutinas.h"
 #include "medida.h"
-#include "platform/data/directorio_programa.h"
 
 #include <QApplication>
 

@@ -1,6 +1,6 @@
 #include "base_desnuda.h"
 
-#include "platform/data/espanol.h"
+#include "base/db/espanol.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 #include "roster/empleado.h"
 
+#include "base/db/conexion.h"
 #include "base_desnuda.h"
 #include "medida.h"
-#include "platform/data/conexion.h"
 #include "roster/familiares.h"
 
 #include <array>

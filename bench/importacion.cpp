@@ -1,9 +1,9 @@
 #include "exchange/importacion.h"
+#include "base/db/conexion.h"
+#include "base/files/archivos.h"
 #include "base_desnuda.h"
 #include "medida.h"
 #include "nomina.h"
-#include "platform/data/archivos.h"
-#include "platform/data/conexion.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
+#include "base/db/conexion.h"
 #include "base_desnuda.h"
 #include "exchange/informe_ddjj.h"
 #include "medida.h"
-#include "platform/data/conexion.h"
-#include "platform/screens/informe_paginas.h"
+#include "ui/report/informe_paginas.h"
 
 #include <QImage>
 #include <QPainter>

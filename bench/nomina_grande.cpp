@@ -1,7 +1,7 @@
+#include "base/db/conexion.h"
 #include "base_desnuda.h"
 #include "declarations/copia_ddjj.h"
 #include "medida.h"
-#include "platform/data/conexion.h"
 #include "roster/busqueda_empleado.h"
 #include "roster/sueldos.h"
 

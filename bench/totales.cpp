@@ -1,8 +1,8 @@
 #include "declarations/totales_ddjj.h"
 
+#include "base/db/conexion.h"
 #include "base_grande.h"
 #include "medida.h"
-#include "platform/data/conexion.h"
 
 namespace
 {

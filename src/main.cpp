@@ -1,7 +1,7 @@
+#include "base/directorio_programa.h"
 #include "core/screens/arranque.h"
-#include "platform/data/directorio_programa.h"
-#include "platform/screens/estilo.h"
 #include "registro.h"
+#include "ui/look/estilo.h"
 
 #include <QApplication>
 #include <cstdlib>

@@ -10,12 +10,12 @@
 #include "maintenance/screens/backup.h"
 #include "maintenance/screens/depurar.h"
 #include "maintenance/screens/version.h"
-#include "platform/screens/navegacion.h"
 #include "roster/screens/buscar_empleado.h"
 #include "roster/screens/buscar_sucursal.h"
 #include "roster/screens/ddjj_sueldos.h"
 #include "roster/screens/empleados.h"
 #include "slips/screens/boletas.h"
+#include "ui/shell/navegacion.h"
 
 void registrarPantallas()
 {

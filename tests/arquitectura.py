@@ -1,77 +1,100 @@
 #!/usr/bin/env python3
-"""Holds the sources against the picture in docs/architecture.md: which folder may include which, where the doors to the
-outside are, and what may stand only in platform/. Prints each breach; exit status 1 when there is one."""
+"""Holds the sources against the arrows that the CMake files draw (biblioteca(... USES ...)) and against the doors to the
+outside. Prints each breach; exit status 1 when there is one."""
 import pathlib
 import re
 import sys
 
 RAIZ = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else pathlib.Path(__file__).parents[1])
 FUENTES = RAIZ / "src"
+LINEAS = 450  # past them a file holds two things
 
-# A folder's rules may include these folders; its screens may include the same ones' screens as well.
-DEBAJO = {
-    "platform": set(),
-    "core": {"platform"},
-    "companies": {"platform", "core"},
-    "roster": {"platform", "core", "companies"},
-    "exchange": {"platform", "core", "companies", "roster"},
-    "declarations": {"platform", "core", "companies", "roster", "exchange"},
-    "slips": {"platform", "core", "companies"},
-    "maintenance": {"platform", "core"},
-}
-
-# Each road to the outside has one file; everybody else goes through its function.
+# Each road to the outside has one file or folder; everybody else goes through its functions.
 PUERTAS = {
-    r"\bQMessageBox\b": {"platform/screens/mensajes.cpp"},
-    r"\bQ(File|Print|PageSetup|Input)Dialog\b": {"platform/screens/dialogos.cpp", "platform/screens/impresion.cpp"},
-    r"\bQDesktopServices\b": {"platform/screens/dialogos.cpp", "platform/screens/correo.cpp"},
-    r"\bcurrent(DateTime|Date|Time)\b": {"platform/data/reloj.cpp"},
-    r"\bapplicationDirPath\b": {"platform/data/directorio_programa.cpp"},
-    r"\b(sqlite3_|SQLite::)": {"platform/data/"},
-    r"#include <(unistd|fcntl|sys/[a-z]+|windows)\.h>": {"platform/"},
-    r"\bcurl_[a-z]+_": {"platform/data/"},
+    r"\bQMessageBox\b": {"ui/doors/mensajes.cpp"},
+    r"\bQ(File|Print|PageSetup|Input)Dialog\b": {"ui/doors/dialogos.cpp", "ui/doors/impresion.cpp"},
+    r"\bQDesktopServices\b": {"ui/doors/dialogos.cpp", "ui/doors/correo.cpp"},
+    r"\bcurrent(DateTime|Date|Time)\b": {"base/reloj.cpp"},
+    r"\bapplicationDirPath\b": {"base/directorio_programa.cpp"},
+    r"\bsqlite3_": {"base/db/"},
+    r"#include <(unistd|fcntl|sys/[a-z]+|windows)\.h>": {"base/files/", "base/net/", "ui/doors/"},
+    r"\bcurl_[a-z]+_": {"base/net/"},
 }
 
 
-def carpeta(ruta: pathlib.PurePath) -> tuple[str, bool]:
-    partes = ruta.parts
-    return partes[0], "screens" in partes[:-1]
+class Biblioteca:
+    """A folder with its CMakeLists.txt: the sources that it lists, the folders that it uses, whether it knows widgets."""
+
+    def __init__(self, cmake: pathlib.Path):
+        self.nombre = cmake.parent.relative_to(FUENTES).as_posix()
+        pedido = re.search(r"biblioteca\(([^)]*)\)", cmake.read_text(encoding="utf-8"))
+        palabras = pedido.group(1).split() if pedido else []
+        self.existe = bool(pedido)
+        self.ventanas = "WIDGETS" in palabras
+        self.fuentes = {palabra for palabra in palabras if "." in palabra}
+        usa = palabras[palabras.index("USES") + 1 :] if "USES" in palabras else []
+        self.usa = set(usa[: usa.index("LINKS")] if "LINKS" in usa else usa)
+
+    @property
+    def destino(self) -> str:
+        return self.nombre.replace("/", "_")
 
 
-def revisar(ruta: pathlib.Path) -> list[str]:
-    relativa = ruta.relative_to(FUENTES)
-    nombre = relativa.as_posix()
+def revisar_dibujo(bibliotecas: dict[str, Biblioteca]) -> list[str]:
+    """No arrow leads to what is not there, from a rule to a screen, or round in a circle."""
+    fallas = []
+
+    def recorrer(destino: str, camino: list[str]) -> None:
+        if destino in camino:
+            fallas.append(" -> ".join([*camino, destino]) + ": a circle")
+            return
+        for otro in bibliotecas[destino].usa:
+            if otro not in bibliotecas:
+                fallas.append(f"{destino} uses {otro}, which no folder makes")
+                continue
+            if bibliotecas[otro].ventanas and not bibliotecas[destino].ventanas:
+                fallas.append(f"{destino} has no windows and uses {otro}")
+            recorrer(otro, [*camino, destino])
+
+    for destino in bibliotecas:
+        recorrer(destino, [])
+    return sorted(set(fallas))
+
+
+def revisar_archivo(ruta: pathlib.Path, carpetas: dict[str, Biblioteca]) -> list[str]:
+    nombre = ruta.relative_to(FUENTES).as_posix()
     texto = ruta.read_text(encoding="utf-8")
     fallas = []
-    if len(relativa.parts) > 1:
-        quien, es_pantalla = carpeta(relativa)
-        for incluido in re.findall(r'#include "([^"]+)"', texto):
-            destino = pathlib.PurePosixPath(incluido)
-            if len(destino.parts) < 2 or destino.parts[0] not in DEBAJO:
-                continue
-            otro, otra_pantalla = carpeta(destino)
-            if otro != quien and otro not in DEBAJO[quien]:
-                fallas.append(f"{nombre}: {quien} may not include {incluido}")
-            if otra_pantalla and not es_pantalla:
-                fallas.append(f"{nombre}: a rule includes a screen, {incluido}")
-        if not es_pantalla and re.search(r"#include <Q(Widget|Application|Dialog|MainWindow|LineEdit)", texto):
+    if propia := carpetas.get(ruta.parent.relative_to(FUENTES).as_posix()):
+        if ruta.name not in propia.fuentes:
+            fallas.append(f"{nombre}: not among the sources of its folder")
+        for incluido in re.findall(r'#include "([^"]+)/[^/"]+"', texto):
+            if incluido != propia.nombre and incluido.replace("/", "_") not in propia.usa:
+                fallas.append(f"{nombre}: {propia.nombre} has no arrow to {incluido}")
+        if not propia.ventanas and re.search(r"#include <Q(Widget|Application|Dialog|MainWindow|LineEdit)", texto):
             fallas.append(f"{nombre}: a rule includes a widget")
     sin_comentarios = re.sub(r"//[^\n]*", "", texto)
     for patron, permitidos in PUERTAS.items():
         if re.search(patron, sin_comentarios) and not any(nombre.startswith(p) for p in permitidos):
             fallas.append(f"{nombre}: goes round a door: {patron}")
-    if texto.count("\n") > 600:
-        fallas.append(f"{nombre}: {texto.count(chr(10))} lines; past 600 a file holds two things")
+    lineas = texto.splitlines()
+    if len(lineas) > LINEAS:
+        fallas.append(f"{nombre}: {len(lineas)} lines; past {LINEAS} a file holds two things")
+    fallas += [f"{nombre}:{n}: past 120 columns" for n, linea in enumerate(lineas, 1) if len(linea) > 120]
     return fallas
 
 
 def main() -> int:
+    todas = [Biblioteca(cmake) for cmake in sorted(FUENTES.rglob("CMakeLists.txt"))]
+    bibliotecas = [biblioteca for biblioteca in todas if biblioteca.existe]
+    fallas = revisar_dibujo({biblioteca.destino: biblioteca for biblioteca in bibliotecas})
+    carpetas = {biblioteca.nombre: biblioteca for biblioteca in bibliotecas}
     archivos = sorted(p for p in FUENTES.rglob("*") if p.suffix in {".cpp", ".h"})
-    fallas = [falla for archivo in archivos for falla in revisar(archivo)]
-    print(f"{len(archivos)} files, {len(fallas)} breaches")
+    fallas += [falla for archivo in archivos for falla in revisar_archivo(archivo, carpetas)]
+    print(f"{len(bibliotecas)} folders, {len(archivos)} files, {len(fallas)} breaches")
     for falla in fallas:
         print(falla)
-    return 1 if fallas or not archivos else 0
+    return 1 if fallas or not archivos or not bibliotecas else 0
 
 
 if __name__ == "__main__":

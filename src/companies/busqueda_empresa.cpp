@@ -1,6 +1,6 @@
 #include "companies/busqueda_empresa.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "companies/catalogos.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 #include <array>
 

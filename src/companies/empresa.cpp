@@ -1,11 +1,11 @@
 #include "companies/empresa.h"
 
+#include "base/db/conexion.h"
+#include "base/db/insertar.h"
+#include "base/error_de_ejecucion.h"
 #include "core/lista_empresas.h"
 #include "core/rutinas.h"
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/insertar.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 #include "companies/guardar_empresa.h"
 
+#include "base/db/conexion.h"
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
 
 namespace
 {

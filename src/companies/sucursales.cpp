@@ -1,8 +1,8 @@
 #include "companies/sucursales.h"
 
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/insertar.h"
+#include "base/db/conexion.h"
+#include "base/db/insertar.h"
+#include "base/error_de_ejecucion.h"
 
 namespace
 {

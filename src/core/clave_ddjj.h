@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/data/error_de_ejecucion.h"
+#include "base/error_de_ejecucion.h"
 
 #include <QDate>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "core/lista_empresas.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 namespace
 {

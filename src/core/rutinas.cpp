@@ -1,9 +1,9 @@
 #include "core/rutinas.h"
 
+#include "base/directorio_programa.h"
+#include "base/error_de_ejecucion.h"
+#include "base/files/archivos.h"
 #include "configuracion.h"
-#include "platform/data/archivos.h"
-#include "platform/data/directorio_programa.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <QDir>
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/data/aviso.h"
-#include "platform/data/conexion.h"
+#include "base/aviso.h"
+#include "base/db/conexion.h"
 
 #include <QDate>
 #include <QString>

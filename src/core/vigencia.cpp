@@ -1,6 +1,6 @@
 #include "core/vigencia.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 void exigirDeclaracion(Conexion& conexion, const ClaveDDJJ& clave)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/error_de_ejecucion.h"
 #include "core/clave_ddjj.h"
-#include "platform/data/error_de_ejecucion.h"
 
 class Conexion;
 

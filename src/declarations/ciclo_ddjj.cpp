@@ -1,7 +1,7 @@
 #include "declarations/ciclo_ddjj.h"
 
+#include "base/db/conexion.h"
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
 
 namespace
 {

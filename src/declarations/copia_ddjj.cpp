@@ -1,7 +1,7 @@
 #include "declarations/copia_ddjj.h"
 
+#include "base/db/conexion.h"
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
 
 std::vector<ClaveDDJJ> fuentesDeCopia(Conexion& conexion, const ClaveDDJJ& destino)
 {

@@ -1,6 +1,6 @@
 #include "declarations/lista_ddjj.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 std::vector<ClaveDDJJ> listarDeclaraciones(Conexion& conexion, const QString& cuit)
 {

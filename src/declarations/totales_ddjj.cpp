@@ -1,8 +1,8 @@
 #include "declarations/totales_ddjj.h"
 
+#include "base/db/conexion.h"
+#include "base/error_de_ejecucion.h"
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <limits>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/numbers/moneda.h"
 #include "core/clave_ddjj.h"
-#include "platform/data/moneda.h"
 
 #include <QDate>
 #include <optional>

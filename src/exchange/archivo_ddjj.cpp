@@ -1,11 +1,11 @@
 #include "exchange/archivo_ddjj.h"
 
+#include "base/db/conexion.h"
+#include "base/directorio_programa.h"
+#include "base/error_de_ejecucion.h"
+#include "base/numbers/formato.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/renglon.h"
-#include "platform/data/conexion.h"
-#include "platform/data/directorio_programa.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
 
 #include <QDir>
 

@@ -1,6 +1,6 @@
 #include "exchange/archivo_uno.h"
 
-#include "platform/data/error_de_ejecucion.h"
+#include "base/error_de_ejecucion.h"
 
 #include <variant>
 

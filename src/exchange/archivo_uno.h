@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/data/lineas.h"
+#include "base/files/lineas.h"
 
 /// File number 1: the roster that is being imported, or the declaration that is being written. There is one, and after
 /// an import that failed it stays open until somebody closes it: whoever opens it meanwhile fails with 55.

@@ -1,12 +1,12 @@
 #include "exchange/importacion.h"
 
+#include "base/db/conexion.h"
+#include "base/error_de_ejecucion.h"
+#include "base/numbers/formato.h"
 #include "core/vigencia.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/linea_de_nomina.h"
 #include "exchange/sumas_de_nomina.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
 
 #include <QScopeGuard>
 #include <unordered_map>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/aviso.h"
 #include "core/clave_ddjj.h"
-#include "platform/data/aviso.h"
 
 #include <QString>
 

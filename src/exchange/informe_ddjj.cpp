@@ -1,6 +1,6 @@
 #include "exchange/informe_ddjj.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 namespace
 {

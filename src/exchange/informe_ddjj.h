@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/numbers/valor_informe.h"
 #include "core/clave_ddjj.h"
-#include "platform/data/valor_informe.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "exchange/linea_de_nomina.h"
 
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/windows1252.h"
+#include "base/error_de_ejecucion.h"
+#include "base/files/windows1252.h"
 
 #include <QDate>
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "exchange/renglon.h"
 
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/windows1252.h"
+#include "base/db/conexion.h"
+#include "base/error_de_ejecucion.h"
+#include "base/files/windows1252.h"
 
 #include <array>
 #include <charconv>

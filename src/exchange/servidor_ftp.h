@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/data/transporte_ftp.h"
+#include "base/net/transporte_ftp.h"
 
 #include <QString>
 

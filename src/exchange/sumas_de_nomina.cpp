@@ -1,8 +1,8 @@
 #include "exchange/sumas_de_nomina.h"
 
+#include "base/db/conexion.h"
+#include "base/error_de_ejecucion.h"
 #include "exchange/linea_de_nomina.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <limits>
 

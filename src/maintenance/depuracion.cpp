@@ -1,7 +1,7 @@
 #include "maintenance/depuracion.h"
 
+#include "base/db/conexion.h"
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
 
 namespace
 {

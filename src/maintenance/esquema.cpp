@@ -1,7 +1,7 @@
 #include "maintenance/esquema.h"
 
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
+#include "base/db/conexion.h"
+#include "base/error_de_ejecucion.h"
 
 #include <QSet>
 #include <QStringList>

@@ -1,11 +1,11 @@
 #include "maintenance/respaldo.h"
 
+#include "base/error_de_ejecucion.h"
+#include "base/files/archivos.h"
+#include "base/files/archivos_de_base.h"
+#include "base/files/candado.h"
+#include "base/files/sistema.h"
 #include "maintenance/esquema.h"
-#include "platform/data/archivos.h"
-#include "platform/data/archivos_de_base.h"
-#include "platform/data/candado.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/sistema.h"
 
 #include <QDir>
 #include <QFileInfo>

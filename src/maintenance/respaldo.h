@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 #include <QDateTime>
 #include <QString>

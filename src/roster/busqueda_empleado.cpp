@@ -1,6 +1,6 @@
 #include "roster/busqueda_empleado.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 #include <string>
 

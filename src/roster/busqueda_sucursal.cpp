@@ -1,6 +1,6 @@
 #include "roster/busqueda_sucursal.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 std::vector<SucursalListada> listarSucursales(Conexion& conexion, const QString& cuit)
 {

@@ -1,6 +1,6 @@
 #include "roster/empleado.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/numbers/moneda.h"
 #include "core/vigencia.h"
-#include "platform/data/moneda.h"
 
 #include <QDate>
 #include <QString>

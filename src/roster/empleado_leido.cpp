@@ -1,7 +1,7 @@
 #include "roster/empleado_leido.h"
 
-#include "platform/data/conexion.h"
-#include "platform/data/formato.h"
+#include "base/db/conexion.h"
+#include "base/numbers/formato.h"
 
 namespace
 {

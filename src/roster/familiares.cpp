@@ -1,9 +1,9 @@
 #include "roster/familiares.h"
 
+#include "base/db/conexion.h"
+#include "base/db/insertar.h"
+#include "base/error_de_ejecucion.h"
 #include "companies/catalogos.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/insertar.h"
 
 namespace
 {

@@ -1,10 +1,10 @@
 #include "roster/guardar_empleado.h"
 
+#include "base/db/conexion.h"
+#include "base/db/insertar.h"
+#include "base/error_de_ejecucion.h"
+#include "base/numbers/formato.h"
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
-#include "platform/data/insertar.h"
 
 #include <limits>
 

@@ -1,9 +1,9 @@
 #include "roster/sueldos.h"
 
+#include "base/db/conexion.h"
+#include "base/error_de_ejecucion.h"
+#include "base/numbers/formato.h"
 #include "companies/cambios.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
 #include "roster/aportes.h"
 #include "roster/empleado.h"
 

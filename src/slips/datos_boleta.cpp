@@ -1,6 +1,6 @@
 #include "slips/datos_boleta.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 #include "slips/numero_boleta.h"
 
 namespace

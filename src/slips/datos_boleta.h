@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/data/valor_informe.h"
+#include "base/numbers/valor_informe.h"
 #include "slips/boleta.h"
 
 class Conexion;

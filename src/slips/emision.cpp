@@ -1,7 +1,7 @@
 #include "slips/emision.h"
 
+#include "base/db/conexion.h"
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
 #include "slips/importes_boleta.h"
 #include "slips/numero_boleta.h"
 #include "slips/pagos.h"

@@ -1,8 +1,8 @@
 #include "slips/importes_boleta.h"
 
+#include "base/db/conexion.h"
+#include "base/numbers/formato.h"
 #include "core/vigencia.h"
-#include "platform/data/conexion.h"
-#include "platform/data/formato.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 #include "slips/numero_boleta.h"
 
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
+#include "base/error_de_ejecucion.h"
+#include "base/numbers/formato.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 #include "slips/pagos.h"
 
+#include "base/db/insertar.h"
 #include "core/vigencia.h"
-#include "platform/data/insertar.h"
 
 namespace
 {

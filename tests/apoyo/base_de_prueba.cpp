@@ -2,7 +2,7 @@
 #include "apoyo/rutas.h"
 
 #include "apoyo/archivos_de_prueba.h"
-#include "platform/data/directorio_programa.h"
+#include "base/directorio_programa.h"
 
 #include <QDir>
 #include <QFile>

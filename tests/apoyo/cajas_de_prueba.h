@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/screens/dialogos.h"
-#include "platform/screens/mensajes.h"
+#include "ui/doors/dialogos.h"
+#include "ui/doors/mensajes.h"
 
 #include <QString>
 #include <deque>

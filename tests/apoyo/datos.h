@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/db/conexion.h"
+#include "base/error_de_ejecucion.h"
 #include "core/rutinas.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
 #include "apoyo/version_anterior.h"
 
-#include "platform/data/conexion.h"
+#include "base/db/conexion.h"
 
 void volverAVersion(const QString& ruta, const QString& version)
 {

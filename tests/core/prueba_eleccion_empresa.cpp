@@ -4,7 +4,7 @@
 #include "apoyo/datos.h"
 #include "core/lista_empresas.h"
 #include "core/screens/eleccion_empresa.h"
-#include "platform/screens/campo_mascara.h"
+#include "ui/fields/campo_mascara.h"
 
 #include <QComboBox>
 #include <gtest/gtest.h>

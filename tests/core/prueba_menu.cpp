@@ -3,10 +3,10 @@
 #include "apoyo/entrada.h"
 #include "core/screens/mdi_menu_ppal.h"
 #include "core/screens/validar.h"
-#include "platform/screens/campo_mascara.h"
-#include "platform/screens/error_fatal.h"
-#include "platform/screens/navegacion.h"
-#include "platform/screens/pantalla.h"
+#include "ui/fields/campo_mascara.h"
+#include "ui/shell/error_fatal.h"
+#include "ui/shell/navegacion.h"
+#include "ui/shell/pantalla.h"
 
 #include <QLabel>
 #include <QMenu>

@@ -4,11 +4,11 @@
 #include "apoyo/datos.h"
 #include "apoyo/hijo.h"
 #include "apoyo/version_anterior.h"
+#include "base/files/candado.h"
 #include "core/screens/base_cerrada.h"
 #include "core/screens/mdi_menu_ppal.h"
-#include "platform/data/candado.h"
-#include "platform/screens/error_fatal.h"
-#include "platform/screens/trabajo_largo.h"
+#include "ui/shell/error_fatal.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>

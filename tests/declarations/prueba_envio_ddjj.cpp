@@ -5,7 +5,7 @@
 #include "apoyo/servidor_ftp_de_prueba.h"
 #include "declarations/screens/envio_ddjj.h"
 #include "exchange/servidor_ftp.h"
-#include "platform/screens/dialogos.h"
+#include "ui/doors/dialogos.h"
 
 #include <QFile>
 #include <gtest/gtest.h>

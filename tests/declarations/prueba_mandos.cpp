@@ -4,9 +4,9 @@
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/datos.h"
 #include "declarations/screens/ddjj.h"
-#include "platform/screens/grilla.h"
-#include "platform/screens/navegacion.h"
-#include "platform/screens/trabajo_largo.h"
+#include "ui/grid/grilla.h"
+#include "ui/shell/navegacion.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include <QComboBox>
 #include <QDir>

@@ -1,9 +1,9 @@
 // The declaration's text file. Whole files, byte by byte, stand in the acceptance scripts; here each column by itself.
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/datos.h"
+#include "base/error_de_ejecucion.h"
 #include "exchange/archivo_ddjj.h"
 #include "exchange/archivo_uno.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <QDir>
 #include <QFile>

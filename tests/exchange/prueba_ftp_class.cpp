@@ -2,9 +2,9 @@
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/servidor_ftp_de_prueba.h"
+#include "base/error_de_ejecucion.h"
 #include "exchange/screens/ftp_class.h"
 #include "exchange/servidor_ftp.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <QFile>
 #include <QTemporaryDir>

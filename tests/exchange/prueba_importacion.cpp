@@ -1,10 +1,10 @@
 // The roster files: what each field becomes, and which file is refused whole.
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/datos.h"
+#include "base/error_de_ejecucion.h"
 #include "core/vigencia.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/importacion.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <cstring>
 #include <gtest/gtest.h>

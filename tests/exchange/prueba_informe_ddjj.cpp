@@ -4,11 +4,11 @@
 #include "apoyo/datos.h"
 #include "apoyo/hojas.h"
 #include "apoyo/rutas.h"
+#include "base/error_de_ejecucion.h"
 #include "exchange/informe_ddjj.h"
 #include "exchange/screens/imprimir_informe.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/screens/informe_plantilla.h"
-#include "platform/screens/informe_vista.h"
+#include "ui/report/informe_plantilla.h"
+#include "ui/report/informe_vista.h"
 
 #include <QApplication>
 #include <QFile>

@@ -5,12 +5,12 @@
 #ifndef _WIN32
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/limite_de_archivos.h"
+#include "base/files/archivos.h"
 #include "exchange/archivo_ddjj.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/importacion.h"
 #include "fallos/base_grande.h"
 #include "maintenance/respaldo.h"
-#include "platform/data/archivos.h"
 
 #include <QDir>
 #include <QFile>

@@ -6,11 +6,11 @@
 // ALTOVERDE_SEGUNDOS sets the duration of the whole, ALTOVERDE_SEMILLA makes other choices.
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/hijo.h"
+#include "base/directorio_programa.h"
 #include "declarations/ciclo_ddjj.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/importacion.h"
 #include "fallos/base_grande.h"
-#include "platform/data/directorio_programa.h"
 #include "roster/empleado.h"
 
 #include <QDeadlineTimer>

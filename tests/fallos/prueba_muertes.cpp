@@ -4,9 +4,9 @@
 // first. ALTOVERDE_MUERTES sets the number of deaths, ALTOVERDE_SEMILLA draws other moments.
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/hijo.h"
+#include "base/directorio_programa.h"
 #include "fallos/base_grande.h"
 #include "maintenance/respaldo.h"
-#include "platform/data/directorio_programa.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -2,7 +2,7 @@
 #include "apoyo/entrada.h"
 #include "configuracion.h"
 #include "maintenance/screens/version.h"
-#include "platform/screens/dialogos.h"
+#include "ui/doors/dialogos.h"
 
 #include <QLabel>
 #include <QTest>

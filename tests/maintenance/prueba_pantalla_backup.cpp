@@ -4,11 +4,11 @@
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/datos.h"
 #include "apoyo/hijo.h"
+#include "base/files/archivos_de_base.h"
+#include "base/files/candado.h"
+#include "base/reloj.h"
 #include "core/screens/base_cerrada.h"
 #include "maintenance/screens/backup.h"
-#include "platform/data/archivos_de_base.h"
-#include "platform/data/candado.h"
-#include "platform/data/reloj.h"
 
 #include <QDir>
 #include <QLineEdit>

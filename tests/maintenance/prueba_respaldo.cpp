@@ -4,9 +4,9 @@
 #include "apoyo/datos.h"
 #include "apoyo/hijo.h"
 #include "apoyo/version_anterior.h"
+#include "base/files/archivos_de_base.h"
 #include "maintenance/esquema.h"
 #include "maintenance/respaldo.h"
-#include "platform/data/archivos_de_base.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 // The contribution rules, held against the same rules computed in whole numbers with nothing of the program's own code.
 #include "apoyo/datos.h"
-#include "platform/data/formato.h"
+#include "base/numbers/formato.h"
 #include "roster/aportes.h"
 
 #include <bit>

@@ -3,10 +3,10 @@
 #include "apoyo/hojas.h"
 #include "apoyo/rutas.h"
 #include "boletas_de_prueba.h"
-#include "platform/screens/fuentes.h"
-#include "platform/screens/informe_vista.h"
 #include "slips/datos_boleta.h"
 #include "slips/numero_boleta.h"
+#include "ui/report/fuentes.h"
+#include "ui/report/informe_vista.h"
 
 #include <QPainter>
 #include <QRegularExpression>

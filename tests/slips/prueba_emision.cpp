@@ -2,10 +2,10 @@
 #include "apoyo/datos.h"
 #include "boletas_de_prueba.h"
 #include "core/vigencia.h"
-#include "platform/screens/informe_plantilla.h"
 #include "slips/emision.h"
 #include "slips/numero_boleta.h"
 #include "slips/pagos.h"
+#include "ui/report/informe_plantilla.h"
 
 #include <gtest/gtest.h>
 

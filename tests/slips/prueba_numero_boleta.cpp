@@ -1,5 +1,5 @@
+#include "base/error_de_ejecucion.h"
 #include "boletas_de_prueba.h"
-#include "platform/data/error_de_ejecucion.h"
 #include "slips/numero_boleta.h"
 
 #include <gtest/gtest.h>

@@ -4,10 +4,10 @@
 #include "entrada.h"
 #include "guion.h"
 #include "jugada.h"
-#include "platform/screens/navegacion.h"
-#include "platform/screens/pantalla.h"
-#include "platform/screens/validacion.h"
 #include "teclas.h"
+#include "ui/shell/navegacion.h"
+#include "ui/shell/pantalla.h"
+#include "ui/shell/validacion.h"
 
 #include <QtWidgets>
 

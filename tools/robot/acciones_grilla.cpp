@@ -3,7 +3,7 @@
 #include "entrada.h"
 #include "guion.h"
 #include "jugada.h"
-#include "platform/screens/grilla.h"
+#include "ui/grid/grilla.h"
 
 #include <QtWidgets>
 

@@ -1,7 +1,7 @@
 #include "base.h"
 
+#include "base/db/conexion.h"
 #include "falla.h"
-#include "platform/data/conexion.h"
 
 #include <QStringList>
 #include <memory>

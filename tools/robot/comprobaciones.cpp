@@ -4,9 +4,9 @@
 #include "controles.h"
 #include "entrada.h"
 #include "jugada.h"
-#include "platform/screens/grilla.h"
-#include "platform/screens/navegacion.h"
-#include "platform/screens/pantalla.h"
+#include "ui/grid/grilla.h"
+#include "ui/shell/navegacion.h"
+#include "ui/shell/pantalla.h"
 
 #include <QtWidgets>
 

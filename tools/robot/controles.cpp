@@ -1,10 +1,10 @@
 #include "controles.h"
 
 #include "falla.h"
-#include "platform/screens/campo_mascara.h"
-#include "platform/screens/grilla.h"
-#include "platform/screens/navegacion.h"
-#include "platform/screens/pantalla.h"
+#include "ui/fields/campo_mascara.h"
+#include "ui/grid/grilla.h"
+#include "ui/shell/navegacion.h"
+#include "ui/shell/pantalla.h"
 
 #include <QtWidgets>
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "falla.h"
-#include "platform/screens/mensajes.h"
+#include "ui/doors/mensajes.h"
 
 #include <QByteArray>
 #include <QStringList>

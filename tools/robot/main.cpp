@@ -1,14 +1,14 @@
 #include "base.h"
+#include "base/directorio_programa.h"
 #include "core/rutinas.h"
 #include "core/screens/arranque.h"
 #include "exchange/servidor_ftp.h"
 #include "falla.h"
 #include "guion.h"
 #include "planes.h"
-#include "platform/data/directorio_programa.h"
-#include "platform/screens/estilo.h"
 #include "registro.h"
 #include "robot.h"
+#include "ui/look/estilo.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -1,8 +1,8 @@
 #include "base.h"
+#include "base/reloj.h"
 #include "captura.h"
 #include "guion.h"
 #include "jugada.h"
-#include "platform/data/reloj.h"
 
 #include <QDateTime>
 

@@ -1,13 +1,13 @@
 #include "robot.h"
 
+#include "base/reloj.h"
 #include "captura.h"
 #include "comprobaciones.h"
 #include "controles.h"
 #include "entrada.h"
-#include "platform/data/reloj.h"
-#include "platform/screens/dialogos.h"
-#include "platform/screens/error_fatal.h"
-#include "platform/screens/trabajo_largo.h"
+#include "ui/doors/dialogos.h"
+#include "ui/shell/error_fatal.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include <QtWidgets>
 #include <thread>

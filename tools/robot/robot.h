@@ -2,8 +2,8 @@
 
 #include "guion.h"
 #include "jugada.h"
-#include "platform/screens/mensajes.h"
 #include "reposo.h"
+#include "ui/doors/mensajes.h"
 
 #include <QElapsedTimer>
 #include <QObject>

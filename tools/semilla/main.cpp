@@ -1,8 +1,8 @@
 #include "base.h"
+#include "base/db/conexion.h"
+#include "base/error_de_ejecucion.h"
+#include "base/files/archivos.h"
 #include "configuracion.h"
-#include "platform/data/archivos.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
 
 #include <QCoreApplication>
 #include <QFile>

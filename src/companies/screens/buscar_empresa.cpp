@@ -2,7 +2,7 @@
 
 #include "companies/busqueda_empresa.h"
 #include "core/rutinas.h"
-#include "platform/screens/tecla_soltada.h"
+#include "ui/fields/tecla_soltada.h"
 #include "ui_buscar_empresa.h"
 
 BuscarEmpresa::BuscarEmpresa(QWidget* padre)

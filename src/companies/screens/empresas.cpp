@@ -1,12 +1,12 @@
 #include "companies/screens/empresas.h"
 
+#include "base/error_de_ejecucion.h"
 #include "companies/catalogos.h"
 #include "companies/screens/preguntar_cambios.h"
 #include "core/lista_empresas.h"
 #include "core/rutinas.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/screens/mensajes.h"
-#include "platform/screens/navegacion.h"
+#include "ui/doors/mensajes.h"
+#include "ui/shell/navegacion.h"
 #include "ui_empresas.h"
 
 Empresas::Empresas(QWidget* padre)

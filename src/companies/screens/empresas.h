@@ -1,7 +1,7 @@
 #pragma once
 
 #include "companies/guardar_empresa.h"
-#include "platform/screens/pantalla.h"
+#include "ui/shell/pantalla.h"
 
 #include <memory>
 #include <vector>

@@ -2,9 +2,9 @@
 #include "companies/catalogos.h"
 #include "companies/screens/empresas.h"
 #include "core/rutinas.h"
-#include "platform/screens/estilo.h"
-#include "platform/screens/mensajes.h"
-#include "platform/screens/navegacion.h"
+#include "ui/doors/mensajes.h"
+#include "ui/look/estilo.h"
+#include "ui/shell/navegacion.h"
 #include "ui_empresas.h"
 
 #include <algorithm>

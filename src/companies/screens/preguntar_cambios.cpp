@@ -1,7 +1,7 @@
 #include "companies/screens/preguntar_cambios.h"
 
 #include "companies/cambios.h"
-#include "platform/screens/mensajes.h"
+#include "ui/doors/mensajes.h"
 
 bool guardarPreguntando(const std::function<void(bool reemplaza)>& guardar)
 {

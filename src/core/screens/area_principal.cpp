@@ -1,6 +1,6 @@
 #include "core/screens/area_principal.h"
 
-#include "platform/screens/estilo.h"
+#include "ui/look/estilo.h"
 
 #include <QPainter>
 

@@ -1,8 +1,8 @@
 #include "core/screens/arranque.h"
 
+#include "base/error_de_ejecucion.h"
 #include "core/rutinas.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/screens/error_fatal.h"
+#include "ui/shell/error_fatal.h"
 
 std::unique_ptr<MDIMenuPpal> arrancar()
 {

@@ -1,8 +1,8 @@
 #include "core/screens/base_cerrada.h"
 
 #include "core/rutinas.h"
-#include "platform/screens/mensajes.h"
-#include "platform/screens/trabajo_largo.h"
+#include "ui/doors/mensajes.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include <QDeadlineTimer>
 #include <QThread>

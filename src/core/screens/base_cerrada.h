@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/data/aviso.h"
-#include "platform/data/error_de_ejecucion.h"
+#include "base/aviso.h"
+#include "base/error_de_ejecucion.h"
 
 #include <QString>
 #include <functional>

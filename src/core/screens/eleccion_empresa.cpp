@@ -2,10 +2,10 @@
 
 #include "core/lista_empresas.h"
 #include "core/rutinas.h"
-#include "platform/screens/campo_mascara.h"
-#include "platform/screens/error_fatal.h"
-#include "platform/screens/mensajes.h"
-#include "platform/screens/validacion.h"
+#include "ui/doors/mensajes.h"
+#include "ui/fields/campo_mascara.h"
+#include "ui/shell/error_fatal.h"
+#include "ui/shell/validacion.h"
 
 #include <QComboBox>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/screens/espera_de_base.h"
+#include "ui/shell/espera_de_base.h"
 
 #include <QMainWindow>
 #include <memory>

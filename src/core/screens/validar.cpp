@@ -1,10 +1,10 @@
 #include "core/screens/validar.h"
 
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
-#include "platform/data/moneda.h"
-#include "platform/screens/campo_mascara.h"
-#include "platform/screens/mensajes.h"
+#include "base/error_de_ejecucion.h"
+#include "base/numbers/formato.h"
+#include "base/numbers/moneda.h"
+#include "ui/doors/mensajes.h"
+#include "ui/fields/campo_mascara.h"
 
 namespace
 {

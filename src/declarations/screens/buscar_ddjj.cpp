@@ -3,9 +3,9 @@
 #include "core/rutinas.h"
 #include "declarations/copia_ddjj.h"
 #include "exchange/informe_ddjj.h"
-#include "platform/screens/estilo.h"
-#include "platform/screens/grilla.h"
-#include "platform/screens/mensajes.h"
+#include "ui/doors/mensajes.h"
+#include "ui/grid/grilla.h"
+#include "ui/look/estilo.h"
 #include "ui_buscar_ddjj.h"
 
 namespace

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/clave_ddjj.h"
-#include "platform/screens/pantalla.h"
+#include "ui/shell/pantalla.h"
 
 #include <memory>
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "core/clave_ddjj.h"
 #include "declarations/totales_ddjj.h"
-#include "platform/screens/pantalla.h"
+#include "ui/shell/pantalla.h"
 
 #include <array>
 #include <memory>

@@ -1,9 +1,9 @@
+#include "base/reloj.h"
 #include "core/rutinas.h"
 #include "core/screens/eleccion_empresa.h"
 #include "declarations/ciclo_ddjj.h"
 #include "declarations/screens/ddjj.h"
-#include "platform/data/reloj.h"
-#include "platform/screens/mensajes.h"
+#include "ui/doors/mensajes.h"
 #include "ui_ddjj.h"
 
 void DDJJ::cmdNueva_Click()

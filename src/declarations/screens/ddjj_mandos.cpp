@@ -7,10 +7,10 @@
 #include "exchange/importacion.h"
 #include "exchange/informe_ddjj.h"
 #include "exchange/screens/imprimir_informe.h"
-#include "platform/screens/campo_mascara.h"
-#include "platform/screens/mensajes.h"
-#include "platform/screens/navegacion.h"
-#include "platform/screens/trabajo_largo.h"
+#include "ui/doors/mensajes.h"
+#include "ui/fields/campo_mascara.h"
+#include "ui/shell/navegacion.h"
+#include "ui/shell/trabajo_largo.h"
 #include "ui_ddjj.h"
 
 namespace

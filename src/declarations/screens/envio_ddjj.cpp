@@ -1,16 +1,16 @@
 #include "declarations/screens/envio_ddjj.h"
 
+#include "base/error_de_ejecucion.h"
+#include "base/files/archivos.h"
 #include "core/rutinas.h"
 #include "core/vigencia.h"
 #include "exchange/archivo_ddjj.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/screens/ftp_class.h"
 #include "exchange/servidor_ftp.h"
-#include "platform/data/archivos.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/screens/dialogos.h"
-#include "platform/screens/mensajes.h"
-#include "platform/screens/trabajo_largo.h"
+#include "ui/doors/dialogos.h"
+#include "ui/doors/mensajes.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "exchange/screens/ftp_class.h"
 
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/screens/mensajes.h"
+#include "base/error_de_ejecucion.h"
+#include "ui/doors/mensajes.h"
 
 #include <limits>
 

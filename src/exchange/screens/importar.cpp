@@ -1,9 +1,9 @@
 #include "exchange/screens/importar.h"
 
 #include "core/rutinas.h"
-#include "platform/screens/dialogos.h"
-#include "platform/screens/estilo.h"
-#include "platform/screens/mensajes.h"
+#include "ui/doors/dialogos.h"
+#include "ui/doors/mensajes.h"
+#include "ui/look/estilo.h"
 #include "ui_importar.h"
 
 Importar::Importar(QWidget* padre)

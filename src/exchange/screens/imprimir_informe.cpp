@@ -2,8 +2,8 @@
 
 #include "core/rutinas.h"
 #include "exchange/informe_ddjj.h"
-#include "platform/screens/informe.h"
-#include "platform/screens/mensajes.h"
+#include "ui/doors/mensajes.h"
+#include "ui/report/informe.h"
 
 void ImprimirInforme(const ClaveDDJJ& clave, const QString& mes, const QString& anio, InformeDDJJ cual)
 {

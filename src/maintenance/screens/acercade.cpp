@@ -3,7 +3,7 @@
 #include "configuracion.h"
 #include "core/rutinas.h"
 #include "maintenance/screens/rotulos.h"
-#include "platform/screens/estilo.h"
+#include "ui/look/estilo.h"
 #include "ui_acercade.h"
 
 Acercade::Acercade(QWidget* padre)

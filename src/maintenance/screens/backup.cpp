@@ -1,14 +1,14 @@
 #include "maintenance/screens/backup.h"
 
+#include "base/directorio_programa.h"
+#include "base/error_de_ejecucion.h"
+#include "base/reloj.h"
 #include "core/rutinas.h"
 #include "core/screens/base_cerrada.h"
 #include "maintenance/respaldo.h"
-#include "platform/data/directorio_programa.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/reloj.h"
-#include "platform/screens/dialogos.h"
-#include "platform/screens/estilo.h"
-#include "platform/screens/mensajes.h"
+#include "ui/doors/dialogos.h"
+#include "ui/doors/mensajes.h"
+#include "ui/look/estilo.h"
 #include "ui_backup.h"
 
 namespace

@@ -4,11 +4,11 @@
 #include "core/screens/eleccion_empresa.h"
 #include "core/vigencia.h"
 #include "maintenance/depuracion.h"
-#include "platform/screens/campo_mascara.h"
-#include "platform/screens/estilo.h"
-#include "platform/screens/grilla.h"
-#include "platform/screens/mensajes.h"
-#include "platform/screens/navegacion.h"
+#include "ui/doors/mensajes.h"
+#include "ui/fields/campo_mascara.h"
+#include "ui/grid/grilla.h"
+#include "ui/look/estilo.h"
+#include "ui/shell/navegacion.h"
 #include "ui_depurar.h"
 
 Depurar::Depurar(QWidget* padre)

@@ -2,8 +2,8 @@
 
 #include "configuracion.h"
 #include "maintenance/screens/rotulos.h"
-#include "platform/screens/dialogos.h"
-#include "platform/screens/estilo.h"
+#include "ui/doors/dialogos.h"
+#include "ui/look/estilo.h"
 #include "ui_version.h"
 
 #include <QEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/screens/pantalla.h"
+#include "ui/shell/pantalla.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #include "roster/screens/buscar_empleado.h"
 
 #include "core/rutinas.h"
-#include "platform/screens/tecla_soltada.h"
 #include "roster/busqueda_empleado.h"
+#include "ui/fields/tecla_soltada.h"
 #include "ui_buscar_empleado.h"
 
 BuscarEmpleado::BuscarEmpleado(QWidget* padre)

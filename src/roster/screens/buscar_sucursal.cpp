@@ -1,8 +1,8 @@
 #include "roster/screens/buscar_sucursal.h"
 
 #include "core/rutinas.h"
-#include "platform/screens/estilo.h"
 #include "roster/busqueda_sucursal.h"
+#include "ui/look/estilo.h"
 #include "ui_buscar_sucursal.h"
 
 BuscarSucursal::BuscarSucursal(QWidget* padre)

@@ -1,13 +1,13 @@
 #include "roster/screens/ddjj_sueldos.h"
 
+#include "base/error_de_ejecucion.h"
 #include "companies/screens/preguntar_cambios.h"
 #include "core/rutinas.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/screens/estilo.h"
-#include "platform/screens/grilla.h"
-#include "platform/screens/mensajes.h"
-#include "platform/screens/trabajo_largo.h"
 #include "roster/guardar_empleado.h"
+#include "ui/doors/mensajes.h"
+#include "ui/grid/grilla.h"
+#include "ui/look/estilo.h"
+#include "ui/shell/trabajo_largo.h"
 #include "ui_ddjj_sueldos.h"
 
 #include <QKeyEvent>

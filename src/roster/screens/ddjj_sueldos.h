@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/clave_ddjj.h"
-#include "platform/screens/pantalla.h"
 #include "roster/sueldos.h"
+#include "ui/shell/pantalla.h"
 
 #include <memory>
 #include <vector>

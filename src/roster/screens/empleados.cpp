@@ -2,7 +2,7 @@
 
 #include "companies/catalogos.h"
 #include "core/rutinas.h"
-#include "platform/screens/estilo.h"
+#include "ui/look/estilo.h"
 #include "ui_empleados.h"
 
 #include <QKeyEvent>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/clave_ddjj.h"
-#include "platform/screens/pantalla.h"
 #include "roster/empleado.h"
 #include "roster/guardar_empleado.h"
+#include "ui/shell/pantalla.h"
 
 #include <array>
 #include <functional>

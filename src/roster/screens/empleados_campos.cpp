@@ -1,12 +1,12 @@
 // The fields of an employee while he is entered: their checks, the contributions, and the save.
+#include "base/error_de_ejecucion.h"
+#include "base/numbers/formato.h"
 #include "companies/screens/preguntar_cambios.h"
 #include "core/rutinas.h"
 #include "core/screens/validar.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
-#include "platform/screens/mensajes.h"
 #include "roster/screens/empleados.h"
 #include "roster/screens/empleados_registro.h"
+#include "ui/doors/mensajes.h"
 #include "ui_empleados.h"
 
 namespace

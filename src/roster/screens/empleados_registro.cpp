@@ -1,12 +1,12 @@
 // The record on the screen: loading, showing, emptying, and the commands that move between records.
 #include "roster/screens/empleados_registro.h"
 
+#include "base/numbers/formato.h"
 #include "core/rutinas.h"
-#include "platform/data/formato.h"
-#include "platform/screens/mensajes.h"
-#include "platform/screens/navegacion.h"
 #include "roster/familiares.h"
 #include "roster/screens/empleados.h"
+#include "ui/doors/mensajes.h"
+#include "ui/shell/navegacion.h"
 #include "ui_empleados.h"
 
 namespace

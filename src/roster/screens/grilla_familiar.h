@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/screens/grilla.h"
+#include "ui/grid/grilla.h"
 
 /// The grid of an employee's dependants: relation, document type and number, name, sex and birth date. Down and Insert
 /// on its last row add one once that row has its relation, Delete removes the current one. Tab, and Enter on an empty

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/data/moneda.h"
-#include "platform/screens/pantalla.h"
+#include "base/numbers/moneda.h"
 #include "slips/boleta.h"
 #include "slips/importes_boleta.h"
+#include "ui/shell/pantalla.h"
 
 #include <array>
 #include <memory>

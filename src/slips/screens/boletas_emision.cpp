@@ -1,13 +1,13 @@
 // Issuing a slip: the second half of the screen Boletas.
+#include "base/error_de_ejecucion.h"
+#include "base/numbers/formato.h"
+#include "base/reloj.h"
 #include "core/rutinas.h"
 #include "core/vigencia.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/data/formato.h"
-#include "platform/data/reloj.h"
-#include "platform/screens/informe.h"
-#include "platform/screens/mensajes.h"
 #include "slips/emision.h"
 #include "slips/screens/boletas.h"
+#include "ui/doors/mensajes.h"
+#include "ui/report/informe.h"
 #include "ui_boletas.h"
 
 using Rutinas::ModoAbrir;

@@ -1,7 +1,7 @@
 // The lock between running copies.
 #include "apoyo/hijo.h"
+#include "base/files/candado.h"
 #include "base_nueva.h"
-#include "platform/data/candado.h"
 
 namespace
 {

@@ -39,11 +39,11 @@ TEST_F(ConexionAbierta, CadaClaseDeValorVaYVuelve)
             .join(u'|')
             .toStdString();
     };
-    EXPECT_EQ(
-        (std::vector<std::string>{
-            "O'Higgins Ñandú €|O'Higgins Ñandú €|1099511627776|1099511627776|2009-05-01|23:05:09|-12345|1|0",
-            "||94 Uso no válido de Null: E|-1|||94 Uso no válido de Null: m|0|1", "||7|7|||94 Uso no válido de Null: m|0|0"}),
-        conexion.lista("SELECT * FROM t", leer));
+    EXPECT_EQ((std::vector<std::string>{
+                  "O'Higgins Ñandú €|O'Higgins Ñandú €|1099511627776|1099511627776|2009-05-01|23:05:09|-12345|1|0",
+                  "||94 Uso no válido de Null: E|-1|||94 Uso no válido de Null: m|0|1",
+                  "||7|7|||94 Uso no válido de Null: m|0|0"}),
+              conexion.lista("SELECT * FROM t", leer));
     EXPECT_EQ(3265,
               numeroDe([&] { conexion.recorrer("SELECT * FROM t", [](const Fila& f) { (void)f.texto("otra"); }); }));
 }

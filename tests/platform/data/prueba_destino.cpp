@@ -1,7 +1,7 @@
 // What a save dialog may write over, by what it is.
 #include "apoyo/archivos_de_prueba.h"
-#include "platform/data/destino.h"
-#include "platform/data/directorio_programa.h"
+#include "base/directorio_programa.h"
+#include "base/files/destino.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,7 +2,7 @@
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/datos.h"
 #include "apoyo/limite_de_archivos.h"
-#include "platform/data/lineas.h"
+#include "base/files/lineas.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>

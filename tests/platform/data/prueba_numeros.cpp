@@ -1,6 +1,6 @@
 // Money and its texts: what a person types, what is stored, and what is shown.
 #include "apoyo/datos.h"
-#include "platform/data/formato.h"
+#include "base/numbers/formato.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/data/windows1252.h"
+#include "base/files/windows1252.h"
 
 #include <gtest/gtest.h>
 

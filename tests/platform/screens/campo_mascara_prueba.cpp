@@ -1,4 +1,4 @@
-#include "platform/screens/campo_mascara.h"
+#include "ui/fields/campo_mascara.h"
 
 #include "apoyo/entrada.h"
 

@@ -1,5 +1,5 @@
 // The doors to the system's dialogs and programs.
-#include "platform/screens/dialogos.h"
+#include "ui/doors/dialogos.h"
 
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"

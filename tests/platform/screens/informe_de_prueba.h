@@ -1,7 +1,7 @@
 #pragma once
 
 #include "apoyo/hojas.h"
-#include "platform/screens/informe_vista.h"
+#include "ui/report/informe_vista.h"
 
 #include <QFile>
 #include <QTemporaryDir>

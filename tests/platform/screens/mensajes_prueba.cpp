@@ -1,9 +1,9 @@
-#include "platform/screens/mensajes.h"
+#include "ui/doors/mensajes.h"
 
 #include "apoyo/cajas_de_prueba.h"
+#include "base/error_de_ejecucion.h"
 #include "mesa.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/screens/error_fatal.h"
+#include "ui/shell/error_fatal.h"
 
 #include <QMessageBox>
 #include <gtest/gtest.h>

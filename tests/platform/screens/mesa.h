@@ -1,9 +1,9 @@
 #pragma once
 
 #include "apoyo/entrada.h"
-#include "platform/screens/campo_mascara.h"
-#include "platform/screens/navegacion.h"
-#include "platform/screens/pantalla.h"
+#include "ui/fields/campo_mascara.h"
+#include "ui/shell/navegacion.h"
+#include "ui/shell/pantalla.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,9 +1,9 @@
-#include "platform/screens/navegacion.h"
+#include "ui/shell/navegacion.h"
 
 #include "apoyo/cajas_de_prueba.h"
+#include "base/error_de_ejecucion.h"
 #include "mesa.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/screens/trabajo_largo.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include <QMessageBox>
 #include <QScreen>

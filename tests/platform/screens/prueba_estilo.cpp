@@ -1,4 +1,4 @@
-#include "platform/screens/estilo.h"
+#include "ui/look/estilo.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

@@ -1,7 +1,7 @@
 // The grid of every screen: its rows, what keys and mouse do to them, and its events in their order.
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
-#include "platform/screens/grilla.h"
+#include "ui/grid/grilla.h"
 
 #include <QComboBox>
 #include <QDialog>

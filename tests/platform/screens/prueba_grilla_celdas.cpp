@@ -1,4 +1,4 @@
-#include "platform/screens/grilla_celdas.h"
+#include "ui/grid/grilla_celdas.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // The report engine: layouts, pages, what stands on them.
 #include "apoyo/rutas.h"
+#include "base/db/conexion.h"
+#include "base/error_de_ejecucion.h"
 #include "informe_de_prueba.h"
-#include "platform/data/conexion.h"
-#include "platform/data/error_de_ejecucion.h"
-#include "platform/screens/informe.h"
+#include "ui/report/informe.h"
 
 #include <QApplication>
 #include <QImage>

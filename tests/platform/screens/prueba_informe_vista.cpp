@@ -2,12 +2,12 @@
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
+#include "base/directorio_programa.h"
 #include "informe_de_prueba.h"
-#include "platform/data/directorio_programa.h"
-#include "platform/screens/dialogos.h"
-#include "platform/screens/impresion.h"
-#include "platform/screens/navegacion.h"
-#include "platform/screens/trabajo_largo.h"
+#include "ui/doors/dialogos.h"
+#include "ui/doors/impresion.h"
+#include "ui/shell/navegacion.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include <QAction>
 #include <QDir>

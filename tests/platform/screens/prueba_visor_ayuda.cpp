@@ -1,4 +1,4 @@
-#include "platform/screens/visor_ayuda.h"
+#include "ui/look/visor_ayuda.h"
 
 #include "apoyo/entrada.h"
 #include "apoyo/rutas.h"

@@ -1,8 +1,8 @@
-#include "platform/screens/trabajo_largo.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include "apoyo/entrada.h"
 #include "mesa.h"
-#include "platform/screens/mensajes.h"
+#include "ui/doors/mensajes.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -1,8 +1,8 @@
-#include "platform/screens/validacion.h"
+#include "ui/shell/validacion.h"
 
 #include "apoyo/cajas_de_prueba.h"
 #include "mesa.h"
-#include "platform/screens/grilla.h"
+#include "ui/grid/grilla.h"
 
 #include <QApplication>
 #include <QDialog>

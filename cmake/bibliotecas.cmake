@@ -1,0 +1,26 @@
+# The library of the folder that calls it, named by its path below src/ with "_" for "/".
+#   biblioteca(SOURCES file... USES library... [LINKS target...] [WIDGETS])
+# USES names each library whose headers it includes: tests/arquitectura.py reads them there and holds the includes against
+# them. LINKS: what comes from outside the program. Only a library with WIDGETS knows Qt's.
+function(biblioteca)
+  cmake_parse_arguments(B "WIDGETS" "" "SOURCES;USES;LINKS" ${ARGN})
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR}/src OUTPUT_VARIABLE nombre)
+  string(REPLACE "/" "_" nombre ${nombre})
+  set(formularios ${B_SOURCES})
+  list(FILTER formularios INCLUDE REGEX "\\.ui$")
+  if(formularios)
+    qt_wrap_ui(cabeceras ${formularios})
+  endif()
+  add_library(${nombre} STATIC ${B_SOURCES} ${cabeceras})
+  target_include_directories(${nombre} PUBLIC ${CMAKE_SOURCE_DIR}/src PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+  target_link_libraries(${nombre} PUBLIC ${B_USES} ${B_LINKS} Qt6::Core PRIVATE opciones configuracion)
+  if(B_WIDGETS)
+    target_link_libraries(${nombre} PUBLIC Qt6::Widgets Qt6::PrintSupport)
+    set_target_properties(${nombre} PROPERTIES AUTOMOC ON AUTORCC ON)
+    if(nombre STREQUAL "ui_look") # one precompiled header for all
+      target_precompile_headers(${nombre} PRIVATE <QtWidgets>)
+    else()
+      target_precompile_headers(${nombre} REUSE_FROM ui_look)
+    endif()
+  endif()
+endfunction()

@@ -1,0 +1,144 @@
+#include "ui/doors/mensajes.h"
+
+#include "ui/doors/caja_abierta.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+
+namespace
+{
+int abiertas = 0;
+QPointer<QWidget> ventanaPrincipal;
+AtiendeCajas reemplazo;
+std::function<void(const DatosDeCaja&)> mostrada;
+std::function<void(const DatosDeCaja&, bool)> cerrada;
+
+QMessageBox::Icon iconoDe(Caja clase)
+{
+    switch (clase)
+    {
+    case Caja::Informacion:
+        return QMessageBox::Information;
+    case Caja::Exclamacion:
+        return QMessageBox::Warning;
+    case Caja::Critico:
+        return QMessageBox::Critical;
+    case Caja::Pregunta:
+        return QMessageBox::Question;
+    case Caja::Simple:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+bool mostrarCaja(const DatosDeCaja& datos)
+{
+    QMessageBox caja(iconoDe(datos.clase), datos.titulo, QString(), QMessageBox::NoButton, ventanaParaCaja());
+    caja.setTextFormat(Qt::PlainText); // texts of users and files come in
+    caja.setText(datos.texto);
+    if (datos.clase == Caja::Pregunta)
+    {
+        caja.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        caja.button(QMessageBox::Yes)->setText(QStringLiteral("&Sí"));
+        caja.button(QMessageBox::No)->setText(QStringLiteral("&No"));
+        caja.setDefaultButton(QMessageBox::No);
+        caja.setEscapeButton(QMessageBox::No);
+        return caja.exec() == QMessageBox::Yes;
+    }
+    caja.setStandardButtons(QMessageBox::Ok);
+    caja.button(QMessageBox::Ok)->setText(QStringLiteral("Aceptar"));
+    caja.exec();
+    return true;
+}
+
+bool atender(const DatosDeCaja& datos)
+{
+    const CajaAbierta abierta;
+    if (reemplazo)
+    {
+        const AtiendeCajas atiende = reemplazo; // it may replace itself while it runs
+        return atiende(datos);
+    }
+    if (mostrada)
+    {
+        mostrada(datos);
+    }
+    const bool respuesta = mostrarCaja(datos);
+    if (cerrada)
+    {
+        cerrada(datos, respuesta);
+    }
+    return respuesta;
+}
+
+DatosDeCaja datosDe(Caja clase, const QString& texto, const QString& titulo)
+{
+    return {clase, texto, titulo.isEmpty() ? QString::fromLatin1(tituloPorDefecto) : titulo};
+}
+} // namespace
+
+CajaAbierta::CajaAbierta()
+    : m_puntero(QApplication::overrideCursor() != nullptr)
+{
+    ++abiertas;
+    if (m_puntero)
+    {
+        QApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+}
+
+CajaAbierta::~CajaAbierta()
+{
+    if (m_puntero)
+    {
+        QApplication::restoreOverrideCursor();
+    }
+    --abiertas;
+}
+
+QWidget* ventanaParaCaja()
+{
+    if (QWidget* modal = QApplication::activeModalWidget())
+    {
+        return modal;
+    }
+    if (QWidget* activa = QApplication::activeWindow())
+    {
+        return activa;
+    }
+    return ventanaPrincipal;
+}
+
+void fijarVentanaParaCajas(QWidget* principal)
+{
+    ventanaPrincipal = principal;
+}
+
+void MsgBox(const QString& texto, Caja clase, const QString& titulo)
+{
+    atender(datosDe(clase, texto, titulo));
+}
+
+bool Preguntar(const QString& texto, const QString& titulo)
+{
+    return atender(datosDe(Caja::Pregunta, texto, titulo));
+}
+
+void reemplazarCajas(AtiendeCajas atiende)
+{
+    reemplazo = std::move(atiende);
+}
+
+void observarCajas(std::function<void(const DatosDeCaja&)> alMostrar,
+                   std::function<void(const DatosDeCaja&, bool)> alCerrar)
+{
+    mostrada = std::move(alMostrar);
+    cerrada = std::move(alCerrar);
+}
+
+bool hayCajaAbierta()
+{
+    return abiertas > 0;
+}

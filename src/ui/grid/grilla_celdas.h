@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ui/grid/grilla.h"
+
+// Values and texts of a grid's cells, by the kind of their column. No widget here.
+
+/// As it is shown.
+[[nodiscard]] QString textoDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor);
+/// As it stands in an editor: amounts without thousands separators.
+[[nodiscard]] QString textoParaEditar(const ColumnaDeGrilla& columna, const QVariant& valor);
+/// The characters that can be typed or pasted into a cell; empty: any.
+[[nodiscard]] QString admitidosEnCelda(const ColumnaDeGrilla& columna);
+[[nodiscard]] bool celdaVacia(const QVariant& valor);
+
+/// What a person typed into a cell: its value (invalid for an empty cell), or the message that refuses it.
+struct LecturaDeCelda
+{
+    QVariant valor;
+    QString error;
+};
+[[nodiscard]] LecturaDeCelda leerCelda(const ColumnaDeGrilla& columna, const QString& texto);

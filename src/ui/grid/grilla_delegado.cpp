@@ -1,0 +1,441 @@
+#include "ui/grid/grilla_delegado.h"
+
+#include "ui/doors/mensajes.h"
+#include "ui/grid/grilla_modelo.h"
+#include "ui/shell/validacion.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QValidator>
+
+namespace
+{
+/// Lets only some characters in, whether typed or pasted: the others are dropped, not refused.
+class FiltroDeCelda : public QValidator
+{
+public:
+    FiltroDeCelda(QString admitidos, QObject* padre)
+        : QValidator(padre)
+        , m_admitidos(std::move(admitidos))
+    {
+    }
+    State validate(QString& texto, int& cursor) const override
+    {
+        for (qsizetype i = texto.size(); i-- > 0;)
+        {
+            if (!m_admitidos.contains(texto[i]))
+            {
+                texto.remove(i, 1);
+                cursor -= i < cursor ? 1 : 0;
+            }
+        }
+        return Acceptable;
+    }
+
+private:
+    QString m_admitidos;
+};
+
+/// One-line editor. A key that its column does not admit changes nothing, not even a selected text; in amounts the dot
+/// key types a comma.
+class TextoDeCelda : public QLineEdit
+{
+public:
+    TextoDeCelda(const ColumnaDeGrilla& columna, QWidget* padre)
+        : QLineEdit(padre)
+        , m_admitidos(admitidosEnCelda(columna))
+        , m_puntoEsComa(columna.clase == ColumnaDeGrilla::Decimal)
+    {
+        setFrame(false);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* evento) override
+    {
+        const QString escrito = evento->text();
+        if (m_puntoEsComa && escrito == QLatin1String("."))
+        {
+            insert(QStringLiteral(","));
+            setModified(true);
+            return;
+        }
+        const bool ajena = !m_admitidos.isEmpty() && !escrito.isEmpty() && escrito.at(0).isPrint() &&
+                           !m_admitidos.contains(escrito.at(0));
+        if (!ajena)
+        {
+            QLineEdit::keyPressEvent(evento);
+        }
+    }
+
+private:
+    QString m_admitidos;
+    bool m_puntoEsComa;
+};
+
+/// List editor that tells a choice made in the open list from a move by key in the closed one.
+class ListaDeCelda : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+    [[nodiscard]] bool eligeEnLista() const { return m_abierta; }
+    void showPopup() override
+    {
+        m_abierta = true;
+        QComboBox::showPopup();
+    }
+    void hidePopup() override
+    {
+        QComboBox::hidePopup();
+        QMetaObject::invokeMethod(
+            this, [this] { m_abierta = false; }, Qt::QueuedConnection); // the choice comes first
+    }
+
+private:
+    bool m_abierta = false;
+};
+
+QString textoDelEditor(const QWidget* editor)
+{
+    if (const auto* lista = qobject_cast<const QComboBox*>(editor))
+    {
+        return lista->currentText();
+    }
+    return qobject_cast<const QLineEdit*>(editor)->displayText();
+}
+
+/// Did the user type, or choose something else than what stood there?
+bool tocado(const QWidget* editor, const QModelIndex& celda)
+{
+    if (const auto* linea = qobject_cast<const QLineEdit*>(editor))
+    {
+        return linea->isModified();
+    }
+    const QString elegido = textoDelEditor(editor);
+    return !elegido.isEmpty() && elegido != celda.data(Qt::EditRole).toString();
+}
+
+/// In the editor or in the list that it drops down, which is a window of its own.
+bool focoEn(const QWidget* editor)
+{
+    const QWidget* foco = QApplication::focusWidget();
+    while (foco != nullptr && foco != editor)
+    {
+        foco = foco->parentWidget();
+    }
+    return foco != nullptr;
+}
+
+constexpr QColor marcoDeCelda{0x14, 0x3f, 0x5e};
+constexpr QColor bordeDeTilde{0xb0, 0xbb, 0xc4};
+constexpr QColor amarilloInactivo{0xf4, 0xf1, 0xb8};
+} // namespace
+
+Grilla::Delegado::Delegado(Grilla* grilla)
+    : QStyledItemDelegate(grilla)
+    , m_grilla(grilla)
+{
+}
+
+const ColumnaDeGrilla& Grilla::Delegado::columna(const QModelIndex& celda) const
+{
+    return m_grilla->m_modelo->columna(celda.column());
+}
+
+QColor Grilla::Delegado::fondo(int fila) const
+{
+    if (pintaActual && fila == m_grilla->currentIndex().row())
+    {
+        return Grilla::amarillo;
+    }
+    return QColor::fromRgb(m_grilla->m_modelo->color(fila));
+}
+
+void Grilla::Delegado::initStyleOption(QStyleOptionViewItem* opcion, const QModelIndex& celda) const
+{
+    QStyledItemDelegate::initStyleOption(opcion, celda);
+    opcion->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus); // their tint would spoil the row's colour
+    opcion->features &= ~QStyleOptionViewItem::HasCheckIndicator;        // painted in the middle of the cell
+}
+
+void Grilla::Delegado::paint(QPainter* pintor, const QStyleOptionViewItem& opcion, const QModelIndex& celda) const
+{
+    const bool activa = m_grilla->isEnabled();
+    QColor color = fondo(celda.row());
+    if (!activa)
+    {
+        color = color == Grilla::amarillo ? amarilloInactivo : m_grilla->palette().color(QPalette::Base);
+    }
+    pintor->fillRect(opcion.rect, color);
+
+    QStyleOptionViewItem pintada = opcion;
+    const QColor letra = activa ? QColor(Qt::black) : m_grilla->palette().color(QPalette::Disabled, QPalette::Text);
+    pintada.palette.setColor(QPalette::All, QPalette::Text, letra);
+    QStyledItemDelegate::paint(pintor, pintada, celda);
+
+    if (columna(celda).clase == ColumnaDeGrilla::Tilde)
+    {
+        QStyleOptionViewItem marca = pintada;
+        marca.palette.setColor(QPalette::Window, bordeDeTilde); // its outline is drawn a shade darker
+        marca.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+        marca.state |= celda.data(Qt::CheckStateRole).toInt() == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+        const QStyle* estilo = m_grilla->style();
+        const QSize lado(estilo->pixelMetric(QStyle::PM_IndicatorWidth, &marca, m_grilla),
+                         estilo->pixelMetric(QStyle::PM_IndicatorHeight, &marca, m_grilla));
+        marca.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, lado, opcion.rect);
+        estilo->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &marca, pintor, m_grilla);
+    }
+    if (activa && m_grilla->hasFocus() && celda == m_grilla->currentIndex())
+    {
+        pintor->save();
+        pintor->setRenderHint(QPainter::Antialiasing, false);
+        pintor->setBrush(Qt::NoBrush);
+        pintor->setPen(QPen(marcoDeCelda, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        pintor->drawRect(opcion.rect.adjusted(1, 1, -1, -1));
+        pintor->restore();
+    }
+}
+
+QWidget* Grilla::Delegado::editorDeTexto(QWidget* padre, const ColumnaDeGrilla& columna) const
+{
+    auto* linea = new TextoDeCelda(columna, padre);
+    switch (columna.clase)
+    {
+    case ColumnaDeGrilla::Texto:
+        if (columna.maximo > 0)
+        {
+            linea->setMaxLength(int(columna.maximo));
+        }
+        break;
+    case ColumnaDeGrilla::Entero:
+    case ColumnaDeGrilla::Decimal:
+        linea->setValidator(new FiltroDeCelda(admitidosEnCelda(columna), linea));
+        linea->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        break;
+    case ColumnaDeGrilla::Fecha:
+        linea->setInputMask(QStringLiteral("00/00/0000;_"));
+        break;
+    default:
+        break;
+    }
+    return linea;
+}
+
+QWidget* Grilla::Delegado::editorDeLista(QWidget* padre, const ColumnaDeGrilla& columna) const
+{
+    auto* lista = new ListaDeCelda(padre);
+    lista->addItems(columna.opciones);
+    auto* yo = const_cast<Delegado*>(this);
+    QObject::connect(lista, &QComboBox::activated, yo,
+                     [yo, lista]
+                     {
+                         if (lista->eligeEnLista() && lista == yo->m_editor)
+                         {
+                             yo->guardar(lista);
+                         }
+                     });
+    if (abrirLista)
+    {
+        QMetaObject::invokeMethod(
+            lista, [lista] { lista->showPopup(); }, Qt::QueuedConnection);
+    }
+    return lista;
+}
+
+QWidget* Grilla::Delegado::createEditor(QWidget* padre, const QStyleOptionViewItem&, const QModelIndex& celda) const
+{
+    const ColumnaDeGrilla& col = columna(celda);
+    QWidget* editor = col.clase == ColumnaDeGrilla::Lista ? editorDeLista(padre, col) : editorDeTexto(padre, col);
+    editor->setAccessibleName(col.titulo);
+    m_editor = editor;
+    m_celda = celda;
+    auto* yo = const_cast<Delegado*>(this);
+    const QPointer<QWidget> guardado = editor;
+    Validacion::instancia().alDejarEditor(
+        editor, [yo, guardado] { return !guardado || yo->aceptable(guardado); },
+        [yo, guardado]
+        {
+            if (guardado)
+            {
+                yo->guardar(guardado);
+            }
+        });
+    return editor;
+}
+
+void Grilla::Delegado::setEditorData(QWidget* editor, const QModelIndex& celda) const
+{
+    const QString texto = celda.data(Qt::EditRole).toString();
+    if (auto* lista = qobject_cast<QComboBox*>(editor))
+    {
+        lista->setCurrentIndex(lista->findText(texto));
+        return;
+    }
+    auto* linea = qobject_cast<QLineEdit*>(editor);
+    linea->setText(texto);
+    linea->selectAll();
+}
+
+void Grilla::Delegado::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& celda) const
+{
+    if (editor != m_editor || !tocado(editor, celda))
+    {
+        return;
+    }
+    const LecturaDeCelda leida = leerCelda(columna(celda), textoDelEditor(editor));
+    if (leida.error.isEmpty())
+    {
+        m_grilla->m_modelo->poner(celda.column(), celda.row(), leida.valor);
+        m_grilla->m_cambiada = true;
+        m_guardada = celda;
+    }
+}
+
+void Grilla::Delegado::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& opcion,
+                                            const QModelIndex&) const
+{
+    editor->setGeometry(opcion.rect);
+}
+
+bool Grilla::Delegado::editando() const
+{
+    return m_editor != nullptr;
+}
+
+bool Grilla::Delegado::aceptable(QWidget* editor)
+{
+    if (editor != m_editor || !m_celda.isValid() || !tocado(editor, m_celda))
+    {
+        return true;
+    }
+    const LecturaDeCelda leida = leerCelda(columna(m_celda), textoDelEditor(editor));
+    if (!leida.error.isEmpty())
+    {
+        MsgBox(leida.error, Caja::Informacion);
+        return false;
+    }
+    return true;
+}
+
+void Grilla::Delegado::guardar(QWidget* editor)
+{
+    if (editor != m_editor)
+    {
+        return;
+    }
+    const QPointer<QWidget> vivo = editor;
+    const QPointer<Delegado> yo = this;
+    Q_EMIT commitData(editor);
+    if (yo && vivo && m_editor == vivo)
+    {
+        m_editor = nullptr; // closing moves the focus, which would store a second time
+        Q_EMIT closeEditor(vivo, NoHint);
+    }
+    if (yo)
+    {
+        avisarEditada();
+    }
+}
+
+void Grilla::Delegado::avisarEditada()
+{
+    if (m_guardada.isValid())
+    {
+        const QModelIndex celda = m_guardada;
+        m_guardada = QPersistentModelIndex();
+        Q_EMIT m_grilla->celdaEditada(celda.column() + 1, celda.row() + 1);
+    }
+}
+
+void Grilla::Delegado::cancelar()
+{
+    if (QWidget* editor = m_editor)
+    {
+        m_editor = nullptr;
+        Q_EMIT closeEditor(editor, RevertModelCache);
+    }
+}
+
+bool Grilla::Delegado::teclaDelEditor(QWidget* editor, const QKeyEvent& evento)
+{
+    const int codigo = evento.key();
+    const bool enLista = qobject_cast<QComboBox*>(editor) != nullptr;
+    switch (codigo)
+    {
+    case Qt::Key_Escape:
+        cancelar();
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        if (enLista)
+        {
+            return false; // they change the choice
+        }
+        break;
+    case Qt::Key_Enter:
+    case Qt::Key_Return:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        break;
+    default:
+        return false;
+    }
+    if (evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier))
+    {
+        return false;
+    }
+    if (aceptable(editor))
+    {
+        const QPointer<Delegado> yo = this;
+        guardar(editor);
+        if (yo)
+        {
+            m_grilla->seguirDespuesDeEditar(codigo);
+        }
+    }
+    return true;
+}
+
+bool Grilla::Delegado::eventFilter(QObject* objeto, QEvent* evento)
+{
+    auto* editor = qobject_cast<QWidget*>(objeto);
+    if (editor == nullptr || editor != m_editor)
+    {
+        return false;
+    }
+    switch (evento->type())
+    {
+    case QEvent::ShortcutOverride: // or Escape closes the dialog
+        if (static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape)
+        {
+            evento->accept();
+            return true;
+        }
+        return false;
+    case QEvent::KeyPress:
+        return teclaDelEditor(editor, *static_cast<QKeyEvent*>(evento));
+    case QEvent::FocusOut:
+    {
+        // A box, another window or the editor's own list takes the focus for a while only. A text that cannot be stored
+        // stays: the leaving check tells so and brings the focus back.
+        const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
+        if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason && !focoEn(editor) &&
+            leerCelda(columna(m_celda), textoDelEditor(editor)).error.isEmpty())
+        {
+            guardar(editor);
+        }
+        return false;
+    }
+    default:
+        return false;
+    }
+}
+
+bool Grilla::Delegado::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&, const QModelIndex&)
+{
+    return false; // ticks are the grid's own
+}

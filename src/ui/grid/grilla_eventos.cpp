@@ -1,0 +1,270 @@
+// What the keyboard, the mouse and the focus do to a grid.
+#include "ui/grid/grilla_delegado.h"
+#include "ui/grid/grilla_modelo.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+namespace
+{
+/// The screen that a control lies on: a child window, a dialog or a window.
+const QWidget* pantallaDe(const QWidget* control)
+{
+    while (!control->isWindow() && qobject_cast<const QMdiSubWindow*>(control) == nullptr)
+    {
+        control = control->parentWidget();
+    }
+    return control;
+}
+
+bool escribe(const QKeyEvent& evento)
+{
+    const Qt::KeyboardModifiers mando = evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool altGr = mando == (Qt::ControlModifier | Qt::AltModifier); // as Windows tells it
+    return (mando == Qt::NoModifier || altGr) && !evento.text().isEmpty() && evento.text().at(0).isPrint();
+}
+} // namespace
+
+void Grilla::currentChanged(const QModelIndex& actual, const QModelIndex& anterior)
+{
+    QTableView::currentChanged(actual, anterior);
+    viewport()->update(); // the yellow is a whole row's
+    if (m_silencio || !actual.isValid())
+    {
+        return;
+    }
+    const Salto salto{anterior.isValid() ? anterior.column() + 1 : primeraVisible(),
+                      anterior.row() < 0 ? 1 : anterior.row() + 1, actual.column() + 1, actual.row() + 1};
+    if (m_entradas == 0)
+    {
+        Q_EMIT dejarCelda(salto.columna, salto.fila, salto.nuevaColumna, salto.nuevaFila);
+    }
+    else if (!m_salto)
+    {
+        m_salto = salto;
+    }
+    else
+    {
+        m_salto->nuevaColumna = salto.nuevaColumna;
+        m_salto->nuevaFila = salto.nuevaFila;
+    }
+}
+
+void Grilla::conSalto(const std::function<void()>& entrada)
+{
+    // A handler may reload the grid or close its screen: it runs when nothing of the view is left on the stack.
+    ++m_entradas;
+    entrada();
+    if (--m_entradas > 0)
+    {
+        return;
+    }
+    const QPointer<Grilla> yo = this;
+    m_delegado->avisarEditada();
+    if (yo && m_salto)
+    {
+        const Salto salto = *std::exchange(m_salto, std::nullopt);
+        Q_EMIT dejarCelda(salto.columna, salto.fila, salto.nuevaColumna, salto.nuevaFila);
+    }
+}
+
+void Grilla::alCambiarFoco(QWidget* nuevo)
+{
+    if (nuevo == nullptr)
+    {
+        return;
+    }
+    if (nuevo == this || isAncestorOf(nuevo))
+    {
+        m_tieneFoco = true;
+        return;
+    }
+    if (!m_tieneFoco || pantallaDe(nuevo) != pantallaDe(this) || qobject_cast<QMenuBar*>(nuevo) != nullptr)
+    {
+        return; // boxes, menus, lists and other windows come and go
+    }
+    m_tieneFoco = false;
+    if (currentIndex().isValid())
+    {
+        Q_EMIT dejarCelda(columnaActual(), filaActual(), -1, -1);
+    }
+}
+
+void Grilla::focusInEvent(QFocusEvent* evento)
+{
+    const QScopedValueRollback quieto(m_sinCursor, true);
+    QTableView::focusInEvent(evento);
+}
+
+QModelIndex Grilla::moveCursor(CursorAction accion, Qt::KeyboardModifiers teclas)
+{
+    return m_sinCursor ? QModelIndex() : QTableView::moveCursor(accion, teclas); // entering by Tab chooses nothing
+}
+
+void Grilla::mousePressEvent(QMouseEvent* evento)
+{
+    m_presionada = QPersistentModelIndex();
+    if (evento->button() != Qt::LeftButton || !confirmarEdicion())
+    {
+        return;
+    }
+    m_presionada = indexAt(evento->position().toPoint());
+    conSalto([this, evento] { QTableView::mousePressEvent(evento); });
+}
+
+void Grilla::mouseMoveEvent(QMouseEvent* evento)
+{
+    if (evento->buttons() == Qt::NoButton) // dragging does not run through the rows
+    {
+        QTableView::mouseMoveEvent(evento);
+    }
+}
+
+void Grilla::mouseReleaseEvent(QMouseEvent* evento)
+{
+    QTableView::mouseReleaseEvent(evento);
+    const QModelIndex celda = std::exchange(m_presionada, QPersistentModelIndex());
+    if (evento->button() != Qt::LeftButton || !celda.isValid() ||
+        !viewport()->rect().contains(evento->position().toPoint()))
+    {
+        return;
+    }
+    const QPointer<Grilla> yo = this;
+    const int columna = celda.column() + 1;
+    const int fila = celda.row() + 1;
+    if (m_modelo->flags(celda) & Qt::ItemIsUserCheckable)
+    {
+        alternarTilde(celda);
+    }
+    if (yo)
+    {
+        Q_EMIT clic(columna, fila);
+    }
+}
+
+void Grilla::mouseDoubleClickEvent(QMouseEvent* evento)
+{
+    m_presionada = QPersistentModelIndex();
+    const QModelIndex celda = indexAt(evento->position().toPoint());
+    if (evento->button() != Qt::LeftButton || !celda.isValid() || !confirmarEdicion())
+    {
+        return;
+    }
+    const QPointer<Grilla> yo = this;
+    const int columna = celda.column() + 1;
+    const int fila = celda.row() + 1;
+    if (m_modelo->flags(celda) & Qt::ItemIsUserCheckable)
+    {
+        alternarTilde(celda); // two quick clicks are two changes
+    }
+    else
+    {
+        conSalto([this, evento] { QTableView::mouseDoubleClickEvent(evento); });
+    }
+    if (yo)
+    {
+        Q_EMIT dobleClic(columna, fila);
+    }
+}
+
+void Grilla::keyPressEvent(QKeyEvent* evento)
+{
+    const QPointer<Grilla> yo = this;
+    const bool hecha = tecla(evento);
+    if (!yo || hecha)
+    {
+        return;
+    }
+    conSalto([this, evento] { QTableView::keyPressEvent(evento); });
+}
+
+bool Grilla::tecla(QKeyEvent* evento)
+{
+    const QModelIndex actual = currentIndex();
+    const bool conMando = evento->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const int codigo = evento->key();
+    if (!conMando && teclaDeFila(codigo))
+    {
+        return true;
+    }
+    if (!conMando && (codigo == Qt::Key_Enter || codigo == Qt::Key_Return))
+    {
+        if (!m_editable && actual.isValid() && isSignalConnected(QMetaMethod::fromSignal(&Grilla::entrar)))
+        {
+            Q_EMIT entrar(actual.column() + 1, actual.row() + 1);
+        }
+        else if (!m_editable || !avanzar(1))
+        {
+            focusNextPrevChild(true);
+        }
+        return true;
+    }
+    if (codigo == Qt::Key_Space && actual.isValid() && (m_modelo->flags(actual) & Qt::ItemIsUserCheckable))
+    {
+        alternarTilde(actual);
+        return true;
+    }
+    if (m_editable && escribe(*evento))
+    {
+        const QString admitidos = actual.isValid() ? admitidosEnCelda(m_modelo->columna(actual.column())) : QString();
+        if (actual.isValid() && (admitidos.isEmpty() || admitidos.contains(evento->text().at(0))))
+        {
+            edit(actual, AnyKeyPressed, evento);
+        }
+        return true; // no jumping about by letters where cells are typed into
+    }
+    return false;
+}
+
+bool Grilla::teclaDeFila(int codigo)
+{
+    const int fila = filaActual();
+    if (fila < 1)
+    {
+        return false;
+    }
+    if (m_agregar && fila == filas() && (codigo == Qt::Key_Down || codigo == Qt::Key_Insert))
+    {
+        const QPointer<Grilla> yo = this;
+        if (m_agregar() && yo)
+        {
+            agregarFila();
+        }
+        return true;
+    }
+    if (m_quitar && codigo == Qt::Key_Delete)
+    {
+        const QPointer<Grilla> yo = this;
+        if (m_quitar(fila) && yo)
+        {
+            borrarFila(fila);
+            if (filas() == 0)
+            {
+                setFilas(1);
+                setFilaActual(1);
+            }
+            m_cambiada = true;
+        }
+        return true;
+    }
+    return false;
+}
+
+void Grilla::agregarFila()
+{
+    setFilas(filas() + 1);
+    int columna = primeraVisible();
+    for (int i = columna; m_editable && i <= columnas(); ++i)
+    {
+        if (!isColumnHidden(i - 1) && m_modelo->columna(i - 1).clase != ColumnaDeGrilla::Fija)
+        {
+            columna = i;
+            break;
+        }
+    }
+    conSalto([this, columna] { setCurrentIndex(indice(columna, filas())); });
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "ui/grid/grilla_celdas.h"
+
+/// The rows of a grid, in memory. Rows and columns count from 0 here, as Qt does.
+class Grilla::Modelo : public QAbstractTableModel
+{
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void setColumnas(std::vector<ColumnaDeGrilla> columnas);
+    [[nodiscard]] const ColumnaDeGrilla& columna(int columna) const { return m_columnas[std::size_t(columna)]; }
+    void setOpciones(int columna, const QStringList& opciones);
+
+    void setFilas(int filas);
+    void cargar(std::vector<std::vector<QVariant>> filas);
+    void borrar(int fila);
+    [[nodiscard]] bool contiene(int columna, int fila) const;
+    [[nodiscard]] QVariant valor(int columna, int fila) const;
+    void poner(int columna, int fila, const QVariant& valor);
+
+    /// All rows at once whatever their number: a row's own colour counts only until the next call.
+    void pintarTodo(QRgb color);
+    void pintar(int fila, QRgb color);
+    [[nodiscard]] QRgb color(int fila) const;
+
+    bool editable = false;
+
+    [[nodiscard]] int rowCount(const QModelIndex& padre = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& padre = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& celda, int papel) const override;
+    [[nodiscard]] QVariant headerData(int seccion, Qt::Orientation orientacion, int papel) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& celda) const override;
+
+private:
+    struct Fila
+    {
+        std::vector<QVariant> celdas;
+        QRgb color = 0;
+        unsigned pintada = 0; ///< the painting that `color` belongs to
+    };
+    [[nodiscard]] Fila filaVacia() const;
+    [[nodiscard]] static bool esTilde(const ColumnaDeGrilla& columna)
+    {
+        return columna.clase == ColumnaDeGrilla::Tilde;
+    }
+
+    std::vector<ColumnaDeGrilla> m_columnas;
+    std::vector<Fila> m_filas;
+    QRgb m_fondo = 0xffffffff;
+    unsigned m_pintada = 1;
+};

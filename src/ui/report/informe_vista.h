@@ -1,0 +1,72 @@
+#pragma once
+
+#include "ui/report/informe_paginas.h"
+
+#include <QAbstractScrollArea>
+#include <QMainWindow>
+
+class QAction;
+class QLabel;
+class QPrinter;
+
+/// The pages one below the other, painted as they come into view.
+class HojasDeInforme : public QAbstractScrollArea
+{
+    Q_OBJECT
+public:
+    explicit HojasDeInforme(PaginasDeInforme paginas, QWidget* padre = nullptr);
+    [[nodiscard]] PaginasDeInforme& paginas() { return m_paginas; }
+    [[nodiscard]] int hojaActual() const; ///< from 0
+    void irA(int hoja);
+    [[nodiscard]] double zoom() const { return m_zoom; }
+    void setZoom(double zoom); ///< 1 is the paper's own size; 0.25 to 4
+    void ajustarAlAncho();
+    void rehacer();
+
+Q_SIGNALS:
+    void cambio();
+
+protected:
+    void paintEvent(QPaintEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    void wheelEvent(QWheelEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    [[nodiscard]] QSizeF tamanoDeHoja() const; ///< on the screen
+    void ajustarBarras();
+    PaginasDeInforme m_paginas;
+    double m_zoom = 1;
+    bool m_alAncho = true;
+};
+
+/// The preview of a report: a window of its own, modeless and maximised.
+class VistaDeInforme : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit VistaDeInforme(PaginasDeInforme paginas, QWidget* padre = nullptr);
+    /// Saves all pages as PDF. Throws ErrorDeEjecucion, 75 or 76 when the file cannot be written; no part of it stays
+    /// then.
+    Q_INVOKABLE void guardarPdf(const QString& ruta);
+
+protected:
+    void closeEvent(QCloseEvent* evento) override; ///< refused while it works
+
+private:
+    void armarBarra();
+    void imprimir();
+    void configurarPagina();
+    void pedirPdf();
+    /// Failures name `destino`.
+    void pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino);
+    void actualizar();
+
+    HojasDeInforme* m_hojas;
+    QLabel* m_numero;
+    QAction* m_primera = nullptr;
+    QAction* m_anterior = nullptr;
+    QAction* m_siguiente = nullptr;
+    QAction* m_ultima = nullptr;
+};

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "ui/shell/error_fatal.h"
+#include "ui/shell/validacion.h"
+
+#include <QWidget>
+#include <type_traits>
+
+/// Base of every screen. Navegacion shows it as a child window of the main window or as a modal dialog; the screen is
+/// the same in both. Handlers are bound with conectar(), so that no exception crosses Qt.
+class Pantalla : public QWidget
+{
+    Q_OBJECT
+public:
+    /// `nombre` is the screen's name for Navegacion, and its objectName.
+    explicit Pantalla(const QString& nombre, QWidget* padre = nullptr);
+
+    /// Form_Load: fills the screen before it is shown. A screen that calls cerrar() here is never shown.
+    virtual void cargar() {}
+    /// Form_Activate: the screen became the active one among the children, or was first shown. Not when the program as
+    /// a whole comes back to the front, and not because a box, a file dialog, a modal dialog or a preview closed.
+    virtual void activar() {}
+    /// Form_Unload: false keeps the screen open. Asked by cerrar(), the close command and the main window's closing.
+    [[nodiscard]] virtual bool descargar() { return true; }
+    /// Unloads the screen: asks descargar() and closes its window.
+    void cerrar();
+    [[nodiscard]] bool cerrada() const { return m_cerrada; }
+    /// The company that the screen works on, for the status bar; nothing when it works on none, or on that of the
+    /// screen below it. A screen that changes it emits Navegacion::cambioDePantalla.
+    [[nodiscard]] virtual QString empresaEnCurso() const { return {}; }
+
+Q_SIGNALS:
+    void pideCerrar();
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+    /// Binds a signal to a handler (member function or callable, with the signal's arguments or with none).
+    template <class Emisor, class... A, class Base, class Manejador>
+    void conectar(Emisor* emisor, void (Base::*senal)(A...), Manejador manejador)
+    {
+        QObject::connect(emisor, senal, this,
+                         [this, manejador](A... valores)
+                         {
+                             protegido(
+                                 [&]
+                                 {
+                                     if constexpr (std::is_member_function_pointer_v<Manejador>)
+                                     {
+                                         llamar(manejador, valores...);
+                                     }
+                                     else if constexpr (std::is_invocable_v<Manejador, A...>)
+                                     {
+                                         manejador(valores...);
+                                     }
+                                     else
+                                     {
+                                         manejador();
+                                     }
+                                 });
+                         });
+    }
+    /// Leaving check of a field: `puedeDejar` is a bool member function or callable; what it throws is reported.
+    template <class Chequeo>
+    void alDejar(QWidget* campo, Chequeo puedeDejar)
+    {
+        Validacion::instancia().alDejar(campo,
+                                        [this, puedeDejar]
+                                        {
+                                            bool puede = false; // a check that could not be made is not passed
+                                            protegido(
+                                                [&]
+                                                {
+                                                    if constexpr (std::is_member_function_pointer_v<Chequeo>)
+                                                    {
+                                                        puede = (propio(puedeDejar)->*puedeDejar)();
+                                                    }
+                                                    else
+                                                    {
+                                                        puede = puedeDejar();
+                                                    }
+                                                });
+                                            return puede;
+                                        });
+    }
+
+private:
+    friend class Navegacion;
+    friend class VentanaModal;
+    /// Asks descargar() unless the screen is unloaded.
+    [[nodiscard]] bool puedeCerrarse();
+    /// The same, and a screen that can be closed is unloaded from then on.
+    bool pedirCierre();
+    template <class R, class C, class... P>
+    C* propio(R (C::*)(P...))
+    {
+        return static_cast<C*>(this);
+    }
+    template <class C, class R, class... P, class... A>
+    void llamar(R (C::*metodo)(P...), A&... valores)
+    {
+        if constexpr (sizeof...(P) == 0)
+        {
+            (static_cast<C*>(this)->*metodo)();
+        }
+        else
+        {
+            (static_cast<C*>(this)->*metodo)(valores...);
+        }
+    }
+    bool m_cerrada = false;
+    bool m_preguntando = false;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "base/error_de_ejecucion.h"
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+/// The user gave a work up: what it had begun is undone by whom it passes.
+class TrabajoCancelado : public ErrorParaAvisar
+{
+public:
+    TrabajoCancelado();
+};
+
+/// Long work on the only thread: a busy pointer while it lives and, past half a second, its progress in a small window
+/// of the program. What the user types, clicks or closes meanwhile is thrown away for good; only a box that the work
+/// itself shows is answered.
+class TrabajoLargo
+{
+public:
+    enum class Cancelable
+    {
+        No,
+        Si, ///< the progress has a button for it, and Escape presses it: avanzar() then throws TrabajoCancelado
+    };
+    explicit TrabajoLargo(const QString& titulo, Cancelable cancelable = Cancelable::No);
+    ~TrabajoLargo();
+    TrabajoLargo(const TrabajoLargo&) = delete;
+    TrabajoLargo& operator=(const TrabajoLargo&) = delete;
+    /// Cheap to call often; runs the events that came meanwhile. A total of 0 shows that the work goes on without
+    /// telling how far it is.
+    void avanzar(qint64 hecho, qint64 total);
+    /// The same as a function, for the rules.
+    [[nodiscard]] std::function<void(qint64 hecho, qint64 total)> aviso();
+    [[nodiscard]] static bool enCurso();
+    /// Milliseconds before the progress shows; 500 unless a test says otherwise.
+    static void fijarDemora(int milisegundos);
+
+private:
+    struct Interno;
+    std::unique_ptr<Interno> m_interno;
+};
+
+/// The mouse pointer as a screen leaves it: busy until set back, whatever happens in between.
+namespace Puntero
+{
+void ocupado();
+void normal();
+[[nodiscard]] bool estaOcupado();
+} // namespace Puntero
