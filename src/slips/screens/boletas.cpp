@@ -7,6 +7,7 @@
 #include "core/screens/validar.h"
 #include "core/vigencia.h"
 #include "slips/pagos.h"
+#include "slips/screens/campos_de_boleta.h"
 #include "ui/doors/mensajes.h"
 #include "ui/look/estilo.h"
 #include "ui/report/fuentes.h"
@@ -21,35 +22,7 @@ using Rutinas::ModoAbrir;
 
 namespace
 {
-constexpr int sinLimite = 32767;
 constexpr int largoDeImporte = 10;
-
-/// Shows an amount with its mask: longer than what may be typed.
-void mostrarImporte(QLineEdit* campo, const QString& texto)
-{
-    campo->setMaxLength(sinLimite);
-    campo->setText(texto);
-    campo->setCursorPosition(0);
-}
-
-/// What a field holds, as it was typed or as the program masked it.
-QString sinMascara(const QString& texto)
-{
-    return texto.startsWith(QLatin1String("$ ")) ? importeSinSigno(texto) : texto;
-}
-
-/// What this text takes in a field, with its frame.
-int anchoDe(QLineEdit* campo, const QString& muestra)
-{
-    constexpr int marco = 28; // pixels
-    campo->ensurePolished();
-    return campo->fontMetrics().horizontalAdvance(muestra) + marco;
-}
-
-QString textoDeImporte(Moneda importe)
-{
-    return importe.textoPlano().replace(QLatin1Char('.'), QLatin1Char(','));
-}
 } // namespace
 
 Boletas::Boletas(QWidget* padre)
@@ -60,71 +33,11 @@ Boletas::Boletas(QWidget* padre)
     txtDias = {ui->txtDias_0, ui->txtDias_1, ui->txtDias_2};
     txtInteres = {ui->txtInteres_0, ui->txtInteres_1, ui->txtInteres_2};
     txtTotal = {ui->txtTotal_0, ui->txtTotal_1, ui->txtTotal_2};
-    armarCampos();
+    CamposDeBoleta::disponer(*ui);
     armarEventos();
 }
 
 Boletas::~Boletas() = default;
-
-void Boletas::armarCampos()
-{
-    ui->MaskFecha->setClase(CampoMascara::Fecha);
-    ui->vsActas->setColumnas({{ColumnaDeGrilla::Fija, QStringLiteral("Fecha"), 90},
-                              {ColumnaDeGrilla::Fija, QStringLiteral("Nº Acta"), 90, 0, {}, true},
-                              {ColumnaDeGrilla::Fija, QStringLiteral("Cuota"), 70, 0, {}, true},
-                              {ColumnaDeGrilla::Decimal, QStringLiteral("Importe"), -1},
-                              {ColumnaDeGrilla::Fija, QString(), 0}});
-    for (QLineEdit* campo : txtDias)
-    {
-        soloDigitos(campo);
-        campo->installEventFilter(this);
-    }
-    for (QLineEdit* campo : txtInteres)
-    {
-        soloImporte(campo);
-        Estilo::importe(campo);
-        campo->installEventFilter(this);
-    }
-    soloDigitos(ui->txtActa);
-    soloDigitos(ui->txtCuota);
-    soloImporte(ui->txtImporte);
-    Estilo::importe(ui->txtImporte);
-    ui->txtImporte->installEventFilter(this);
-    for (QLineEdit* campo : {ui->txtArt100, ui->txtArt101A, ui->txtArt101B, txtTotal[0], txtTotal[1], txtTotal[2]})
-    {
-        Estilo::soloMuestra(campo);
-        Estilo::importe(campo);
-    }
-    for (QLineEdit* campo : {ui->txtCuit, ui->txtRazon, ui->txtDomicilio, ui->txtAnio_0, ui->txtMes_0,
-                             ui->txtSecuencia_0, ui->txtAnio_1, ui->txtMes_1, ui->txtSecuencia_1})
-    {
-        Estilo::soloMuestra(campo);
-    }
-    ajustarAnchos();
-    Estilo::boton(ui->cmdBoletas, QStringLiteral("boleta"), true);
-    Estilo::boton(ui->cmdBuscar, QStringLiteral("buscar"));
-    Estilo::boton(ui->cmdEliminar, QStringLiteral("eliminar"));
-}
-
-/// All amounts in one column at the right, the short fields only as wide as what they hold.
-void Boletas::ajustarAnchos()
-{
-    const int importe = anchoDe(txtTotal[0], QStringLiteral("$ 9.999.999.999,99")); // the totals are bold
-    for (QLineEdit* campo : {ui->txtArt100, ui->txtArt101A, ui->txtArt101B, ui->txtImporte, txtInteres[0],
-                             txtInteres[1], txtInteres[2], txtTotal[0], txtTotal[1], txtTotal[2]})
-    {
-        campo->setFixedWidth(importe);
-    }
-    for (QLineEdit* campo : {ui->txtAnio_0, ui->txtAnio_1, ui->txtActa})
-    {
-        campo->setFixedWidth(anchoDe(campo, QStringLiteral("999999")));
-    }
-    for (QLineEdit* campo : {ui->txtMes_0, ui->txtMes_1, ui->txtSecuencia_0, ui->txtSecuencia_1, ui->txtCuota,
-                             txtDias[0], txtDias[1], txtDias[2]})
-    {
-        campo->setFixedWidth(anchoDe(campo, QStringLiteral("999")));
-    }
-}
 
 void Boletas::armarEventos()
 {
@@ -137,8 +50,12 @@ void Boletas::armarEventos()
     alDejar(ui->MaskFecha, &Boletas::MaskFecha_Validate);
     for (int indice = 0; indice < 3; ++indice)
     {
-        alDejar(txtInteres[static_cast<std::size_t>(indice)], [this, indice] { return txtInteres_Validate(indice); });
+        const auto i = static_cast<std::size_t>(indice);
+        txtDias[i]->installEventFilter(this);
+        txtInteres[i]->installEventFilter(this);
+        alDejar(txtInteres[i], [this, indice] { return txtInteres_Validate(indice); });
     }
+    ui->txtImporte->installEventFilter(this);
     alDejar(ui->txtImporte, &Boletas::txtImporte_Validate);
 }
 
@@ -421,7 +338,7 @@ bool Boletas::MaskFecha_Validate()
 
 bool Boletas::tomarImporte(QLineEdit* campo, Moneda& importe)
 {
-    const QString texto = campo->text().isEmpty() ? QStringLiteral("0") : sinMascara(campo->text());
+    const QString texto = campo->text().isEmpty() ? QStringLiteral("0") : CamposDeBoleta::sinMascara(campo->text());
     if (!Rutinas::VerificarNumero(texto))
     {
         return false;
@@ -452,7 +369,7 @@ bool Boletas::txtInteres_Validate(int indice)
     {
         return false;
     }
-    mostrarImporte(txtInteres[i], InteresBoleta[i] == Moneda() ? QString() : conPesos(InteresBoleta[i]));
+    CamposDeBoleta::mostrar(txtInteres[i], InteresBoleta[i] == Moneda() ? QString() : conPesos(InteresBoleta[i]));
     return true;
 }
 
@@ -462,7 +379,7 @@ bool Boletas::txtImporte_Validate()
     {
         return false;
     }
-    mostrarImporte(ui->txtImporte, conPesos(ImporteActa));
+    CamposDeBoleta::mostrar(ui->txtImporte, conPesos(ImporteActa));
     return true;
 }
 
@@ -487,7 +404,7 @@ void Boletas::campoImporte_GotFocus(QLineEdit* campo)
     {
         campo->setText(importeParaEditar(campo->text()));
     }
-    campo->setMaxLength(campo == ui->txtImporte || campo == txtInteres[2] ? largoDeImporte : sinLimite);
+    campo->setMaxLength(campo == ui->txtImporte || campo == txtInteres[2] ? largoDeImporte : CamposDeBoleta::sinLimite);
 }
 
 void Boletas::txtDias_GotFocus(QLineEdit* campo)
@@ -507,10 +424,11 @@ void Boletas::cargarFila(int fila)
     conLaLista([&] { pago = cargarPago(Rutinas::Conexion, PagoElegido); });
     const auto i = static_cast<std::size_t>(tipo());
     txtDias[i]->setText(pago.dias == 0 ? QString() : QString::number(pago.dias));
-    mostrarImporte(txtInteres[i], pago.interes == Moneda() ? QString() : textoDeImporte(pago.interes));
+    CamposDeBoleta::mostrar(txtInteres[i],
+                            pago.interes == Moneda() ? QString() : CamposDeBoleta::paraEditar(pago.interes));
     ui->txtActa->setText(QString::number(pago.nroActa));
     ui->txtCuota->setText(QString::number(pago.cuota));
-    mostrarImporte(ui->txtImporte, textoDeImporte(pago.importe - pago.interes));
+    CamposDeBoleta::mostrar(ui->txtImporte, CamposDeBoleta::paraEditar(pago.importe - pago.interes));
     (void)txtInteres_Validate(2);
     (void)txtImporte_Validate();
 }

@@ -34,8 +34,6 @@ protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 private:
-    void armarCampos();
-    void ajustarAnchos();
     void armarEventos();
     void prepararDeclaracion();
     [[nodiscard]] bool prepararActa();
