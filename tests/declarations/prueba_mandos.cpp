@@ -23,11 +23,6 @@ struct Caso
     bool sinMirarLaEmpresa = false;
 };
 
-void PrintTo(const Caso& caso, std::ostream* salida)
-{
-    *salida << caso.mando;
-}
-
 const Caso casos[] = {
     {"vsDDJJ", false, true}, {"cmdEliminar", true, true},
     {"cmdNomina"},           {"cmdSueldos"},
@@ -94,20 +89,6 @@ struct MandosDDJJ : testing::Test
     }
 };
 
-struct OtroPuesto : MandosDDJJ, testing::WithParamInterface<Caso>
-{
-    /// Nothing is selected, the lists are those of now, and nothing was written, in the database or beside it.
-    void comprobar(int empresas)
-    {
-        EXPECT_EQ(0U, cajas.pendientes());
-        EXPECT_EQ(QString(), control<QLineEdit>("txtAnio").text());
-        EXPECT_EQ(0, control<Grilla>("vsDDJJ").filas());
-        EXPECT_EQ(empresas, control<QComboBox>("cmbEmpresa").count());
-        EXPECT_EQ(0, cuantos("PAGOS") + cuantos("DDJJ_Empleados") + cuantos("DDJJ"));
-        EXPECT_EQ(QStringList(), QDir(base.ruta({})).entryList({QStringLiteral("*.txt")}));
-    }
-};
-
 const QString fin =
     QStringLiteral(" ya no se encuentra en la Base: fue eliminada desde otra ventana u otro puesto.  No "
                    "se ha grabado ningún dato.");
@@ -148,27 +129,35 @@ TEST_F(MandosDDJJ, ElPunteroVuelveTrasImportar)
     EXPECT_FALSE(Puntero::estaOcupado());
 }
 
-TEST_P(OtroPuesto, SeDiceUnaVez)
+// Nothing stays selected, the lists are those of now, and nothing was written, in the database or beside it.
+TEST_F(MandosDDJJ, LoQueOtroPuestoBorroSeDiceUnaVez)
 {
-    for (const bool conEmpresa : {true, false})
+    for (const Caso& caso : casos)
     {
-        abrir();
-        for (const char* borrado :
-             {"DDJJ", "DDJJ_Empleados", conEmpresa ? "PAGOS" : "Empresas WHERE Razon <> 'Abasto'"})
+        for (const bool conEmpresa : {true, false})
         {
-            base.conexion().ejecutar(std::string("DELETE FROM ") + borrado);
+            SCOPED_TRACE(testing::Message() << caso.mando << (conEmpresa ? "" : ", its company gone too"));
+            abrir();
+            for (const char* borrado :
+                 {"DDJJ", "DDJJ_Empleados", conEmpresa ? "PAGOS" : "Empresas WHERE Razon <> 'Abasto'"})
+            {
+                base.conexion().ejecutar(std::string("DELETE FROM ") + borrado);
+            }
+            for (int preguntas = caso.conPreguntas ? 2 : 0; preguntas > 0; --preguntas)
+            {
+                cajas.esperaQueDiga(Caja::Pregunta, {});
+            }
+            cajas.espera(Caja::Exclamacion,
+                         (conEmpresa || caso.sinMirarLaEmpresa ? QStringLiteral("La Declaración Jurada 2009/05 - 0")
+                                                               : QStringLiteral("La Empresa 30-12345678-1")) +
+                             fin);
+            mandar(caso.mando);
+            EXPECT_EQ(0U, cajas.pendientes());
+            EXPECT_EQ(QString(), control<QLineEdit>("txtAnio").text());
+            EXPECT_EQ(0, control<Grilla>("vsDDJJ").filas());
+            EXPECT_EQ(conEmpresa ? 2 : 1, control<QComboBox>("cmbEmpresa").count());
+            EXPECT_EQ(0, cuantos("PAGOS") + cuantos("DDJJ_Empleados") + cuantos("DDJJ"));
+            EXPECT_EQ(QStringList(), QDir(base.ruta({})).entryList({QStringLiteral("*.txt")}));
         }
-        for (int preguntas = GetParam().conPreguntas ? 2 : 0; preguntas > 0; --preguntas)
-        {
-            cajas.esperaQueDiga(Caja::Pregunta, {});
-        }
-        cajas.espera(Caja::Exclamacion,
-                     (conEmpresa || GetParam().sinMirarLaEmpresa ? QStringLiteral("La Declaración Jurada 2009/05 - 0")
-                                                                 : QStringLiteral("La Empresa 30-12345678-1")) +
-                         fin);
-        mandar(GetParam().mando);
-        comprobar(conEmpresa ? 2 : 1);
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Mandos, OtroPuesto, testing::ValuesIn(casos));

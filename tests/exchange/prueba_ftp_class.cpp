@@ -70,11 +70,6 @@ struct Caso
     const char* queda;   ///< folder of the file; "..." what had come when it went wrong, perhaps all
 };
 
-void PrintTo(const Caso& caso, std::ostream* salida)
-{
-    *salida << caso.servidor;
-}
-
 constexpr const char* adios = "Desconectado de: @";
 constexpr const char* sinSubir = "Error al subir el fichero:#|Desconectado de: @";
 constexpr const char* sinDirectorio = "Error al cambiar de directorio|Desconectado de: @";
@@ -99,123 +94,120 @@ const Caso casos[] = {
     {"pyftpdlib:calla-fin", true, sinSubir, "..."},
     {"pyftpdlib:calla-QUIT", true, adios, "DDJJ/"},
 };
-
-class UnEnvio : public testing::TestWithParam<Caso>
-{
-};
 } // namespace
 
 /// Each operation in its order, whatever happened to the one before: that is how a declaration is sent.
-TEST_P(UnEnvio, DiceYDejaLoQueCorresponde)
+TEST(FtpClass, UnEnvioDiceYDejaLoQueCorresponde)
 {
-    const Caso& caso = GetParam();
-    const QString como = QString::fromLatin1(caso.servidor).section(QLatin1Char(':'), 1);
-    const bool calla = como.startsWith(QStringLiteral("calla")) || como == QStringLiteral("traba");
-    ServidorFtpDePrueba servidor(QString::fromLatin1(caso.servidor));
-    const QTemporaryDir carpeta;
-    const QString local = carpeta.filePath(nombre);
-    // More than the system's own buffers take in, so that a server that does not read is felt.
-    const QByteArray bytes = declaracion().repeated(como == QStringLiteral("traba") ? 16 : 1);
-    escribirArchivo(local, bytes);
-
-    ClienteFtp cliente(servidor.direccion(), calla ? paciencia : sobrada);
-    EXPECT_EQ(caso.conecta, cliente.conectar());
-    if (caso.conecta)
+    for (const Caso& caso : casos)
     {
-        cliente.ftp.CambiarDirectorio(QStringLiteral("/DDJJ/"));
-        cliente.ftp.SubirArchivo(local, nombre);
-        cliente.ftp.Desconectar();
-    }
-    EXPECT_EQ("...Intentando conectar a: @|" +
-                  (caso.conecta ? std::string("Conectado a: @|") + caso.despues
-                                : std::string("Error. Compruebe los datos del servidor Ftp sin son correctos")),
-              cliente.dicho());
-    EXPECT_EQ(0, cliente.ocupado);
-    EXPECT_LT(calla ? 3 : 0, cliente.avisos) << "the screen stood still meanwhile";
+        SCOPED_TRACE(caso.servidor);
+        const QString como = QString::fromLatin1(caso.servidor).section(QLatin1Char(':'), 1);
+        const bool calla = como.startsWith(QStringLiteral("calla")) || como == QStringLiteral("traba");
+        ServidorFtpDePrueba servidor(QString::fromLatin1(caso.servidor));
+        const QTemporaryDir carpeta;
+        const QString local = carpeta.filePath(nombre);
+        // More than the system's own buffers take in, so that a server that does not read is felt.
+        const QByteArray bytes = declaracion().repeated(como == QStringLiteral("traba") ? 16 : 1);
+        escribirArchivo(local, bytes);
 
-    servidor.terminar();
-    const QString queda = QString::fromLatin1(caso.queda);
-    const bool parte = queda == QStringLiteral("...");
-    const QString remoto = (parte                          ? QStringLiteral("DDJJ/")
-                            : queda == QStringLiteral("/") ? QString()
-                                                           : queda) +
-                           nombre;
-    const QStringList archivos = servidor.archivos();
-    const QByteArray hay = archivos.isEmpty() ? QByteArray() : servidor.leer(archivos.first());
-    EXPECT_TRUE((parte && archivos.isEmpty()) || archivos == (queda.isEmpty() ? QStringList() : QStringList(remoto)))
-        << archivos.join(u'|').toStdString();
-    EXPECT_TRUE(bytes.startsWith(hay));
-    EXPECT_TRUE(parte || archivos.isEmpty() || bytes == hay) << "every byte, and each line end once";
-    if (QLatin1String(caso.servidor) == QLatin1String("pyftpdlib:si"))
-    {
-        EXPECT_TRUE(servidor.ordenes().startsWith(
-            "USER administrador|PASS KT-marcados|PWD|CWD //DDJJ/|PASV|TYPE A|STOR " + nombre.toUtf8()))
-            << servidor.ordenes().toStdString();
+        ClienteFtp cliente(servidor.direccion(), calla ? paciencia : sobrada);
+        EXPECT_EQ(caso.conecta, cliente.conectar());
+        if (caso.conecta)
+        {
+            cliente.ftp.CambiarDirectorio(QStringLiteral("/DDJJ/"));
+            cliente.ftp.SubirArchivo(local, nombre);
+            cliente.ftp.Desconectar();
+        }
+        EXPECT_EQ("...Intentando conectar a: @|" +
+                      (caso.conecta ? std::string("Conectado a: @|") + caso.despues
+                                    : std::string("Error. Compruebe los datos del servidor Ftp sin son correctos")),
+                  cliente.dicho());
+        EXPECT_EQ(0, cliente.ocupado);
+        EXPECT_LT(calla ? 3 : 0, cliente.avisos) << "the screen stood still meanwhile";
+
+        servidor.terminar();
+        const QString queda = QString::fromLatin1(caso.queda);
+        const bool parte = queda == QStringLiteral("...");
+        const QString remoto = (parte                          ? QStringLiteral("DDJJ/")
+                                : queda == QStringLiteral("/") ? QString()
+                                                               : queda) +
+                               nombre;
+        const QStringList archivos = servidor.archivos();
+        const QByteArray hay = archivos.isEmpty() ? QByteArray() : servidor.leer(archivos.first());
+        EXPECT_TRUE((parte && archivos.isEmpty()) ||
+                    archivos == (queda.isEmpty() ? QStringList() : QStringList(remoto)))
+            << archivos.join(u'|').toStdString();
+        EXPECT_TRUE(bytes.startsWith(hay));
+        EXPECT_TRUE(parte || archivos.isEmpty() || bytes == hay) << "every byte, and each line end once";
+        if (QLatin1String(caso.servidor) == QLatin1String("pyftpdlib:si"))
+        {
+            EXPECT_TRUE(servidor.ordenes().startsWith(
+                "USER administrador|PASS KT-marcados|PWD|CWD //DDJJ/|PASV|TYPE A|STOR " + nombre.toUtf8()))
+                << servidor.ordenes().toStdString();
+        }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Servidores, UnEnvio, testing::ValuesIn(casos));
-
-class Servidores : public testing::TestWithParam<const char*>
-{
-protected:
-    ServidorFtpDePrueba servidor{QLatin1String(GetParam()) + QStringLiteral(":si")};
-    QTemporaryDir carpeta;
-};
-INSTANTIATE_TEST_SUITE_P(Dos, Servidores, testing::Values("pyftpdlib", "vsftpd"));
-
 /// One connection over all operations, and names that an address or a command line would read in their own way.
-TEST_P(Servidores, TodasLasOperacionesEnUnaConexion)
+TEST(FtpClass, TodasLasOperacionesEnUnaConexion)
 {
-    const QString raro = QStringLiteral("a b%20 #;type=i?ñ.txt");
-    const QString local = carpeta.filePath(QStringLiteral("local.txt"));
-    const QString bajado = carpeta.filePath(QStringLiteral("bajado.txt"));
-    const QByteArray bytes("uno\r\ndos\r\n");
-    escribirArchivo(local, bytes);
-    ClienteFtp cliente(servidor.direccion());
-    ASSERT_TRUE(cliente.conectar());
-    const QString raiz = cliente.ftp.GetDirectorioActual();
-    EXPECT_EQ(260, raiz.size());
-    EXPECT_EQ(QStringLiteral("/"), QString(raiz).remove(QChar(0)));
-    cliente.ftp.CambiarDirectorio(QStringLiteral("DDJJ")); // "/" + "/" + "DDJJ"
-    EXPECT_EQ(QStringLiteral("/DDJJ"), QString(cliente.ftp.GetDirectorioActual()).remove(QChar(0)));
-    cliente.ftp.SubirArchivo(local, raro);
-    EXPECT_EQ(QStringList(QStringLiteral("DDJJ/") + raro), servidor.archivos());
-    cliente.estados.clear();
+    for (const char* programa : {"pyftpdlib:si", "vsftpd:si"})
+    {
+        SCOPED_TRACE(programa);
+        ServidorFtpDePrueba servidor(QString::fromLatin1(programa));
+        const QTemporaryDir carpeta;
+        const QString raro = QStringLiteral("a b%20 #;type=i?ñ.txt");
+        const QString local = carpeta.filePath(QStringLiteral("local.txt"));
+        const QString bajado = carpeta.filePath(QStringLiteral("bajado.txt"));
+        const QByteArray bytes("uno\r\ndos\r\n");
+        escribirArchivo(local, bytes);
+        ClienteFtp cliente(servidor.direccion());
+        ASSERT_TRUE(cliente.conectar());
+        const QString raiz = cliente.ftp.GetDirectorioActual();
+        EXPECT_EQ(260, raiz.size());
+        EXPECT_EQ(QStringLiteral("/"), QString(raiz).remove(QChar(0)));
+        cliente.ftp.CambiarDirectorio(QStringLiteral("DDJJ")); // "/" + "/" + "DDJJ"
+        EXPECT_EQ(QStringLiteral("/DDJJ"), QString(cliente.ftp.GetDirectorioActual()).remove(QChar(0)));
+        cliente.ftp.SubirArchivo(local, raro);
+        EXPECT_EQ(QStringList(QStringLiteral("DDJJ/") + raro), servidor.archivos());
+        cliente.estados.clear();
 
-    EXPECT_TRUE(cliente.ftp.ObtenerArchivo(raro, bajado, true));
-    EXPECT_EQ("uno\ndos\n", leerArchivo(bajado).replace("\r\n", "\n"));
-    EXPECT_FALSE(cliente.ftp.ObtenerArchivo(raro, bajado, true)) << "true refuses to overwrite";
-    EXPECT_TRUE(cliente.ftp.ObtenerArchivo(raro, bajado, false));
-    EXPECT_FALSE(cliente.ftp.ObtenerArchivo(QStringLiteral("no hay.txt"), bajado, false));
-    EXPECT_FALSE(leerArchivo(bajado).isEmpty()) << "a failure leaves what there was";
-    cliente.ftp.EliminarArchivo(raro);
-    cliente.ftp.EliminarArchivo(raro);
-    cliente.ftp.SubirArchivo(carpeta.filePath(QStringLiteral("no hay.txt")), QStringLiteral("x.txt"));
-    cliente.ftp.SubirArchivo(local, QStringLiteral("x.txt\r\nDELE y.txt"));
-    cliente.ftp.EliminarDirectorio(QStringLiteral("no hay"));
-    cliente.ftp.CambiarDirectorio(QStringLiteral("no hay"));
-    cliente.ftp.SubirArchivo(local, QStringLiteral("no hay/x.txt"));
-    EXPECT_EQ(QStringList(), servidor.archivos());
-    cliente.ftp.SubirArchivo(local, nombre); // nothing that was refused has ended the connection or left its directory
-    EXPECT_EQ(QStringList(QStringLiteral("DDJJ/") + nombre), servidor.archivos());
-    const QStringList esperado{QStringLiteral("Archivo descargado correctamente:"),
-                               QStringLiteral("Error al intentar descargar el fichero: ") + raro,
-                               QStringLiteral("Archivo descargado correctamente:"),
-                               QStringLiteral("Error al intentar descargar el fichero: no hay.txt"),
-                               QStringLiteral("Error. No se pudo eliminar el archivo: ") + raro,
-                               QStringLiteral("Error al subir el fichero:x.txt"),
-                               QStringLiteral("Error al subir el fichero:x.txt\r\nDELE y.txt"),
-                               QStringLiteral("Error. No se pudo eliminar el Directorio: no hay"),
-                               QStringLiteral("Error al cambiar de directorio"),
-                               QStringLiteral("Error al subir el fichero:no hay/x.txt")};
-    EXPECT_EQ(esperado.join(u'\n').toStdString(), cliente.estados.join(u'\n').toStdString());
-    cliente.estados.clear();
+        EXPECT_TRUE(cliente.ftp.ObtenerArchivo(raro, bajado, true));
+        EXPECT_EQ("uno\ndos\n", leerArchivo(bajado).replace("\r\n", "\n"));
+        EXPECT_FALSE(cliente.ftp.ObtenerArchivo(raro, bajado, true)) << "true refuses to overwrite";
+        EXPECT_TRUE(cliente.ftp.ObtenerArchivo(raro, bajado, false));
+        EXPECT_FALSE(cliente.ftp.ObtenerArchivo(QStringLiteral("no hay.txt"), bajado, false));
+        EXPECT_FALSE(leerArchivo(bajado).isEmpty()) << "a failure leaves what there was";
+        cliente.ftp.EliminarArchivo(raro);
+        cliente.ftp.EliminarArchivo(raro);
+        cliente.ftp.SubirArchivo(carpeta.filePath(QStringLiteral("no hay.txt")), QStringLiteral("x.txt"));
+        cliente.ftp.SubirArchivo(local, QStringLiteral("x.txt\r\nDELE y.txt"));
+        cliente.ftp.EliminarDirectorio(QStringLiteral("no hay"));
+        cliente.ftp.CambiarDirectorio(QStringLiteral("no hay"));
+        cliente.ftp.SubirArchivo(local, QStringLiteral("no hay/x.txt"));
+        EXPECT_EQ(QStringList(), servidor.archivos());
+        cliente.ftp.SubirArchivo(local,
+                                 nombre); // nothing that was refused has ended the connection or left its directory
+        EXPECT_EQ(QStringList(QStringLiteral("DDJJ/") + nombre), servidor.archivos());
+        const QStringList esperado{QStringLiteral("Archivo descargado correctamente:"),
+                                   QStringLiteral("Error al intentar descargar el fichero: ") + raro,
+                                   QStringLiteral("Archivo descargado correctamente:"),
+                                   QStringLiteral("Error al intentar descargar el fichero: no hay.txt"),
+                                   QStringLiteral("Error. No se pudo eliminar el archivo: ") + raro,
+                                   QStringLiteral("Error al subir el fichero:x.txt"),
+                                   QStringLiteral("Error al subir el fichero:x.txt\r\nDELE y.txt"),
+                                   QStringLiteral("Error. No se pudo eliminar el Directorio: no hay"),
+                                   QStringLiteral("Error al cambiar de directorio"),
+                                   QStringLiteral("Error al subir el fichero:no hay/x.txt")};
+        EXPECT_EQ(esperado.join(u'\n').toStdString(), cliente.estados.join(u'\n').toStdString());
+        cliente.estados.clear();
 
-    cliente.ftp.Desconectar();
-    EXPECT_EQ(QStringList(QStringLiteral("Desconectado de: ") + servidor.direccion()), cliente.estados);
-    cliente.ftp.Desconectar(); // the control was released: not even the complaint is seen
-    EXPECT_EQ(1, cliente.estados.size());
+        cliente.ftp.Desconectar();
+        EXPECT_EQ(QStringList(QStringLiteral("Desconectado de: ") + servidor.direccion()), cliente.estados);
+        cliente.ftp.Desconectar(); // the control was released: not even the complaint is seen
+        EXPECT_EQ(1, cliente.estados.size());
+    }
 }
 
 TEST(FtpClass, SinConexion)
