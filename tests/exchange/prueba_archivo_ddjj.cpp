@@ -7,71 +7,40 @@
 
 #include <QDir>
 #include <QFile>
-#include <algorithm>
-#include <cstring>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace
 {
-/// A column in its place, and what stands for a Null.
-struct Columna
-{
-    const char* nombre;
-    int ancho;
-    const char* nulo;
-};
-constexpr const char* blancos = nullptr; // in the whole width
-constexpr const char* nada = "";         // and the rest of the line moves left: in one record and not in the other
-constexpr const char* ceros = "00000000";
-
+/// A kind of line: its columns, each with its width and what stands for a Null: where nothing is said, blanks in the
+/// whole width; "-" is nothing, and the rest of the line moves left.
 struct Registro
 {
-    const char* tabla;
+    QByteArray tabla;
     int antes; ///< width of what comes before the columns, which follow one after the other
-    std::vector<Columna> columnas;
+    QByteArray columnas;
 };
 
 const Registro registros[] = {
-    {"Empresas", 22, {{"Razon", 45, blancos},     {"Fantasia", 40, blancos},      {"Calle", 30, blancos},
-                      {"Numero", 5, nada},        {"NroLocal", 6, blancos},       {"Piso", 3, blancos},
-                      {"Depto", 3, blancos},      {"CodPos", 8, blancos},         {"Localidad", 50, blancos},
-                      {"Provincia", 2, nada},     {"Telefono", 30, blancos},      {"Fax", 30, blancos},
-                      {"Rubro", 10, blancos},     {"Contacto", 50, blancos},      {"Web", 35, blancos},
-                      {"EMail", 35, blancos},     {"Estudio", 50, blancos},       {"Est_Domicilio", 50, blancos},
-                      {"Est_CodPos", 8, blancos}, {"Est_Localidad", 30, blancos}, {"Est_Telefono", 30, blancos},
-                      {"Est_Email", 35, blancos}}},
-    {"Empresas_Responsables",
-     1,
-     {{"AyN", 40, blancos},
-      {"Domicilio", 30, blancos},
-      {"Localidad", 15, blancos},
-      {"TipoDoc", 1, nada},
-      {"NroDoc", 8, nada}}},
-    {"Empresas_Sucursales",
-     9,
-     {{"Sucursal", 10, blancos},
-      {"Domicilio", 50, blancos},
-      {"Numero", 5, nada},
-      {"CodPos", 8, blancos},
-      {"Localidad", 50, blancos},
-      {"Telefono", 30, blancos}}},
-    {"DDJJ_Empleados",
-     14,
-     {{"AyN", 40, blancos},    {"TipoDoc", 1, nada},       {"NroDoc", 8, nada},       {"Sexo", 1, blancos},
-      {"Calle", 40, blancos},  {"Numero", 5, nada},        {"Piso", 3, blancos},      {"Depto", 3, blancos},
-      {"CodPos", 8, blancos},  {"Localidad", 30, blancos}, {"Provincia", 2, blancos}, {"Telefono", 20, blancos},
-      {"Nacio", 8, ceros},     {"EstCivil", 1, blancos},   {"Afiliado", 1, "0"},      {"Sueldo", 10, nada},
-      {"Imponible", 10, nada}, {"Categoria", 2, blancos},  {"Ingreso", 8, ceros},     {"Egreso", 8, ceros},
-      {"Sucursal", 8, nada},   {"QHoras", 3, nada},        {"ART100", 10, nada},      {"ART101A", 10, nada},
-      {"ART101B", 10, nada},   {"Familiares", 2, nada},    {"Acuerdo", 10, nada},     {"Acuerdo2", 10, "0000000.00"}}},
-    {"Empleados_Familiares",
-     14,
-     {{"Familiar", 2, nada},
-      {"AyN", 30, blancos},
-      {"TipoDoc", 1, nada},
-      {"NroDoc", 8, nada},
-      {"Sexo", 1, nada},
-      {"Nacio", 8, ceros}}},
+    {"Empresas", 22,
+     "Razon 45,Fantasia 40,Calle 30,Numero 5 -,NroLocal 6,Piso 3,Depto 3,CodPos 8,Localidad 50,Provincia 2 -,"
+     "Telefono 30,Fax 30,Rubro 10,Contacto 50,Web 35,EMail 35,Estudio 50,Est_Domicilio 50,Est_CodPos 8,"
+     "Est_Localidad 30,Est_Telefono 30,Est_Email 35"},
+    {"Empresas_Responsables", 1, "AyN 40,Domicilio 30,Localidad 15,TipoDoc 1 -,NroDoc 8 -"},
+    {"Empresas_Sucursales", 9, "Sucursal 10,Domicilio 50,Numero 5 -,CodPos 8,Localidad 50,Telefono 30"},
+    {"DDJJ_Empleados", 14,
+     "AyN 40,TipoDoc 1 -,NroDoc 8 -,Sexo 1,Calle 40,Numero 5 -,Piso 3,Depto 3,CodPos 8,Localidad 30,Provincia 2,"
+     "Telefono 20,Nacio 8 00000000,EstCivil 1,Afiliado 1 0,Sueldo 10 -,Imponible 10 -,Categoria 2,Ingreso 8 00000000,"
+     "Egreso 8 00000000,Sucursal 8 -,QHoras 3 -,ART100 10 -,ART101A 10 -,ART101B 10 -,Familiares 2 -,Acuerdo 10 -,"
+     "Acuerdo2 10 0000000.00"},
+    {"Empleados_Familiares", 14, "Familiar 2 -,AyN 30,TipoDoc 1 -,NroDoc 8 -,Sexo 1 -,Nacio 8 00000000"},
+};
+
+struct Lugar
+{
+    qsizetype linea;
+    int desde;
+    int ancho;
 };
 
 class ArchivoDdjj : public testing::Test
@@ -125,29 +94,15 @@ protected:
             return {QByteArray::number(error.numero())};
         }
     }
-    /// With the column set to an SQL value, only `queda` in its place is another than in the file as it was.
-    void comprobar(const char* tabla, const char* nombreDeColumna, const char* valor, const QByteArray& queda)
+    /// With "table.column" set to an SQL value, only `queda` in its place is another than in the file as it was.
+    void comprobar(const QByteArray& columna, const QByteArray& valor, const Lugar& lugar, const QByteArray& queda)
     {
         const Transaccion vuelveAtras(base.conexion());
-        ejecutar(std::string("UPDATE ") + tabla + " SET " + nombreDeColumna + " = " + valor);
+        ejecutar(("UPDATE " + QByteArray(columna).replace(".", " SET ") + " = " + valor).toStdString());
         QByteArrayList esperado = como;
-        qsizetype linea = 0;
-        while (std::strcmp(registros[linea].tabla, tabla) != 0)
-        {
-            ++linea;
-        }
-        int desde = registros[linea].antes;
-        for (const Columna& columna : registros[linea].columnas)
-        {
-            if (std::strcmp(columna.nombre, nombreDeColumna) == 0)
-            {
-                esperado[linea].replace(desde, columna.ancho, queda);
-            }
-            desde += columna.ancho;
-        }
-        EXPECT_EQ(desde, como[linea].size());
-        const QByteArrayList hay = grabar(mayo);
-        EXPECT_EQ(esperado.join('\n').toStdString(), hay.join('\n').toStdString()) << tabla << '.' << nombreDeColumna;
+        esperado[lugar.linea].replace(lugar.desde, lugar.ancho, queda);
+        EXPECT_EQ(esperado.join('\n').toStdString(), grabar(mayo).join('\n').toStdString())
+            << columna.toStdString() << " = " << valor.toStdString();
     }
 
     BaseDePrueba base;
@@ -158,56 +113,49 @@ protected:
 };
 } // namespace
 
-TEST_F(ArchivoDdjj, NulosDejanElRestoDeLaLineaComoEstaba)
+TEST_F(ArchivoDdjj, CadaColumnaEnSuLugar)
 {
     ASSERT_EQ(5, como.size()) << "one record of each kind, and nobody else's";
+    std::map<QByteArray, Lugar> lugares;
     for (const Registro& registro : registros)
     {
-        for (const Columna& columna : registro.columnas)
+        Lugar lugar{&registro - registros, registro.antes, 0};
+        for (const QByteArray& columna : registro.columnas.split(','))
         {
-            comprobar(registro.tabla, columna.nombre, "NULL",
-                      columna.nulo == nullptr ? QByteArray(columna.ancho, ' ') : QByteArray(columna.nulo));
+            const QByteArrayList partes = columna.split(' ');
+            const QByteArray donde = registro.tabla + '.' + partes[0];
+            lugar.ancho = partes[1].toInt();
+            lugares[donde] = lugar;
+            comprobar(donde, "NULL", lugar, partes.value(2, QByteArray(lugar.ancho, ' ')).replace("-", ""));
+            lugar.desde += lugar.ancho;
         }
+        EXPECT_EQ(lugar.desde, como[lugar.linea].size());
     }
-}
-
-TEST_F(ArchivoDdjj, ValoresEnSuLugar)
-{
-    struct Caso
-    {
-        const char* tabla;
-        const char* columna;
-        const char* valor; ///< as SQL
-        QByteArray queda;
-    };
-    constexpr const char* empresas = "Empresas";
-    constexpr const char* empleados = "DDJJ_Empleados";
-    constexpr const char* familiares = "Empleados_Familiares";
-    const Caso casos[] = {
+    const std::tuple<const char*, const char*, QByteArray> casos[] = {
         // Cut or longer than its place.
-        {empresas, "Fantasia", "'Cooperativa Vitivinicola y Frutihorticola Ltda.'",
+        {"Empresas.Fantasia", "'Cooperativa Vitivinicola y Frutihorticola Ltda.'",
          "Cooperativa Vitivinicola y Frutihorticol"},
-        {empresas, "Numero", "123456", "123456"},
-        {empresas, "Numero", "-5", "-00005"},
-        {empleados, "QHoras", "96", "96"},
-        {empleados, "TipoDoc", "10", "10"},
-        {empleados, "Afiliado", "0", "0"},
-        {empleados, "Nacio", "'1970-12-25'", "12251970"},
-        {familiares, "Familiar", "9", "09"},
+        {"Empresas.Numero", "123456", "123456"},
+        {"Empresas.Numero", "-5", "-00005"},
+        {"DDJJ_Empleados.QHoras", "96", "96"},
+        {"DDJJ_Empleados.TipoDoc", "10", "10"},
+        {"DDJJ_Empleados.Afiliado", "0", "0"},
+        {"DDJJ_Empleados.Nacio", "'1970-12-25'", "12251970"},
+        {"Empleados_Familiares.Familiar", "9", "09"},
         // Halves of a cent go away from zero; the mark is a comma.
-        {empleados, "Sueldo", "50", "0000000,01"},
-        {empleados, "Sueldo", "49", "0000000,00"},
-        {empleados, "Sueldo", "-49", "0000000,00"},
-        {empleados, "Sueldo", "-15000", "-0000001,50"},
-        {empleados, "Sueldo", "99999999950", "10000000,00"},
+        {"DDJJ_Empleados.Sueldo", "50", "0000000,01"},
+        {"DDJJ_Empleados.Sueldo", "49", "0000000,00"},
+        {"DDJJ_Empleados.Sueldo", "-49", "0000000,00"},
+        {"DDJJ_Empleados.Sueldo", "-15000", "-0000001,50"},
+        {"DDJJ_Empleados.Sueldo", "99999999950", "10000000,00"},
         // Windows-1252: what it has above Latin 1, what it lacks, and a cut that counts characters and not bytes.
-        {empleados, "AyN", "'€ “Ñ” ’ Œ'", "\x80 \x93\xD1\x94 \x92 \x8C                               "},
-        {empleados, "Depto", "'Łπ😀x'", "???"},
-        {familiares, "AyN", "'ñññññññññññññññññññññññññññññññññ'", QByteArray(30, '\xF1')},
+        {"DDJJ_Empleados.AyN", "'€ “Ñ” ’ Œ'", "\x80 \x93\xD1\x94 \x92 \x8C                               "},
+        {"DDJJ_Empleados.Depto", "'Łπ😀x'", "???"},
+        {"Empleados_Familiares.AyN", "'ñññññññññññññññññññññññññññññññññ'", QByteArray(30, '\xF1')},
     };
-    for (const Caso& caso : casos)
+    for (const auto& [columna, valor, queda] : casos)
     {
-        comprobar(caso.tabla, caso.columna, caso.valor, caso.queda);
+        comprobar(columna, valor, lugares.at(columna), queda);
     }
 }
 
