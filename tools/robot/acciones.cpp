@@ -302,7 +302,7 @@ std::span<const Verbo> verbosQueActuan()
 {
     static constexpr Verbo todos[] = {
         {"menu", "t+", menu},       {"salir", "", salir},
-        {"pulsar", "c", pulsar},    {"escribir", "(ctk?)", escribir},
+        {"pulsar", "(c)", pulsar},  {"escribir", "(ctk?)", escribir},
         {"pegar", "(ctk?)", pegar}, {"tecla", "ck+", tecla},
         {"teclear", "x+", teclear}, {"elegir", "(ct)", elegir},
         {"pagina", "t", pagina},    {"ventana", "c", ventana},

@@ -77,11 +77,6 @@ void ventana(const Jugada&, const Argumentos& a)
             { return Navegacion::instancia().abierta(nombre) != nullptr || controles::suelta(nombre) != nullptr; });
 }
 
-void foco(const Jugada&, const Argumentos& a)
-{
-    exigirFoco(a[0].texto);
-}
-
 /// As the screen shows it; a tick is "si" or "no".
 QString celdaDe(const Grilla& grilla, int fila, int columna)
 {
@@ -157,23 +152,12 @@ void amarillas(const Jugada&, const Argumentos& a)
     iguales(hay.join(u' '), textos(a, 1).join(u' '));
 }
 
-/// The last of the boxes; those before it count as told, too.
-const DatosDeCaja& ultimaCaja(const Jugada& jugada)
+/// Of the last box; those before it count as told, too.
+void mensaje(const Jugada& jugada, const Argumentos& a)
 {
     jugada.contexto->nombradas = true;
     const std::vector<DatosDeCaja>& cajas = jugada.contexto->cajas;
-    return !cajas.empty() ? cajas.back() : throw Falla("no hubo ninguna caja");
-}
-
-void mensaje(const Jugada& jugada, const Argumentos& a)
-{
-    iguales(ultimaCaja(jugada).texto, a[0].texto);
-}
-
-void caja(const Jugada& jugada, const Argumentos& a)
-{
-    const DatosDeCaja& caja = ultimaCaja(jugada);
-    iguales(QStringList{nombreDe(caja.clase), caja.titulo, caja.texto}.join(u'|'), textos(a, 0).join(u'|'));
+    iguales(!cajas.empty() ? cajas.back().texto : throw Falla("no hubo ninguna caja"), a[0].texto);
 }
 
 void titulo(const Jugada&, const Argumentos& a)
@@ -194,32 +178,6 @@ void estado(const Jugada&, const Argumentos& a)
     if (!partes.contains(a[0].texto))
     {
         iguales(partes.join(" / "), a[0].texto);
-    }
-}
-
-QStringList lineasDe(const QString& ruta)
-{
-    QFile archivo(ruta);
-    if (!archivo.open(QIODevice::ReadOnly))
-    {
-        throw Falla("no se puede leer %1: %2", ruta, archivo.errorString());
-    }
-    return QString::fromLatin1(archivo.readAll()).split(u'\n');
-}
-
-/// The first line that differs, with its place in it.
-void archivo(const Jugada& jugada, const Argumentos& a)
-{
-    const QStringList hay = lineasDe(jugada.contexto->ruta(a[0].texto));
-    const QStringList esperadas = lineasDe(QDir(jugada.contexto->carpetaDelGuion).absoluteFilePath(a[1].texto));
-    const auto [una, otra] = std::ranges::mismatch(hay, esperadas);
-    if (una != hay.end() || otra != esperadas.end())
-    {
-        const QString linea = una != hay.end() ? *una : QString();
-        const QString esperada = otra != esperadas.end() ? *otra : QString();
-        const auto lugar = std::ranges::mismatch(linea, esperada).in1 - linea.begin();
-        throw Falla("difieren en la línea %1, posición %2: %3 y se esperaba %4", una - hay.begin() + 1, lugar + 1,
-                    entreComillas(linea), entreComillas(esperada));
     }
 }
 
@@ -244,18 +202,15 @@ std::span<const Verbo> verbosQueMiran()
         {"espera_activo", "(c+s)", activo},
         {"espera_visible", "(c+s)", visible},
         {"espera_marca", "(c+s)", marca},
-        {"espera_foco", "c", foco},
         {"espera_lista", "ct+", lista},
         {"espera_celda", "cf(nt)", celda},
         {"espera_fila", "cnt+", fila},
         {"espera_filas", "ct+", filas},
         {"espera_amarillas", "cn*", amarillas},
         {"espera_mensaje", "t", mensaje},
-        {"espera_caja", "ett", caja},
         {"espera_titulo", "t", titulo},
         {"espera_estado", "t", estado},
         {"espera_ventana", "(c+s)", ventana},
-        {"espera_archivo", "tt", archivo},
         {"espera_sin_archivo", "t", sinArchivo},
         {"espera_base", "tt+", base},
     };

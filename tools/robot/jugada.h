@@ -18,8 +18,7 @@ struct Contexto
         int linea = 0; ///< of the script that queued it
         QString texto;
     };
-    QString carpeta;         ///< relative paths are relative to it
-    QString carpetaDelGuion; ///< the expected files lie beside the script
+    QString carpeta; ///< relative paths are relative to it
     std::deque<Pendiente> respuestas;
     std::deque<Pendiente> archivos;
     std::vector<DatosDeCaja> cajas; ///< shown since the last line that acts began

@@ -181,8 +181,7 @@ int main(int cantidad, char** valores)
     registrarPantallas();
 
     anotarConsultas();
-    Robot robot(std::move(pasos), {carpeta.absoluteFilePath(), ruta.absolutePath(), pedido.value("foto")}, escribir,
-                terminar);
+    Robot robot(std::move(pasos), {carpeta.absoluteFilePath(), pedido.value("foto")}, escribir, terminar);
     robot.empezar();
     robot.vigilar(
         [](const QString& enQue)

@@ -28,7 +28,6 @@ Robot::Robot(std::vector<guion::Paso> pasos, Opciones opciones, Escribir escribi
     , m_reposo(&m_reloj)
 {
     m_contexto.carpeta = m_opciones.carpeta;
-    m_contexto.carpetaDelGuion = m_opciones.carpetaDelGuion;
     m_reloj.setSingleShot(true);
     m_reloj.setInterval(0);
     connect(&m_reloj, &QTimer::timeout, this, &Robot::latido);

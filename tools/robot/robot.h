@@ -29,7 +29,6 @@ public:
     struct Opciones
     {
         QString carpeta;
-        QString carpetaDelGuion;
         QString foto; ///< picture of the screen when a line fails; empty for none
     };
     using Escribir = std::function<void(const QString& linea)>;
