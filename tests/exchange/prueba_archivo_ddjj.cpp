@@ -43,9 +43,8 @@ struct Lugar
     int ancho;
 };
 
-class ArchivoDdjj : public testing::Test
+struct ArchivoDdjj : testing::Test
 {
-protected:
     ArchivoDdjj()
     {
         ejecutar("INSERT INTO Empresas VALUES ('30-12345678-9', 'Bodega Peña S.A.', 'La Peña', 'Av. España', 1234, "
@@ -161,23 +160,18 @@ TEST_F(ArchivoDdjj, CadaColumnaEnSuLugar)
 
 TEST_F(ArchivoDdjj, NombreEncabezadoYFallas)
 {
-    struct Caso
-    {
-        const char* anio;
-        const char* mes;
-        const char* secuencia;
-        const char* nombre;
-        const char* encabezado; ///< or the number of the error
+    const std::tuple<const char*, const char*, const char*, const char*, const char*> casos[] = {
+        {"2009", "05", "0", "30-12345678-9 2009-05 00.txt", "030-12345678-920090500Bodega"},
+        {"2010", "12", "11", "30-12345678-9 2010-12 11.txt", "030-12345678-920101211Bodega"},
+        {"09", "1", "100", "30-12345678-9 09-01 100.txt", "030-12345678-90901100Bodega"},
+        {"2009", "5", "", "30-12345678-9 2009-05 .txt", "13"}, // the number of the error
     };
-    for (const Caso& caso : {Caso{"2009", "05", "0", "30-12345678-9 2009-05 00.txt", "030-12345678-920090500Bodega"},
-                             Caso{"2010", "12", "11", "30-12345678-9 2010-12 11.txt", "030-12345678-920101211Bodega"},
-                             Caso{"09", "1", "100", "30-12345678-9 09-01 100.txt", "030-12345678-90901100Bodega"},
-                             Caso{"2009", "5", "", "30-12345678-9 2009-05 .txt", "13"}})
+    for (const auto& [anio, mes, secuencia, suNombre, encabezado] : casos)
     {
-        const QByteArrayList lineas = grabar({mayo.cuit, mayo.periodo, QString::fromLatin1(caso.anio),
-                                              QString::fromLatin1(caso.mes), QString::fromLatin1(caso.secuencia)});
-        EXPECT_EQ(QString::fromLatin1(caso.nombre), nombre);
-        EXPECT_TRUE(lineas.first().startsWith(caso.encabezado)) << lineas.first().toStdString();
+        const QByteArrayList lineas = grabar({mayo.cuit, mayo.periodo, QString::fromLatin1(anio),
+                                              QString::fromLatin1(mes), QString::fromLatin1(secuencia)});
+        EXPECT_EQ(QString::fromLatin1(suNombre), nombre);
+        EXPECT_TRUE(lineas.first().startsWith(encabezado)) << lineas.first().toStdString();
     }
     ejecutar("INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, Nacio) VALUES "
              "('30-12345678-9', '2009-05-01', 0, '27-23456789-4', 'ayer')");

@@ -30,9 +30,8 @@ QByteArray con(QByteArray linea, int posicion, const char* texto)
     return linea.replace(posicion - 1, static_cast<qsizetype>(std::strlen(texto)), texto);
 }
 
-class Importacion : public testing::Test
+struct Importacion : testing::Test
 {
-protected:
     Importacion()
     {
         ejecutar("PRAGMA synchronous=OFF"); // a hundred imports, none of which has to outlast the machine
@@ -255,13 +254,8 @@ TEST_F(Importacion, LoQueLosTotalesNoPodrianMostrar)
 {
     // Two people, each of 1000 and 200 in amounts, three times 24 in contributions, and 3 relatives.
     const QByteArray dos = afip + "\n" + con(afip, 1, "20999999999");
-    struct Caso
-    {
-        int personas; ///< who are there before
-        const char* asignacion;
-        const char* dice;
-    };
-    const Caso casos[] = {
+    // Who are there before, what one of them has, and what is told.
+    const std::tuple<int, const char*, const char*> casos[] = {
         {32'765, "AyN = ''", "2+0"},
         {32'766, "AyN = ''", "6 - Desbordamiento: línea 2, campo Cuil"},
         {32'767, "AyN = ''", "6 - Desbordamiento: línea 1, campo Cuil"},
@@ -277,14 +271,14 @@ TEST_F(Importacion, LoQueLosTotalesNoPodrianMostrar)
         {1, "ART101A = 9223372036829335808", "6 - Desbordamiento: línea 2, campo Imponible"},
         {1, "ART101B = 9223372036829335808", "6 - Desbordamiento: línea 2, campo Imponible"},
     };
-    for (const Caso& caso : casos)
+    for (const auto& [personas, asignacion, dice] : casos)
     {
         vaciar();
         base.conexion().ejecutar("WITH n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?) INSERT INTO "
                                  "DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil) SELECT ?, ?, 0, i FROM n",
-                                 caso.personas, mayo.cuit, mayo.periodo);
-        ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + caso.asignacion + " WHERE Cuil = '1'");
-        EXPECT_EQ(caso.dice, importarAfip(dos)) << caso.personas << ' ' << caso.asignacion;
+                                 personas, mayo.cuit, mayo.periodo);
+        ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + asignacion + " WHERE Cuil = '1'");
+        EXPECT_EQ(dice, importarAfip(dos)) << personas << ' ' << asignacion;
     }
     ejecutar("UPDATE DDJJ_Empleados SET Acuerdo = 9223372036854775807, ART101B = 0");
     EXPECT_EQ("6 - Desbordamiento: línea 1, campo Imponible", importar(brivo));

@@ -18,9 +18,8 @@
 
 namespace
 {
-class PantallaBackup : public testing::Test
+struct PantallaBackup : testing::Test
 {
-protected:
     PantallaBackup()
     {
         Reloj::reemplazar([] { return QDateTime(QDate(2009, 6, 3), QTime(9, 7, 59)); });

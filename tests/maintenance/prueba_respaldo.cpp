@@ -17,9 +17,8 @@
 namespace
 {
 /// The program's database B, another one O, the safety copy S and a backup C; none of them is open.
-class Respaldo : public testing::Test
+struct Respaldo : testing::Test
 {
-protected:
     Respaldo()
     {
         Rutinas::CerrarBase();
