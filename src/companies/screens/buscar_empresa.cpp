@@ -2,23 +2,20 @@
 
 #include "companies/busqueda_empresa.h"
 #include "core/rutinas.h"
-#include "ui/fields/tecla_soltada.h"
 #include "ui_buscar_empresa.h"
 
 BuscarEmpresa::BuscarEmpresa(QWidget* padre)
-    : Pantalla(QStringLiteral("BuscarEmpresa"), padre)
+    : Buscador(QStringLiteral("BuscarEmpresa"), padre)
     , ui(std::make_unique<Ui::BuscarEmpresa>())
 {
     ui->setupUi(this);
-    ui->vsGrilla->setColumnas({
-        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("C.U.I.T."), .ancho = 130},
-        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Razón Social"), .ancho = -1},
-    });
-    ui->vsGrilla->setPintaActual(true);
-    alDejar(ui->MaskCuit, &BuscarEmpresa::MaskCuit_Validate);
-    conectar(new TeclaSoltada(ui->txtNombre), &TeclaSoltada::soltada, &BuscarEmpresa::txtNombre_KeyUp);
-    conectar(ui->vsGrilla, &Grilla::clic, &BuscarEmpresa::vsGrilla_Click);
-    conectar(ui->vsGrilla, &Grilla::entrar, &BuscarEmpresa::vsGrilla_Click);
+    armar(ui->vsGrilla,
+          {
+              {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("C.U.I.T."), .ancho = 130},
+              {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Razón Social"), .ancho = -1},
+          },
+          &Grilla::clic);
+    buscarCon(ui->MaskCuit, ui->txtNombre);
 }
 
 BuscarEmpresa::~BuscarEmpresa() = default;
@@ -30,30 +27,13 @@ void BuscarEmpresa::cargar()
 
 void BuscarEmpresa::Buscar()
 {
-    std::vector<std::vector<QVariant>> filas;
-    for (const EmpresaHallada& hallada : buscarEmpresas(Rutinas::Conexion, ui->MaskCuit->text(), ui->txtNombre->text()))
-    {
-        filas.push_back({hallada.cuit, hallada.razon});
-    }
-    ui->vsGrilla->cargar(std::move(filas));
+    ui->vsGrilla->cargar(buscarEmpresas(Rutinas::Conexion, ui->MaskCuit->text(), ui->txtNombre->text()),
+                         [](const EmpresaHallada& hallada) {
+                             return FilaDeGrilla{hallada.cuit, hallada.razon};
+                         });
 }
 
-bool BuscarEmpresa::MaskCuit_Validate()
+void BuscarEmpresa::elegir(int fila)
 {
-    Buscar();
-    return true;
-}
-
-void BuscarEmpresa::txtNombre_KeyUp()
-{
-    Buscar();
-}
-
-void BuscarEmpresa::vsGrilla_Click(int, int fila)
-{
-    if (fila != 0)
-    {
-        Rutinas::CuitActual = ui->vsGrilla->texto(1, fila);
-        cerrar();
-    }
+    Rutinas::CuitActual = ui->vsGrilla->texto(1, fila);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/shell/pantalla.h"
+#include "core/screens/buscador.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ class BuscarEmpresa;
 
 /// Finds a company by CUIT or part of its name. A row chosen goes into Rutinas::CuitActual; closed without a choice it
 /// leaves that as it was.
-class BuscarEmpresa : public Pantalla
+class BuscarEmpresa : public Buscador
 {
     Q_OBJECT
 public:
@@ -21,10 +21,8 @@ public:
     void cargar() override;
 
 private:
-    void Buscar();
-    bool MaskCuit_Validate();
-    void txtNombre_KeyUp();
-    void vsGrilla_Click(int columna, int fila);
+    void Buscar() override;
+    void elegir(int fila) override;
 
     std::unique_ptr<Ui::BuscarEmpresa> ui;
 };

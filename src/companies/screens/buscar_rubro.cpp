@@ -2,23 +2,20 @@
 
 #include "companies/busqueda_rubro.h"
 #include "core/rutinas.h"
-#include "ui/fields/tecla_soltada.h"
 #include "ui_buscar_rubro.h"
 
 BuscarRubro::BuscarRubro(QWidget* padre)
-    : Pantalla(QStringLiteral("BuscarRubro"), padre)
+    : Buscador(QStringLiteral("BuscarRubro"), padre)
     , ui(std::make_unique<Ui::BuscarRubro>())
 {
     ui->setupUi(this);
-    ui->vsGrilla->setColumnas({
-        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Rubro"), .ancho = 100},
-        {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Denominación"), .ancho = -1},
-    });
-    ui->vsGrilla->setPintaActual(true);
-    alDejar(ui->txtCodigo, &BuscarRubro::txtCodigo_Validate);
-    conectar(new TeclaSoltada(ui->txtNombre), &TeclaSoltada::soltada, &BuscarRubro::txtNombre_KeyUp);
-    conectar(ui->vsGrilla, &Grilla::clic, &BuscarRubro::vsGrilla_Click);
-    conectar(ui->vsGrilla, &Grilla::entrar, &BuscarRubro::vsGrilla_Click);
+    armar(ui->vsGrilla,
+          {
+              {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Rubro"), .ancho = 100},
+              {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Denominación"), .ancho = -1},
+          },
+          &Grilla::clic);
+    buscarCon(ui->txtCodigo, ui->txtNombre);
 }
 
 BuscarRubro::~BuscarRubro() = default;
@@ -30,30 +27,13 @@ void BuscarRubro::cargar()
 
 void BuscarRubro::Buscar()
 {
-    std::vector<std::vector<QVariant>> filas;
-    for (const RubroHallado& hallado : buscarRubros(Rutinas::Conexion, ui->txtCodigo->text(), ui->txtNombre->text()))
-    {
-        filas.push_back({hallado.codigo, hallado.nombre});
-    }
-    ui->vsGrilla->cargar(std::move(filas));
+    ui->vsGrilla->cargar(buscarRubros(Rutinas::Conexion, ui->txtCodigo->text(), ui->txtNombre->text()),
+                         [](const RubroHallado& hallado) {
+                             return FilaDeGrilla{hallado.codigo, hallado.nombre};
+                         });
 }
 
-bool BuscarRubro::txtCodigo_Validate()
+void BuscarRubro::elegir(int fila)
 {
-    Buscar();
-    return true;
-}
-
-void BuscarRubro::txtNombre_KeyUp()
-{
-    Buscar();
-}
-
-void BuscarRubro::vsGrilla_Click(int, int fila)
-{
-    if (fila != 0)
-    {
-        Rutinas::TextoDevuelto = ui->vsGrilla->texto(1, fila);
-        cerrar();
-    }
+    Rutinas::TextoDevuelto = ui->vsGrilla->texto(1, fila);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/shell/pantalla.h"
+#include "core/screens/buscador.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ class BuscarRubro;
 
 /// Finds a trade from a code on or by part of its name. Opens empty and with no answer; a row chosen goes into
 /// Rutinas::TextoDevuelto.
-class BuscarRubro : public Pantalla
+class BuscarRubro : public Buscador
 {
     Q_OBJECT
 public:
@@ -21,10 +21,8 @@ public:
     void cargar() override;
 
 private:
-    void Buscar();
-    bool txtCodigo_Validate();
-    void txtNombre_KeyUp();
-    void vsGrilla_Click(int columna, int fila);
+    void Buscar() override;
+    void elegir(int fila) override;
 
     std::unique_ptr<Ui::BuscarRubro> ui;
 };

@@ -178,18 +178,17 @@ void Empresas::llenarCampos(const Empresa& empresa)
 
 void Empresas::mostrarGrillas(const EmpresaLeida& leida)
 {
-    std::vector<std::vector<QVariant>> filas;
-    for (const FilaSucursal& fila : leida.sucursales)
-    {
-        filas.push_back(
-            {fila.id, fila.sucursal, fila.domicilio, celda(fila.numero), fila.localidad, fila.codPos, fila.telefono});
-    }
-    ui->vsSucursales->cargar(std::exchange(filas, {}));
-    for (const FilaResponsable& fila : leida.responsables)
-    {
-        filas.push_back({fila.ayn, fila.tipoDoc, celda(fila.nroDoc), fila.domicilio, fila.localidad});
-    }
-    ui->vsResponsables->cargar(std::move(filas));
+    ui->vsSucursales->cargar(leida.sucursales,
+                             [](const FilaSucursal& fila)
+                             {
+                                 return FilaDeGrilla{fila.id,        fila.sucursal, fila.domicilio, celda(fila.numero),
+                                                     fila.localidad, fila.codPos,   fila.telefono};
+                             });
+    ui->vsResponsables->cargar(
+        leida.responsables,
+        [](const FilaResponsable& fila) {
+            return FilaDeGrilla{fila.ayn, fila.tipoDoc, celda(fila.nroDoc), fila.domicilio, fila.localidad};
+        });
 }
 
 void Empresas::ponerNumeros(const std::vector<FilaSucursal>& sucursales)

@@ -59,12 +59,10 @@ QString BuscarDDJJ::empresaEnCurso() const
 void BuscarDDJJ::llenarLista()
 {
     m_fuentes = fuentesDeCopia(Rutinas::Conexion, destino());
-    std::vector<std::vector<QVariant>> filas;
-    for (const ClaveDDJJ& fuente : m_fuentes)
-    {
-        filas.push_back({fuente.periodo.toString(u"yyyy/MM"), qlonglong{fuente.secuencia}});
-    }
-    ui->vsDDJJ->cargar(std::move(filas));
+    ui->vsDDJJ->cargar(m_fuentes,
+                       [](const ClaveDDJJ& fuente) {
+                           return FilaDeGrilla{fuente.periodo.toString(u"yyyy/MM"), qlonglong{fuente.secuencia}};
+                       });
 }
 
 void BuscarDDJJ::mostrarAdvertencia()

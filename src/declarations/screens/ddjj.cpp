@@ -292,12 +292,10 @@ void DDJJ::CargarDeclaraciones()
     {
         m_declaraciones = listarDeclaraciones(Rutinas::Conexion, m_eleccion->cuit());
     }
-    std::vector<std::vector<QVariant>> filas;
-    for (const ClaveDDJJ& una : m_declaraciones)
-    {
-        filas.push_back({una.periodo.toString(u"yyyy/MM"), QString::number(una.secuencia)});
-    }
-    ui->vsDDJJ->cargar(std::move(filas));
+    ui->vsDDJJ->cargar(m_declaraciones,
+                       [](const ClaveDDJJ& una) {
+                           return FilaDeGrilla{una.periodo.toString(u"yyyy/MM"), QString::number(una.secuencia)};
+                       });
     Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 

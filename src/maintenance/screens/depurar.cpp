@@ -46,12 +46,7 @@ void Depurar::CargarPeriodos()
     {
         m_periodos = periodosDeEmpresa(Rutinas::Conexion, m_eleccion->cuit());
     }
-    std::vector<std::vector<QVariant>> filas;
-    for (const QDate periodo : m_periodos)
-    {
-        filas.push_back({periodo.toString(u"yyyy/MM")});
-    }
-    ui->vsDDJJ->cargar(std::move(filas));
+    ui->vsDDJJ->cargar(m_periodos, [](QDate periodo) { return FilaDeGrilla{periodo.toString(u"yyyy/MM")}; });
     Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 

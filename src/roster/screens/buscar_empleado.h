@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/shell/pantalla.h"
+#include "core/screens/buscador.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ class BuscarEmpleado;
 
 /// Finds an employee of the current declaration. A double click puts his CUIL into Rutinas::CuilElegido; closed any
 /// other way it leaves that as it was.
-class BuscarEmpleado : public Pantalla
+class BuscarEmpleado : public Buscador
 {
     Q_OBJECT
 public:
@@ -21,9 +21,8 @@ public:
     void cargar() override;
 
 private:
-    void CargarGrilla();
-    bool MaskCuil_Validate();
-    void vsGrilla_DblClick(int columna, int fila);
+    void Buscar() override;
+    void elegir(int fila) override;
 
     std::unique_ptr<Ui::BuscarEmpleado> ui;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/shell/pantalla.h"
+#include "core/screens/buscador.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ class BuscarSucursal;
 
 /// The branches of the current company. A double click puts a branch's ID into Rutinas::SucursalElegida; closed any
 /// other way it leaves that as it was.
-class BuscarSucursal : public Pantalla
+class BuscarSucursal : public Buscador
 {
     Q_OBJECT
 public:
@@ -21,8 +21,8 @@ public:
     void cargar() override;
 
 private:
-    void CargarSucursales();
-    void vsGrilla_DblClick(int columna, int fila);
+    void Buscar() override;
+    void elegir(int fila) override;
 
     std::unique_ptr<Ui::BuscarSucursal> ui;
 };

@@ -71,13 +71,12 @@ void DDJJ_Sueldos::keyPressEvent(QKeyEvent* evento)
 void DDJJ_Sueldos::CargarSueldos()
 {
     m_leidas = cargarSueldos(Rutinas::Conexion, m_clave);
-    std::vector<std::vector<QVariant>> filas;
-    for (const FilaSueldo& fila : m_leidas)
-    {
-        filas.push_back(
-            {fila.cuil, fila.ayn, fila.categoria, QVariant::fromValue(fila.sueldo), QVariant::fromValue(fila.acuerdo)});
-    }
-    ui->vsSueldos->cargar(std::move(filas));
+    ui->vsSueldos->cargar(m_leidas,
+                          [](const FilaSueldo& fila)
+                          {
+                              return FilaDeGrilla{fila.cuil, fila.ayn, fila.categoria, QVariant::fromValue(fila.sueldo),
+                                                  QVariant::fromValue(fila.acuerdo)};
+                          });
     ui->vsSueldos->setCambiada(false);
 }
 

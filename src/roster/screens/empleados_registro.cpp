@@ -108,13 +108,13 @@ void Empleados::mostrarSucursal(const std::optional<QString>& texto)
 
 void Empleados::mostrarFamilia(const std::vector<FilaFamiliar>& familia)
 {
-    std::vector<std::vector<QVariant>> filas;
-    for (const FilaFamiliar& uno : familia)
-    {
-        filas.push_back(
-            {uno.familiar, uno.tipoDoc, uno.nroDoc ? QVariant(*uno.nroDoc) : QVariant(), uno.ayn, uno.sexo, uno.nacio});
-    }
-    ui->vsFamiliares->cargar(std::move(filas));
+    ui->vsFamiliares->cargar(familia,
+                             [](const FilaFamiliar& uno)
+                             {
+                                 return FilaDeGrilla{
+                                     uno.familiar, uno.tipoDoc, uno.nroDoc ? QVariant(*uno.nroDoc) : QVariant(),
+                                     uno.ayn,      uno.sexo,    uno.nacio};
+                             });
 }
 
 void Empleados::LimpiarEmpleado()

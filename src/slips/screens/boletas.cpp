@@ -279,13 +279,12 @@ void Boletas::CargarActas()
     }
     else
     {
-        std::vector<std::vector<QVariant>> filas;
-        for (const PagoDeActa& pago : listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), fondo()))
-        {
-            filas.push_back({pago.fecha.toString(u"dd/MM/yy"), pago.nroActa, pago.cuota,
-                             QVariant::fromValue(pago.importe), pago.pago});
-        }
-        ui->vsActas->cargar(std::move(filas));
+        ui->vsActas->cargar(listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), fondo()),
+                            [](const PagoDeActa& pago)
+                            {
+                                return FilaDeGrilla{pago.fecha.toString(u"dd/MM/yy"), pago.nroActa, pago.cuota,
+                                                    QVariant::fromValue(pago.importe), pago.pago};
+                            });
     }
     PagoElegido = 0;
 }

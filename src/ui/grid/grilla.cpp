@@ -90,7 +90,7 @@ void Grilla::setFilas(int filas)
     }
 }
 
-void Grilla::cargar(std::vector<std::vector<QVariant>> filas)
+void Grilla::cargar(std::vector<FilaDeGrilla> filas)
 {
     const QScopedValueRollback callado(m_silencio, true);
     cancelarEdicion();

@@ -34,6 +34,9 @@ struct ColumnaDeGrilla
     bool derecha = false; ///< right-aligned whatever its kind (whole numbers and amounts are anyway)
 };
 
+/// The cells of one row, from the first column on.
+using FilaDeGrilla = std::vector<QVariant>;
+
 /// The grid of every screen: a table over rows kept in memory, rows and columns counted from 1, row 0 the header.
 /// Cells hold QString, qlonglong, Moneda, QDate or bool by their column's kind; an invalid QVariant is an empty cell.
 /// Keys: arrows move; typing replaces a cell's value, F2 and double click edit it, Escape gives up; Enter commits and
@@ -53,7 +56,19 @@ public:
     /// raises no event.
     void setFilas(int filas);
     /// Replaces all rows at once; the fast way for 20,000 of them. No current row afterwards, no event.
-    void cargar(std::vector<std::vector<QVariant>> filas);
+    void cargar(std::vector<FilaDeGrilla> filas);
+    /// The same with a row for each of `datos`, of the cells that `celdas` gives for it.
+    template <class Datos, class Celdas>
+    void cargar(const Datos& datos, Celdas celdas)
+    {
+        std::vector<FilaDeGrilla> filas;
+        filas.reserve(std::size(datos));
+        for (const auto& dato : datos)
+        {
+            filas.push_back(celdas(dato));
+        }
+        cargar(std::move(filas));
+    }
     [[nodiscard]] QVariant valor(int columna, int fila) const;
     /// The cell's value, of its column's own type, by program: no event, no changed flag.
     void setValor(int columna, int fila, const QVariant& valor);

@@ -47,7 +47,7 @@ void Grilla::Modelo::setFilas(int filas)
     }
 }
 
-void Grilla::Modelo::cargar(std::vector<std::vector<QVariant>> filas)
+void Grilla::Modelo::cargar(std::vector<FilaDeGrilla> filas)
 {
     beginResetModel();
     m_filas.clear();

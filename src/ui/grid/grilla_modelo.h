@@ -13,7 +13,7 @@ public:
     void setOpciones(int columna, const QStringList& opciones);
 
     void setFilas(int filas);
-    void cargar(std::vector<std::vector<QVariant>> filas);
+    void cargar(std::vector<FilaDeGrilla> filas);
     void borrar(int fila);
     [[nodiscard]] bool contiene(int columna, int fila) const;
     [[nodiscard]] QVariant valor(int columna, int fila) const;

@@ -1,0 +1,31 @@
+#include "core/screens/buscador.h"
+
+#include "ui/fields/tecla_soltada.h"
+
+void Buscador::armar(Grilla* grilla, std::vector<ColumnaDeGrilla> columnas, void (Grilla::*gesto)(int, int))
+{
+    grilla->setColumnas(std::move(columnas));
+    grilla->setPintaActual(true);
+    conectar(grilla, gesto, &Buscador::elegirYCerrar);
+    conectar(grilla, &Grilla::entrar, &Buscador::elegirYCerrar);
+}
+
+void Buscador::buscarCon(QWidget* clave, QLineEdit* nombre)
+{
+    alDejar(clave,
+            [this]
+            {
+                Buscar();
+                return true;
+            });
+    conectar(new TeclaSoltada(nombre), &TeclaSoltada::soltada, &Buscador::Buscar);
+}
+
+void Buscador::elegirYCerrar(int, int fila)
+{
+    if (fila != 0)
+    {
+        elegir(fila);
+        cerrar();
+    }
+}
