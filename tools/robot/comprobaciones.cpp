@@ -152,14 +152,6 @@ void amarillas(const Jugada&, const Argumentos& a)
     iguales(hay.join(u' '), textos(a, 1).join(u' '));
 }
 
-/// Of the last box; those before it count as told, too.
-void mensaje(const Jugada& jugada, const Argumentos& a)
-{
-    jugada.contexto->nombradas = true;
-    const std::vector<DatosDeCaja>& cajas = jugada.contexto->cajas;
-    iguales(!cajas.empty() ? cajas.back().texto : throw Falla("no hubo ninguna caja"), a[0].texto);
-}
-
 void titulo(const Jugada&, const Argumentos& a)
 {
     const QWidget* ventana = controles::ventanaActual();
@@ -207,7 +199,6 @@ std::span<const Verbo> verbosQueMiran()
         {"espera_fila", "cnt+", fila},
         {"espera_filas", "ct+", filas},
         {"espera_amarillas", "cn*", amarillas},
-        {"espera_mensaje", "t", mensaje},
         {"espera_titulo", "t", titulo},
         {"espera_estado", "t", estado},
         {"espera_ventana", "(c+s)", ventana},

@@ -4,25 +4,17 @@
 #include "ui/doors/mensajes.h"
 
 #include <QDir>
-#include <QString>
-#include <deque>
+#include <QStringList>
 #include <functional>
 #include <vector>
 
 /// What the lines of a script leave for later lines, and what boxes and dialogs leave for the script.
 struct Contexto
 {
-    /// An answer, or the path of a file, that waits for who asks for it.
-    struct Pendiente
-    {
-        int linea = 0; ///< of the script that queued it
-        QString texto;
-    };
-    QString carpeta; ///< relative paths are relative to it
-    std::deque<Pendiente> respuestas;
-    std::deque<Pendiente> archivos;
+    QString carpeta;                ///< relative paths are relative to it
+    QStringList respuestas;         ///< of the line that acts, not asked for yet
+    QStringList archivos;           ///< the same
     std::vector<DatosDeCaja> cajas; ///< shown since the last line that acts began
-    bool nombradas = false;         ///< a line has told what those boxes say
     int cajasEnTotal = 0;
     int lineas = 0; ///< of the script, begun so far
     /// The rest of the line at work, played once the program has come to rest.
@@ -39,9 +31,8 @@ struct Contexto
 class Jugada
 {
 public:
-    Jugada(int numero, Contexto& deTodas)
+    explicit Jugada(Contexto& deTodas)
         : contexto(&deTodas)
-        , linea(numero)
         , m_cajas(deTodas.cajasEnTotal)
         , m_lineas(deTodas.lineas)
     {
@@ -64,7 +55,6 @@ public:
     void luego(std::function<void()> resto) const { contexto->luego = std::move(resto); }
 
     Contexto* contexto;
-    int linea;
 
 private:
     int m_cajas;

@@ -11,14 +11,6 @@ namespace guion
 std::span<const Verbo> verbosQuePreparan()
 {
     static constexpr Verbo todos[] = {
-        {"responder", "s",
-         [](const Jugada& j, const Argumentos& a) {
-             j.contexto->respuestas.push_back({j.linea, a[0].texto});
-         }},
-        {"archivo", "t",
-         [](const Jugada& j, const Argumentos& a) {
-             j.contexto->archivos.push_back({j.linea, a[0].texto});
-         }},
         {"fecha", "dh?",
          [](const Jugada&, const Argumentos& a)
          {

@@ -66,7 +66,6 @@ void Robot::tomarPuertas()
         {
             m_contexto.cajas.push_back(datos);
             m_contexto.cajas.back().texto.replace(m_contexto.carpeta, "$CARPETA");
-            m_contexto.nombradas = false;
             ++m_contexto.cajasEnTotal;
         },
         [this](const DatosDeCaja& datos, bool respuesta)
@@ -109,13 +108,12 @@ void Robot::soltarPuertas()
 
 QString Robot::atenderArchivo(const QString& titulo, bool debeExistir, const QString& extension)
 {
-    if (m_contexto.archivos.empty())
+    if (m_contexto.archivos.isEmpty())
     {
         fallar(enJuego(), QString("se pide un archivo, «%1», y no hay respuesta").arg(titulo));
         return {};
     }
-    const QString pedida = m_contexto.archivos.front().texto;
-    m_contexto.archivos.pop_front();
+    const QString pedida = m_contexto.archivos.takeFirst();
     m_escribir(QString("dialogo %1 -> %2").arg(entreComillas(titulo), entreComillas(pedida)));
     if (pedida.isEmpty())
     {
@@ -205,14 +203,14 @@ void Robot::seguir()
     }
     else if (m_listo)
     {
-        m_siguiente < m_pasos.size() ? jugarPaso() : terminarGuion();
+        m_siguiente < m_pasos.size() ? jugarPaso() : programaTermino(Bien);
     }
 }
 
 void Robot::jugarPaso()
 {
     const guion::Paso& paso = m_pasos[m_siguiente];
-    if (!terminaLinea(paso.actua))
+    if (!terminaLinea())
     {
         return;
     }
@@ -224,58 +222,31 @@ void Robot::jugarPaso()
     if (paso.actua)
     {
         m_actuo = &paso;
-        m_mirada = false;
         m_contexto.cajas.clear();
-    }
-    for (const QString& respuesta : paso.respuestas)
-    {
-        m_contexto.respuestas.push_back({paso.linea, respuesta});
-    }
-    for (const QString& ruta : paso.archivos)
-    {
-        m_contexto.archivos.push_back({paso.linea, ruta});
+        m_contexto.respuestas = paso.respuestas;
+        m_contexto.archivos = paso.archivos;
     }
     ++m_contexto.lineas;
-    ejecutar(enJuego(), [&] { paso.verbo->jugar(Jugada(paso.linea, m_contexto), paso.argumentos); });
+    ejecutar(enJuego(), [&] { paso.verbo->jugar(Jugada(m_contexto), paso.argumentos); });
 }
 
-/// What came of the last line that acts is what it says, and no box came that no line tells of. Asked once that line is
-/// over: before the next one and at the end. False when it fails the script.
-bool Robot::terminaLinea(bool sigueUnaQueActua)
+/// What came of the last line that acts is what it says, and no box came that it does not tell of. Asked when that line
+/// is over, before each line that looks, and at the end. False when it fails the script.
+bool Robot::terminaLinea()
 {
-    if (m_actuo == nullptr)
+    if (m_actuo != nullptr)
     {
-        return true;
-    }
-    const std::size_t numero = static_cast<std::size_t>(m_actuo - m_pasos.data());
-    if (!std::exchange(m_mirada, true))
-    {
-        ejecutar(numero, [this] { comprobarDespues(*m_actuo); });
-    }
-    const auto caja = std::ranges::find_if(m_contexto.cajas, [this](const DatosDeCaja& una)
-                                           { return !m_contexto.nombradas && una.clase != Caja::Pregunta; });
-    if (sigueUnaQueActua && caja != m_contexto.cajas.end())
-    {
-        fallar(numero, "ninguna línea dice la caja " + entreComillas(caja->texto));
+        ejecutar(static_cast<std::size_t>(m_actuo - m_pasos.data()), [this] { comprobarDespues(*m_actuo); });
     }
     return !m_terminado;
 }
 
 void Robot::comprobarDespues(const guion::Paso& paso)
 {
-    if (!paso.cajas.empty() || !paso.respuestas.empty())
+    exigirCajas(m_contexto.cajas, paso.cajas);
+    if (!m_contexto.respuestas.isEmpty() || !m_contexto.archivos.isEmpty())
     {
-        exigirCajas(m_contexto.cajas, paso.cajas);
-        m_contexto.nombradas = true;
-    }
-    const auto deEsta = [&](const Contexto::Pendiente& otra) { return otra.linea == paso.linea; };
-    if (!paso.respuestas.empty() && std::ranges::any_of(m_contexto.respuestas, deEsta))
-    {
-        throw Falla("no vino la pregunta");
-    }
-    if (!paso.archivos.empty() && std::ranges::any_of(m_contexto.archivos, deEsta))
-    {
-        throw Falla("no se pidió el archivo");
+        throw Falla(m_contexto.archivos.isEmpty() ? "no vino la pregunta" : "no se pidió el archivo");
     }
     if (!paso.foco.isEmpty())
     {
@@ -301,16 +272,12 @@ void Robot::contestar(QMessageBox* caja)
 {
     QAbstractButton* boton = caja->buttons().constFirst();
     const bool esPregunta = caja->button(QMessageBox::Yes) != nullptr;
-    const bool esperada = !m_contexto.respuestas.empty();
+    const bool esperada = !m_contexto.respuestas.isEmpty();
     const QString texto = caja->text();
     if (esPregunta)
     {
-        const bool si = esperada && *guion::leerSiNo(m_contexto.respuestas.front().texto);
+        const bool si = esperada && *guion::leerSiNo(m_contexto.respuestas.takeFirst());
         boton = caja->button(si ? QMessageBox::Yes : QMessageBox::No);
-    }
-    if (esPregunta && esperada)
-    {
-        m_contexto.respuestas.pop_front();
     }
     ejecutar(enJuego(), [boton] { entrada::clic(boton); });
     if (esPregunta && !esperada)
@@ -344,26 +311,6 @@ void Robot::fallar(std::size_t paso, const QString& motivo)
     terminar(Mal);
 }
 
-/// Something queued that nobody asked for fails the script.
-void Robot::terminarGuion()
-{
-    if (!terminaLinea(true))
-    {
-        return;
-    }
-    const auto queda = [this](const auto& cola, const char* que)
-    {
-        if (!cola.empty())
-        {
-            m_escribir(QString("falla en línea %1: quedó sin usar %2 %3")
-                           .arg(cola.front().linea)
-                           .arg(que, cola.front().texto));
-        }
-        return !cola.empty();
-    };
-    terminar(queda(m_contexto.respuestas, "la respuesta") || queda(m_contexto.archivos, "el archivo") ? Mal : Bien);
-}
-
 void Robot::programaTermino(int estado)
 {
     if (m_terminado)
@@ -374,13 +321,9 @@ void Robot::programaTermino(int estado)
     {
         fallar(m_siguiente, "el programa terminó antes");
     }
-    else if (estado != ErrorDelPrograma)
+    else if (terminaLinea())
     {
-        terminarGuion();
-    }
-    else if (terminaLinea(false))
-    {
-        terminar(ErrorDelPrograma);
+        terminar(estado == ErrorDelPrograma ? ErrorDelPrograma : Bien);
     }
 }
 

@@ -60,9 +60,8 @@ private:
     void jugarPaso();
     void contestar(QMessageBox* caja);
     void fallar(std::size_t paso, const QString& motivo);
-    bool terminaLinea(bool sigueUnaQueActua);
+    bool terminaLinea();
     void comprobarDespues(const guion::Paso& paso);
-    void terminarGuion();
     void terminar(int estado);
     [[nodiscard]] std::size_t enJuego() const { return m_siguiente - 1; }
     [[nodiscard]] QString nombreDelPaso(std::size_t paso) const;
@@ -78,7 +77,6 @@ private:
     std::atomic<std::size_t> m_siguiente = 0;
     std::atomic<int> m_segundosSinReposo = 0;
     const guion::Paso* m_actuo = nullptr; ///< the last line that acts
-    bool m_mirada = false;                ///< what that line says of what comes of it was looked at
     QElapsedTimer m_desdeLaUltima;        ///< since the last line began
     bool m_activando = false;
     bool m_listo = false;
