@@ -55,6 +55,21 @@ void Entrada::escribir(const QString& texto)
     asentar();
 }
 
+void Entrada::jugar(const QString& gestos)
+{
+    for (const QString& gesto : gestos.split(u' ', Qt::SkipEmptyParts))
+    {
+        if (gesto.startsWith(u'\''))
+        {
+            escribir(gesto.mid(1));
+            continue;
+        }
+        const QKeySequence secuencia = QKeySequence::fromString(gesto);
+        ASSERT_EQ(secuencia.count(), 1) << qPrintable(gesto);
+        tecla(secuencia[0].key(), secuencia[0].keyboardModifiers());
+    }
+}
+
 void Entrada::asentar()
 {
     QCoreApplication::processEvents();

@@ -19,6 +19,8 @@ void pulsarDosVeces(QWidget& destino, QPoint lugar = {});
 void tecla(Qt::Key tecla, Qt::KeyboardModifiers modificadores = {});
 /// Key by key, Latin-1 letters.
 void escribir(const QString& texto);
+/// Words with blanks between: 'abc is typed, any other is a key by its English name: "'2500 Tab Ctrl+V".
+void jugar(const QString& gestos);
 /// Runs events until none are left.
 void asentar();
 /// Runs `haz` on the next real message box, once it is up and active.

@@ -34,7 +34,7 @@ protected:
         reemplazarFinDelProceso([this](int estado) { m_estados.push_back(estado); });
         m_menu = std::make_unique<MDIMenuPpal>();
         Entrada::activar(*m_menu);
-        for (const QString& nombre : {QStringLiteral("Una"), QStringLiteral("Otra"), QStringLiteral("Version")})
+        for (const QString nombre : {"Una", "Otra", "Version"})
         {
             navegacion.registrar(nombre, [nombre] { return new PantallaConEmpresa(nombre); });
         }
@@ -49,10 +49,7 @@ protected:
         navegacion.mostrar(nombre);
         return *dynamic_cast<PantallaConEmpresa*>(navegacion.abierta(nombre));
     }
-    [[nodiscard]] QString enCurso() const
-    {
-        return m_menu->findChild<QLabel*>(QStringLiteral("lblEmpresaEnCurso"))->text();
-    }
+    [[nodiscard]] QString enCurso() const { return m_menu->findChild<QLabel*>("lblEmpresaEnCurso")->text(); }
 
     Navegacion& navegacion = Navegacion::instancia();
     BaseDePrueba m_base;
@@ -63,8 +60,8 @@ protected:
 
 TEST_F(MenuTest, UnNoAlCerrarOAlTerminarLaSesionConservaTodasLasVentanas)
 {
-    abrir(QStringLiteral("Una"));
-    PantallaConEmpresa& terca = abrir(QStringLiteral("Otra"));
+    abrir("Una");
+    PantallaConEmpresa& terca = abrir("Otra");
     terca.dejaCerrar = false;
     EXPECT_FALSE(m_menu->close());
     EXPECT_FALSE(m_menu->terminarSesion(true));
@@ -82,82 +79,76 @@ TEST_F(MenuTest, UnNoAlCerrarOAlTerminarLaSesionConservaTodasLasVentanas)
 
 TEST_F(MenuTest, LaEmpresaEnCursoEsLaDelDialogoOLaDeLaPantallaDeAbajo)
 {
-    QStringList vistas;
-    const auto cambiar = [&](PantallaConEmpresa& pantalla, const QString& empresa)
+    QString vistas;
+    const auto cambiar = [&](PantallaConEmpresa& pantalla, const char* empresa)
     {
         pantalla.empresa = empresa;
         Q_EMIT navegacion.cambioDePantalla();
-        vistas << enCurso();
+        vistas += enCurso() + u'/';
     };
     const auto enElDialogo = [&]
     {
-        auto* dialogo = dynamic_cast<PantallaConEmpresa*>(navegacion.abierta(QStringLiteral("Version")));
-        vistas << enCurso();
-        cambiar(*dialogo, QStringLiteral("Arriba"));
+        auto* dialogo = dynamic_cast<PantallaConEmpresa*>(navegacion.abierta("Version"));
+        vistas += enCurso() + u'/';
+        cambiar(*dialogo, "Arriba");
         dialogo->cerrar();
     };
-    PantallaConEmpresa& una = abrir(QStringLiteral("Una"));
-    cambiar(una, QStringLiteral("Abajo"));
+    PantallaConEmpresa& una = abrir("Una");
+    cambiar(una, "Abajo");
     QMetaObject::invokeMethod(m_menu.get(), enElDialogo, Qt::QueuedConnection);
-    navegacion.mostrarModal(QStringLiteral("Version"));
-    vistas << enCurso();
-    PantallaConEmpresa& otra = abrir(QStringLiteral("Otra")); // works on none
-    vistas << enCurso();
-    otra.cerrar();
-    Entrada::asentar();
-    vistas << enCurso();
-    una.cerrar();
-    Entrada::asentar();
-    vistas << enCurso();
-    EXPECT_EQ(vistas.join(u'/'), QStringLiteral("Abajo/Abajo/Arriba/Abajo//Abajo/"));
-}
-
-TEST_F(MenuTest, F10AbreElMenu)
-{
-    Entrada::tecla(Qt::Key_F10);
-    EXPECT_TRUE(m_menu->findChild<QMenu*>(QStringLiteral("mnuArchivos"))->isVisible());
-    Entrada::tecla(Qt::Key_Escape);
-}
-
-TEST_F(MenuTest, ElAvisoDeVersionSaleUnaVezYSoloConSuBandera)
-{
-    QEvent cambio(QEvent::ActivationChange);
-    QCoreApplication::sendEvent(m_menu.get(), &cambio);
-    EXPECT_TRUE(navegacion.hijas().empty());
-    m_menu->MostrarVersion = true;
-    QCoreApplication::sendEvent(m_menu.get(), &cambio);
-    EXPECT_EQ(navegacion.hijas().size(), 1U);
-    EXPECT_FALSE(m_menu->MostrarVersion);
-}
-
-TEST(ValidarFecha, CompletaElAnioYRechazaLoQueNoEsFecha)
-{
-    // Typed, and what stays; the last ones are refused.
-    const std::pair<const char*, const char*> casos[] = {
-        {"010203", "01/02/2003"},   {"010230", "01/02/1930"}, {"25121970", "25/12/1970"},   {"290201", "29/02/2001"},
-        {"12312005", "12/31/2005"}, {"0102", "01/02/____"},   {"__/01/1203", "__/01/2003"},
-    };
-    for (int i = 0; const auto& [tecleado, queda] : casos)
+    navegacion.mostrarModal("Version");
+    vistas += enCurso() + u'/';
+    PantallaConEmpresa& otra = abrir("Otra"); // works on none
+    for (PantallaConEmpresa* pantalla : {&otra, &una})
     {
-        const bool bien = i++ < 3;
-        CajasDePrueba cajas;
-        if (!bien)
-        {
-            cajas.espera(Caja::Critico, QStringLiteral("La Fecha ingresada es incorrecta"));
-        }
-        CampoMascara campo;
-        campo.setClase(CampoMascara::Fecha);
-        campo.setText(QString::fromLatin1(tecleado));
-        EXPECT_EQ(Rutinas::ValidarFecha(campo), bien) << tecleado;
-        EXPECT_EQ(campo.text(), QString::fromLatin1(queda)) << tecleado;
+        vistas += enCurso() + u'/';
+        pantalla->cerrar();
+        Entrada::asentar();
+    }
+    EXPECT_EQ(vistas + enCurso(), "Abajo/Abajo/Arriba/Abajo//Abajo/");
+}
+
+TEST_F(MenuTest, F10AbreElMenuYElAvisoDeVersionSaleUnaVezYSoloConSuBandera)
+{
+    Entrada::jugar("F10");
+    EXPECT_TRUE(m_menu->findChild<QMenu*>("mnuArchivos")->isVisible());
+    Entrada::jugar("Esc");
+    for (const bool bandera : {false, true, false})
+    {
+        m_menu->MostrarVersion = m_menu->MostrarVersion || bandera;
+        QEvent cambio(QEvent::ActivationChange);
+        QCoreApplication::sendEvent(m_menu.get(), &cambio);
+        EXPECT_EQ(navegacion.hijas().size(), bandera ? 1U : 0U);
+        EXPECT_TRUE(navegacion.cerrarTodas());
     }
 }
 
-TEST(VerificarNumero, ComaDecimalYMensajeConLoQueNoEsNumero)
+TEST(Validar, LaFechaCompletaElAnioYElNumeroEsUnImporte)
 {
+    // Typed, and what stays: "!" where it is refused.
+    const std::pair<const char*, const char*> fechas[] = {
+        {"010203", "01/02/2003"},    {"010230", "01/02/1930"}, {"25121970", "25/12/1970"},    {"290201", "29/02/2001!"},
+        {"12312005", "12/31/2005!"}, {"0102", "01/02/____!"},  {"__/01/1203", "__/01/2003!"},
+    };
     CajasDePrueba cajas;
-    EXPECT_TRUE(Rutinas::VerificarNumero(QStringLiteral("1.234,5")));
-    cajas.espera(Caja::Simple, QStringLiteral("Verifique el Número ingresado.  El mismo es incorrecta"));
-    EXPECT_FALSE(Rutinas::VerificarNumero(QString()));
+    for (const auto& [tecleado, queda] : fechas)
+    {
+        const QString texto = queda;
+        if (texto.endsWith(u'!'))
+        {
+            cajas.espera(Caja::Critico, "La Fecha ingresada es incorrecta");
+        }
+        CampoMascara campo;
+        campo.setClase(CampoMascara::Fecha);
+        campo.setText(tecleado);
+        const bool bien = Rutinas::ValidarFecha(campo);
+        EXPECT_EQ(campo.text() + (bien ? "" : "!"), texto);
+    }
+    EXPECT_TRUE(Rutinas::VerificarNumero("1.234,5"));
+    for (const char* malo : {"", "1.5x", "999999999999999999"})
+    {
+        cajas.espera(Caja::Simple, "Verifique el Número ingresado.  El mismo es incorrecta");
+        EXPECT_FALSE(Rutinas::VerificarNumero(malo)) << malo;
+    }
 }
 } // namespace

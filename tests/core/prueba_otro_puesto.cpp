@@ -37,8 +37,7 @@ TEST(OtroPuesto, DISABLED_Confirma)
 }
 TEST(OtroPuesto, DISABLED_Sola)
 {
-    const Candado sola(QString(hijo::ruta()).replace(QStringLiteral(".mdb"), QStringLiteral(".ldb")),
-                       Candado::Modo::Exclusivo);
+    const Candado sola(QString(hijo::ruta()).replace(".mdb", ".ldb"), Candado::Modo::Exclusivo);
     hijo::listoYEsperar();
 }
 
@@ -49,10 +48,7 @@ struct AlLado : testing::Test
     std::unique_ptr<Hijo> otro;
 
     ~AlLado() override { Conexion::alEsperar({}); }
-    void puesto(const char* como)
-    {
-        otro = std::make_unique<Hijo>(QStringLiteral("OtroPuesto.DISABLED_") + QLatin1String(como), base.rutaBase());
-    }
+    void puesto(const char* como) { otro = std::make_unique<Hijo>(QString("OtroPuesto.DISABLED_") + como, base.rutaBase()); }
 };
 
 TEST_F(AlLado, UnaSentenciaEsperaConElPunteroOcupadoYSigue)
@@ -79,8 +75,8 @@ TEST_F(AlLado, UnaSentenciaEsperaConElPunteroOcupadoYSigue)
 TEST_F(AlLado, UnaGrabacionQueNoPudoSerSeDiceEnUnaCajaYElProgramaSigue)
 {
     puesto("Graba");
-    cajas.espera(Caja::Exclamacion, QStringLiteral("La base de datos está ocupada por otra copia del programa.  Espere "
-                                                   "unos segundos e inténtelo nuevamente."));
+    cajas.espera(Caja::Exclamacion, "La base de datos está ocupada por otra copia del programa.  Espere "
+                                    "unos segundos e inténtelo nuevamente.");
     const Conexion::EsperaCorta nada(std::chrono::milliseconds(0));
     Puntero::ocupado();
     protegido(
@@ -99,7 +95,7 @@ TEST_F(AlLado, ElInicioEsperaUnaSolaVezYDejaElPasoAlSiguiente)
 {
     poner("DDJJ_Empleados", {{"Acuerdo", nullptr}});
     Rutinas::CerrarBase();
-    volverAVersion(base.rutaBase(), QStringLiteral("1.1"));
+    volverAVersion(base.rutaBase(), "1.1");
     puesto("Graba");
     int esperas = 0;
     Conexion::alEsperar([&](bool espera) { esperas += espera ? 0 : 1; });
@@ -133,10 +129,10 @@ TEST_F(AlLado, MantenimientoRechazadoSeDiceConLaBaseAbierta)
 {
     puesto("Abierta");
     MDIMenuPpal menu;
-    cajas.espera(Caja::Simple, QStringLiteral("70 - Permiso denegado o archivo en uso: otra copia del programa está "
-                                              "usando la base de datos"));
+    cajas.espera(Caja::Simple, "70 - Permiso denegado o archivo en uso: otra copia del programa está "
+                               "usando la base de datos");
     cajas.alVer([](const DatosDeCaja&) { EXPECT_TRUE(Rutinas::Conexion.abierta()); });
-    menu.findChild<QAction*>(QStringLiteral("mnuTool_2"))->trigger();
+    menu.findChild<QAction*>("mnuTool_2")->trigger();
     EXPECT_EQ(cuantos("Parametros"), 1);
 }
 
@@ -147,7 +143,7 @@ TEST_F(AlLado, LaBaseSeReabreCuandoElOtroTerminaYAntesDeContar)
     cajas.alVer([&](const DatosDeCaja&) { EXPECT_TRUE(otro->seguir()); });
     for (const char* como : {"Sola", "Confirma"})
     {
-        cajas.esperaQueDiga(Caja::Exclamacion, QStringLiteral("Otro puesto está copiando"));
+        cajas.esperaQueDiga(Caja::Exclamacion, "Otro puesto está copiando");
         int contado = 0;
         const auto trabajo = [&](const Aviso&)
         {
@@ -160,7 +156,7 @@ TEST_F(AlLado, LaBaseSeReabreCuandoElOtroTerminaYAntesDeContar)
             contado = falla ? falla->numero() : 0;
             EXPECT_TRUE(Rutinas::Conexion.abierta());
         };
-        Rutinas::ConLaBaseCerrada(QStringLiteral("Compactando"), trabajo, contar);
+        Rutinas::ConLaBaseCerrada("Compactando", trabajo, contar);
         EXPECT_EQ(contado, ErrorDeEjecucion::EnUso) << como;
     }
     Rutinas::fijarPacienciaAlReabrir(60'000);
@@ -172,13 +168,12 @@ TEST_F(AlLado, UnaBaseQueYaNoAbreSeCuentaYDespuesFalla)
     const auto perder = [&]
     {
         Rutinas::ConLaBaseCerrada(
-            QStringLiteral("Copiando"),
-            [&](const Aviso&) { QFile::rename(base.rutaBase(), base.ruta(QStringLiteral("otra"))); },
+            "Copiando", [&](const Aviso&) { QFile::rename(base.rutaBase(), base.ruta("otra")); },
             [&](const std::optional<ErrorDeEjecucion>& falla) { contado = !falla; });
     };
     EXPECT_EQ(numeroDe(perder), 14);
     EXPECT_TRUE(contado);
-    QFile::rename(base.ruta(QStringLiteral("otra")), base.rutaBase());
+    QFile::rename(base.ruta("otra"), base.rutaBase());
     Rutinas::AbrirBase();
 }
 } // namespace

@@ -23,7 +23,7 @@ TEST(VerificarCuit, ElDigitoYSusRechazos)
     };
     for (const auto& [cuit, bien] : casos)
     {
-        EXPECT_EQ(Rutinas::VerificarCuit(QString::fromLatin1(cuit)), bien) << cuit;
+        EXPECT_EQ(Rutinas::VerificarCuit(cuit), bien) << cuit;
     }
     for (int digito = 0; digito <= 9; ++digito)
     {
@@ -68,7 +68,7 @@ TEST(Inicio, SinParametrosCorrenLosTresPasosYNoPoderMostrarseSeSabe)
     Rutinas::Conexion.ejecutar("DROP TABLE Parametros");
     iniciar();
     EXPECT_EQ(filas("SELECT Acuerdo, Acuerdo2 FROM DDJJ_Empleados"), "0|0");
-    EXPECT_TRUE(QDir(base.ruta(QStringLiteral("Copias"))).exists());
+    EXPECT_TRUE(QDir(base.ruta("Copias")).exists());
     EXPECT_EQ(numeroDe([] { Rutinas::Main([] { throw ErrorDeEjecucion(3021, {}); }); }), 3021);
 }
 
@@ -80,8 +80,8 @@ TEST(CompactarBase, AchicaYQuitaElTemporalPeroUnaDaniadaNoSeToca)
                                "INSERT INTO RptEmpleados (Indice, AyN) SELECT i, 'relleno' FROM n");
     Rutinas::Conexion.ejecutar("DELETE FROM RptEmpleados");
     Rutinas::CerrarBase();
-    const QString archivo = QStringLiteral("DBBrivo.mdb");
-    const QString temporal = base.escribir(QStringLiteral("DBBrivoTemporal.mdb"), "left over from a run that was cut");
+    const QString archivo = "DBBrivo.mdb";
+    const QString temporal = base.escribir("DBBrivoTemporal.mdb", "left over from a run that was cut");
     const QByteArray antes = base.leer(archivo);
     Rutinas::CompactarBase();
     const QByteArray despues = base.leer(archivo);

@@ -21,9 +21,9 @@ decltype(sqlite3_io_methods::xWrite) escribir = nullptr;
 
 void guardar()
 {
-    const QString diario = base->ruta(QStringLiteral("DBBrivo.mdb-journal"));
-    estados.emplace_back(base->leer(QStringLiteral("DBBrivo.mdb")),
-                         QFile::exists(diario) ? base->leer(QStringLiteral("DBBrivo.mdb-journal")) : QByteArray());
+    const QString diario = base->ruta("DBBrivo.mdb-journal");
+    estados.emplace_back(base->leer("DBBrivo.mdb"),
+                         QFile::exists(diario) ? base->leer("DBBrivo.mdb-journal") : QByteArray());
 }
 
 int escribirDespuesDeGuardar(sqlite3_file* archivo, const void* datos, int largo, sqlite3_int64 lugar)
@@ -87,21 +87,21 @@ TEST(Subida, UnaMuerteEnCualquierMomentoNoDetieneLosArranquesQueSiguen)
         poner("DDJJ_Empleados", {{"Acuerdo", "30"}, {"Acuerdo2", "40"}});
         poner("RptEmpleados", {{"Indice", 1}});
         Rutinas::CerrarBase();
-        volverAVersion(base->rutaBase(), QString::fromLatin1(version));
+        volverAVersion(base->rutaBase(), version);
         arrancarGuardando();
         EXPECT_GT(estados.size(), 5U);
         std::vector<Estado> cortados = std::exchange(estados, {});
         for (llenoEn = 1; llenoEn <= 5; ++llenoEn) // the same on a disk that fills up
         {
-            base->escribir(QStringLiteral("DBBrivo.mdb"), cortados.front().first);
+            base->escribir("DBBrivo.mdb", cortados.front().first);
             arrancarGuardando();
-            cortados.emplace_back(base->leer(QStringLiteral("DBBrivo.mdb")), QByteArray());
+            cortados.emplace_back(base->leer("DBBrivo.mdb"), QByteArray());
         }
         llenoEn = 0;
         for (const auto& [archivo, diario] : cortados)
         {
-            base->escribir(QStringLiteral("DBBrivo.mdb"), archivo);
-            base->escribir(QStringLiteral("DBBrivo.mdb-journal"), diario);
+            base->escribir("DBBrivo.mdb", archivo);
+            base->escribir("DBBrivo.mdb-journal", diario);
             for (int vez = 1; vez <= 4; ++vez)
             {
                 arrancar();
