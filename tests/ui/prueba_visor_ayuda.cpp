@@ -21,6 +21,7 @@ TEST(Ayuda, CadaPaginaEstaEnElContenidoYLoQueNombraExiste)
 {
     VisorDeAyuda visor(ayuda.path());
     const QStringList paginas = ayuda.entryList({QStringLiteral("*.html")});
+    ASSERT_FALSE(paginas.isEmpty());
     EXPECT_EQ(de<QListWidget>(visor, "lstContenido")->count(), paginas.size());
     const QRegularExpression lugar(QStringLiteral("(?:href|src)=\"([^\"]*)\""));
     for (const QString& archivo : paginas)
