@@ -48,7 +48,10 @@ struct AlLado : testing::Test
     std::unique_ptr<Hijo> otro;
 
     ~AlLado() override { Conexion::alEsperar({}); }
-    void puesto(const char* como) { otro = std::make_unique<Hijo>(QString("OtroPuesto.DISABLED_") + como, base.rutaBase()); }
+    void puesto(const char* como)
+    {
+        otro = std::make_unique<Hijo>(QString("OtroPuesto.DISABLED_") + como, base.rutaBase());
+    }
 };
 
 TEST_F(AlLado, UnaSentenciaEsperaConElPunteroOcupadoYSigue)
