@@ -23,6 +23,7 @@ falla() {
 }
 
 pantalla() {
+  rm -f "$salidas/pantalla"
   Xvfb -displayfd 7 -noreset -screen 0 1280x1000x24 7>"$salidas/pantalla" >/dev/null 2>&1 &
   trap 'kill %Xvfb; wineserver -k' EXIT
   while [ ! -s "$salidas/pantalla" ]; do sleep 0.1; done
@@ -69,17 +70,19 @@ abrir_y_compactar() {
 # Starts the program of a folder as a user does, without the build's libraries on the path, takes a picture of its main
 # window and closes it.
 arrancar_y_ver() {
-  local quien
+  local quien programa
   WINEPATH='' wine "$1/Altoverde.exe" &
+  programa=$!
   for _ in $(seq 300); do
     quien=$(xdotool search --onlyvisible --name 'Menu Principal' 2>/dev/null | tail -n 1) || true
     [ -n "$quien" ] && break
     sleep 0.2
   done
+  sleep 2 # until it is painted
   import -window root "$salidas/$2.png"
   [ -n "$quien" ] || falla "$2: no se ve la ventana del programa"
-  xdotool windowclose "$quien"
-  wait %wine || true
+  wine taskkill /im Altoverde.exe >/dev/null
+  wait "$programa" || falla "$2: el programa terminó con un error"
 }
 
 datos_de() { (cd "$1" && find . -name '*.mdb' -exec sha256sum {} + | sort); }
