@@ -81,8 +81,13 @@ arrancar_y_ver() {
   sleep 2 # until it is painted
   import -window root "$salidas/$2.png"
   [ -n "$quien" ] || falla "$2: no se ve la ventana del programa"
+  cerrar "$programa" "$2"
+}
+
+# cerrar PROCESS PART: as the cross of its window does.
+cerrar() {
   wine taskkill /im Altoverde.exe >/dev/null
-  wait "$programa" || falla "$2: el programa terminó con un error"
+  wait "$1" || falla "$2: el programa terminó con un error"
 }
 
 datos_de() { (cd "$1" && find . -name '*.mdb' -exec sha256sum {} + | sort); }
@@ -142,15 +147,17 @@ sin_permiso() {
 
 # While a copy is open the maintenance of another one tells that the database is in use.
 dos_copias() {
-  local carpeta=$salidas/dos_copias
+  local carpeta=$salidas/dos_copias programa
   rm -rf "$carpeta"
   cp -R "$construccion/paquete/Altoverde" "$carpeta"
-  printf '%s\n' 'menu "Utilidades" "Mantenimiento" dice "en uso"' salir > "$salidas/dos_copias.guion"
+  printf 'menu "Utilidades" "Mantenimiento" dice "%s"\nsalir\n' \
+    '70 - Permiso denegado o archivo en uso: otra copia del programa está usando la base de datos' > "$salidas/dos_copias.guion"
   WINEPATH='' wine "$carpeta/Altoverde.exe" &
+  programa=$!
   while [ ! -e "$carpeta/DBBrivo.ldb" ]; do sleep 0.2; done
   scripts/windows/wine.sh "$construccion/bin/robot.exe" "$PWD/$salidas/dos_copias.guion" --en "$PWD/$carpeta" ||
     falla "dos copias a la vez"
-  kill %wine
+  cerrar "$programa" "dos copias a la vez"
 }
 
 pantalla
