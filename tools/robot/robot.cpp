@@ -65,7 +65,8 @@ void Robot::tomarPuertas()
         [this](const DatosDeCaja& datos)
         {
             m_contexto.cajas.push_back(datos);
-            m_contexto.cajas.back().texto.replace(m_contexto.carpeta, "$CARPETA");
+            QString& texto = m_contexto.cajas.back().texto; // with "/" on every system, as the scripts have it
+            texto = QDir::fromNativeSeparators(texto).replace(m_contexto.carpeta, "$CARPETA");
             ++m_contexto.cajasEnTotal;
         },
         [this](const DatosDeCaja& datos, bool respuesta)
