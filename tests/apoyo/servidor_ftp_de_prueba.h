@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// A real FTP server of the test's own on this machine, "pyftpdlib:si" or "vsftpd:lleno": what con_ftp.py offers. It
+/// A real FTP server of the test's own on this machine, "si" or "lleno": what con_ftp.py offers. It
 /// knows the program's account; the test fails when it cannot be started.
 class ServidorFtpDePrueba
 {

@@ -3,26 +3,22 @@
 #include "companies/catalogos.h"
 #include "companies/empresa.h"
 #include "core/lista_empresas.h"
-#include "empresa_completa.h"
+#include "core/vigencia.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace
 {
+const QString cuitUno = dePrueba::cuit;
+const QString cuitDos = "30-50001091-2";
+
 struct PruebaEmpresa : testing::Test
 {
     BaseDePrueba base;
     Conexion& conexion = base.conexion();
 };
 } // namespace
-
-TEST_F(PruebaEmpresa, UnaProvinciaQueNoEstaEnLaListaNoEsNinguna)
-{
-    poner("Empresas", {{"Provincia", 77}});
-    EXPECT_EQ("", cargarEmpresa(conexion, cuitUno).value().nombreProvincia);
-    conexion.ejecutar("UPDATE Empresas SET Provincia = NULL");
-    EXPECT_EQ("", cargarEmpresa(conexion, cuitUno).value().nombreProvincia);
-}
 
 TEST_F(PruebaEmpresa, LaBajaTomaLasTresTablasDeEsaEmpresaSolaOTodoQueda)
 {
@@ -54,10 +50,9 @@ TEST_F(PruebaEmpresa, CatalogosPorNombre)
     {
         const auto entradas = leerCatalogo(conexion, catalogo);
         ASSERT_GT(entradas.size(), 2U);
-        for (std::size_t i = 1; i < entradas.size(); ++i)
-        {
-            EXPECT_LT(compararEspanol(entradas[i - 1].nombre.toStdString(), entradas[i].nombre.toStdString()), 0);
-        }
+        EXPECT_TRUE(
+            std::ranges::is_sorted(entradas, [](const auto& a, const auto& b)
+                                   { return compararEspanol(a.nombre.toStdString(), b.nombre.toStdString()) < 0; }));
         EXPECT_EQ(entradas.back().codigo, codigoDe(conexion, catalogo, entradas.back().nombre));
         EXPECT_EQ(std::nullopt, codigoDe(conexion, catalogo, "ninguno"));
     }

@@ -7,7 +7,7 @@
 
 namespace
 {
-const QString otra = QStringLiteral("30-87654321-5");
+const QString otra = "30-87654321-5";
 const QDate mayo(2009, 5, 1);
 const QDate hoy(2009, 6, 3);
 
@@ -24,42 +24,41 @@ struct CicloDDJJ : testing::Test
 };
 } // namespace
 
-TEST(PeriodoDDJJ, SeProponeElMesSiguiente)
-{
-    EXPECT_EQ(std::nullopt, proponerPeriodo(std::nullopt));
-    EXPECT_EQ(QDate(2008, 1, 1), proponerPeriodo(QDate(2007, 12, 1)));
-    EXPECT_EQ(std::nullopt, proponerPeriodo(QDate(9999, 12, 1))); // the field holds four digits
-}
-
 // In what order, and with which words: in the script.
-TEST(PeriodoDDJJ, DesdeEneroDe2006)
+TEST(PeriodoDDJJ, DesdeEneroDe2006YSeProponeElSiguiente)
 {
     for (const auto& [anio, mes, vale] : {std::tuple{"2005", "12", false},
                                           {"7", "5", false},
                                           {"2006", "0", false},
                                           {"2006", "1", true},
-                                          {"2006", "12", true},
                                           {"2006", "13", false},
                                           {"9999", "12", true}})
     {
-        EXPECT_EQ(vale, !comprobarPeriodo(QString::fromLatin1(anio), QString::fromLatin1(mes))) << anio << "/" << mes;
+        EXPECT_EQ(vale, !comprobarPeriodo(anio, mes)) << anio << "/" << mes;
     }
+    EXPECT_EQ(std::nullopt, proponerPeriodo(std::nullopt));
+    EXPECT_EQ(QDate(2008, 1, 1), proponerPeriodo(QDate(2007, 12, 1)));
+    EXPECT_EQ(std::nullopt, proponerPeriodo(QDate(9999, 12, 1))); // the field holds four digits
 }
 
+/// Two desks never take the same sequence, and neither deletes half of a declaration.
 TEST_F(CicloDDJJ, NumeraPorEmpresaYMesDesdeLoQueQueda)
 {
-    const auto crear = [&](const QString& cuit, QDate mes) { return crearDeclaracion(c, cuit, mes, hoy); };
-    EXPECT_EQ(0, crear(dePrueba::cuit, mayo));
-    EXPECT_EQ(1, crear(dePrueba::cuit, mayo));
-    EXPECT_EQ(2, crear(dePrueba::cuit, mayo));
+    const auto crear = [&](const QString& cuit = dePrueba::cuit, QDate mes = mayo)
+    {
+        int secuencia = -1;
+        EXPECT_EQ("", fueraDeTransaccion([&] { secuencia = crearDeclaracion(c, cuit, mes, hoy); }));
+        return secuencia;
+    };
+    EXPECT_EQ((std::vector{0, 1, 2}), (std::vector{crear(), crear(), crear()}));
     EXPECT_EQ(0, crear(dePrueba::cuit, mayo.addMonths(1)));
-    EXPECT_EQ(0, crear(otra, mayo));
+    EXPECT_EQ(0, crear(otra));
     eliminarDeclaracion(c, {dePrueba::cuit, mayo, 1}); // a gap below the top stays
-    EXPECT_EQ(3, crear(dePrueba::cuit, mayo));
-    eliminarDeclaracion(c, {dePrueba::cuit, mayo, 3}); // one at the top is filled again
-    EXPECT_EQ(3, crear(dePrueba::cuit, mayo));
-    poner("DDJJ", {{"Periodo", mayo}, {"Secuencia", 99}});
-    EXPECT_EQ(100, crear(dePrueba::cuit, mayo));
+    EXPECT_EQ(3, crear());
+    EXPECT_EQ("", fueraDeTransaccion([&] { eliminarDeclaracion(c, {dePrueba::cuit, mayo, 3}); }));
+    EXPECT_EQ(3, crear()); // one at the top is filled again
+    poner("DDJJ", {{"Secuencia", 99}});
+    EXPECT_EQ(100, crear());
 
     std::vector<int> secuencias;
     for (const ClaveDDJJ& una : listarDeclaraciones(c, dePrueba::cuit))
@@ -75,26 +74,16 @@ TEST_F(CicloDDJJ, NaceVaciaYSeVaConSuNomina)
     poner("DDJJ_Empleados"); // left by a declaration that is gone
     crearDeclaracion(c, dePrueba::cuit, mayo, hoy);
     EXPECT_EQ(0, cuantos("DDJJ_Empleados"));
-
     poner("DDJJ", {{"Secuencia", 1}});
     poner("DDJJ", {{"Cuit", otra}});
-    poner("DDJJ_Empleados");
-    poner("DDJJ_Empleados", {{"Secuencia", 1}});
-    poner("DDJJ_Empleados", {{"Cuit", otra}});
+    for (const auto& [cuit, secuencia] : {std::pair{dePrueba::cuit, 0}, {dePrueba::cuit, 1}, {otra, 0}})
+    {
+        poner("DDJJ_Empleados", {{"Cuit", cuit}, {"Secuencia", secuencia}});
+    }
     poner("PAGOS");
     poner("Empleados_Familiares");
     eliminarDeclaracion(c, {dePrueba::cuit, mayo, 0});
-    for (const char* tabla : {"DDJJ", "DDJJ_Empleados"})
-    {
-        EXPECT_EQ("30-12345678-1|1;30-87654321-5|0",
-                  filas(std::string("SELECT Cuit, Secuencia FROM ") + tabla + " ORDER BY 1"));
-    }
+    EXPECT_EQ("30-12345678-1|1;30-87654321-5|0", filas("SELECT Cuit, Secuencia FROM DDJJ ORDER BY 1"));
+    EXPECT_EQ("30-12345678-1|1;30-87654321-5|0", filas("SELECT Cuit, Secuencia FROM DDJJ_Empleados ORDER BY 1"));
     EXPECT_EQ(2, cuantos("PAGOS") + cuantos("Empleados_Familiares"));
-}
-
-/// Two desks never take the same sequence, and neither deletes half of a declaration.
-TEST_F(CicloDDJJ, CadaReglaEsUnaTransaccion)
-{
-    EXPECT_EQ("", fueraDeTransaccion([&] { crearDeclaracion(c, dePrueba::cuit, mayo, hoy); }));
-    EXPECT_EQ("", fueraDeTransaccion([&] { eliminarDeclaracion(c, {dePrueba::cuit, mayo, 0}); }));
 }

@@ -12,7 +12,7 @@
 
 namespace
 {
-const QString archivo = QStringLiteral("30-12345678-1 2009-05 00.txt");
+const QString archivo = "30-12345678-1 2009-05 00.txt";
 
 struct EnvioDDJJ : testing::Test
 {
@@ -21,27 +21,24 @@ struct EnvioDDJJ : testing::Test
 
     EnvioDDJJ()
     {
-        poner("Empresas");
-        poner("DDJJ");
-        poner("DDJJ_Empleados");
+        for (const char* tabla : {"Empresas", "DDJJ", "DDJJ_Empleados"})
+        {
+            poner(tabla);
+        }
     }
-    ~EnvioDDJJ() override { reemplazarServidorFtp({}); }
-    EnvioDeDDJJ envio()
-    {
-        // Its file is gone by the time it is to be sent.
-        return EnvioDeDDJJ(ClaveDDJJ{dePrueba::cuit, dePrueba::periodo, 0},
-                           [this](const QString&) { QFile::remove(base.ruta(archivo)); });
-    }
+    /// Its file is gone by the time it is to be sent.
+    EnvioDeDDJJ envio{ClaveDDJJ{dePrueba::cuit, dePrueba::periodo, 0},
+                      [this](const QString&) { QFile::remove(base.ruta(archivo)); }};
 };
 } // namespace
 
 TEST_F(EnvioDDJJ, SinArchivoQueBorrarSeDiceElError)
 {
-    ServidorFtpDePrueba servidor(QStringLiteral("pyftpdlib:si"));
+    ServidorFtpDePrueba servidor("si");
     reemplazarServidorFtp(servidor.direccion());
-    cajas.esperaQueDiga(Caja::Informacion, QStringLiteral("Error: 53 - "));
-    envio().EnviarDDJJPorFtp(true);
-    EXPECT_EQ(QStringLiteral("Error de Apertura"), cajas.vistas().back().titulo);
+    cajas.esperaQueDiga(Caja::Informacion, "Error: 53 - ");
+    envio.EnviarDDJJPorFtp(true);
+    reemplazarServidorFtp({});
 }
 
 TEST_F(EnvioDDJJ, PorCorreoEntregaElArchivoYLoConserva)
@@ -49,11 +46,9 @@ TEST_F(EnvioDDJJ, PorCorreoEntregaElArchivoYLoConserva)
     base.conexion().ejecutar("UPDATE Parametros SET EMail = 'ddjj@example.org'");
     QStringList mensaje;
     reemplazarCorreo([&](const MensajeDeCorreo& m) { mensaje = {m.destinatario, m.asunto, m.adjunto}; });
-    cajas.espera(Caja::Simple, QStringLiteral("El Correo correspondiente ha sido enviado correctamente."));
-    envio().EnviarDDJJPorCorreo();
+    cajas.espera(Caja::Simple, "El Correo correspondiente ha sido enviado correctamente.");
+    envio.EnviarDDJJPorCorreo();
     reemplazarCorreo({});
-    EXPECT_EQ((QStringList{QStringLiteral("ddjj@example.org"), archivo + QStringLiteral(" - Envio DD.JJ."),
-                           base.ruta(archivo)}),
-              mensaje);
+    EXPECT_EQ((QStringList{"ddjj@example.org", archivo + " - Envio DD.JJ.", base.ruta(archivo)}), mensaje);
     EXPECT_TRUE(QFile::exists(base.ruta(archivo)));
 }

@@ -32,15 +32,14 @@ struct MandosDDJJ : testing::Test
     template <class Control>
     Control& control(const char* nombre)
     {
-        return *pantalla->findChild<Control*>(QString::fromLatin1(nombre));
+        return *pantalla->findChild<Control*>(nombre);
     }
     /// The screen on the only declaration of one of two companies.
     void abrir()
     {
-        for (const char* nombre : {"Empleados", "DDJJ_Sueldos", "Importar", "BuscarDDJJ", "Boletas"})
+        for (const QString nombre : {"Empleados", "DDJJ_Sueldos", "Importar", "BuscarDDJJ", "Boletas"})
         {
-            const QString suyo = QString::fromLatin1(nombre);
-            Navegacion::instancia().registrar(suyo, [suyo]() -> Pantalla* { throw ErrorParaAvisar(0, suyo); });
+            Navegacion::instancia().registrar(nombre, [nombre]() -> Pantalla* { throw ErrorParaAvisar(0, nombre); });
         }
         base.conexion().ejecutar("DELETE FROM Empresas");
         poner("Empresas");
@@ -54,56 +53,44 @@ struct MandosDDJJ : testing::Test
         Q_EMIT empresas.activated(1);
         Q_EMIT control<Grilla>("vsDDJJ").clic(1, 1);
     }
-    void mandar(const std::string& mando)
+    void mandar(const char* mando)
     {
-        if (mando == "vsDDJJ")
+        if (auto* boton = pantalla->findChild<QPushButton*>(mando))
         {
-            Q_EMIT control<Grilla>("vsDDJJ").clic(1, 1);
+            boton->click();
+            return;
         }
-        else if (mando == "activar")
-        {
-            Rutinas::BoletaEmitida = true;
-            protegido([&] { pantalla->activar(); });
-        }
-        else
-        {
-            control<QPushButton>(mando.c_str()).click();
-        }
+        Rutinas::BoletaEmitida = true;
+        *mando == 'v' ? control<Grilla>("vsDDJJ").clic(1, 1) : protegido([&] { pantalla->activar(); });
     }
+    QStringList archivos() { return QDir(base.ruta({})).entryList({"*.txt"}); }
 };
 } // namespace
 
-TEST_F(MandosDDJJ, LaBoletaRecibeSusCantidades)
+TEST_F(MandosDDJJ, LaBoletaRecibeSusCantidadesYSinEmpresaElegidaNoDejaArchivo)
 {
     abrir();
     poner("DDJJ_Empleados", {{"Cuil", "20-00000002-1"}, {"Afiliado", false}});
     mandar("vsDDJJ");
     mandar("cmdBoletas_0");
-    EXPECT_EQ(2, Rutinas::CantidadEmpleados);
-    EXPECT_EQ(1, Rutinas::CantidadAfiliados);
-}
-
-TEST_F(MandosDDJJ, UnaBoletaSinEmpresaElegidaNoDejaArchivo)
-{
-    abrir();
+    EXPECT_EQ(std::pair(2, 1), std::pair(int{Rutinas::CantidadEmpleados}, int{Rutinas::CantidadAfiliados}));
     pantalla = std::make_unique<DDJJ>();
     pantalla->cargar();
-    cajas.esperaQueDiga(Caja::Pregunta, QStringLiteral("Debe enviar"))
-        .esperaQueDiga(Caja::Informacion, QStringLiteral("Error: 13"));
+    cajas.esperaQueDiga(Caja::Pregunta, "Debe enviar").esperaQueDiga(Caja::Informacion, "Error: 13");
     mandar("activar");
-    EXPECT_EQ(QStringList(), QDir(base.ruta({})).entryList({QStringLiteral("*.txt")}));
+    EXPECT_EQ(QStringList(), archivos());
 }
 
 TEST_F(MandosDDJJ, ElPunteroVuelveTrasImportar)
 {
     abrir();
-    Navegacion::instancia().registrar(QStringLiteral("Importar"),
-                                      [this]
-                                      {
-                                          Rutinas::TextoDevuelto = base.escribir(QStringLiteral("vacio.txt"), {});
-                                          return new Cerrada(QStringLiteral("Importar"));
-                                      });
-    cajas.esperaQueDiga(Caja::Exclamacion, QStringLiteral("No se ha actualizado ningún Registro"));
+    const auto importar = [this]
+    {
+        Rutinas::TextoDevuelto = base.escribir("vacio.txt", {});
+        return new Cerrada("Importar");
+    };
+    Navegacion::instancia().registrar("Importar", importar);
+    cajas.esperaQueDiga(Caja::Exclamacion, "No se ha actualizado ningún Registro");
     mandar("cmdImportar");
     EXPECT_FALSE(Puntero::estaOcupado());
 }
@@ -115,32 +102,30 @@ TEST_F(MandosDDJJ, LoQueOtroPuestoBorroSeDiceUnaVez)
          {"vsDDJJ", "cmdEliminar", "cmdNomina", "cmdSueldos", "cmdImportar", "cmdCopiar", "cmdBoletas_0",
           "cmdBoletas_1", "cmdBoletas_2", "cmdBoletas_3", "cmdInformes_0", "cmdInformes_1", "cmdInformes_2", "activar"})
     {
-        for (const bool conEmpresa : {true, false})
+        for (const char* borrada : {"PAGOS", "Empresas WHERE Razon <> 'Abasto'"})
         {
-            SCOPED_TRACE(testing::Message() << mando << (conEmpresa ? "" : ", its company gone too"));
+            SCOPED_TRACE(mando + ", gone too: " + borrada);
             abrir();
-            for (const char* borrado :
-                 {"DDJJ", "DDJJ_Empleados", conEmpresa ? "PAGOS" : "Empresas WHERE Razon <> 'Abasto'"})
+            for (const std::string otra : {"DDJJ", "DDJJ_Empleados", borrada})
             {
-                base.conexion().ejecutar(std::string("DELETE FROM ") + borrado);
+                base.conexion().ejecutar("DELETE FROM " + otra);
             }
             if (mando == "cmdEliminar")
             {
                 cajas.esperaQueDiga(Caja::Pregunta, {}).esperaQueDiga(Caja::Pregunta, {});
             }
-            const bool sinMirarLaEmpresa = mando == "vsDDJJ" || mando == "cmdEliminar";
-            cajas.espera(Caja::Exclamacion,
-                         (conEmpresa || sinMirarLaEmpresa ? QStringLiteral("La Declaración Jurada 2009/05 - 0")
-                                                          : QStringLiteral("La Empresa 30-12345678-1")) +
-                             QStringLiteral(" ya no se encuentra en la Base: fue eliminada desde otra ventana u otro "
-                                            "puesto.  No se ha grabado ningún dato."));
-            mandar(mando);
+            const bool conEmpresa = *borrada == 'P';
+            cajas.espera(Caja::Exclamacion, (conEmpresa || mando == "vsDDJJ" || mando == "cmdEliminar"
+                                                 ? QString("La Declaración Jurada 2009/05 - 0")
+                                                 : QString("La Empresa 30-12345678-1")) +
+                                                " ya no se encuentra en la Base: fue eliminada desde otra ventana u "
+                                                "otro puesto.  No se ha grabado ningún dato.");
+            mandar(mando.c_str());
             EXPECT_EQ(0U, cajas.pendientes());
-            EXPECT_EQ(QString(), control<QLineEdit>("txtAnio").text());
+            EXPECT_EQ("", control<QLineEdit>("txtAnio").text());
             EXPECT_EQ(0, control<Grilla>("vsDDJJ").filas());
             EXPECT_EQ(conEmpresa ? 2 : 1, control<QComboBox>("cmbEmpresa").count());
-            EXPECT_EQ(0, cuantos("PAGOS") + cuantos("DDJJ_Empleados") + cuantos("DDJJ"));
-            EXPECT_EQ(QStringList(), QDir(base.ruta({})).entryList({QStringLiteral("*.txt")}));
+            EXPECT_EQ(0, cuantos("PAGOS") + cuantos("DDJJ_Empleados") + cuantos("DDJJ") + archivos().size());
         }
     }
 }

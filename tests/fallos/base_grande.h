@@ -49,3 +49,10 @@ inline void llenarBase(int empleados)
 {
     return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : sinElla;
 }
+
+/// A line of a tax agency's file.
+[[nodiscard]] inline QByteArray lineaDeNomina(const QByteArray& cuil, int importe)
+{
+    return cuil + "Importado                     T02" + QByteArray(13, ' ') + "001" + QByteArray(9, ' ') +
+           QByteArray::number(importe).rightJustified(11) + QByteArray::number(importe).rightJustified(11) + "\r\n";
+}

@@ -1,7 +1,6 @@
 // A disk that fills up in the middle of a backup, a restore, a compaction, an import, a save and the writing of a text
 // file: each ends in the error told, the database is as it was, nothing half made is left, and the same goes well once
-// there is room. A disk of a few MiB is mounted for this process alone; where that is not allowed, no file grows past a
-// limit, which fails at the same writes with another number of the system.
+// there is room. What stands for the disk is a limit that no file grows past: it fails at the same writes.
 #ifndef _WIN32
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/limite_de_archivos.h"
@@ -14,81 +13,32 @@
 
 #include <QDir>
 #include <QFile>
-#include <QStorageInfo>
-#include <optional>
-#include <sched.h>
-#include <sys/mount.h>
 
 namespace
 {
-class DiscoChico
+/// What an action fails with when no file grows past `tope`.
+template <class Accion>
+QString fallaSinLugar(qint64 tope, Accion accion)
 {
-public:
-    DiscoChico()
-    {
-        static const bool apartado =
-            ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-        m_montado = apartado && ::mount("none", lugar().constData(), "tmpfs", 0, "size=16m") == 0;
-        qputenv("TMPDIR", lugar());
-    }
-    ~DiscoChico()
-    {
-        m_temporal.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", m_temporal);
-        ::umount2(lugar().constData(), MNT_DETACH);
-    }
-    DiscoChico(const DiscoChico&) = delete;
-    DiscoChico& operator=(const DiscoChico&) = delete;
-
-    /// Leaves about `libres` bytes; with no disk of its own no file grows past `tope`.
-    void llenar(qint64 libres, qint64 tope)
-    {
-        vaciar();
-        if (!m_montado)
-        {
-            m_limite.emplace(static_cast<rlim_t>(tope));
-            return;
-        }
-        escribirArchivo(relleno(), QByteArray(QStorageInfo(m_lugar.path()).bytesAvailable() - libres, 'x'));
-    }
-    void vaciar()
-    {
-        m_limite.reset();
-        QFile::remove(relleno());
-    }
-    /// What the database says of a write that found no room.
-    [[nodiscard]] QString textoDeLaBase() const
-    {
-        return m_montado ? QStringLiteral("13 El disco está lleno")
-                         : QStringLiteral("10 Error al leer o escribir la base de datos en el disco");
-    }
-
-private:
-    [[nodiscard]] QByteArray lugar() const { return QFile::encodeName(m_lugar.path()); }
-    [[nodiscard]] QString relleno() const { return m_lugar.filePath(QStringLiteral("relleno")); }
-    QTemporaryDir m_lugar;
-    QByteArray m_temporal = qgetenv("TMPDIR");
-    bool m_montado = false;
-    std::optional<LimiteDeArchivos> m_limite;
-};
+    const LimiteDeArchivos limite(static_cast<rlim_t>(tope));
+    return fallaDe(accion);
+}
 
 class DiscoLleno : public testing::Test
 {
 protected:
     [[nodiscard]] QString en(const char* nombre) const { return base.ruta(QString::fromLatin1(nombre)); }
-    /// `haz` fails with `texto` wherever there is so little room, as free bytes and as how far a file grows; then it
-    /// goes well. What a failed one may leave is `queda`.
-    void probar(const char* que, const QString& texto, const std::vector<std::pair<qint64, qint64>>& lugares,
+    /// `haz` fails with `texto` at each limit; then it goes well. What a failed one may leave is `queda`.
+    void probar(const char* que, const QString& texto, std::initializer_list<qint64> topes,
                 const std::function<void()>& haz, const char* queda = "")
     {
         SCOPED_TRACE(que);
         const std::string contenido = contenidoDe();
         const std::string antes = archivosDe(en(""));
-        for (const auto& [libres, tope] : lugares)
+        for (const qint64 tope : topes)
         {
-            disco.llenar(libres, tope);
-            const QString falla = fallaDe(haz);
-            disco.vaciar();
-            EXPECT_TRUE(falla.startsWith(texto)) << libres << ' ' << falla.toStdString();
+            const QString falla = fallaSinLugar(tope, haz);
+            EXPECT_TRUE(falla.startsWith(texto)) << tope << ' ' << falla.toStdString();
             ArchivoUno::cerrar(); // a failed import leaves its file open, as told
             Rutinas::AbrirBase();
             QFile::remove(en(queda));
@@ -99,21 +49,26 @@ protected:
         Rutinas::AbrirBase();
     }
 
-    QTemporaryDir fuera; ///< on a disk with room
-    DiscoChico disco;
+    QTemporaryDir fuera;
     BaseDePrueba base;
 };
 
 TEST_F(DiscoLleno, NadaQuedaAMedias)
 {
     const QString lleno = QStringLiteral("61 El disco está lleno: ");
+    const QString sinEscribir = QStringLiteral("778 Error al leer o escribir la base de datos en el disco");
     const ClaveDDJJ clave{dePrueba::cuit, dePrueba::periodo, 0};
     llenarBase(6'000);
     QDir().mkpath(en("Copias"));
     QDir().mkpath(en("otra"));
     ASSERT_TRUE(QFile::copy(base.rutaBase(), en("otra/DBBrivo.mdb")));
     const qint64 largo = QFileInfo(base.rutaBase()).size();
-    probar("backup", lleno, {{largo / 2, largo / 2}, {0, largo / 2}},
+    base.conexion().ejecutar("DELETE FROM DDJJ_Empleados WHERE NroDoc % 2 = 0");
+    Rutinas::CerrarBase();
+    Rutinas::CompactarBase();
+    Rutinas::AbrirBase();
+    const qint64 corto = QFileInfo(base.rutaBase()).size();
+    probar("backup", lleno, {corto / 2},
            [&]
            {
                Rutinas::CerrarBase();
@@ -121,32 +76,30 @@ TEST_F(DiscoLleno, NadaQuedaAMedias)
            });
     // No room for the safety copy; then room for it, and none for the database.
     probar(
-        "restore", lleno, {{largo / 2, largo / 2}, {largo * 3 / 2, largo / 2}},
+        "restore", lleno, {corto / 2, (corto + largo) / 2},
         [&]
         {
             Rutinas::CerrarBase();
             restaurar(en("otra/DBBrivo.mdb"), base.rutaBase(), en("DBBrivo_Bak.mdb"));
         },
         "DBBrivo_Bak.mdb");
-    probar("compaction", disco.textoDeLaBase(), {{largo / 2, largo / 2}, {0, largo / 2}},
+    probar("compaction", sinEscribir, {largo / 2},
            []
            {
                Rutinas::CerrarBase();
                Rutinas::CompactarBase();
            });
     const EntradaEmpleado empleado = entrada(dePrueba::cuil, 1000, true);
-    probar("save", disco.textoDeLaBase(), {{0, 0}},
-           [&] { EXPECT_TRUE(guardarEmpleado(base.conexion(), clave, empleado)); });
+    probar("save", sinEscribir, {0}, [&] { EXPECT_TRUE(guardarEmpleado(base.conexion(), clave, empleado)); });
 
     QByteArray lineas;
     for (int i = 0; i < 5'000; ++i)
     {
-        lineas += "27" + QByteArray::number(i).rightJustified(9, '0') + "Importado                     T02" +
-                  QByteArray(13, ' ') + "001" + QByteArray(9, ' ') + "       1000       1000\r\n";
+        lineas += lineaDeNomina("27" + QByteArray::number(i).rightJustified(9, '0'), 1000);
     }
     const QString nomina = fuera.filePath(QStringLiteral("nomina.txt"));
     escribirArchivo(nomina, lineas);
-    probar("import", disco.textoDeLaBase(), {{largo / 4, largo + 4096}, {16 * 1024, largo + 4096}, {0, largo + 4096}},
+    probar("import", sinEscribir, {largo + 4096, 16 * 1024, 0},
            [&] { (void)importarNomina(base.conexion(), clave, nomina, FormatoDeNomina::AfipSijp); });
     EXPECT_EQ(11'001, cuantos("DDJJ_Empleados"));
 
@@ -159,14 +112,12 @@ TEST_F(DiscoLleno, NadaQuedaAMedias)
     const qint64 bytes = QFileInfo(escrito).size();
     QFile::remove(escrito);
     // Half of the file, none of it, and all but its last two pages.
-    probar("text file", lleno, {{bytes / 2, bytes / 2}, {0, 0}, {bytes - 8192, bytes - 8192}}, grabar,
-           nombre.toLatin1().constData());
+    probar("text file", lleno, {bytes / 2, 0, bytes - 8192}, grabar, nombre.toLatin1().constData());
     // Saved over another file: the one that was there stays.
     const QString grande = fuera.filePath(QStringLiteral("grande.txt"));
     ASSERT_TRUE(QFile::copy(escrito, grande));
     escribirArchivo(escrito, "el que estaba");
-    disco.llenar(bytes / 2, bytes / 2);
-    EXPECT_TRUE(fallaDe([&] { Archivos::copiar(grande, escrito); }).startsWith(lleno));
+    EXPECT_TRUE(fallaSinLugar(bytes / 2, [&] { Archivos::copiar(grande, escrito); }).startsWith(lleno));
     EXPECT_EQ("el que estaba", leerArchivo(escrito));
 }
 } // namespace

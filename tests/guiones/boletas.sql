@@ -1,5 +1,5 @@
 INSERT INTO Empresas (CUIT, Razon, Calle, Numero, NroLocal, Piso, Depto, CodPos, Localidad, Provincia, Rubro, Estudio)
-VALUES ('30-12345678-1', 'D''Angelo & Hijos', 'O''Higgins', 0, '', '2', 'B', '1870', 'Ñorquín', 1, '012110', 'Núñez'),
+VALUES ('30-12345678-1', 'D''Angelo & Hijos', 'O''Higgins', 0, 'L-5', '2', 'B', '1870', 'Ñorquín', 1, '012110', 'Núñez'),
        ('30-87654321-5', 'Confitería', 'Mitre', 5, '', '', '', '1900', 'La Plata', 1, '012110', '');
 INSERT INTO Empresas_Sucursales (ID, CUIT, Sucursal, Domicilio, Numero, CodPos, Localidad)
 VALUES (1, '30-12345678-1', '1', 'Calle 1', 10, '1870', 'Ñorquín');

@@ -10,12 +10,11 @@
 TEST(Version, ElEnlaceSeAbreAlPulsarYSinNovedadNoSeVe)
 {
     QStringList enlaces;
-    reemplazarAbrirEnlace([&](const QString& direccion)
-                          { return enlaces.append(direccion), false; }); // nobody looks at it
+    reemplazarAbrirEnlace([&](const QString& direccion) { return enlaces.append(direccion), true; });
     Version aviso;
     aviso.cargar();
     Entrada::activar(aviso);
-    auto& enlace = *aviso.findChild<QLabel*>(QStringLiteral("lblLink"));
+    auto& enlace = *aviso.findChild<QLabel*>("lblLink");
     Entrada::pulsar(enlace, {}, Qt::RightButton);
     Entrada::pulsar(enlace);
     EXPECT_EQ(QStringList(QString::fromUtf8(configuracion::enlaceVersion)), enlaces);
@@ -23,8 +22,8 @@ TEST(Version, ElEnlaceSeAbreAlPulsarYSinNovedadNoSeVe)
     EXPECT_EQ(2, enlaces.size());
     reemplazarAbrirEnlace({});
 
-    aviso.findChild<QLabel*>(QStringLiteral("lblVersion"))->clear();
+    aviso.findChild<QLabel*>("lblVersion")->clear();
     enlace.clear();
     aviso.cargar();
-    EXPECT_FALSE(enlace.isVisible() || aviso.findChild<QLabel*>(QStringLiteral("lblVersion"))->isVisible());
+    EXPECT_FALSE(enlace.isVisible() || aviso.findChild<QLabel*>("lblVersion")->isVisible());
 }

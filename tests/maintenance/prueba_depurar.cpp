@@ -18,19 +18,17 @@ struct Depuracion : testing::Test
     Depuracion()
     {
         poner("Empresas");
-        declaracion(dePrueba::cuit, 3, 0);
-        declaracion(dePrueba::cuit, 4, 0);
-        declaracion(dePrueba::cuit, 4, 1);
-        declaracion(dePrueba::cuit, 5, 0);
-        declaracion(QStringLiteral("30-87654321-5"), 2, 0);
-        vistos = periodosDeEmpresa(c, dePrueba::cuit);
-    }
-    static void declaracion(const QString& cuit, int mes, int secuencia)
-    {
-        for (const char* tabla : {"DDJJ", "DDJJ_Empleados", "PAGOS"})
+        for (const std::string tabla : {"DDJJ", "PAGOS"})
         {
-            poner(tabla, {{"Cuit", cuit}, {"Periodo", QDate(2009, mes, 1)}, {"Secuencia", secuencia}});
+            c.ejecutar("INSERT INTO " + tabla +
+                       " (Cuit, Periodo, Secuencia) VALUES ('30-12345678-1', '2009-03-01', 0), "
+                       "('30-12345678-1', '2009-04-01', 0), ('30-12345678-1', '2009-04-01', 1), "
+                       "('30-12345678-1', '2009-05-01', 0), ('30-87654321-5', '2009-02-01', 0)");
         }
+        c.ejecutar(
+            "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil) SELECT Cuit, Periodo, Secuencia, '20-1' "
+            "FROM DDJJ");
+        vistos = periodosDeEmpresa(c, dePrueba::cuit);
     }
     /// Months and sequences left, of the declarations and, which must be the same, of their rosters.
     [[nodiscard]] static std::string quedan()

@@ -22,15 +22,15 @@ struct Respaldo : testing::Test
     Respaldo()
     {
         Rutinas::CerrarBase();
-        QDir(base.ruta(QString())).mkpath(QStringLiteral("otra"));
-        QDir(base.ruta(QString())).mkpath(QStringLiteral("Copias"));
+        QDir(base.ruta({})).mkpath("otra");
+        QDir(base.ruta({})).mkpath("Copias");
         escribirArchivo(O, nueva);
     }
     ~Respaldo() override { Rutinas::AbrirBase(); }
     /// The database as it is but for `sql`.
     [[nodiscard]] QByteArray conCambio(const char* sql) const
     {
-        const QString ruta = base.escribir(QStringLiteral("cambio"), viva);
+        const QString ruta = base.escribir("cambio", viva);
         Conexion c;
         c.abrir(ruta);
         c.ejecutar(sql);
@@ -43,7 +43,7 @@ struct Respaldo : testing::Test
     template <class A>
     [[nodiscard]] std::string falla(A accion) const
     {
-        return fallaDe(accion).remove(base.ruta(QString()) + u'/').toStdString();
+        return fallaDe(accion).remove(base.ruta({}) + u'/').toStdString();
     }
     [[nodiscard]] std::string restaurando() const
     {
@@ -51,19 +51,21 @@ struct Respaldo : testing::Test
     }
     std::string resguardando(const QString& origen) // NOLINT
     {
-        return falla([&] { dano = resguardar(origen, prepararCopia(base.ruta(QStringLiteral("Copias/1")))); });
+        return falla([&] { dano = resguardar(origen, prepararCopia(base.ruta("Copias/1")), avance); });
     }
-    [[nodiscard]] std::string archivos() const { return archivosDe(base.ruta(QString())); }
+    [[nodiscard]] std::string archivos() const { return archivosDe(base.ruta({})); }
 
     BaseDePrueba base;
     const QString B = base.rutaBase();
-    const QString O = base.ruta(QStringLiteral("otra/DBBrivo.mdb"));
-    const QString S = base.ruta(QStringLiteral("DBBrivo_Bak.mdb"));
-    const QString C = base.ruta(QStringLiteral("Copias/1/DBBrivo.mdb"));
+    const QString O = base.ruta("otra/DBBrivo.mdb");
+    const QString S = base.ruta("DBBrivo_Bak.mdb");
+    const QString C = base.ruta("Copias/1/DBBrivo.mdb");
     const QByteArray viva = leerArchivo(B);
     const QByteArray nueva = conCambio("INSERT INTO Rubros (Codigo, Nombre) VALUES ('z', 'otra')");
     const QByteArray danada = QByteArray(viva).replace(viva.size() - 4096, 4096, QByteArray(4096, '\x5a'));
-    QString dano; ///< what the last backup told of its copy
+    QString dano;        ///< what the last backup told of its copy
+    qint64 copiados = 0; ///< how far it told that it was; no total while the copy is checked
+    const Aviso avance = [this](qint64 hecho, qint64 total) { copiados = total == 0 ? copiados : hecho; };
 };
 const std::string noEs = "26 El archivo no es una base de datos de este programa";
 const std::string noVa = "75 Error de acceso a la ruta o al archivo: ";
@@ -84,16 +86,12 @@ TEST_F(Respaldo, LaCopiaEsIgualTambienLaDeUnaBaseDanada)
         EXPECT_EQ("", resguardando(O));
         EXPECT_EQ(dicho, dano.toStdString());
         EXPECT_EQ(bytes, leerArchivo(C));
-        EXPECT_EQ("DBBrivo.mdb", archivosDe(base.ruta(QStringLiteral("Copias/1"))));
+        EXPECT_EQ(bytes.size(), copiados);
+        EXPECT_EQ("DBBrivo.mdb", archivosDe(base.ruta("Copias/1")));
     }
     QFile::remove(O);
     EXPECT_EQ("53 No se encontró el archivo: otra/DBBrivo.mdb", resguardando(O));
     EXPECT_EQ(nueva, leerArchivo(C));
-    QFile::remove(C);
-    QDir(C).mkpath(QStringLiteral("."));
-    EXPECT_EQ(noVa + "Copias/1/DBBrivo.mdb es una carpeta", resguardando(B));
-    QDir(base.ruta(QStringLiteral("Copias"))).removeRecursively();
-    EXPECT_EQ("76 No se encontró la ruta de acceso: Copias/1", resguardando(B));
 }
 
 TEST_F(Respaldo, SoloUnaBaseEnteraDelProgramaReemplaza)
@@ -114,11 +112,8 @@ TEST_F(Respaldo, SoloUnaBaseEnteraDelProgramaReemplaza)
     }
     QFile::remove(O);
     EXPECT_EQ("53 No se encontró el archivo: otra/DBBrivo.mdb", restaurando());
-    QDir(O).mkpath(QStringLiteral("."));
-    EXPECT_EQ(noVa + "otra/DBBrivo.mdb es una carpeta", restaurando());
-    QDir(O).removeRecursively();
     escribirArchivo(O, nueva);
-    QDir(S).mkpath(QStringLiteral("."));
+    QDir(S).mkpath(".");
     EXPECT_EQ(noVa + "DBBrivo_Bak.mdb es una carpeta", restaurando());
     QDir(S).removeRecursively();
     QFile::setPermissions(B, QFile::ReadOwner | QFile::ReadGroup);
@@ -145,10 +140,10 @@ TEST_F(Respaldo, CadaTablaYColumnaHaceFalta)
     EXPECT_LT(100U, columnas.cantidad());
     for (const Fila& fila : columnas)
     {
-        const QString cambio = QStringLiteral("ALTER TABLE %1 RENAME COLUMN %2 TO %3");
-        c.ejecutar(cambio.arg(fila.texto("t"), fila.texto("c"), QStringLiteral("x")).toStdString());
+        const QString cambio = "ALTER TABLE %1 RENAME COLUMN %2 TO %3";
+        c.ejecutar(cambio.arg(fila.texto("t"), fila.texto("c"), "x").toStdString());
         EXPECT_EQ(26, numeroDe([&] { exigirEsquema(O); })) << (fila.texto("t") + fila.texto("c")).toStdString();
-        c.ejecutar(cambio.arg(fila.texto("t"), QStringLiteral("x"), fila.texto("c")).toStdString());
+        c.ejecutar(cambio.arg(fila.texto("t"), "x", fila.texto("c")).toStdString());
     }
     EXPECT_EQ("", falla([&] { exigirEsquema(O); }));
 }
@@ -163,29 +158,27 @@ TEST(OtraCopia, DISABLED_TieneLaBaseAbierta)
 // At the second time the database lies elsewhere, and each desk has a link to it.
 TEST_F(Respaldo, LoQueOtraCopiaTieneAbiertoNoSeTocaYDetrasDeUnEnlaceSeTrabajaConElArchivo)
 {
-#ifdef _WIN32
-    constexpr int veces = 1;
-#else
-    constexpr int veces = 2;
-#endif
-    for (int vez = 0; vez < veces; ++vez)
+    for (const bool enlazada : {false, true})
     {
-        const QString lejos = base.ruta(QStringLiteral("lejos.mdb"));
-        const QString otroPuesto = vez == 0 ? B : base.ruta(QStringLiteral("otro.mdb"));
-        if (vez == 1)
+        const QString lejos = base.ruta("lejos.mdb");
+        const QString otroPuesto = enlazada ? base.ruta("otro.mdb") : B;
+        if (enlazada)
         {
+#ifdef _WIN32
+            return;
+#endif
             QFile::rename(B, lejos);
             std::filesystem::create_symlink(lejos.toStdString(), B.toStdString());
             std::filesystem::create_symlink(lejos.toStdString(), otroPuesto.toStdString());
         }
         {
-            Hijo programa(QStringLiteral("OtraCopia.DISABLED_TieneLaBaseAbierta"), otroPuesto);
+            Hijo programa("OtraCopia.DISABLED_TieneLaBaseAbierta", otroPuesto);
             EXPECT_EQ(70, numeroDe([&] { resguardar(B, C); }));
             EXPECT_EQ(70, numeroDe([&] { restaurar(O, B, S); }));
             EXPECT_EQ(70, numeroDe([] { Rutinas::CompactarBase(); }));
         }
         {
-            Hijo alli(QStringLiteral("OtraCopia.DISABLED_TieneLaBaseAbierta"), O);
+            Hijo alli("OtraCopia.DISABLED_TieneLaBaseAbierta", O);
             EXPECT_EQ(70, numeroDe([&] { restaurar(O, B, S); }));
         }
         EXPECT_EQ(viva, leerArchivo(B));
@@ -196,9 +189,9 @@ TEST_F(Respaldo, LoQueOtraCopiaTieneAbiertoNoSeTocaYDetrasDeUnEnlaceSeTrabajaCon
         EXPECT_EQ(nueva, leerArchivo(B));
         EXPECT_EQ("", falla([] { Rutinas::CompactarBase(); }));
         EXPECT_NE(nueva, leerArchivo(B));
-        EXPECT_EQ(vez == 1, QFileInfo(B).isSymbolicLink());
+        EXPECT_EQ(enlazada, QFileInfo(B).isSymbolicLink());
         EXPECT_EQ(std::string("Copias/1/DBBrivo.mdb DBBrivo.mdb DBBrivo_Bak.mdb ") +
-                      (vez == 1 ? "lejos.mdb otra/DBBrivo.mdb otro.mdb" : "otra/DBBrivo.mdb"),
+                      (enlazada ? "lejos.mdb otra/DBBrivo.mdb otro.mdb" : "otra/DBBrivo.mdb"),
                   archivos());
         escribirArchivo(B, viva);
     }
@@ -222,8 +215,8 @@ TEST_F(Respaldo, LoQueOtraCopiaDejoAMediasNoPasa)
 {
     const auto matarAMedias = [](const QString& ruta)
     {
-        Hijo(QStringLiteral("OtraCopia.DISABLED_AMitadDeUnaTransaccion"), ruta).matar();
-        EXPECT_TRUE(QFile::exists(ruta + QStringLiteral("-journal")));
+        Hijo("OtraCopia.DISABLED_AMitadDeUnaTransaccion", ruta).matar();
+        EXPECT_TRUE(QFile::exists(ruta + "-journal"));
         return leerArchivo(ruta);
     };
     matarAMedias(B);
@@ -239,14 +232,14 @@ TEST_F(Respaldo, LoQueOtraCopiaDejoAMediasNoPasa)
     EXPECT_EQ("", restaurando());
     EXPECT_EQ(nueva, leerArchivo(B));
     EXPECT_EQ(rota, leerArchivo(O)) << "the origin is only read";
-    QFile::remove(O + QStringLiteral("-journal"));
+    QFile::remove(O + "-journal");
     escribirArchivo(O, nueva);
 
     // A database that is past saving, and one that is gone, can be replaced all the same.
     for (const bool esta : {true, false})
     {
         esta ? escribirArchivo(B, "no es una base") : static_cast<void>(QFile::remove(B));
-        escribirArchivo(B + QStringLiteral("-journal"), "ni esto un diario");
+        escribirArchivo(B + "-journal", "ni esto un diario");
         EXPECT_EQ("", restaurando());
         EXPECT_EQ(nueva, leerArchivo(B));
     }
@@ -256,14 +249,14 @@ TEST_F(Respaldo, LoQueOtraCopiaDejoAMediasNoPasa)
 // A foreign program has left the database with its last changes in a write-ahead log.
 TEST_F(Respaldo, LoQueQuedoEnUnRegistroAdelantadoSeTrae)
 {
-    const QString ajena = base.escribir(QStringLiteral("ajena"), viva);
+    const QString ajena = base.escribir("ajena", viva);
     sqlite3* abierta = nullptr;
     ASSERT_EQ(SQLITE_OK, sqlite3_open(ajena.toUtf8().constData(), &abierta));
     EXPECT_EQ(SQLITE_OK, sqlite3_exec(abierta, "PRAGMA journal_mode = WAL; UPDATE Parametros SET Bak_Carpeta = 'otra'",
                                       nullptr, nullptr, nullptr));
     const QByteArray antes = leerArchivo(ajena);
     escribirArchivo(O, antes);
-    escribirArchivo(O + QStringLiteral("-wal"), leerArchivo(ajena + QStringLiteral("-wal")));
+    escribirArchivo(O + "-wal", leerArchivo(ajena + "-wal"));
     sqlite3_close(abierta);
     QFile::remove(ajena);
     EXPECT_EQ("", restaurando());
@@ -271,33 +264,4 @@ TEST_F(Respaldo, LoQueQuedoEnUnRegistroAdelantadoSeTrae)
     EXPECT_EQ(antes, leerArchivo(O)) << "the origin is only read";
     Rutinas::AbrirBase();
     EXPECT_EQ("otra", filas("SELECT Bak_Carpeta FROM Parametros"));
-}
-
-// A database of hundreds of MiB is copied for many seconds: the user sees how far it is, to the end.
-TEST_F(Respaldo, ElAvanceSeCuentaHastaElFinalYLoQueLoCortaNoCambiaNada)
-{
-    escribirArchivo(O, conCambio("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50000) "
-                                 "INSERT INTO Rubros (Codigo, Nombre) SELECT 'z' || i, 'otra' FROM n"));
-    const qint64 largo = QFileInfo(O).size();
-    QDir(base.ruta(QString())).mkpath(QStringLiteral("Copias/1"));
-    for (const bool resguarda : {true, false})
-    {
-        const auto haz = [&](const Aviso& aviso)
-        { resguarda ? static_cast<void>(resguardar(O, C, aviso)) : restaurar(O, B, S, aviso); };
-        const qint64 bytes = resguarda ? largo : largo + viva.size();
-        qint64 antes = 0;
-        int revisiones = 0; // the copy is being checked, and how long that takes is not known
-        haz(
-            [&](qint64 hecho, qint64 total)
-            {
-                EXPECT_TRUE(total == 0 || (total == bytes && hecho >= antes));
-                revisiones += total == 0 ? 1 : 0;
-                antes = std::max(antes, hecho);
-            });
-        EXPECT_EQ(bytes, antes);
-        const auto entera = std::pair(leerArchivo(B), archivos());
-        int quedan = revisiones / 2;
-        EXPECT_ANY_THROW(haz([&](qint64, qint64 total) { total == 0 && --quedan < 0 ? throw 0 : void(); }));
-        EXPECT_EQ(entera, std::pair(leerArchivo(B), archivos()));
-    }
 }

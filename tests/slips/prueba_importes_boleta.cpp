@@ -82,9 +82,3 @@ TEST(ImporteDeCampo, RedondeaUnaVezAlCentavoPar)
         EXPECT_EQ(importeParaEditar(mostrado), QString(queda));
     }
 }
-
-TEST(DomicilioDeBoleta, MuestraSoloLoQueHay)
-{
-    EXPECT_EQ(domicilioDeBoleta("O'Higgins", 12, "3", "P", "D", "1870", "Azul"), "O'Higgins 12 3 P D - (1870) Azul");
-    EXPECT_EQ(domicilioDeBoleta("Mitre", 0, {}, "3", {}, {}, {}), "Mitre 3 - () ");
-}
