@@ -2,13 +2,7 @@
 
 #include "apoyo/entrada.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QHBoxLayout>
-#include <QInputMethodEvent>
-#include <QMenu>
-#include <QTimer>
+#include <QtWidgets>
 #include <gtest/gtest.h>
 
 using namespace Entrada;
@@ -32,11 +26,37 @@ struct Campos : testing::Test
         soloDigitos(horas.lineEdit());
         activar(ventana);
     }
-
     static void pegar(const char* texto)
     {
         QApplication::clipboard()->setText(texto);
-        tecla(Qt::Key_V, Qt::ControlModifier);
+        jugar("Ctrl+V");
+    }
+    /// What stays after it was set by program, and after it was pasted into a full field: there a whole value replaces
+    /// what is there, wherever the cursor is.
+    static QString puestoYPegado(CampoMascara& campo, const char* texto)
+    {
+        campo.setText(texto);
+        const QString puesto = campo.text();
+        campo.setFocus();
+        campo.setText("11111111111");
+        campo.setCursorPosition(4);
+        pegar(texto);
+        return puesto == campo.text() ? puesto : puesto + ' ' + campo.text();
+    }
+    /// What the field of the CUIT shows after these keys, with what is marked of it in brackets.
+    QString cuitTras(const char* gestos)
+    {
+        jugar(gestos);
+        return cuit.hasSelectedText() ? '[' + cuit.selectedText() + ']' : cuit.text();
+    }
+    /// What a field that was empty takes of these letters, and then of a text pasted.
+    static QString filtrado(QWidget& campo, const char* teclas, const char* pegado)
+    {
+        campo.setFocus();
+        jugar("Ctrl+A Del");
+        escribir(teclas);
+        pegar(pegado);
+        return campo.property("text").toString() + campo.property("currentText").toString();
     }
 
     QWidget ventana;
@@ -51,112 +71,55 @@ struct Campos : testing::Test
 
 TEST_F(Campos, LaMascaraPorProgramaYPegada)
 {
-    enum Como
-    {
-        Puesto,
-        Pegado, ///< a whole value replaces what is there, wherever the cursor is
-        Ambos,
-    };
-    const std::tuple<CampoMascara*, Como, const char*, const char*> casos[] = {
-        {&cuit, Ambos, "20-12345678-6", "20-12345678-6"},
-        {&cuit, Ambos, "20123456786", "20-12345678-6"},
-        {&cuit, Pegado, "CUIT: 20 12345678 6\n", "20-12345678-6"},
-        {&cuit, Puesto, "2_-12______-6", "2_-12______-6"},
-        {&cuit, Puesto, "20-abc", "20-________-_"},
-        {&cuit, Puesto, "", "__-________-_"},
-        {&fecha, Ambos, "25/12/1970", "25/12/1970"},
-        {&fecha, Ambos, "25121970", "25/12/1970"},
-        {&fecha, Ambos, "25-12-1970", "25/12/1970"},
-        {&fecha, Ambos, "25/12/70", "25/12/70__"},
-        {&fecha, Puesto, "_5/12/____", "_5/12/____"},
-        {&fecha, Pegado, "251270", "25/12/70__"},
-        {&fecha, Pegado, "1/2/1970", "01/02/1970"},
-        {&fecha, Pegado, "5.3.04", "05/03/04__"},
-    };
-    for (const auto& [campo, como, entra, queda] : casos)
-    {
-        if (como != Pegado)
-        {
-            campo->setText(entra);
-            EXPECT_EQ(queda, campo->text()) << entra;
-        }
-        if (como != Puesto)
-        {
-            campo->setFocus();
-            campo->setText("11111111111");
-            campo->setCursorPosition(4);
-            pegar(entra);
-            EXPECT_EQ(queda, campo->text()) << entra;
-        }
-    }
+    EXPECT_EQ("20-12345678-6", puestoYPegado(cuit, "20-12345678-6"));
+    EXPECT_EQ("20-12345678-6", puestoYPegado(cuit, "20123456786"));
+    EXPECT_EQ("20-12345678-6", puestoYPegado(cuit, "CUIT: 20 12345678 6\n"));
+    EXPECT_EQ("2_-12______-6 11-12126111-1", puestoYPegado(cuit, "2_-12______-6"));
+    EXPECT_EQ("20-________-_ 11-12011111-1", puestoYPegado(cuit, "20-abc"));
+    EXPECT_EQ("__-________-_ 11-11111111-1", puestoYPegado(cuit, ""));
+    EXPECT_EQ("25/12/1970", puestoYPegado(fecha, "25/12/1970"));
+    EXPECT_EQ("25/12/1970", puestoYPegado(fecha, "25121970"));
+    EXPECT_EQ("25/12/1970", puestoYPegado(fecha, "25-12-1970"));
+    EXPECT_EQ("25/12/70__", puestoYPegado(fecha, "25/12/70"));
+    EXPECT_EQ("_5/12/____ 11/15/1211", puestoYPegado(fecha, "_5/12/____"));
+    EXPECT_EQ("25/12/70__", puestoYPegado(fecha, "251270"));
+    EXPECT_EQ("1_/2_/1970 01/02/1970", puestoYPegado(fecha, "1/2/1970"));
+    EXPECT_EQ("5_/3_/04__ 05/03/04__", puestoYPegado(fecha, "5.3.04"));
+    EXPECT_EQ("__/__/____ 11/11/1111", puestoYPegado(fecha, "navidad"));
     fecha.setFecha(QDate(2024, 2, 29));
     EXPECT_EQ("29022024", fecha.soloDigitos());
+    primero.setFocus();
+    QLineEdit comun("29-02-2024", &ventana); // what a field without a mask looks like
+    comun.setGeometry(fecha.geometry());
+    fecha.setFechaConGuiones(true);
+    EXPECT_EQ(comun.grab().toImage(), fecha.grab().toImage());
     fecha.setFecha({});
     EXPECT_TRUE(fecha.vacio());
-    fecha.setFocus();
-    pegar("navidad");
-    EXPECT_EQ(CampoMascara::fechaVacia, fecha.text());
 }
 
 TEST_F(Campos, LasTeclasDeLaMascara)
 {
-    primero.setFocus();
-    tecla(Qt::Key_Tab);
-    escribir("a20b-1234/5678x6");
-    escribir("9"); // full
-    EXPECT_EQ("20-12345678-6", cuit.text());
-    primero.setFocus();
-    tecla(Qt::Key_Tab);
-    EXPECT_EQ(cuit.text(), cuit.selectedText());
+    EXPECT_EQ("20-12345678-6", cuitTras("Tab 'a20b-1234/5678x69")); // full
+    EXPECT_EQ("[20-12345678-6]", cuitTras("Backtab Tab"));
     primero.setFocus();
     pulsar(cuit);
-    EXPECT_EQ(cuit.text(), cuit.selectedText());
-    escribir("3");
-    EXPECT_EQ("3_-________-_", cuit.text());
+    EXPECT_EQ("[20-12345678-6]", cuitTras(""));
+    EXPECT_EQ("3_-________-_", cuitTras("'3"));
     pulsar(cuit, {cuit.width() - 8, cuit.height() / 2}); // a second click places the cursor, not among the blanks
-    escribir("0");
-    EXPECT_EQ("30-________-_", cuit.text());
-    tecla(Qt::Key_Home);
-    tecla(Qt::Key_End); // goes where the next digit is due
-    escribir("7");
-    EXPECT_EQ("30-7_______-_", cuit.text());
-    tecla(Qt::Key_Backspace);
-    EXPECT_EQ("30-________-_", cuit.text());
-}
-
-TEST_F(Campos, SinFocoLaFechaSeVeConGuiones)
-{
-    primero.setFocus();
-    asentar();
-    fecha.setText("25/12/1970");
-    QLineEdit comun("25-12-1970", &ventana); // what a field without a mask looks like
-    comun.setGeometry(fecha.geometry());
-    fecha.setFechaConGuiones(true);
-    EXPECT_EQ(comun.grab().toImage(), fecha.grab().toImage());
-    EXPECT_EQ("25/12/1970", fecha.text());
-    fecha.limpiar();
-    const QImage vacia = fecha.grab().toImage();
-    fecha.setFechaConGuiones(false);
-    EXPECT_EQ(vacia, fecha.grab().toImage()); // an empty date keeps its mask
+    EXPECT_EQ("30-________-_", cuitTras("'0"));
+    EXPECT_EQ("30-7_______-_", cuitTras("Home End '7")); // where the next digit is due
+    EXPECT_EQ("30-________-_", cuitTras("Backspace"));
 }
 
 TEST_F(Campos, LosFiltrosDeTecladoYDePegado)
 {
-    const std::tuple<QLineEdit*, const char*, const char*, const char*> casos[] = {
-        {&digitos, "1a2.3-4", "", "1234"},      {&digitos, "", "DNI 12.345 678", "12345678"},
-        {&importe, "a1.2b", "", "1,2"},         {&importe, "", "$ 1.234,50", "1.234,50"},
-        {horas.lineEdit(), "1h5x0", "", "150"}, {horas.lineEdit(), "", "200 hs", "200"},
-    };
-    for (const auto& [campo, teclas, pegado, queda] : casos)
-    {
-        (campo == horas.lineEdit() ? static_cast<QWidget*>(&horas) : campo)->setFocus();
-        campo->clear();
-        escribir(teclas);
-        pegar(pegado);
-        EXPECT_EQ(queda, campo->text()) << teclas << pegado;
-    }
-    digitos.clear();
-    digitos.setFocus();
+    EXPECT_EQ("1234", filtrado(digitos, "1a2.3-4", ""));
+    EXPECT_EQ("12345678", filtrado(digitos, "", "DNI 12.345 678"));
+    EXPECT_EQ("1,2", filtrado(importe, "a1.2b", ""));
+    EXPECT_EQ("1.234,50", filtrado(importe, "", "$ 1.234,50"));
+    EXPECT_EQ("150", filtrado(horas, "1h5x0", ""));
+    EXPECT_EQ("200", filtrado(horas, "", "200 hs"));
+    filtrado(digitos, "", "");
     for (const char* compuesto : {"á", "7"})
     {
         QInputMethodEvent metodo;
@@ -165,14 +128,7 @@ TEST_F(Campos, LosFiltrosDeTecladoYDePegado)
     }
     EXPECT_EQ("7", digitos.text());
     QApplication::clipboard()->setText("1.2.3");
-    QTimer::singleShot(0, &digitos,
-                       []
-                       {
-                           QWidget* menu = QApplication::activePopupWidget();
-                           ASSERT_NE(nullptr, menu);
-                           tecla(Qt::Key_P); // Pegar
-                           menu->close();
-                       });
+    QTimer::singleShot(0, &digitos, [] { jugar("P"); }); // "Pegar" of the menu below
     QContextMenuEvent derecho(QContextMenuEvent::Mouse, {4, 4}, digitos.mapToGlobal(QPoint(4, 4)));
     QCoreApplication::sendEvent(&digitos, &derecho);
     EXPECT_EQ("7123", digitos.text());

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "apoyo/archivos_de_prueba.h"
 #include "apoyo/hojas.h"
 #include "ui/report/informe_vista.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -14,14 +14,12 @@ public:
     /// Writes a layout with this body (and head, past its title) and gives its path.
     [[nodiscard]] QString escribir(const QString& cuerpo, const QString& cabeza = {}) const
     {
-        QFile archivo(ruta("prueba.rpt"));
-        EXPECT_TRUE(archivo.open(QIODevice::WriteOnly));
-        archivo.write(("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<html><head><title>Prueba</title>" + cabeza +
-                       "</head>\n<body>" + cuerpo + "</body></html>\n")
-                          .toUtf8());
-        return archivo.fileName();
+        const QString todo = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<html><head><title>Prueba</title>" + cabeza +
+                             "</head>\n<body>" + cuerpo + "</body></html>\n";
+        escribirArchivo(ruta("prueba.rpt"), todo.toUtf8());
+        return ruta("prueba.rpt");
     }
-    [[nodiscard]] QString ruta(const char* nombre) const { return m_carpeta.filePath(QString::fromUtf8(nombre)); }
+    [[nodiscard]] QString ruta(const char* nombre) const { return m_carpeta.filePath(nombre); }
     [[nodiscard]] PaginasDeInforme paginas(const QString& cuerpo, DatosDeInforme datos = {}, const QString& cabeza = {},
                                            const PaginasDeInforme::Aviso& aviso = {}) const
     {
@@ -39,7 +37,7 @@ public:
                                               std::vector<std::vector<std::string>> filas)
     {
         DatosDeInforme datos;
-        FilasDeInforme& conjunto = datos.conjuntos[QStringLiteral("Filas")];
+        FilasDeInforme& conjunto = datos.conjuntos["Filas"];
         for (const std::string& columna : columnas)
         {
             conjunto.condicion.push_back(columna.starts_with("Es"));

@@ -1,78 +1,62 @@
 #include "ui/doors/mensajes.h"
 
-#include "apoyo/cajas_de_prueba.h"
 #include "base/error_de_ejecucion.h"
 #include "mesa.h"
 #include "ui/shell/error_fatal.h"
 
-#include <QMessageBox>
-#include <gtest/gtest.h>
 #include <stdexcept>
-
-using namespace Entrada;
 
 namespace
 {
-TEST(Cajas, ElTextoTalCualSobreLaVentanaDelPrograma)
+TEST(Cajas, ElTextoTalCualSobreLaVentanaDelProgramaYElNoPorDefecto)
 {
-    const QString texto = QStringLiteral("<b>Pérez & hijos</b>\nsegunda");
+    const QString texto = "<b>Pérez & hijos</b>\nsegunda";
     Mesa mesa;
-    PantallaDePrueba& una = mesa.abrir(QStringLiteral("Una"));
+    P una = mesa.abrir("Una");
     const auto mirar = [&](QMessageBox& caja)
     {
         EXPECT_EQ(caja.icon(), QMessageBox::Warning);
         EXPECT_EQ(caja.text(), texto);
         EXPECT_EQ(caja.textFormat(), Qt::PlainText);
-        EXPECT_EQ(caja.windowTitle(), QStringLiteral("Altoverde"));
+        EXPECT_EQ(caja.windowTitle(), "Altoverde");
         EXPECT_EQ(caja.parentWidget(), &mesa.ventana);
         EXPECT_TRUE(hayCajaAbierta());
         pulsar(*una.accion); // blocked
-        tecla(Qt::Key_Escape);
+        jugar("Esc");
     };
     conLaCaja(mirar);
     MsgBox(texto, Caja::Exclamacion);
     EXPECT_EQ(una.acciones, 0);
     EXPECT_FALSE(hayCajaAbierta());
-}
-
-TEST(Cajas, LaPreguntaTieneElNoPorDefecto)
-{
-    const std::tuple<const char*, void (*)(QMessageBox&), bool> casos[] = {
-        {"Enter", [](QMessageBox&) { tecla(Qt::Key_Return); }, false},
-        {"Escape", [](QMessageBox&) { tecla(Qt::Key_Escape); }, false},
-        {"cerrar", [](QMessageBox& caja) { caja.close(); }, false},
-        {"Alt+S", [](QMessageBox&) { tecla(Qt::Key_S, Qt::AltModifier); }, true},
-        {"Alt+N", [](QMessageBox&) { tecla(Qt::Key_N, Qt::AltModifier); }, false},
-    };
-    for (const auto& [nombre, hacer, respuesta] : casos)
+    for (const auto& [gesto, respuesta] :
+         {std::pair("Return", false), {"Esc", false}, {"Alt+S", true}, {"Alt+N", false}})
     {
-        conLaCaja(hacer);
-        EXPECT_EQ(Preguntar(QStringLiteral("¿Borra?")), respuesta) << nombre;
+        conLaCaja([gesto](QMessageBox&) { jugar(gesto); });
+        EXPECT_EQ(Preguntar("¿Borra?"), respuesta) << gesto;
     }
 }
 
 TEST(ErrorFatal, SeInformaUnaVezConNumeroYDescripcionYElDeAvisoNoTerminaNada)
 {
-    const std::tuple<void (*)(), Caja, const char*, int> casos[] = {
-        {[] { throw ErrorDeEjecucion(70, QStringLiteral("en uso")); }, Caja::Critico,
-         "Se ha producido el error '70' en tiempo de ejecución:\n\nen uso", 3},
-        {[] { throw std::runtime_error("algo pasó"); }, Caja::Critico,
-         "Se ha producido el error '5' en tiempo de ejecución:\n\nalgo pasó", 3},
-        {[] { throw 7; }, Caja::Critico, "Se ha producido el error '51' en tiempo de ejecución:\n\nError interno", 3},
-        {[] { throw ErrorParaAvisar(5, QStringLiteral("Otro puesto.")); }, Caja::Exclamacion, "Otro puesto.", -1},
+    const std::tuple<void (*)(), QString, QString, int> casos[] = {
+        {[] { throw ErrorDeEjecucion(70, "en uso"); }, "70", "en uso", 3},
+        {[] { throw std::runtime_error("algo pasó"); }, "5", "algo pasó", 3},
+        {[] { throw 7; }, "51", "Error interno", 3},
+        {[] { throw ErrorParaAvisar(5, "Otro puesto."); }, "", "Otro puesto.", -1},
     };
-    for (const auto& [cuerpo, clase, texto, fin] : casos)
+    for (const auto& [cuerpo, numero, dice, fin] : casos)
     {
         CajasDePrueba cajas;
-        cajas.espera(clase, QString::fromUtf8(texto));
-        if (clase == Caja::Critico) // while the box is up another handler fails too: a consequence, told nobody
+        const QString fatal = "Se ha producido el error '%1' en tiempo de ejecución:\n\n%2";
+        numero.isEmpty() ? cajas.espera(Caja::Exclamacion, dice) : cajas.espera(Caja::Critico, fatal.arg(numero, dice));
+        if (fin == 3) // while the box is up another handler fails too: a consequence, told nobody
         {
             cajas.alVer([](const DatosDeCaja&) { protegido([] { throw ErrorDeEjecucion(2, {}); }); });
         }
         int estado = -1;
         reemplazarFinDelProceso([&](int con) { estado = con; });
         protegido(cuerpo);
-        EXPECT_EQ(estado, fin) << texto;
+        EXPECT_EQ(estado, fin) << qPrintable(dice);
     }
     reemplazarFinDelProceso({});
 }
@@ -80,16 +64,16 @@ TEST(ErrorFatal, SeInformaUnaVezConNumeroYDescripcionYElDeAvisoNoTerminaNada)
 TEST(ErrorFatal, LosManejadoresYChequeosDeUnaPantallaNoDejanPasarNada)
 {
     Mesa mesa;
-    PantallaDePrueba& una = mesa.abrir(QStringLiteral("Una"));
-    una.conectar(una.tilde, &QCheckBox::clicked, [] { throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos); });
+    P una = mesa.abrir("Una");
+    una.conectar(una.tilde, &QCheckBox::clicked, [] { throw ErrorDeEjecucion(13, {}); });
     una.alDejar(una.fecha, []() -> bool { throw std::logic_error("chequeo"); });
     CajasDePrueba cajas;
-    cajas.esperaQueDiga(Caja::Critico, QStringLiteral("'13'")).esperaQueDiga(Caja::Critico, QStringLiteral("chequeo"));
+    cajas.esperaQueDiga(Caja::Critico, "'13'").esperaQueDiga(Caja::Critico, "chequeo");
     int finales = 0;
     reemplazarFinDelProceso([&](int) { ++finales; });
     pulsar(*una.tilde, {8, una.tilde->height() / 2});
     pulsar(*una.fecha);
-    tecla(Qt::Key_Tab);
+    jugar("Tab");
     reemplazarFinDelProceso({});
     EXPECT_EQ(finales, 2);
 }

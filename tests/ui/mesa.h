@@ -1,20 +1,16 @@
 #pragma once
 
+#include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
 #include "ui/fields/campo_mascara.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/pantalla.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFormLayout>
-#include <QMainWindow>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenuBar>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTableWidget>
+#include <QtTest>
+#include <QtWidgets>
+#include <gtest/gtest.h>
+
+using namespace Entrada;
 
 /// A screen with one field of each kind. The fields `a` and `b` refuse what begins with "mal".
 class PantallaDePrueba : public Pantalla
@@ -23,41 +19,30 @@ public:
     explicit PantallaDePrueba(const QString& nombre)
         : Pantalla(nombre)
     {
-        setWindowTitle(QStringLiteral("Pantalla ") + nombre);
+        setWindowTitle("Pantalla " + nombre);
         fecha->setClase(CampoMascara::Fecha);
-        lista->addItems({QStringLiteral("uno"), QStringLiteral("dos")});
-        auto* disposicion = new QFormLayout(this);
-        disposicion->addRow(QStringLiteral("A:"), a);
-        disposicion->addRow(QStringLiteral("&B:"), b);
-        for (QWidget* control : std::initializer_list<QWidget*>{fecha, lista, tilde, accion, paginas})
-        {
-            disposicion->addRow(control);
-        }
-        paginas->addTab(grilla, QStringLiteral("Primera"));
-        paginas->addTab(new QLineEdit, QStringLiteral("Segunda"));
-        for (int fila = 0; fila < 3; ++fila)
-        {
-            grilla->setItem(fila, 0, new QTableWidgetItem(QString::number(fila)));
-        }
+        lista->addItems({"uno", "dos"});
+        paginas->addTab(grilla, "Primera");
+        paginas->addTab(new QLineEdit, "Segunda");
         grilla->setCurrentCell(0, 0);
+        auto* disposicion = new QFormLayout(this);
+        const std::tuple<const char*, const char*, QWidget*> controles[] = {
+            {"a", "A:", a},       {"b", "&B:", b},        {"fecha", "", fecha},    {"lista", "", lista},
+            {"tilde", "", tilde}, {"accion", "", accion}, {"paginas", "", paginas}};
+        for (const auto& [suyo, rotulo, control] : controles)
+        {
+            control->setObjectName(suyo);
+            disposicion->addRow(rotulo, control);
+        }
         conectar(accion, &QPushButton::clicked, [this] { ++acciones; });
         alDejar(a, [this] { return chequear(*a); });
         alDejar(b, [this] { return chequear(*b); });
     }
-    void cargar() override
-    {
-        if (alCargar)
-        {
-            alCargar(*this);
-        }
-    }
+    void cargar() override { alCargar(*this); }
     void activar() override
     {
         ++activaciones;
-        if (alActivar)
-        {
-            alActivar();
-        }
+        alActivar();
     }
     [[nodiscard]] bool descargar() override
     {
@@ -71,8 +56,8 @@ public:
     QLineEdit* b = new QLineEdit;
     CampoMascara* fecha = new CampoMascara;
     QComboBox* lista = new QComboBox;
-    QCheckBox* tilde = new QCheckBox(QStringLiteral("Afiliado"));
-    QPushButton* accion = new QPushButton(QStringLiteral("&Grabar"));
+    QCheckBox* tilde = new QCheckBox("Afiliado");
+    QPushButton* accion = new QPushButton("&Grabar");
     QTabWidget* paginas = new QTabWidget;
     QTableWidget* grilla = new QTableWidget(3, 2);
     int acciones = 0;
@@ -80,22 +65,20 @@ public:
     int descargas = 0;
     int chequeos = 0;
     bool dejaCerrar = true;
-    std::function<void()> alRechazar;
-    std::function<void()> alActivar;
-    static inline std::function<void(PantallaDePrueba&)> alCargar; ///< run in the load of every screen
+    std::function<void()> alRechazar = [] {};
+    std::function<void()> alActivar = [] {};
+    static inline std::function<void(PantallaDePrueba&)> alCargar = [](auto&) {}; ///< the load of every screen
 
 private:
     bool chequear(const QLineEdit& campo)
     {
         ++chequeos;
-        const bool bien = !campo.text().startsWith(QStringLiteral("mal"));
-        if (!bien && alRechazar)
-        {
-            alRechazar();
-        }
+        const bool bien = !campo.text().startsWith("mal");
+        bien ? void() : alRechazar();
         return bien;
     }
 };
+using P = PantallaDePrueba&;
 
 /// A main window with its menu and the area of the children, and two screens "Una" and "Otra" to open.
 class Mesa
@@ -106,37 +89,33 @@ public:
         QObject::connect(orden, &QAction::triggered, &ventana, [this] { ++ordenes; });
         ventana.setCentralWidget(area);
         ventana.resize(1000, 700);
-        Navegacion::instancia().fijarVentana(&ventana, area);
-        for (const QString& nombre : {QStringLiteral("Una"), QStringLiteral("Otra")})
+        navegacion.fijarVentana(&ventana, area);
+        for (const QString nombre : {"Una", "Otra"})
         {
-            Navegacion::instancia().registrar(nombre, [nombre] { return new PantallaDePrueba(nombre); });
+            navegacion.registrar(nombre, [nombre] { return new PantallaDePrueba(nombre); });
         }
         Entrada::activar(ventana);
     }
     ~Mesa()
     {
         menu->hide();
-        Navegacion::instancia().fijarVentana(nullptr, nullptr);
-        PantallaDePrueba::alCargar = {};
+        navegacion.fijarVentana(nullptr, nullptr);
+        PantallaDePrueba::alCargar = [](P) {};
     }
     Mesa(const Mesa&) = delete;
     Mesa& operator=(const Mesa&) = delete;
 
-    PantallaDePrueba& abrir(const QString& nombre)
+    P abrir(const QString& nombre)
     {
-        Navegacion::instancia().mostrar(nombre);
-        Entrada::asentar();
-        return *pantalla(nombre);
-    }
-    [[nodiscard]] static PantallaDePrueba* pantalla(const QString& nombre)
-    {
-        return dynamic_cast<PantallaDePrueba*>(Navegacion::instancia().abierta(nombre));
+        navegacion.mostrar(nombre);
+        asentar();
+        return *dynamic_cast<PantallaDePrueba*>(navegacion.abierta(nombre));
     }
     /// Runs `hacer` in the modal screen "Otra" once it is up, and gives how often it ran.
-    int enModal(const std::function<void(PantallaDePrueba&)>& hacer)
+    int enModal(const std::function<void(P)>& hacer)
     {
         int hechos = 0;
-        PantallaDePrueba::alCargar = [&](PantallaDePrueba& modal)
+        PantallaDePrueba::alCargar = [&](P modal)
         {
             const auto dentro = [&]
             {
@@ -146,15 +125,30 @@ public:
             };
             QMetaObject::invokeMethod(&modal, dentro, Qt::QueuedConnection);
         };
-        Navegacion::instancia().mostrarModal(QStringLiteral("Otra"));
-        PantallaDePrueba::alCargar = {};
+        navegacion.mostrarModal("Otra");
+        PantallaDePrueba::alCargar = [](P) {};
         Entrada::activar(ventana); // a window manager does it
         return hechos;
     }
+    /// A box of the program comes and is answered; the user goes to another program and comes back.
+    void conCaja()
+    {
+        conLaCaja([](QMessageBox&) { jugar("Return"); });
+        MsgBox("Listo", Caja::Informacion);
+        Entrada::activar(ventana);
+    }
+    void irseYVolver()
+    {
+        QWidget otroPrograma;
+        Entrada::activar(otroPrograma);
+        otroPrograma.hide();
+        Entrada::activar(ventana);
+    }
 
+    Navegacion& navegacion = Navegacion::instancia();
     QMainWindow ventana;
     QMdiArea* area = new QMdiArea;
-    QMenu* menu = ventana.menuBar()->addMenu(QStringLiteral("&Procesos"));
-    QAction* orden = menu->addAction(QStringLiteral("&Mantenimiento"), QKeySequence(Qt::CTRL | Qt::Key_M));
+    QMenu* menu = ventana.menuBar()->addMenu("&Procesos");
+    QAction* orden = menu->addAction("&Mantenimiento", QKeySequence(Qt::CTRL | Qt::Key_M));
     int ordenes = 0;
 };

@@ -1,9 +1,6 @@
 #include "ui/look/estilo.h"
 
-#include <QApplication>
-#include <QDialogButtonBox>
-#include <QLineEdit>
-#include <QPushButton>
+#include <QtWidgets>
 #include <gtest/gtest.h>
 
 namespace
@@ -14,11 +11,11 @@ TEST(Aspecto, IconosTextosDeQtYCamposQueSoloMuestran)
     Estilo::aplicar(*qApp);
     for (const char* nombre : {"nueva", "grabar", "eliminar", "boleta", "enviar", "respaldo", "salir"})
     {
-        EXPECT_FALSE(Estilo::icono(QString::fromLatin1(nombre)).pixmap(QSize(48, 48)).isNull()) << nombre;
+        EXPECT_FALSE(Estilo::icono(nombre).pixmap(QSize(48, 48)).isNull()) << nombre;
     }
     const QDialogButtonBox caja(QDialogButtonBox::Yes | QDialogButtonBox::Cancel);
-    EXPECT_EQ(caja.button(QDialogButtonBox::Yes)->text(), QStringLiteral("&Sí"));
-    EXPECT_EQ(caja.button(QDialogButtonBox::Cancel)->text().remove(u'&'), QStringLiteral("Cancelar"));
+    EXPECT_EQ(caja.button(QDialogButtonBox::Yes)->text(), "&Sí");
+    EXPECT_EQ(caja.button(QDialogButtonBox::Cancel)->text().remove(u'&'), "Cancelar");
     QLineEdit campo;
     Estilo::soloMuestra(&campo);
     EXPECT_TRUE(campo.isReadOnly());

@@ -21,7 +21,6 @@ TEST(CeldasDeGrilla, LeeLoEscritoODicePorQueNo)
         {C{.clase = C::Texto}, "  a ", "  a "},
         {entero, "007", "7"},
         {entero, "-1", noEntero},
-        {entero, "+5", noEntero},
         {entero, "1,5", noEntero},
         {entero, "9223372036854775807", "9223372036854775807"},
         {entero, "9999999999999999999999999", noEntero},
@@ -36,13 +35,11 @@ TEST(CeldasDeGrilla, LeeLoEscritoODicePorQueNo)
         {sueldo, "9999999,994", "9.999.999,99"},
         {sueldo, "10000000", "!El valor máximo es 9.999.999,99."},
         {sueldo, "1,2,3", noImporte},
-        {sueldo, ",", noImporte},
         {sueldo, "-1", noImporte},
         {sueldo, "99999999999999", "!El valor máximo es 9.999.999,99."},
         {sueldo, "9999999999999999999999999", noImporte},
         {importe, "922337203685477,58", "922.337.203.685.477,58"},
         {importe, "922337203685478", noImporte},
-        {sueldo, "", ""},
         {fecha, "05/03/1980", "05/03/1980"},
         {fecha, "05/03/29__", "05/03/2029"},
         {fecha, "05/03/30__", "05/03/1930"},
@@ -50,7 +47,6 @@ TEST(CeldasDeGrilla, LeeLoEscritoODicePorQueNo)
         {fecha, "03/25/1980", noFecha}, // never month first
         {fecha, "29/02/2023", noFecha},
         {fecha, "29/02/2024", "29/02/2024"},
-        {fecha, "05/03/198_", noFecha},
         {fecha, "05/__/1980", noFecha},
         {fecha, "31/12/1899", fueraDeEpoca},
         {fecha, "01/01/1900", "01/01/1900"},
@@ -59,7 +55,6 @@ TEST(CeldasDeGrilla, LeeLoEscritoODicePorQueNo)
         {fecha, "__/__/____", ""},
         {lista, "Cónyuge", "Cónyuge"},
         {lista, "Primo", "!Debe elegir un valor de la lista."},
-        {lista, "", ""},
         {C{}, "x", "!La celda no se puede modificar."},
     };
     for (const auto& [columna, escrito, queda] : casos)

@@ -9,11 +9,8 @@
 #include "ui/shell/navegacion.h"
 #include "ui/shell/trabajo_largo.h"
 
-#include <QAction>
-#include <QDir>
-#include <QLabel>
 #include <QPrinter>
-#include <QToolBar>
+#include <QtWidgets>
 
 namespace
 {
@@ -21,134 +18,112 @@ struct VistaPrevia : testing::Test
 {
     CajasDePrueba cajas;
     InformeDePrueba informe;
-    std::unique_ptr<VistaDeInforme> vista;
+    VistaDeInforme vista{informe.paginas("<section filas=\"Filas\" alto=\"250\">hoja{{A}}</section>",
+                                         InformeDePrueba::filas({"A"}, {{"1"}, {"2"}, {"3"}, {"4"}}))};
 
-    void SetUp() override
+    VistaPrevia()
     {
-        vista = std::make_unique<VistaDeInforme>(
-            informe.paginas(QStringLiteral("<section filas=\"Filas\" alto=\"250\">hoja{{A}}</section>"),
-                            InformeDePrueba::filas({"A"}, {{"1"}, {"2"}, {"3"}, {"4"}})));
-        vista->setAttribute(Qt::WA_DeleteOnClose, false);
-        vista->resize(1000, 700);
-        Entrada::activar(*vista);
+        vista.setAttribute(Qt::WA_DeleteOnClose, false);
+        vista.resize(1000, 700);
+        Entrada::activar(vista);
     }
-    void TearDown() override
+    ~VistaPrevia() override
     {
         reemplazarPedirImpresion({});
         reemplazarPedirPagina({});
     }
     void pulsar(const char* nombre)
     {
-        auto* accion = vista->findChild<QAction*>(QString::fromLatin1(nombre));
-        ASSERT_NE(accion, nullptr) << nombre;
-        Entrada::pulsar(*vista->findChild<QToolBar*>()->widgetForAction(accion));
+        Entrada::pulsar(*vista.findChild<QToolBar*>()->widgetForAction(vista.findChild<QAction*>(nombre)));
     }
     [[nodiscard]] QString pagina() const
     {
-        for (const QLabel* rotulo : vista->findChildren<QLabel*>())
-        {
-            if (rotulo->text().contains(QStringLiteral("Página")))
-            {
-                return rotulo->text().simplified().remove(QStringLiteral("Página "));
-            }
-        }
-        return {};
+        return vista.findChild<QToolBar*>()->findChild<QLabel*>()->text().simplified();
     }
-    [[nodiscard]] QStringList archivos() const
+    /// The files that are there after saving as this one.
+    std::string guardando(const QString& ruta)
     {
-        return QDir(informe.ruta("")).entryList({QStringLiteral("*.pdf*")}, QDir::Files);
+        cajas.archivo(ruta);
+        pulsar("cmdPdf");
+        return archivosDe(informe.ruta(""));
     }
 };
 } // namespace
 
 TEST_F(VistaPrevia, SeRecorreConBotonesYTeclas)
 {
-    const std::pair<const char*, const char*> botones[] = {
-        {"cmdAnterior", "1 de 4"},  {"cmdSiguiente", "2 de 4"}, {"cmdAcercar", "2 de 4"},
-        {"cmdAlejar", "2 de 4"},    {"cmdAncho", "2 de 4"},     {"cmdUltima", "4 de 4"},
-        {"cmdSiguiente", "4 de 4"}, {"cmdAnterior", "3 de 4"},  {"cmdPrimera", "1 de 4"}};
-    for (const auto& [boton, donde] : botones)
+    const std::pair<const char*, const char*> casos[] = {
+        {"cmdAnterior", "1 de 4"}, {"cmdSiguiente", "2 de 4"}, {"cmdAcercar", "2 de 4"},   {"cmdAlejar", "2 de 4"},
+        {"cmdAncho", "2 de 4"},    {"cmdUltima", "4 de 4"},    {"cmdSiguiente", "4 de 4"}, {"cmdAnterior", "3 de 4"},
+        {"cmdPrimera", "1 de 4"},  {"PgDown", "2 de 4"},       {"PgUp", "1 de 4"},         {"End", "4 de 4"},
+        {"Home", "1 de 4"}};
+    for (const auto& [gesto, donde] : casos)
     {
-        pulsar(boton);
-        EXPECT_EQ(pagina(), QString::fromLatin1(donde)) << boton;
-    }
-    const std::pair<Qt::Key, const char*> teclas[] = {
-        {Qt::Key_PageDown, "2 de 4"}, {Qt::Key_PageUp, "1 de 4"}, {Qt::Key_End, "4 de 4"}, {Qt::Key_Home, "1 de 4"}};
-    for (const auto& [tecla, donde] : teclas)
-    {
-        Entrada::tecla(tecla);
-        EXPECT_EQ(pagina(), QString::fromLatin1(donde)) << tecla;
+        *gesto == 'c' ? pulsar(gesto) : Entrada::jugar(gesto);
+        EXPECT_EQ(pagina(), QString("Página ") + donde) << gesto;
     }
     QStringList ayudas;
     Navegacion::instancia().fijarAyuda([&](const QString& ayuda) { ayudas << ayuda; });
-    Entrada::tecla(Qt::Key_F1);
+    Entrada::jugar("F1");
     Navegacion::instancia().fijarAyuda({});
-    EXPECT_EQ(ayudas, QStringList{QStringLiteral("Informe")});
+    EXPECT_EQ(ayudas.join(u','), "Informe");
     {
-        const TrabajoLargo trabajo(QStringLiteral("Imprimiendo"));
-        EXPECT_FALSE(vista->close());
+        const TrabajoLargo trabajo("Imprimiendo");
+        EXPECT_FALSE(vista.close());
     }
-    Entrada::tecla(Qt::Key_Escape);
-    EXPECT_FALSE(vista->isVisible());
+    Entrada::jugar("Esc");
+    EXPECT_FALSE(vista.isVisible());
 }
 
 TEST_F(VistaPrevia, GuardaUnPdfODicePorQueNo)
 {
-    cajas.archivo(QString());
-    pulsar("cmdPdf");
-    EXPECT_EQ(archivos(), QStringList()) << "cancelled";
-    cajas.archivo(informe.ruta("no/esta/salida.pdf")).esperaQueDiga(Caja::Simple, QStringLiteral("salida.pdf - (76)"));
-    pulsar("cmdPdf");
-    EXPECT_EQ(archivos(), QStringList()) << "no part of it stays";
-    cajas.archivo(informe.ruta("salida.pdf"));
-    pulsar("cmdPdf");
-    EXPECT_EQ(archivos(), QStringList{QStringLiteral("salida.pdf")});
+    EXPECT_EQ(guardando({}), "prueba.rpt") << "cancelled";
+    cajas.esperaQueDiga(Caja::Simple, "salida.pdf - (76)");
+    EXPECT_EQ(guardando(informe.ruta("no/esta/salida.pdf")), "prueba.rpt") << "no part of it stays";
+    EXPECT_EQ(guardando(informe.ruta("salida.pdf")), "prueba.rpt salida.pdf");
     EXPECT_EQ(hojas::textos(informe.ruta("salida.pdf")).size(), 4);
 
     const QString otro = informe.ruta("otro.pdf");
     escribirArchivo(otro, "de otro");
-    cajas.archivo(otro).esperaPregunta(QStringLiteral("El archivo 'otro.pdf' ya existe. ¿Desea reemplazarlo?"), false);
-    pulsar("cmdPdf");
+    cajas.esperaPregunta("El archivo 'otro.pdf' ya existe. ¿Desea reemplazarlo?", false);
+    guardando(otro);
     EXPECT_EQ(leerArchivo(otro), "de otro");
-    const QString propio = DirectorioPrograma() + QStringLiteral("/RptNuevo.rpt");
-    cajas.archivo(propio).esperaQueDiga(Caja::Exclamacion, QStringLiteral("es un archivo del programa"));
-    pulsar("cmdPdf");
-    EXPECT_FALSE(QFile::exists(propio));
+    cajas.esperaQueDiga(Caja::Exclamacion, "es un archivo del programa");
+    guardando(DirectorioPrograma() + "/RptNuevo.rpt");
+    EXPECT_FALSE(QFile::exists(DirectorioPrograma() + "/RptNuevo.rpt"));
 }
 
 TEST_F(VistaPrevia, ImprimeLasHojasPedidas)
 {
-    QPrinter& impresora = impresoraActual();
-    impresora.setOutputFormat(QPrinter::PdfFormat);
-    impresora.setOutputFileName(informe.ruta("impreso.pdf"));
-    reemplazarPedirImpresion(
-        [](int todas, PedidoDeImpresion& pedido)
+    impresoraActual().setOutputFormat(QPrinter::PdfFormat);
+    for (const bool acepta : {true, false})
+    {
+        const QString impreso = informe.ruta(acepta ? "impreso.pdf" : "cancelado.pdf");
+        impresoraActual().setOutputFileName(impreso);
+        const auto pedir = [acepta](int todas, PedidoDeImpresion& pedido)
         {
             pedido = {2, 3};
-            return todas == 4;
-        });
-    pulsar("cmdImprimir");
-    EXPECT_EQ(hojas::textos(informe.ruta("impreso.pdf")),
-              QStringList({QStringLiteral("hoja2"), QStringLiteral("hoja3")}));
-    reemplazarPedirImpresion([](int, PedidoDeImpresion&) { return false; });
-    ASSERT_TRUE(QFile::remove(informe.ruta("impreso.pdf")));
-    pulsar("cmdImprimir");
-    EXPECT_EQ(archivos(), QStringList()) << "cancelled";
+            return acepta && todas == 4;
+        };
+        reemplazarPedirImpresion(pedir);
+        pulsar("cmdImprimir");
+        EXPECT_EQ(acepta, QFile::exists(impreso));
+        EXPECT_TRUE(!acepta || hojas::textos(impreso) == QStringList({"hoja2", "hoja3"}));
+    }
 }
 
 TEST_F(VistaPrevia, OtroPapelSeVeYUnoDemasiadoChicoSeRechaza)
 {
-    QSizeF papel(150, 150);
-    reemplazarPedirPagina(
-        [&](QPageLayout& pagina)
+    cajas.espera(Caja::Simple, "El informe no entra en una página tan chica.");
+    for (const int lado : {150, 20})
+    {
+        const auto pedir = [lado](QPageLayout& pagina)
         {
-            pagina = QPageLayout(QPageSize(papel, QPageSize::Millimeter), QPageLayout::Portrait, {});
+            pagina = {QPageSize(QSizeF(lado, lado), QPageSize::Millimeter), QPageLayout::Portrait, {}};
             return true;
-        });
-    pulsar("cmdPagina");
-    EXPECT_EQ(pagina(), QStringLiteral("1 de 8"));
-    papel = QSizeF(20, 20);
-    cajas.espera(Caja::Simple, QStringLiteral("El informe no entra en una página tan chica."));
-    pulsar("cmdPagina");
-    EXPECT_EQ(pagina(), QStringLiteral("1 de 8"));
+        };
+        reemplazarPedirPagina(pedir);
+        pulsar("cmdPagina");
+        EXPECT_EQ(pagina(), "Página 1 de 8");
+    }
 }
