@@ -21,7 +21,7 @@ std::string archivosDe(const QString& carpeta)
     {
         nombres += QDir(carpeta).relativeFilePath(archivos.next());
     }
-    nombres = nombres.filter(QRegularExpression(QStringLiteral("(?<!\\.ldb)$")));
+    nombres = nombres.filter(QRegularExpression("(?<!\\.ldb)$"));
     nombres.sort();
     return nombres.join(u' ').toStdString();
 }

@@ -11,43 +11,30 @@
 
 namespace
 {
-/// The program's variables; iniciales() has them as they are at its start.
-auto publicas()
+template <class... Variables>
+void comoAlInicio(std::tuple<Variables&...> variables)
+{
+    variables = std::tuple<Variables...>();
+}
+
+/// The program's variables, as they are at its start.
+void reponer()
 {
     using namespace Rutinas;
-    return std::tie(Rutinas::Conexion, RutaApp, CuitActual, EmpresaActual, PeriodoActual, SecuenciaActual, CuilElegido,
-                    SucursalElegida, ModoAbrir, TextoDevuelto, FormatoImportar, CantidadEmpleados, CantidadAfiliados,
-                    BoletaEmitida);
-}
-template <class... Variables>
-std::tuple<Variables...> iniciales(const std::tuple<Variables&...>&)
-{
-    return std::tuple<Variables...>();
+    comoAlInicio(std::tie(Rutinas::Conexion, RutaApp, CuitActual, EmpresaActual, PeriodoActual, SecuenciaActual,
+                          CuilElegido, SucursalElegida, ModoAbrir, TextoDevuelto, FormatoImportar, CantidadEmpleados,
+                          CantidadAfiliados, BoletaEmitida));
 }
 } // namespace
 
-struct BaseDePrueba::Publicas
-{
-    decltype(iniciales(publicas())) valores = iniciales(publicas());
-
-    /// Changes the program's variables for these.
-    void intercambiar()
-    {
-        std::apply([this](auto&... unas)
-                   { std::apply([&](auto&... otras) { (std::swap(unas, otras), ...); }, valores); },
-                   publicas());
-    }
-};
-
 BaseDePrueba::BaseDePrueba()
-    : m_anteriores(std::make_unique<Publicas>())
 {
     if (!QFile::copy(rutas::baseSembrada(), rutaBase()))
     {
         throw std::runtime_error("no seed database at " + rutas::baseSembrada().toStdString());
     }
     QFile::setPermissions(rutaBase(), QFile::ReadOwner | QFile::WriteOwner);
-    m_anteriores->intercambiar();
+    reponer();
     reemplazarDirectorioPrograma(m_carpeta.path());
     Rutinas::RutaApp = DirectorioPrograma() + QDir::separator();
     Rutinas::Conexion.abrir(rutaBase());
@@ -56,9 +43,14 @@ BaseDePrueba::BaseDePrueba()
 
 BaseDePrueba::~BaseDePrueba()
 {
-    Rutinas::Conexion.cerrar();
-    m_anteriores->intercambiar();
+    reponer();
     reemplazarDirectorioPrograma({});
+}
+
+void BaseDePrueba::arrancar()
+{
+    Rutinas::CerrarBase();
+    Rutinas::Main([] {});
 }
 
 QString BaseDePrueba::ruta(const QString& nombre) const

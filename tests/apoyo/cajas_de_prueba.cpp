@@ -10,23 +10,12 @@ std::string nombrada(Caja clase, const QString& texto)
     return std::string(nombres[static_cast<std::size_t>(clase)]) + " \"" + texto.toStdString() + '"';
 }
 
-QString sacar(std::deque<QString>& cola, const QString& titulo)
-{
-    if (cola.empty())
-    {
-        ADD_FAILURE() << "dialog that nobody expected: \"" << titulo.toStdString() << '"';
-        return {};
-    }
-    const QString respuesta = cola.front();
-    cola.pop_front();
-    return respuesta;
-}
 } // namespace
 
 CajasDePrueba::CajasDePrueba()
 {
     reemplazarCajas([this](const DatosDeCaja& datos) { return atender(datos); });
-    reemplazarDialogoArchivo([this](const PedidoDeArchivo& pedido) { return sacar(m_archivos, pedido.titulo); });
+    reemplazarDialogoArchivo([this](const PedidoDeArchivo& pedido) { return atenderDialogo(pedido); });
 }
 
 CajasDePrueba::~CajasDePrueba()
@@ -38,29 +27,6 @@ CajasDePrueba::~CajasDePrueba()
         ADD_FAILURE() << "box that never came: " << nombrada(esperada.clase, esperada.texto);
     }
     EXPECT_EQ(m_archivos.size(), 0U) << "answers to dialogs are left over";
-}
-
-CajasDePrueba& CajasDePrueba::espera(Caja clase, const QString& texto, bool respuesta)
-{
-    m_esperadas.push_back({clase, texto, true, respuesta});
-    return *this;
-}
-
-CajasDePrueba& CajasDePrueba::esperaQueDiga(Caja clase, const QString& parte, bool respuesta)
-{
-    m_esperadas.push_back({clase, parte, false, respuesta});
-    return *this;
-}
-
-CajasDePrueba& CajasDePrueba::archivo(const QString& ruta)
-{
-    m_archivos.push_back(ruta);
-    return *this;
-}
-
-std::size_t CajasDePrueba::pendientes() const
-{
-    return m_esperadas.size() + m_archivos.size();
 }
 
 bool CajasDePrueba::atender(const DatosDeCaja& datos)
@@ -77,9 +43,18 @@ bool CajasDePrueba::atender(const DatosDeCaja& datos)
     EXPECT_TRUE(datos.clase == esperada.clase && mismoTexto)
         << "another box than expected: " << nombrada(datos.clase, datos.texto) << " instead of "
         << nombrada(esperada.clase, esperada.texto);
-    if (m_alVer)
-    {
-        m_alVer(datos);
-    }
+    m_alVer(datos);
     return datos.clase != Caja::Pregunta || esperada.respuesta;
+}
+
+QString CajasDePrueba::atenderDialogo(const PedidoDeArchivo& pedido)
+{
+    if (m_archivos.empty())
+    {
+        ADD_FAILURE() << "dialog that nobody expected: " << qPrintable(pedido.titulo);
+        return {};
+    }
+    const QString respuesta = m_archivos.front();
+    m_archivos.pop_front();
+    return respuesta;
 }

@@ -19,22 +19,34 @@ public:
     CajasDePrueba& operator=(const CajasDePrueba&) = delete;
 
     /// A box of this kind with exactly this text. `respuesta` counts for questions.
-    CajasDePrueba& espera(Caja clase, const QString& texto, bool respuesta = true);
+    CajasDePrueba& espera(Caja clase, const QString& texto, bool respuesta = true)
+    {
+        m_esperadas.push_back({clase, texto, true, respuesta});
+        return *this;
+    }
     /// A box whose text contains `parte`.
-    CajasDePrueba& esperaQueDiga(Caja clase, const QString& parte, bool respuesta = true);
+    CajasDePrueba& esperaQueDiga(Caja clase, const QString& parte, bool respuesta = true)
+    {
+        m_esperadas.push_back({clase, parte, false, respuesta});
+        return *this;
+    }
     CajasDePrueba& esperaPregunta(const QString& texto, bool respuesta)
     {
         return espera(Caja::Pregunta, texto, respuesta);
     }
     /// The answer of the next file dialog; an empty text cancels it. A dialog with no answer queued fails the test.
-    CajasDePrueba& archivo(const QString& ruta);
+    CajasDePrueba& archivo(const QString& ruta)
+    {
+        m_archivos.push_back(ruta);
+        return *this;
+    }
     /// Run with each expected box, before it is answered.
     void alVer(std::function<void(const DatosDeCaja&)> haz) { m_alVer = std::move(haz); }
 
     /// All boxes so far, the unexpected ones included.
     [[nodiscard]] const std::vector<DatosDeCaja>& vistas() const { return m_vistas; }
     /// Boxes and dialogs expected that have not come yet.
-    [[nodiscard]] std::size_t pendientes() const;
+    [[nodiscard]] std::size_t pendientes() const { return m_esperadas.size() + m_archivos.size(); }
 
 private:
     struct Esperada
@@ -45,9 +57,10 @@ private:
         bool respuesta;
     };
     bool atender(const DatosDeCaja& datos);
+    QString atenderDialogo(const PedidoDeArchivo& pedido);
 
     std::deque<Esperada> m_esperadas;
     std::deque<QString> m_archivos;
     std::vector<DatosDeCaja> m_vistas;
-    std::function<void(const DatosDeCaja&)> m_alVer;
+    std::function<void(const DatosDeCaja&)> m_alVer = [](const DatosDeCaja&) {};
 };

@@ -1,24 +1,18 @@
 #pragma once
 
-#include "base/db/conexion.h"
+#include "base/db/insertar.h"
 #include "base/error_de_ejecucion.h"
 #include "core/rutinas.h"
 
 #include <functional>
 #include <string>
 
-/// One value of a row; what is put into a CURRENCY column as a text is an amount as typed: "1000" or "12,50".
-struct ValorDeFila
-{
-    const char* columna;
-    Valor valor;
-};
-
-/// Adds a row to `tabla` and gives its automatic number. The columns that are not named get what the table of default
-/// rows has for them (datos.cpp): the company of the tests, its month, a complete employee, whose Sueldo is Imponible
-/// plus Acuerdo unless told.
-qint64 poner(Conexion& conexion, const char* tabla, const std::vector<ValorDeFila>& valores = {});
-inline qint64 poner(const char* tabla, const std::vector<ValorDeFila>& valores = {})
+/// Adds a row to `tabla` and gives its automatic number. What is put into a CURRENCY column as a text is an amount as
+/// typed: "1000" or "12,50". The columns that are not named get what the table of default rows has for them
+/// (datos.cpp): the company of the tests, its month, a complete employee, whose Sueldo is Imponible plus Acuerdo unless
+/// told.
+qint64 poner(Conexion& conexion, const char* tabla, const ValoresDeColumnas& valores = {});
+inline qint64 poner(const char* tabla, const ValoresDeColumnas& valores = {})
 {
     return poner(Rutinas::Conexion, tabla, valores);
 }

@@ -38,9 +38,8 @@ void Entrada::pulsarDosVeces(QWidget& destino, QPoint lugar)
 
 void Entrada::tecla(Qt::Key tecla, Qt::KeyboardModifiers modificadores)
 {
-    QWindow* ventana = QGuiApplication::focusWindow();
-    ASSERT_NE(ventana, nullptr) << "no window has the focus";
-    QTest::keyClick(ventana, tecla, modificadores);
+    ASSERT_NE(QGuiApplication::focusWindow(), nullptr) << "no window has the focus";
+    QTest::keyClick(QGuiApplication::focusWindow(), tecla, modificadores);
     asentar();
 }
 
@@ -48,9 +47,8 @@ void Entrada::escribir(const QString& texto)
 {
     for (const QChar letra : texto)
     {
-        QWindow* ventana = QGuiApplication::focusWindow();
-        ASSERT_NE(ventana, nullptr) << "no window has the focus";
-        QTest::keyClick(ventana, letra.toLatin1());
+        ASSERT_NE(QGuiApplication::focusWindow(), nullptr) << "no window has the focus";
+        QTest::keyClick(QGuiApplication::focusWindow(), letra.toLatin1());
     }
     asentar();
 }
@@ -59,14 +57,8 @@ void Entrada::jugar(const QString& gestos)
 {
     for (const QString& gesto : gestos.split(u' ', Qt::SkipEmptyParts))
     {
-        if (gesto.startsWith(u'\''))
-        {
-            escribir(gesto.mid(1));
-            continue;
-        }
-        const QKeySequence secuencia = QKeySequence::fromString(gesto);
-        ASSERT_EQ(secuencia.count(), 1) << qPrintable(gesto);
-        tecla(secuencia[0].key(), secuencia[0].keyboardModifiers());
+        const QKeyCombination una = QKeySequence::fromString(gesto)[0];
+        gesto.startsWith(u'\'') ? escribir(gesto.mid(1)) : tecla(una.key(), una.keyboardModifiers());
     }
 }
 
@@ -79,19 +71,19 @@ void Entrada::asentar()
 
 void Entrada::conLaCaja(std::function<void(QMessageBox&)> haz)
 {
-    QTimer::singleShot(0, qApp,
-                       [haz = std::move(haz)]
-                       {
-                           auto* caja = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-                           if (caja == nullptr || !caja->isVisible() || !caja->isActiveWindow())
-                           {
-                               if (caja != nullptr)
-                               {
-                                   caja->activateWindow();
-                               }
-                               conLaCaja(haz);
-                               return;
-                           }
-                           haz(*caja);
-                       });
+    const auto mirar = [haz = std::move(haz)]
+    {
+        auto* caja = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (caja != nullptr && caja->isVisible() && caja->isActiveWindow())
+        {
+            haz(*caja);
+            return;
+        }
+        if (caja != nullptr)
+        {
+            caja->activateWindow();
+        }
+        conLaCaja(haz);
+    };
+    QTimer::singleShot(0, qApp, mirar);
 }

@@ -18,7 +18,7 @@ Hijo::Hijo(const QString& prueba, const QString& ruta)
     m_proceso.setProcessEnvironment(entorno);
     m_proceso.setProcessChannelMode(QProcess::MergedChannels);
     m_proceso.start(QCoreApplication::applicationFilePath(),
-                    {QStringLiteral("--gtest_also_run_disabled_tests"), QStringLiteral("--gtest_filter=") + prueba});
+                    {"--gtest_also_run_disabled_tests", "--gtest_filter=" + prueba});
     QByteArray todo;
     while (m_dicho.isEmpty() && (m_proceso.canReadLine() || m_proceso.waitForReadyRead(-1)))
     {

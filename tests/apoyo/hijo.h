@@ -33,7 +33,7 @@ namespace hijo
 /// In the child: the path that the parent gave.
 [[nodiscard]] QString ruta();
 /// In the child: tells the parent and goes on.
-void listo(const QString& dicho = QStringLiteral("listo"));
+void listo(const QString& dicho = "listo");
 /// In the child: tells the parent and waits for its seguir().
-void listoYEsperar(const QString& dicho = QStringLiteral("listo"));
+void listoYEsperar(const QString& dicho = "listo");
 } // namespace hijo

@@ -19,15 +19,14 @@ QString hojas::correr(const QString& programa, const QStringList& argumentos)
 
 QStringList hojas::textos(const QString& pdf)
 {
-    QStringList paginas = correr(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")})
-                              .split(QLatin1Char('\f'), Qt::SkipEmptyParts);
+    QStringList paginas = correr("pdftotext", {"-layout", pdf, "-"}).split(QLatin1Char('\f'), Qt::SkipEmptyParts);
     std::transform(paginas.begin(), paginas.end(), paginas.begin(), [](const QString& p) { return p.simplified(); });
     return paginas;
 }
 
 std::vector<hojas::Palabra> hojas::palabras(const QString& pdf)
 {
-    QString todo = correr(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf, QStringLiteral("-")});
+    QString todo = correr("pdftotext", {"-bbox", pdf, "-"});
     std::vector<Palabra> lista;
     int hoja = -1;
     for (QXmlStreamReader xml(todo.mid(todo.indexOf(QLatin1String("<doc>")))); !xml.atEnd();)

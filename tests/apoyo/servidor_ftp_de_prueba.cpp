@@ -9,8 +9,7 @@
 ServidorFtpDePrueba::ServidorFtpDePrueba(const QString& como)
 {
     m_proceso.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_proceso.start(rutas::programaPython(),
-                    {rutas::enFuentes(QStringLiteral("tests/guiones/con_ftp.py")), como, m_carpeta.path()});
+    m_proceso.start(rutas::programaPython(), {rutas::enFuentes("tests/guiones/con_ftp.py"), como, m_carpeta.path()});
     while (!m_proceso.canReadLine() && m_proceso.waitForReadyRead(-1))
     {
     }

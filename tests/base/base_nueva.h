@@ -14,7 +14,7 @@ protected:
         Conexion::crear(base);
         conexion.abrir(base);
     }
-    [[nodiscard]] QString en(const char* nombre) const { return carpeta.filePath(QString::fromUtf8(nombre)); }
+    [[nodiscard]] QString en(const char* nombre) const { return carpeta.filePath(nombre); }
 
     QTemporaryDir carpeta;
     const QString base = en("Bäse ñ.mdb");

@@ -34,7 +34,7 @@ protected:
     [[nodiscard]] std::string archivos() const { return archivosDe(carpeta.path()); }
     [[nodiscard]] std::string compactando() const
     {
-        return fallaDe([&] { Conexion::compactar(base, QStringLiteral("Temporal.mdb")); }).toStdString();
+        return fallaDe([&] { Conexion::compactar(base, "Temporal.mdb"); }).toStdString();
     }
 };
 } // namespace
@@ -85,7 +85,7 @@ TEST_F(ArchivoDeBase, UnaEnModoWalVuelveASerUnSoloArchivo)
 
 TEST_F(ArchivoDeBase, CompactarRehaceONoCambiaNada)
 {
-    EXPECT_ANY_THROW(Conexion::compactar(base, QStringLiteral("Temporal.mdb"), [](qint64, qint64) { throw 0; }));
+    EXPECT_ANY_THROW(Conexion::compactar(base, "Temporal.mdb", [](qint64, qint64) { throw 0; }));
     conexion.abrir(base);
     conexion.ejecutar("DELETE FROM t WHERE rowid % 10 <> 0");
     EXPECT_TRUE(compactando().starts_with("70 "));

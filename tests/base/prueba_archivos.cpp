@@ -17,7 +17,7 @@ class ArchivosEnteros : public testing::Test
 protected:
     ArchivosEnteros()
     {
-        QDir(carpeta.path()).mkpath(QStringLiteral("carpeta/adentro"));
+        QDir(carpeta.path()).mkpath("carpeta/adentro");
         escribirArchivo(en("uno"), "primero");
         escribirArchivo(en("dos"), "segundo, más largo");
         escribirArchivo(en("grande"), QByteArray(3'000'001, 'x').replace(1'500'000, 1, QByteArray(1, '\0')));
@@ -31,7 +31,7 @@ protected:
     }
     [[nodiscard]] QString en(const char* nombre) const
     {
-        return carpeta.filePath(QString::fromUtf8(nombre));
+        return carpeta.filePath(nombre);
     }
     /// What it throws, with paths from the folder on.
     template <class A>
@@ -79,7 +79,7 @@ TEST_F(ArchivosEnteros, UnaCopiaQueFallaNombraLoQueNombroElUsuarioYNoCambiaNada)
         EXPECT_EQ("61 El disco está lleno: nuevo", copiando("grande", "nuevo"));
     }
     // There is nothing at the bottom of a process's memory: the file opens, and reading it fails.
-    EXPECT_EQ(57, numeroDe([&] { Archivos::copiar(QStringLiteral("/proc/self/mem"), en("dos")); }));
+    EXPECT_EQ(57, numeroDe([&] { Archivos::copiar("/proc/self/mem", en("dos")); }));
 #endif
     EXPECT_EQ(antes, archivosDe(carpeta.path()));
     EXPECT_EQ("primero|segundo, más largo|se lee",
@@ -103,7 +103,7 @@ TEST_F(ArchivosEnteros, UnaCopiaEsEnteraTanAbiertaComoLaViejaYDejaLosEnlaces)
     EXPECT_EQ(leerArchivo(en("dos")), leerArchivo(en("uno")));
     EXPECT_EQ(leerArchivo(en("dos")), leerArchivo(en("carpeta/lejos")));
 #endif
-    QDir(carpeta.path()).mkpath(QStringLiteral("solo.parte"));
+    QDir(carpeta.path()).mkpath("solo.parte");
     QFile::setPermissions(en("solo"), todos);
     EXPECT_TRUE(copiando("uno", "solo").ends_with(": solo")); // a folder of that name is not removed
     EXPECT_TRUE(QDir(en("solo.parte")).exists());

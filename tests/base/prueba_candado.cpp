@@ -36,7 +36,7 @@ TEST(HijoDeCandado, DISABLED_Excluye)
 
 TEST_F(DosProcesos, UnExclusivoNoVaConNinguno)
 {
-    Hijo otro(QStringLiteral("HijoDeCandado.DISABLED_Excluye"), candado);
+    Hijo otro("HijoDeCandado.DISABLED_Excluye", candado);
     EXPECT_EQ("70 70", tomando(candado));
     EXPECT_EQ(70, numeroDe([&] { conexion.abrir(base); }));
     EXPECT_FALSE(conexion.abierta());
@@ -49,8 +49,7 @@ TEST_F(DosProcesos, UnExclusivoNoVaConNinguno)
 TEST_F(DosProcesos, VariasConexionesDeUnProcesoSonUnSoloCandado)
 {
     /// What another process can have of the lock.
-    const auto otroProceso = [&]
-    { return Hijo(QStringLiteral("HijoDeCandado.DISABLED_Prueba"), candado).dicho().toStdString(); };
+    const auto otroProceso = [&] { return Hijo("HijoDeCandado.DISABLED_Prueba", candado).dicho().toStdString(); };
     conexion.abrir(base);
     {
         Conexion otra;

@@ -11,16 +11,15 @@ protected:
         conexion.ejecutar("CREATE TABLE t (id INTEGER PRIMARY KEY AUTOINCREMENT, n TEXT, e INTEGER, f DATE, h TIME, "
                           "m CURRENCY, s YESNO)");
     }
-    [[nodiscard]] qint64 cuantas() { return cuantos(conexion, "t"); }
 };
 } // namespace
 
 TEST_F(ConexionAbierta, CadaClaseDeValorVaYVuelve)
 {
     const std::optional<int> ninguno;
-    EXPECT_EQ(1, conexion.ejecutar("INSERT INTO t (n, e, f, h, m, s) VALUES (?, ?, ?, ?, ?, ?)",
-                                   QStringLiteral("O'Higgins Ñandú €"), qint64{1} << 40, QDate(2009, 5, 1),
-                                   QTime(23, 5, 9), Moneda::deTexto(QStringLiteral("-1,2345")), true));
+    EXPECT_EQ(1,
+              conexion.ejecutar("INSERT INTO t (n, e, f, h, m, s) VALUES (?, ?, ?, ?, ?, ?)", "O'Higgins Ñandú €",
+                                qint64{1} << 40, QDate(2009, 5, 1), QTime(23, 5, 9), Moneda::deTexto("-1,2345"), true));
     conexion.ejecutar("INSERT INTO t (n, e, f, h, m, s) VALUES (?, ?, ?, ?, ?, ?)", nullptr, ninguno, QDate(), QTime(),
                       nullptr, nullptr);
     conexion.ejecutar("INSERT INTO t (n, e, s) VALUES (?, ?, ?)", QString(), quint8{7}, std::optional<bool>(false));
@@ -31,58 +30,46 @@ TEST_F(ConexionAbierta, CadaClaseDeValorVaYVuelve)
     const auto leer = [](const Fila& fila)
     {
         const auto numero = [](auto valor) { return numeroDe(valor) == 0 ? QString::number(valor()) : fallaDe(valor); };
-        return (QStringList{QString::fromUtf8(fila.utf8("N")), fila.texto("n"),
-                            numero([&] { return fila.entero("E"); }),
-                            QString::number(fila.enteroONulo("e").value_or(-1)), fila.fecha("F").toString(Qt::ISODate),
-                            fila.hora("h").toString(), numero([&] { return fila.moneda("m").diezMilesimos(); }),
-                            QString::number(fila.si("s")), QString::number(fila.esNulo("n"))})
-            .join(u'|')
-            .toStdString();
+        const QStringList valores{QString::fromUtf8(fila.utf8("N")),
+                                  fila.texto("n"),
+                                  numero([&] { return fila.entero("E"); }),
+                                  QString::number(fila.enteroONulo("e").value_or(-1)),
+                                  fila.fecha("F").toString(Qt::ISODate),
+                                  fila.hora("h").toString(),
+                                  numero([&] { return fila.moneda("m").diezMilesimos(); }),
+                                  QString::number(fila.si("s")),
+                                  QString::number(fila.esNulo("n"))};
+        return valores.join(u'|').toStdString();
     };
     EXPECT_EQ((std::vector<std::string>{
                   "O'Higgins Ñandú €|O'Higgins Ñandú €|1099511627776|1099511627776|2009-05-01|23:05:09|-12345|1|0",
                   "||94 Uso no válido de Null: E|-1|||94 Uso no válido de Null: m|0|1",
                   "||7|7|||94 Uso no válido de Null: m|0|0"}),
               conexion.lista("SELECT * FROM t", leer));
-    EXPECT_EQ(3265,
-              numeroDe([&] { conexion.recorrer("SELECT * FROM t", [](const Fila& f) { (void)f.texto("otra"); }); }));
+    const Recordset todas = conexion.consultar("SELECT * FROM t");
+    conexion.cerrar();
+    EXPECT_EQ(3, todas.cantidad());
+    EXPECT_EQ(3021, numeroDe([&] { return todas[3]; }));
+    EXPECT_EQ(3265, numeroDe([&] { return todas[0].texto("otra"); }));
 }
 
 TEST_F(ConexionAbierta, ValoresQueNoSonLoQueSePide)
 {
-    // A value as SQL, and whether it is an integer, a date, a time.
-    const std::tuple<const char*, bool, bool, bool> casos[] = {
-        {"'12x'", false, false, false},        {"'12'", true, false, false},
-        {"''", false, false, false},           {"1.5", false, false, false},
-        {"'01/05/2009'", false, false, false}, {"'2009-02-30'", false, false, false},
-        {"'2009-02-28'", false, true, false},  {"'7:5'", false, false, false},
-        {"'24:00:00'", false, false, false},   {"'23:59:59'", false, false, true}};
-    for (const auto& [valor, entero, fecha, hora] : casos)
+    // The errors that reading a value as an integer, a date and a time gives.
+    const auto errores = [this](const std::string& valor)
     {
-        SCOPED_TRACE(valor);
-        const Recordset filas = conexion.consultar(std::string("SELECT 5 AS n, ") + valor + " AS v");
-        EXPECT_EQ(entero ? 0 : 13, numeroDe([&] { return filas[0].entero("v"); }));
-        EXPECT_EQ(fecha ? 0 : 13, numeroDe([&] { return filas[0].fecha("v"); }));
-        EXPECT_EQ(hora ? 0 : 13, numeroDe([&] { return filas[0].hora("v"); }));
+        const Recordset filas = conexion.consultar("SELECT 5 AS n, " + valor + " AS v");
         EXPECT_EQ(13, numeroDe([&] { return filas[0].utf8("n"); }));
+        return std::tuple(numeroDe([&] { return filas[0].entero("v"); }), numeroDe([&] { return filas[0].fecha("v"); }),
+                          numeroDe([&] { return filas[0].hora("v"); }));
+    };
+    for (const char* nada : {"'12x'", "''", "1.5", "'01/05/2009'", "'2009-02-30'", "'7:5'", "'24:00:00'"})
+    {
+        EXPECT_EQ(std::tuple(13, 13, 13), errores(nada)) << nada;
     }
-}
-
-TEST_F(ConexionAbierta, UnaFilaYTodas)
-{
-    conexion.ejecutar("INSERT INTO t (e) VALUES (1), (2), (3)");
-    const auto leer = [](const Fila& fila) { return fila.entero("e"); };
-    EXPECT_EQ((std::vector<qint64>{3, 2}), conexion.lista("SELECT e FROM t WHERE e > ? ORDER BY e DESC", leer, 1));
-    EXPECT_EQ(2, conexion.una("SELECT e FROM t WHERE e > ? ORDER BY e", leer, 1));
-    EXPECT_EQ(std::nullopt, conexion.una("SELECT e FROM t WHERE e > ?", leer, 3));
-    const Recordset copia = conexion.consultar("SELECT * FROM t ORDER BY id");
-    conexion.ejecutar("ALTER TABLE t ADD COLUMN nueva INTEGER DEFAULT 4"); // no row is still being read
-    EXPECT_EQ("3|Null|3|Null|Null|Null|Null|4", filas(conexion, "SELECT * FROM t WHERE e > ?", 2));
-    conexion.ejecutar("DELETE FROM t");
-    conexion.cerrar();
-    EXPECT_EQ(3, copia.cantidad()) << "does not see later changes";
-    EXPECT_EQ(3, copia[2].entero("E"));
-    EXPECT_EQ(3021, numeroDe([&] { return copia[3]; }));
+    EXPECT_EQ(std::tuple(0, 13, 13), errores("'12'"));
+    EXPECT_EQ(std::tuple(13, 0, 13), errores("'2009-02-28'"));
+    EXPECT_EQ(std::tuple(13, 13, 0), errores("'23:59:59'"));
 }
 
 TEST_F(ConexionAbierta, SiempreSeReponeLaSentencia)
@@ -98,7 +85,6 @@ TEST_F(ConexionAbierta, SiempreSeReponeLaSentencia)
     EXPECT_TRUE(conexion.recorrer(sql, [](const Fila&) { return false; }));
     otra.ejecutar("INSERT INTO t (e) VALUES (5)");
     EXPECT_TRUE(conexion.hay("SELECT e FROM t WHERE e > ?", 1));
-    EXPECT_FALSE(conexion.hay("SELECT e FROM t WHERE e > ?", 5));
     otra.ejecutar("DELETE FROM t");
     EXPECT_FALSE(conexion.recorrer(sql, [](const Fila&) { FAIL(); }));
 }
@@ -124,36 +110,34 @@ TEST_F(ConexionAbierta, UnaSentenciaSirveDespuesDeUnError)
 
 TEST_F(ConexionAbierta, Transacciones)
 {
-    // What is done within, the error that it throws and the rows that are there afterwards.
-    const std::tuple<std::function<void(Transaccion&)>, int, qint64> casos[] = {
-        {[](Transaccion&) {}, 0, 0},
-        {[&](Transaccion&) { const Transaccion anidada(conexion); }, 1, 0},
-        {[&](Transaccion& una)
-         {
-             EXPECT_EQ(1, numeroDe([&] { const Transaccion anidada(conexion); }));
-             una.confirmar();
-         },
-         0, 1},
-        {[](Transaccion& una) { una.confirmar(), una.confirmar(); }, 1, 1},
-        {[](Transaccion& una) { una.deshacer(), una.deshacer(); }, 0, 0},
-        {[&](Transaccion& una)
-         { conexion.recorrer("SELECT 1 AS n UNION SELECT 2", [&](const Fila&) { return una.deshacer(), false; }); },
-         0, 0},
-        {[&](Transaccion&) { conexion.cerrar(); }, 0, 0},
-    };
-    for (const auto& [haz, numero, quedan] : casos)
+    // The rows that are there after a transaction in which this was done.
+    const auto quedan = [this](const std::function<void(Transaccion&)>& haz)
     {
         conexion.ejecutar("DELETE FROM t");
         {
             Transaccion una(conexion);
             conexion.ejecutar("INSERT INTO t (n) VALUES ('una')");
             EXPECT_TRUE(conexion.enTransaccion());
-            EXPECT_EQ(numero, numeroDe([&] { haz(una); }));
+            haz(una);
         }
         EXPECT_FALSE(conexion.abierta() && conexion.enTransaccion());
         conexion.abrir(base);
-        EXPECT_EQ(quedan, cuantas());
-    }
+        return cuantos(conexion, "t");
+    };
+    const auto confirmarDosVeces = [](Transaccion& una)
+    {
+        una.confirmar();
+        EXPECT_EQ(1, numeroDe([&] { una.confirmar(); }));
+    };
+    const auto anidar = [this] { const Transaccion otra(conexion); };
+    const auto dejarlaEnMedio = [this](Transaccion& una)
+    { conexion.recorrer("SELECT 1 AS n UNION SELECT 2", [&](const Fila&) { return una.deshacer(), false; }); };
+    EXPECT_EQ(0, quedan([](Transaccion&) {}));
+    EXPECT_EQ(1, quedan([&](Transaccion& una) { numeroDe(anidar) == 1 ? una.confirmar() : una.deshacer(); }));
+    EXPECT_EQ(1, quedan([&](Transaccion& una) { confirmarDosVeces(una); }));
+    EXPECT_EQ(0, quedan([](Transaccion& una) { (una.deshacer(), una.deshacer()); }));
+    EXPECT_EQ(0, quedan(dejarlaEnMedio));
+    EXPECT_EQ(0, quedan([this](Transaccion&) { conexion.cerrar(); }));
 }
 
 TEST_F(ConexionAbierta, UnaCerradaFallaCon91)
@@ -161,8 +145,6 @@ TEST_F(ConexionAbierta, UnaCerradaFallaCon91)
     Sentencia vieja = conexion.preparar("SELECT id FROM t");
     conexion.ejecutar("INSERT INTO t (n) VALUES ('a'), ('b')");
     EXPECT_EQ(91, numeroDe([&] { conexion.recorrer("SELECT id FROM t", [&](const Fila&) { conexion.cerrar(); }); }));
-    EXPECT_FALSE(conexion.abierta());
-    EXPECT_EQ(QString(), conexion.ruta());
     EXPECT_EQ(91, numeroDe([&] { return conexion.ejecutar("DELETE FROM t"); }));
     EXPECT_EQ(91, numeroDe([&] { return conexion.ultimoNumero(); }));
     EXPECT_EQ(91, numeroDe([&] { const Transaccion transaccion(conexion); }));

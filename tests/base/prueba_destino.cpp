@@ -24,7 +24,7 @@ TEST(PuedeEscribirse, LosArchivosDelProgramaSeReconocenPorLoQueSon)
         raiz.mkpath(QFileInfo(QString::fromLatin1(ruta)).path());
         escribirArchivo(raiz.filePath(QString::fromLatin1(ruta)), "x");
     }
-    QFile::setPermissions(raiz.filePath(QStringLiteral("U/solo.txt")), QFile::ReadOwner | QFile::ReadGroup);
+    QFile::setPermissions(raiz.filePath("U/solo.txt"), QFile::ReadOwner | QFile::ReadGroup);
     const std::filesystem::path aqui(carpeta.path().toStdString());
     std::filesystem::create_symlink(aqui / "S/datos.mdb", aqui / "P/DBBrivo.mdb");
     std::filesystem::create_symlink(aqui / "P/RptDDJJ.rpt", aqui / "U/enlace.pdf");
@@ -32,12 +32,12 @@ TEST(PuedeEscribirse, LosArchivosDelProgramaSeReconocenPorLoQueSon)
     std::filesystem::create_symlink(aqui / "P", aqui / "U/programa");
     std::filesystem::create_hard_link(aqui / "P/DBBrivo_Bak.mdb", aqui / "U/duro.txt");
     std::filesystem::create_hard_link(aqui / "P/ayuda/fotos/uno.png", aqui / "U/foto.txt");
-    reemplazarDirectorioPrograma(raiz.filePath(QStringLiteral("P")));
+    reemplazarDirectorioPrograma(raiz.filePath("P"));
     const QString antes = QDir::currentPath();
-    QDir::setCurrent(raiz.filePath(QStringLiteral("P")));
+    QDir::setCurrent(raiz.filePath("P"));
 
-    const QString propio = QStringLiteral("es un archivo del programa");
-    const QString protegido = QStringLiteral("está protegido contra escritura");
+    const QString propio = "es un archivo del programa";
+    const QString protegido = "está protegido contra escritura";
     // Why it may not be written; "" it may, "?" another file would be replaced.
     const std::pair<QString, QString> casos[] = {
         {"P/DBBrivo.mdb", propio},
@@ -66,22 +66,22 @@ TEST(PuedeEscribirse, LosArchivosDelProgramaSeReconocenPorLoQueSon)
         {"U/DBBrivo.mdb", ""},
         {"U/hay.txt", "?"},
         {"U/solo.txt", protegido},
-        {"U", QStringLiteral("es una carpeta")},
+        {"U", "es una carpeta"},
         {"U/nuevo.txt", ""},
-        {"/dev/null", QStringLiteral("no es un archivo")},
+        {"/dev/null", "no es un archivo"},
         {QCoreApplication::applicationFilePath(), propio},
     };
     for (const auto& [nombre, porque] : casos)
     {
         const QString ruta = raiz.filePath(nombre);
         const Destino destino = puedeEscribirse(ruta);
-        const QString rechazo = QStringLiteral("'%1' %2. Elija otro nombre u otra carpeta.");
+        const QString rechazo = "'%1' %2. Elija otro nombre u otra carpeta.";
         const bool puede = porque.isEmpty() || porque == u'?';
         EXPECT_EQ(puede ? "" : rechazo.arg(QFileInfo(ruta).fileName(), porque).toStdString(),
                   destino.rechazo.toStdString());
         EXPECT_TRUE(!puede || destino.existe == !porque.isEmpty()) << ruta.toStdString();
     }
-    EXPECT_FALSE(puedeEscribirse(QStringLiteral("DBBrivo.mdb")).rechazo.isEmpty()) << "in the current folder";
+    EXPECT_FALSE(puedeEscribirse("DBBrivo.mdb").rechazo.isEmpty()) << "in the current folder";
     QDir::setCurrent(antes);
     reemplazarDirectorioPrograma({});
 }

@@ -45,19 +45,12 @@ TEST(Indices, ElContadorSoloCreceYLiberarBorraLoPreparado)
     EXPECT_EQ(Rutinas::ObtenerIndice(), segundo + 1);
 }
 
-/// A start of the program on the test's directory.
-void iniciar()
-{
-    Rutinas::CerrarBase();
-    Rutinas::Main([] {});
-}
-
 TEST(Inicio, UnaColumnaQueYaExisteCortaElPasoYLaVersionQueda)
 {
     const BaseDePrueba base;
     Rutinas::Conexion.ejecutar("UPDATE Parametros SET Version = '1.1'");
     poner("DDJJ_Empleados", {{"Acuerdo2", "7"}});
-    iniciar();
+    BaseDePrueba::arrancar();
     EXPECT_EQ(filas("SELECT Version, Acuerdo2 FROM Parametros, DDJJ_Empleados"), "1.2|70000") << "the sum stays";
 }
 
@@ -66,35 +59,10 @@ TEST(Inicio, SinParametrosCorrenLosTresPasosYNoPoderMostrarseSeSabe)
     const BaseDePrueba base;
     poner("DDJJ_Empleados", {{"Acuerdo", nullptr}, {"Acuerdo2", nullptr}});
     Rutinas::Conexion.ejecutar("DROP TABLE Parametros");
-    iniciar();
+    BaseDePrueba::arrancar();
     EXPECT_EQ(filas("SELECT Acuerdo, Acuerdo2 FROM DDJJ_Empleados"), "0|0");
     EXPECT_TRUE(QDir(base.ruta("Copias")).exists());
     EXPECT_EQ(numeroDe([] { Rutinas::Main([] { throw ErrorDeEjecucion(3021, {}); }); }), 3021);
 }
 
-TEST(CompactarBase, AchicaYQuitaElTemporalPeroUnaDaniadaNoSeToca)
-{
-    const BaseDePrueba base;
-    poner("Empresas");
-    Rutinas::Conexion.ejecutar("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000) "
-                               "INSERT INTO RptEmpleados (Indice, AyN) SELECT i, 'relleno' FROM n");
-    Rutinas::Conexion.ejecutar("DELETE FROM RptEmpleados");
-    Rutinas::CerrarBase();
-    const QString archivo = "DBBrivo.mdb";
-    const QString temporal = base.escribir("DBBrivoTemporal.mdb", "left over from a run that was cut");
-    const QByteArray antes = base.leer(archivo);
-    Rutinas::CompactarBase();
-    const QByteArray despues = base.leer(archivo);
-    EXPECT_LT(despues.size(), antes.size() / 2);
-    EXPECT_FALSE(QFile::exists(temporal));
-
-    const QByteArray daniada = QByteArray(despues).replace(despues.size() / 2, 8192, QByteArray(8192, '\x55'));
-    base.escribir(archivo, daniada);
-    EXPECT_NE(numeroDe([] { Rutinas::CompactarBase(); }), 0);
-    EXPECT_EQ(base.leer(archivo), daniada);
-    EXPECT_FALSE(QFile::exists(temporal));
-    base.escribir(archivo, despues);
-    Rutinas::AbrirBase();
-    EXPECT_EQ(filas("SELECT Razon FROM Empresas"), "Panadería Ñandú");
-}
 } // namespace

@@ -54,12 +54,6 @@ int borrar(sqlite3_vfs*, const char* nombre, int asegurar)
     return codigo;
 }
 
-void arrancar()
-{
-    Rutinas::CerrarBase();
-    Rutinas::Main([] {});
-}
-
 /// A start on which the files are kept before each write, and around each deletion.
 void arrancarGuardando()
 {
@@ -70,7 +64,7 @@ void arrancarGuardando()
     propio.xOpen = abrir;
     propio.xDelete = borrar;
     sqlite3_vfs_register(&propio, 1);
-    arrancar();
+    BaseDePrueba::arrancar();
     Rutinas::CerrarBase();
     sqlite3_vfs_unregister(&propio);
     sqlite3_vfs_register(real, 1);
@@ -104,7 +98,7 @@ TEST(Subida, UnaMuerteEnCualquierMomentoNoDetieneLosArranquesQueSiguen)
             base->escribir("DBBrivo.mdb-journal", diario);
             for (int vez = 1; vez <= 4; ++vez)
             {
-                arrancar();
+                BaseDePrueba::arrancar();
             }
             ASSERT_EQ(filas("SELECT Version, D.Acuerdo AS A, D.Acuerdo2 AS B FROM Parametros, DDJJ_Empleados D, "
                             "RptEmpleados R WHERE R.Acuerdo + R.Acuerdo2 = 0"),
