@@ -23,11 +23,11 @@ falla() {
 }
 
 pantalla() {
-  rm -f "$salidas/pantalla"
-  Xvfb -displayfd 7 -noreset -screen 0 1280x1000x24 7>"$salidas/pantalla" >/dev/null 2>&1 &
+  rm -f "$salidas/pantalla.$$"
+  Xvfb -displayfd 7 -noreset -screen 0 1280x1000x24 7>"$salidas/pantalla.$$" >/dev/null 2>&1 &
   trap 'kill %Xvfb; wineserver -k' EXIT
-  while [ ! -s "$salidas/pantalla" ]; do sleep 0.1; done
-  DISPLAY=:$(cat "$salidas/pantalla")
+  while [ ! -s "$salidas/pantalla.$$" ]; do sleep 0.1; done
+  DISPLAY=:$(cat "$salidas/pantalla.$$")
   export DISPLAY
   wineserver -p # one for all programs: each start would take a second
   local nombre
