@@ -42,7 +42,7 @@ template <class... A>
     return cuantos(Rutinas::Conexion, desde, valores...);
 }
 
-/// What `accion` throws as "number description", empty when it throws nothing.
+/// What `accion` throws as "number description", its paths with "/" on every system, empty when it throws nothing.
 template <class Accion>
 [[nodiscard]] QString fallaDe(Accion accion)
 {
@@ -53,7 +53,7 @@ template <class Accion>
     }
     catch (const ErrorDeEjecucion& error)
     {
-        return QString::number(error.numero()) + u' ' + error.descripcion();
+        return QString::number(error.numero()) + u' ' + QDir::fromNativeSeparators(error.descripcion());
     }
 }
 /// Its number alone, 0 when it throws none.

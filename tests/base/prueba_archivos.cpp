@@ -93,11 +93,11 @@ TEST_F(ArchivosEnteros, UnaCopiaEsEnteraTanAbiertaComoLaViejaYDejaLosEnlaces)
     escribirArchivo(en("dos.parte"), "de una copia que murió");
     escribirArchivo(en("dos.parte-journal"), "y lo que había al lado");
     EXPECT_EQ("", copiando("grande", "dos") + copiando("grande", "copia ñ"));
-    EXPECT_EQ(todos, QFile::permissions(en("dos")) & ~(QFile::ReadUser | QFile::WriteUser));
     EXPECT_EQ(leerArchivo(en("grande")), leerArchivo(en("dos")));
     EXPECT_EQ(leerArchivo(en("grande")), leerArchivo(en("copia ñ")));
     EXPECT_FALSE(QFile::exists(en("dos.parte")) || QFile::exists(en("dos.parte-journal")));
 #ifndef _WIN32
+    EXPECT_EQ(todos, QFile::permissions(en("dos")) & ~(QFile::ReadUser | QFile::WriteUser));
     EXPECT_EQ("", copiando("dos", "blando") + copiando("dos", "colgado"));
     EXPECT_TRUE(QFileInfo(en("blando")).isSymbolicLink() && QFileInfo(en("colgado")).isSymbolicLink());
     EXPECT_EQ(leerArchivo(en("dos")), leerArchivo(en("uno")));

@@ -43,7 +43,7 @@ struct Respaldo : testing::Test
     template <class A>
     [[nodiscard]] std::string falla(A accion) const
     {
-        return fallaDe(accion).remove(base.ruta({}) + u'/').toStdString();
+        return fallaDe(accion).remove(QDir::fromNativeSeparators(base.ruta({})) + u'/').toStdString();
     }
     [[nodiscard]] std::string restaurando() const
     {
