@@ -21,7 +21,9 @@ struct PantallaConEmpresa : Pantalla
     [[nodiscard]] bool descargar() override { return dejaCerrar; }
     [[nodiscard]] QString empresaEnCurso() const override { return empresa; }
     QString empresa;
+    [[nodiscard]] bool dejaLoTipeado() override { return !tipeado; }
     bool dejaCerrar = true;
+    bool tipeado = false;
 };
 
 /// A database, the main window on it, and an end of the process that only counts.
@@ -53,7 +55,9 @@ struct MenuTest : testing::Test
 
 TEST_F(MenuTest, UnNoAlCerrarOAlTerminarLaSesionConservaTodasLasVentanas)
 {
-    abrir("Una");
+    PantallaConEmpresa& una = abrir("Una");
+    una.tipeado = true; // asked where its own window is closed
+    EXPECT_FALSE(una.close());
     PantallaConEmpresa& terca = abrir("Otra");
     terca.dejaCerrar = false;
     EXPECT_FALSE(menu.close());

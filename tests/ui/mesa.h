@@ -3,6 +3,7 @@
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
 #include "ui/fields/campo_mascara.h"
+#include "ui/shell/campos.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/pantalla.h"
 
@@ -49,6 +50,8 @@ public:
         ++descargas;
         return dejaCerrar;
     }
+    /// The child window around it.
+    [[nodiscard]] QMdiSubWindow& hija() { return *campos::antepasado<QMdiSubWindow>(this); }
     using Pantalla::alDejar;
     using Pantalla::conectar;
 

@@ -63,7 +63,7 @@ TEST_F(Activacion, CerrarTodasEsTodasONinguna)
     a.dejaCerrar = true;
     {
         const TrabajoLargo trabajo("Importando");
-        EXPECT_FALSE(mesa.navegacion.cerrarTodas() || a.parentWidget()->close() || mesa.ventana.close());
+        EXPECT_FALSE(mesa.navegacion.cerrarTodas() || a.hija().close() || mesa.ventana.close());
         EXPECT_EQ(a.descargas, 1);
     }
     EXPECT_TRUE(mesa.navegacion.cerrarTodas());
@@ -83,14 +83,44 @@ TEST(Navegacion, UnaDeCadaSeCargaOcultaYSeVeConElFocoQuePidioDentroDelArea)
         orden << (pantalla.isVisible() ? "a la vista" : "carga");
         pantalla.alActivar = [&] { orden << (pantalla.isVisible() ? "activa" : ""); };
     };
-    const PantallaDePrueba* una = &mesa.abrir("Una");
+    PantallaDePrueba* una = &mesa.abrir("Una");
     EXPECT_EQ(orden.join(u' '), "carga activa");
     EXPECT_TRUE(una->fecha->hasFocus());
-    una->parentWidget()->showMinimized();
+    una->hija().showMinimized();
     EXPECT_EQ(&mesa.abrir("Una"), una);
-    EXPECT_FALSE(una->parentWidget()->isMinimized());
+    EXPECT_FALSE(una->hija().isMinimized());
     EXPECT_EQ(mesa.area->subWindowList().size(), 1);
-    EXPECT_TRUE(mesa.area->rect().contains(mesa.abrir("Otra").parentWidget()->geometry()));
+    EXPECT_TRUE(mesa.area->rect().contains(mesa.abrir("Otra").hija().geometry()));
+    // The area shrinks under a child and grows again; one pushed out comes in with the focus.
+    const QSize antes = una->hija().size();
+    mesa.ventana.resize(400, 300);
+    mesa.abrir("Una").paginas->setFocus();
+    EXPECT_TRUE(mesa.area->rect().contains(una->hija().geometry()));
+    EXPECT_FALSE(una->paginas->tabBar()->visibleRegion().isEmpty());
+    mesa.ventana.resize(1000, 700);
+    asentar();
+    EXPECT_EQ(una->hija().size(), antes);
+    una->hija().move(900, 0);
+    una->a->setFocus();
+    EXPECT_TRUE(mesa.area->rect().contains(una->hija().geometry()));
+}
+
+TEST(Navegacion, LaQueVuelveTieneElFocoDondeEstaba)
+{
+    for (const bool maximizada : {false, true})
+    {
+        Mesa mesa;
+        P a = mesa.abrir("Una");
+        maximizada ? a.hija().showMaximized() : a.hija().show();
+        pulsar(*a.fecha);
+        P b = mesa.abrir("Otra");
+        mesa.navegacion.mostrar("Una");
+        EXPECT_TRUE(a.fecha->hasFocus()) << maximizada;
+        mesa.navegacion.mostrar("Otra");
+        b.cerrar();
+        asentar();
+        EXPECT_TRUE(a.fecha->hasFocus()) << maximizada;
+    }
 }
 
 TEST(Navegacion, LaQueSeCierraOFallaAlCargarNoAparece)
@@ -120,17 +150,17 @@ TEST(Navegacion, CerrarPreguntaUnaVezPorCualquierCaminoYElTituloYLaAyudaSonLosDe
     jugar("F1");
     P hija = mesa.abrir("Una");
     hija.setWindowTitle("Pantalla Una / INGRESO");
-    EXPECT_EQ(hija.parentWidget()->windowTitle(), "Pantalla Una / INGRESO");
+    EXPECT_EQ(hija.hija().windowTitle(), "Pantalla Una / INGRESO");
     hija.a->setText("mal");
     jugar("F1"); // no field is left by asking for help
     EXPECT_EQ(hija.chequeos, 0);
     hija.dejaCerrar = false;
     hija.cerrar();
-    EXPECT_FALSE(hija.parentWidget()->close());
+    EXPECT_FALSE(hija.hija().close());
     EXPECT_EQ(hija.descargas, 2);
     EXPECT_TRUE(hija.isVisible());
     hija.dejaCerrar = true;
-    EXPECT_TRUE(hija.parentWidget()->close());
+    EXPECT_TRUE(hija.hija().close());
     EXPECT_EQ(hija.descargas, 3);
     const auto dentro = [&](P modal)
     {

@@ -17,7 +17,8 @@ struct DosHijas
         escribir(escrito);
         una.chequeos = otra.chequeos = 0; // what opening the second child asked the first one
     }
-    /// The words of jugar(), and clicks: "@b" on this control and those below; "@rueda" turns the wheel over the list.
+    /// The words of jugar(), and clicks: "@b" on this control and those below; "@rueda" turns the wheel over list and
+    /// pages.
     void hacer(const QString& gestos)
     {
         QTabBar* paginas = una.paginas->tabBar();
@@ -33,7 +34,7 @@ struct DosHijas
             {"@pagina1", [&] { pulsar(*paginas, paginas->tabRect(1).center()); }},
             {"@fila1", [&] { pulsar(*una.grilla->viewport(), una.grilla->visualRect(fila1).center()); }},
             {"@menu", [&] { pulsar(*menu, menu->actionGeometry(mesa.menu->menuAction()).center()); }},
-            {"@rueda", [&] { girar(*una.lista); }},
+            {"@rueda", [&] { (girar(*una.lista), girar(*paginas)); }},
         };
         for (const QString& gesto : gestos.split(u' ', Qt::SkipEmptyParts))
         {
@@ -73,6 +74,7 @@ private:
         const QPoint lugar = destino.mapTo(destino.window(), destino.rect().center());
         QWheelEvent rueda(lugar, destino.window()->mapToGlobal(lugar), {}, QPoint(0, -120), Qt::NoButton, {},
                           Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&rueda); // only what comes from outside moves the focus
         QCoreApplication::sendEvent(destino.window()->windowHandle(), &rueda);
         asentar();
     }
@@ -97,7 +99,6 @@ TEST(Validacion, CadaFormaDeDejarUnCampoLoChequeaUnaVez)
         {"Alt+G", "a acciones 1"},
         {"Alt+B", "b"},
         {"Ctrl+M", "a ordenes 1"},
-        {"@rueda", "a opcion 1"},
     };
     for (const auto& [gesto, llega] : gestos)
     {
@@ -150,6 +151,13 @@ TEST(Validacion, LoQueNoDejaElCampoNoLoChequea)
         {"@menu M", {}, true},
         {"Alt+P M", {}, true},
         {"Esc", {}, true},
+        {"rueda",
+         [](D d)
+         {
+             d.hacer("@rueda");
+             EXPECT_EQ(d.estado(), "a");
+         },
+         true},
         {"Alt", [](D) { (tecla(Qt::Key_Alt), tecla(Qt::Key_Alt)); }, true},
         {"cierre del marco", [&](D d) { marco(d)->close(); }, false},
         {"cierre de la maximizada", cerrarMaximizada, false},

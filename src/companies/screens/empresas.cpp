@@ -156,9 +156,15 @@ void Empresas::cmdSalir_Click()
     cerrar();
 }
 
+bool Empresas::dejaLoTipeado()
+{
+    return !ui->CmdCancela->isEnabledTo(this) ||
+           Preguntar(QStringLiteral("Esta seguro de desea Cancelar los Datos ingresados?"));
+}
+
 void Empresas::CmdCancela_Click()
 {
-    if (!Preguntar(QStringLiteral("Esta seguro de desea Cancelar los Datos ingresados?")))
+    if (!dejaLoTipeado())
     {
         return;
     }

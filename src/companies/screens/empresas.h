@@ -20,6 +20,7 @@ public:
     ~Empresas() override;
 
     void cargar() override;
+    [[nodiscard]] bool dejaLoTipeado() override;
     [[nodiscard]] QString empresaEnCurso() const override;
 
 private:

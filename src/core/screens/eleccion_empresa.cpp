@@ -94,8 +94,11 @@ bool EleccionEmpresa::MaskCuit_Validate()
 
 void EleccionEmpresa::cmbEmpresa_Click()
 {
-    if (!hayEmpresa())
+    if (!hayEmpresa()) // letters that found nothing brought the empty choice back
     {
+        m_maskCuit->limpiar();
+        m_enganches.alLimpiar();
+        m_enganches.alElegir();
         return;
     }
     const auto cuit = cuitDeRazon(Rutinas::Conexion, razon());

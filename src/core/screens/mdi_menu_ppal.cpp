@@ -3,10 +3,12 @@
 #include "base/error_de_ejecucion.h"
 #include "core/rutinas.h"
 #include "core/screens/base_cerrada.h"
+#include "ui/doors/anuncio.h"
 #include "ui/doors/dialogos.h"
 #include "ui/doors/mensajes.h"
 #include "ui/look/estilo.h"
 #include "ui/look/visor_ayuda.h"
+#include "ui/shell/contenedores.h"
 #include "ui/shell/error_fatal.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/pantalla.h"
@@ -16,6 +18,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QSessionManager>
 
 namespace
@@ -51,10 +54,17 @@ MDIMenuPpal::MDIMenuPpal(QWidget* padre)
         Qt::DirectConnection);
     conectarMenu();
     armarBarraDeEstado();
+    const QSize libre = screen()->availableGeometry().size() - marcoDelSistema;
+    if (size() != size().boundedTo(libre))
+    {
+        resize(size().boundedTo(libre)); // what it goes back to
+        setWindowState(Qt::WindowMaximized);
+    }
 }
 
 MDIMenuPpal::~MDIMenuPpal()
 {
+    reemplazarAnuncios({});
     Navegacion::instancia().fijarAyuda({});
     Navegacion::instancia().fijarVentana(nullptr, nullptr);
 }
@@ -89,9 +99,14 @@ void MDIMenuPpal::armarBarraDeEstado()
     m_empresa->setObjectName(QStringLiteral("lblEmpresaEnCurso"));
     m_empresa->setTextFormat(Qt::PlainText);
     m_empresa->setAccessibleName(QStringLiteral("Empresa en curso"));
-    statusBar()->addPermanentWidget(m_empresa);
-    statusBar()->addPermanentWidget(m_rutaBase);
+    for (QLabel* parte : {m_empresa, m_rutaBase})
+    {
+        parte->setMinimumWidth(1); // a long one is no reason for a window wider than the screen
+        statusBar()->addPermanentWidget(parte);
+    }
     connect(&Navegacion::instancia(), &Navegacion::cambioDePantalla, this, &MDIMenuPpal::mostrarEmpresaEnCurso);
+    constexpr int aLaVista = 8000; // ms
+    reemplazarAnuncios([this](const QString& texto) { statusBar()->showMessage(texto, aLaVista); });
 }
 
 void MDIMenuPpal::mostrarEmpresaEnCurso()

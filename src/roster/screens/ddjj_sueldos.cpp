@@ -188,10 +188,16 @@ void DDJJ_Sueldos::cmdCancelar_Click()
     }
 }
 
+bool DDJJ_Sueldos::dejaLoTipeado()
+{
+    return ui->vsSueldos->confirmarEdicion() &&
+           (!ui->vsSueldos->cambiada() ||
+            Preguntar(QStringLiteral("Esta seguro de desea SALIR sin Actualizar las Modificaciones Efectuadas?")));
+}
+
 void DDJJ_Sueldos::cmdSalir_Click()
 {
-    if (!ui->vsSueldos->cambiada() ||
-        Preguntar(QStringLiteral("Esta seguro de desea SALIR sin Actualizar las Modificaciones Efectuadas?")))
+    if (dejaLoTipeado())
     {
         cerrar();
     }

@@ -22,6 +22,7 @@ public:
     ~DDJJ_Sueldos() override;
 
     void cargar() override;
+    [[nodiscard]] bool dejaLoTipeado() override;
 
 protected:
     /// Escape gives up a cell and no more: a second one must not close the screen over what was typed.

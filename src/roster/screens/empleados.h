@@ -27,6 +27,7 @@ public:
 
     void cargar() override;
     void activar() override;
+    [[nodiscard]] bool dejaLoTipeado() override;
     [[nodiscard]] QString empresaEnCurso() const override;
 
 protected:

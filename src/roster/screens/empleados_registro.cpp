@@ -219,9 +219,14 @@ void Empleados::aceptar()
     }
 }
 
+bool Empleados::dejaLoTipeado()
+{
+    return !enEdicion() || Preguntar(QStringLiteral("Esta seguro de desea Cancelar los Datos Ingresados?"));
+}
+
 void Empleados::cancelar()
 {
-    if (Preguntar(QStringLiteral("Esta seguro de desea Cancelar los Datos Ingresados?")))
+    if (dejaLoTipeado())
     {
         LimpiarEmpleado();
         HabilitarEdicion(false);

@@ -4,7 +4,7 @@
 #include "ui/shell/contenedores.h"
 #include "ui/shell/trabajo_largo.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QMdiArea>
@@ -83,7 +83,21 @@ void Navegacion::fijarVentana(QMainWindow* ventana, QMdiArea* area)
     if (area != nullptr)
     {
         m_interno->conexiones = std::make_unique<QObject>();
+        area->setActivationOrder(
+            QMdiArea::ActivationHistoryOrder); // closing one brings back the one worked on before it
         connect(area, &QMdiArea::subWindowActivated, m_interno->conexiones.get(), [this] { pedirRevision(); });
+        connect(qApp, &QApplication::focusChanged, m_interno->conexiones.get(),
+                [this](QWidget*, QWidget* nuevo) { alTomarFoco(nuevo); });
+        // Once the toolkit is through with changing windows.
+        const auto recordar = [this]
+        {
+            if (!m_interno->ultima.isNull() && m_interno->area->currentSubWindow() == m_interno->ultima)
+            {
+                m_interno->ultima->recordarFoco();
+            }
+        };
+        connect(qApp, &QApplication::focusChanged, m_interno->conexiones.get(), recordar, Qt::QueuedConnection);
+        area->installEventFilter(this);
     }
 }
 
@@ -286,6 +300,28 @@ bool Navegacion::cerrarTodas()
     return true;
 }
 
+/// A child of which a part was moved out of the area comes in with the focus, and a control that is clicked is the one
+/// worked on before its child is the active one.
+void Navegacion::alTomarFoco(QWidget* control)
+{
+    const QWidget* vista = m_interno->area->viewport();
+    for (VentanaHija* hija : m_interno->abiertas())
+    {
+        if (control == nullptr || control == hija || !hija->isAncestorOf(control))
+        {
+            continue;
+        }
+        if (QGuiApplication::mouseButtons() != Qt::NoButton)
+        {
+            hija->recordarFoco();
+        }
+        else if (!vista->rect().contains(QRect(control->mapTo(vista, QPoint()), control->size())))
+        {
+            hija->acomodar(vista->size());
+        }
+    }
+}
+
 void Navegacion::pedirRevision()
 {
     QMetaObject::invokeMethod(this, &Navegacion::revisarActiva, Qt::QueuedConnection);
@@ -318,6 +354,10 @@ void Navegacion::revisarActiva()
     }
     hija->setActiva(true);
     m_interno->ultima = hija;
+    {
+        const Validacion::Pausa pausa;
+        hija->devolverFoco();
+    }
     Q_EMIT cambioDePantalla();
     protegido([pantalla = hija->pantalla()] { pantalla->activar(); });
 }
@@ -348,6 +388,17 @@ QMainWindow* Navegacion::ventana() const
 
 bool Navegacion::eventFilter(QObject* objeto, QEvent* evento)
 {
+    if (objeto == m_interno->area && evento->type() == QEvent::Resize)
+    {
+        const auto acomodar = [this]
+        {
+            for (VentanaHija* hija : m_interno->abiertas())
+            {
+                hija->acomodar(m_interno->area->viewport()->size());
+            }
+        };
+        QMetaObject::invokeMethod(m_interno->conexiones.get(), acomodar, Qt::QueuedConnection);
+    }
     if (objeto != m_interno->ventana)
     {
         return false;

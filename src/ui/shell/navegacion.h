@@ -63,6 +63,7 @@ private:
     /// Runs activar() on the child that has become the active one.
     void revisarActiva();
     void pedirRevision();
+    void alTomarFoco(QWidget* control);
 
     std::unique_ptr<Interno> m_interno;
 };

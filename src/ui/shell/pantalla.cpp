@@ -1,5 +1,7 @@
 #include "ui/shell/pantalla.h"
 
+#include "ui/fields/reglas_de_campos.h"
+
 #include <QCloseEvent>
 #include <QScopedValueRollback>
 
@@ -8,9 +10,10 @@ Pantalla::Pantalla(const QString& nombre, QWidget* padre)
 {
     setObjectName(nombre);
     Validacion::instancia();
+    ReglasDeCampos::aplicar();
 }
 
-bool Pantalla::puedeCerrarse()
+bool Pantalla::puedeCerrarse(Cierre cierre)
 {
     if (m_cerrada || m_preguntando)
     {
@@ -18,19 +21,19 @@ bool Pantalla::puedeCerrarse()
     }
     bool puede = false;
     const QScopedValueRollback preguntando(m_preguntando, true);
-    protegido([&] { puede = descargar(); });
+    protegido([&] { puede = (cierre == Cierre::DeLaPantalla || dejaLoTipeado()) && descargar(); });
     return puede;
 }
 
-bool Pantalla::pedirCierre()
+bool Pantalla::pedirCierre(Cierre cierre)
 {
-    m_cerrada = puedeCerrarse();
+    m_cerrada = puedeCerrarse(cierre);
     return m_cerrada;
 }
 
 void Pantalla::cerrar()
 {
-    if (!m_cerrada && pedirCierre())
+    if (!m_cerrada && pedirCierre(Cierre::DeLaPantalla))
     {
         Q_EMIT pideCerrar();
     }
@@ -38,5 +41,5 @@ void Pantalla::cerrar()
 
 void Pantalla::closeEvent(QCloseEvent* evento)
 {
-    evento->setAccepted(pedirCierre());
+    evento->setAccepted(pedirCierre(Cierre::DeLaVentana));
 }

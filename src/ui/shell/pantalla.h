@@ -22,6 +22,9 @@ public:
     virtual void activar() {}
     /// Form_Unload: false keeps the screen open. Asked by cerrar(), the close command and the main window's closing.
     [[nodiscard]] virtual bool descargar() { return true; }
+    /// The user closes this window alone, by its cross or a key: false keeps it, with what was typed. Asked before
+    /// descargar(), which is all that the closing of the whole program asks.
+    [[nodiscard]] virtual bool dejaLoTipeado() { return true; }
     /// Unloads the screen: asks descargar() and closes its window.
     void cerrar();
     [[nodiscard]] bool cerrada() const { return m_cerrada; }
@@ -86,10 +89,15 @@ protected:
 private:
     friend class Navegacion;
     friend class VentanaModal;
-    /// Asks descargar() unless the screen is unloaded.
-    [[nodiscard]] bool puedeCerrarse();
+    enum class Cierre
+    {
+        DeLaPantalla, ///< by the screen itself or with the program
+        DeLaVentana,  ///< by the frame of its window
+    };
+    /// Asks what that closing asks unless the screen is unloaded.
+    [[nodiscard]] bool puedeCerrarse(Cierre cierre = Cierre::DeLaPantalla);
     /// The same, and a screen that can be closed is unloaded from then on.
-    bool pedirCierre();
+    bool pedirCierre(Cierre cierre);
     template <class R, class C, class... P>
     C* propio(R (C::*)(P...))
     {

@@ -16,7 +16,6 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QStyleHints>
-#include <QWheelEvent>
 #include <algorithm>
 
 namespace
@@ -148,8 +147,6 @@ bool Validacion::eventFilter(QObject* objeto, QEvent* evento)
         return objeto->isWindowType() && alPulsar(objeto, static_cast<QMouseEvent*>(evento));
     case QEvent::MouseButtonRelease:
         return objeto->isWindowType() && alSoltar(objeto);
-    case QEvent::Wheel:
-        return objeto->isWindowType() && alGirar(objeto, static_cast<QWheelEvent*>(evento));
     case QEvent::KeyPress:
         return evento != m_tabPropio && alTeclear(objeto, static_cast<QKeyEvent*>(evento));
     case QEvent::Shortcut:
@@ -245,21 +242,6 @@ bool Validacion::alSoltar(QObject* ventana)
     // A release without its press still counts as a click for a grid whose row was clicked before. The mark stays for
     // the second press of a double click.
     return m_tragadoEn == ventana;
-}
-
-bool Validacion::alGirar(QObject* ventana, const QWheelEvent* evento)
-{
-    QWidget* superior = QApplication::activePopupWidget() == nullptr ? campos::superficie(ventana) : nullptr;
-    QWidget* campo = superior != nullptr ? campos::campoEn(superior) : nullptr;
-    QWidget* destino = superior != nullptr ? superior->childAt(evento->position().toPoint()) : nullptr;
-    for (; campo != nullptr && destino != nullptr && destino != campo; destino = destino->parentWidget())
-    {
-        if (destino->isEnabled() && (destino->focusPolicy() & Qt::WheelFocus) == Qt::WheelFocus)
-        {
-            return dejar(campo, Gesto::Otro) != Salida::Libre;
-        }
-    }
-    return false;
 }
 
 bool Validacion::alTeclear(QObject* objeto, QKeyEvent* evento)

@@ -9,7 +9,6 @@
 
 class QKeyEvent;
 class QMouseEvent;
-class QWheelEvent;
 
 /// Leaving checks of all fields and the rule that Enter acts as Tab: one filter over the whole application.
 /// A field whose check refuses keeps the focus with its text selected, and the click or key that would have left it is
@@ -74,7 +73,6 @@ private:
     bool dejarPospuesto(QWidget* destino, QPoint lugar);
     bool alPulsar(QObject* ventana, QMouseEvent* evento);
     bool alSoltar(QObject* ventana);
-    bool alGirar(QObject* ventana, const QWheelEvent* evento);
     bool alTeclear(QObject* objeto, QKeyEvent* evento);
     bool alEntrar(QWidget* campo, bool repetida);
     bool alAtajo(QObject* destino);

@@ -1,0 +1,132 @@
+#include "ui/fields/reglas_de_campos.h"
+
+#include "ui/doors/anuncio.h"
+#include "ui/fields/busqueda_por_letras.h"
+
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTabBar>
+
+namespace
+{
+/// The list whose entries a key chooses: it has the focus, or is open and its view has it.
+QComboBox* listaDe(QObject* objeto)
+{
+    auto* lista = qobject_cast<QComboBox*>(objeto);
+    const auto* vista = lista == nullptr ? qobject_cast<QAbstractItemView*>(objeto) : nullptr;
+    if (vista != nullptr && vista->parentWidget() != nullptr)
+    {
+        lista = qobject_cast<QComboBox*>(vista->parentWidget()->parentWidget());
+    }
+    return lista != nullptr && !lista->isEditable() ? lista : nullptr;
+}
+
+void elegirEn(QComboBox* lista, int entrada)
+{
+    if (entrada == lista->currentIndex())
+    {
+        return;
+    }
+    lista->setCurrentIndex(entrada);
+    const QPointer<QComboBox> viva = lista;
+    Q_EMIT lista->activated(entrada); // as a choice by the arrows does
+    if (viva)
+    {
+        Q_EMIT viva->textActivated(viva->currentText());
+    }
+}
+} // namespace
+
+ReglasDeCampos::ReglasDeCampos(QObject* padre)
+    : QObject(padre)
+{
+}
+
+void ReglasDeCampos::aplicar()
+{
+    static QPointer<ReglasDeCampos> unica;
+    if (unica.isNull())
+    {
+        unica = new ReglasDeCampos(qApp);
+        qApp->installEventFilter(unica);
+    }
+}
+
+bool ReglasDeCampos::eventFilter(QObject* objeto, QEvent* evento)
+{
+    switch (evento->type())
+    {
+    case QEvent::Polish:
+        alVestir(objeto);
+        return false;
+    case QEvent::Wheel:
+        if (qobject_cast<QComboBox*>(objeto) != nullptr || qobject_cast<QAbstractSpinBox*>(objeto) != nullptr ||
+            qobject_cast<QTabBar*>(objeto) != nullptr)
+        {
+            evento->ignore(); // what scrolls around it takes it
+            return true;
+        }
+        return false;
+    case QEvent::KeyPress:
+        return alTeclear(objeto, *static_cast<QKeyEvent*>(evento));
+    case QEvent::FocusIn:
+        BusquedaPorLetras::terminar();
+        return false;
+    default:
+        return false;
+    }
+}
+
+void ReglasDeCampos::alVestir(QObject* objeto)
+{
+    if (auto* control = qobject_cast<QWidget*>(objeto); control != nullptr && control->focusPolicy() == Qt::WheelFocus)
+    {
+        control->setFocusPolicy(Qt::StrongFocus);
+    }
+    if (auto* linea = qobject_cast<QLineEdit*>(objeto))
+    {
+        connect(linea, &QLineEdit::inputRejected, this, &ReglasDeCampos::alRechazarTexto, Qt::UniqueConnection);
+    }
+}
+
+void ReglasDeCampos::alRechazarTexto()
+{
+    const auto* linea = qobject_cast<QLineEdit*>(sender());
+    if (linea != nullptr && linea->inputMask().isEmpty() && linea->text().size() >= linea->maxLength())
+    {
+        anunciar(QStringLiteral("No entra más texto: %1/%1").arg(linea->maxLength()));
+    }
+}
+
+bool ReglasDeCampos::alTeclear(QObject* objeto, const QKeyEvent& evento)
+{
+    const auto mandos = evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool letra = mandos == Qt::NoModifier && !evento.text().isEmpty() && evento.text().at(0).isPrint();
+    QComboBox* lista = letra ? listaDe(objeto) : nullptr;
+    if (!letra)
+    {
+        BusquedaPorLetras::terminar();
+    }
+    if (lista == nullptr || (evento.key() == Qt::Key_Space && !BusquedaPorLetras::enCurso(lista)))
+    {
+        return false;
+    }
+    const bool abierta = objeto != lista;
+    const int actual = abierta ? lista->view()->currentIndex().row() : lista->currentIndex();
+    const int entrada = BusquedaPorLetras::seguir(lista, evento.text(), actual, lista->count(),
+                                                  [lista](int i) { return lista->itemText(i); });
+    if (!abierta)
+    {
+        elegirEn(lista, entrada);
+    }
+    else
+    {
+        lista->view()->setCurrentIndex(lista->model()->index(entrada, lista->modelColumn(), lista->rootModelIndex()));
+    }
+    return true;
+}
