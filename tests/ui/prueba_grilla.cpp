@@ -1,6 +1,7 @@
 // The grid of every screen: its rows, what keys and mouse do to them, and its events in their order.
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
+#include "ui/doors/anuncio.h"
 #include "ui/grid/grilla.h"
 
 #include <QtTest>
@@ -214,6 +215,22 @@ TEST_F(PruebaGrilla, LoQueSeEscribeEnUnaCelda)
     EXPECT_EQ("8,00", g.texto(Sueldo, 1));
     g.setEditable(false);
     EXPECT_EQ("Sosa; dejar 4,1 7,1; clic 7,1; dejar 7,1 4,1; clic 4,1", en(Apellido, "7,1 4,1 'x"));
+}
+
+TEST_F(PruebaGrilla, HayCeldaDondeEscribirDesdeQueSeEntra)
+{
+    QStringList dichos;
+    reemplazarAnuncios([&](const QString& texto) { dichos += texto; });
+    g.cargar({{}, {}, {}});
+    tras("Tab 'hi Return 1,1 'z Down 'con Return"); // a fixed column takes nothing, and is not walked down
+    reemplazarAnuncios({});
+    EXPECT_EQ("Hijo", g.texto(Parentesco, 1));
+    EXPECT_EQ("Concubino", g.texto(Parentesco, 2));
+    EXPECT_EQ("La columna «Nombre» no se modifica", dichos.join('|'));
+    g.cargar({});
+    g.setTextoVacio("Sin resultados");
+    const QImage imagen = g.viewport()->grab().toImage();
+    EXPECT_NE(imagen, (g.setTextoVacio({}), g.viewport()->grab().toImage()));
 }
 
 TEST_F(PruebaGrilla, UnTextoRechazadoDejaElEditor)

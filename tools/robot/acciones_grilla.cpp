@@ -25,9 +25,9 @@ bool esTilde(const QModelIndex& celda)
 /// The first column shown that a click on the row does not change.
 int columnaParaPulsar(const Grilla& grilla, int fila)
 {
-    for (int columna = 0; columna < grilla.columnas(); ++columna)
+    for (int columna = 1; columna <= grilla.columnas(); ++columna)
     {
-        if (!grilla.isColumnHidden(columna) && (fila == 0 || !esTilde(grilla.model()->index(fila - 1, columna))))
+        if (grilla.seVe(columna) && !esTilde(grilla.indice(columna, fila)))
         {
             return columna;
         }
@@ -54,11 +54,12 @@ void pulsarFila(const Jugada& jugada, const Argumentos& a, bool doble)
     if (fila == 0)
     {
         const QHeaderView* titulos = grilla->horizontalHeader();
-        const int x = titulos->sectionViewportPosition(columna) + titulos->sectionSize(columna) / 2;
+        const int seccion = qMax(0, grilla->indice(columna, 1).column());
+        const int x = titulos->sectionViewportPosition(seccion) + titulos->sectionSize(seccion) / 2;
         clic(jugada, titulos->viewport(), QPoint(x, titulos->viewport()->height() / 2), doble);
         return;
     }
-    const QModelIndex celda = grilla->model()->index(fila - 1, columna);
+    const QModelIndex celda = grilla->indice(columna, fila);
     grilla->scrollTo(celda);
     clic(jugada, grilla->viewport(), lugarDe(*grilla, celda), doble);
 }
@@ -121,11 +122,11 @@ void celda(const Jugada& jugada, const Argumentos& a)
 {
     Grilla* grilla = grillaConFila(a[0].texto, a[1].numero());
     const int columna = a[2].numero();
-    if (columna > grilla->columnas() || grilla->isColumnHidden(columna - 1))
+    if (!grilla->seVe(columna))
     {
         throw Falla("la grilla no muestra la columna %1", columna);
     }
-    const QModelIndex celda = grilla->model()->index(a[1].numero() - 1, columna - 1);
+    const QModelIndex celda = grilla->indice(columna, a[1].numero());
     grilla->scrollTo(celda);
     if (esTilde(celda))
     {

@@ -1,5 +1,6 @@
 #include "comprobaciones.h"
 
+#include "alcance.h"
 #include "base.h"
 #include "controles.h"
 #include "entrada.h"
@@ -80,8 +81,7 @@ void ventana(const Jugada&, const Argumentos& a)
 /// As the screen shows it; a tick is "si" or "no".
 QString celdaDe(const Grilla& grilla, int fila, int columna)
 {
-    const QVariant marca =
-        fila > 0 ? grilla.model()->index(fila - 1, columna - 1).data(Qt::CheckStateRole) : QVariant();
+    const QVariant marca = fila > 0 ? grilla.indice(columna, fila).data(Qt::CheckStateRole) : QVariant();
     return marca.isValid() ? siNo(marca.toInt() == Qt::Checked) : grilla.texto(columna, fila);
 }
 
@@ -91,7 +91,7 @@ QString filaDe(const Grilla& grilla, int fila)
     QStringList celdas;
     for (int columna = 1; columna <= grilla.columnas(); ++columna)
     {
-        celdas += grilla.isColumnHidden(columna - 1) ? QStringList() : QStringList{celdaDe(grilla, fila, columna)};
+        celdas += grilla.seVe(columna) ? QStringList{celdaDe(grilla, fila, columna)} : QStringList();
     }
     return celdas.join(u'|');
 }
@@ -185,6 +185,11 @@ void base(const Jugada& jugada, const Argumentos& a)
 {
     iguales(consultarBase(jugada.contexto->ruta("DBBrivo.mdb"), a[0].texto), textos(a, 1).join(u';'));
 }
+
+void alcance(const Jugada&, const Argumentos&)
+{
+    exigirAlcance();
+}
 } // namespace
 
 std::span<const Verbo> verbosQueMiran()
@@ -204,6 +209,7 @@ std::span<const Verbo> verbosQueMiran()
         {"espera_ventana", "(c+s)", ventana},
         {"espera_sin_archivo", "t", sinArchivo},
         {"espera_base", "tt+", base},
+        {"espera_alcance", "", alcance},
     };
     return todos;
 }

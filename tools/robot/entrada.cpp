@@ -83,6 +83,14 @@ void clic(QWidget* control, QPoint lugar)
 {
     cerrarListasAbiertas(control);
     QWidget* ventana = control->window();
+    for (QWidget* parte = control; parte != ventana; parte = parte->parentWidget())
+    {
+        if (auto* zona = qobject_cast<QScrollArea*>(parte)) // a person turns the wheel
+        {
+            const QPoint aqui = control->mapTo(zona->widget(), lugar);
+            zona->ensureVisible(aqui.x(), aqui.y(), 1, 1);
+        }
+    }
     const QPoint enVentana = control->mapTo(ventana, lugar);
     const QWidget* encima = ventana->childAt(enVentana);
     const bool libre = encima == control || control->isAncestorOf(encima) || (encima == nullptr && control == ventana);

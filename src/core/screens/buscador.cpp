@@ -6,6 +6,9 @@ void Buscador::armar(Grilla* grilla, std::vector<ColumnaDeGrilla> columnas, void
 {
     grilla->setColumnas(std::move(columnas));
     grilla->setPintaActual(true);
+    // Not before something was looked for.
+    connect(grilla->model(), &QAbstractItemModel::modelReset, grilla,
+            [grilla] { grilla->setTextoVacio(QStringLiteral("Sin resultados")); });
     conectar(grilla, gesto, &Buscador::elegirYCerrar);
     conectar(grilla, &Grilla::entrar, &Buscador::elegirYCerrar);
 }

@@ -72,6 +72,7 @@ private:
     void cmdInformes_Declaracion_Click();
     void cmdInformes_Incompletos_Click();
     void cmdInformes_Texto_Click();
+    [[nodiscard]] bool eligioDeclaracion() const;
     void abrirConNomina(const QString& pantalla);
     void mostrarModal(const QString& pantalla);
     void abrirBoletas(quint8 tipo);

@@ -7,6 +7,7 @@
 #include "exchange/importacion.h"
 #include "exchange/informe_ddjj.h"
 #include "exchange/screens/imprimir_informe.h"
+#include "ui/doors/anuncio.h"
 #include "ui/doors/mensajes.h"
 #include "ui/fields/campo_mascara.h"
 #include "ui/shell/navegacion.h"
@@ -50,9 +51,19 @@ void DDJJ::mostrarModal(const QString& pantalla)
     }
 }
 
-void DDJJ::abrirConNomina(const QString& pantalla)
+/// A command on the selected declaration does nothing without one, and says so.
+bool DDJJ::eligioDeclaracion() const
 {
     if (!hayDeclaracion())
+    {
+        anunciar(QStringLiteral("Elija una declaración de la lista"));
+    }
+    return hayDeclaracion();
+}
+
+void DDJJ::abrirConNomina(const QString& pantalla)
+{
+    if (!eligioDeclaracion())
     {
         return;
     }
@@ -157,7 +168,7 @@ void DDJJ::abrirBoletas(quint8 tipo)
 
 void DDJJ::cmdBoletas_Aportes_Click()
 {
-    if (!hayDeclaracion())
+    if (!eligioDeclaracion())
     {
         return;
     }
@@ -170,7 +181,7 @@ void DDJJ::cmdBoletas_Aportes_Click()
 
 void DDJJ::cmdBoletas_Interes_Click()
 {
-    if (hayDeclaracion())
+    if (eligioDeclaracion())
     {
         exigirVigencia();
         abrirBoletas(interes);
@@ -184,11 +195,15 @@ void DDJJ::cmdBoletas_Actas_Click()
         exigirVigencia();
         abrirBoletas(actas);
     }
+    else
+    {
+        anunciar(QStringLiteral("Elija una empresa"));
+    }
 }
 
 void DDJJ::cmdBoletas_Envio_Click()
 {
-    if (!hayDeclaracion())
+    if (!eligioDeclaracion())
     {
         return;
     }
@@ -201,7 +216,7 @@ void DDJJ::cmdBoletas_Envio_Click()
 
 void DDJJ::imprimirInforme(InformeDDJJ cual)
 {
-    if (hayDeclaracion())
+    if (eligioDeclaracion())
     {
         exigirVigencia();
         ImprimirInforme(clave(), ui->txtMes->text(), ui->txtAnio->text(), cual);
@@ -220,7 +235,7 @@ void DDJJ::cmdInformes_Incompletos_Click()
 
 void DDJJ::cmdInformes_Texto_Click()
 {
-    if (hayDeclaracion())
+    if (eligioDeclaracion())
     {
         envio().GuardarArchivoComo();
     }

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
@@ -33,9 +34,9 @@ Grilla::Grilla(QWidget* padre)
     medir();
 
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
-            [this](int seccion) { Q_EMIT clic(seccion + 1, 0); });
+            [this](int seccion) { Q_EMIT clic(m_modelo->propia(seccion) + 1, 0); });
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
-            [this](int seccion) { Q_EMIT dobleClic(seccion + 1, 0); });
+            [this](int seccion) { Q_EMIT dobleClic(m_modelo->propia(seccion) + 1, 0); });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* nuevo) { alCambiarFoco(nuevo); });
 }
 
@@ -72,7 +73,7 @@ int Grilla::filas() const
 
 int Grilla::columnas() const
 {
-    return m_modelo->columnCount();
+    return m_modelo->columnas();
 }
 
 void Grilla::setFilas(int filas)
@@ -116,7 +117,7 @@ QString Grilla::texto(int columna, int fila) const
 {
     if (fila == 0)
     {
-        return m_modelo->headerData(columna - 1, Qt::Horizontal, Qt::DisplayRole).toString();
+        return columna >= 1 && columna <= columnas() ? m_modelo->columna(columna - 1).titulo : QString();
     }
     return m_modelo->contiene(columna - 1, fila - 1)
                ? textoDeCelda(m_modelo->columna(columna - 1), valor(columna, fila))
@@ -167,19 +168,35 @@ void Grilla::borrarFila(int fila)
 
 QModelIndex Grilla::indice(int columna, int fila) const
 {
-    return m_modelo->contiene(columna - 1, fila - 1) ? m_modelo->index(fila - 1, columna - 1) : QModelIndex();
+    const int vista = m_modelo->vista(columna - 1);
+    return vista >= 0 && m_modelo->contiene(columna - 1, fila - 1) ? m_modelo->index(fila - 1, vista) : QModelIndex();
+}
+
+bool Grilla::seVe(int columna) const
+{
+    return m_modelo->vista(columna - 1) >= 0;
+}
+
+int Grilla::columnaDe(const QModelIndex& celda) const
+{
+    return celda.isValid() ? m_modelo->propia(celda.column()) + 1 : 0;
 }
 
 int Grilla::primeraVisible() const
 {
-    for (int columna = 1; columna <= columnas(); ++columna)
+    return m_modelo->columnCount() > 0 ? m_modelo->propia(0) + 1 : 1;
+}
+
+int Grilla::primeraEditable() const
+{
+    for (int columna = 1; m_editable && columna <= columnas(); ++columna)
     {
-        if (!isColumnHidden(columna - 1))
+        if (seVe(columna) && m_modelo->columna(columna - 1).clase != ColumnaDeGrilla::Fija)
         {
             return columna;
         }
     }
-    return 1;
+    return primeraVisible();
 }
 
 int Grilla::filaActual() const
@@ -189,14 +206,13 @@ int Grilla::filaActual() const
 
 int Grilla::columnaActual() const
 {
-    return currentIndex().column() + 1;
+    return columnaDe(currentIndex());
 }
 
 void Grilla::setFilaActual(int fila, int columna)
 {
     const QScopedValueRollback callado(m_silencio, true);
-    const bool oculta = columna < 1 || columna > columnas() || isColumnHidden(columna - 1);
-    setCurrentIndex(indice(oculta ? primeraVisible() : columna, fila));
+    setCurrentIndex(indice(seVe(columna) ? columna : primeraVisible(), fila));
 }
 
 // ---- painting and measures
@@ -227,6 +243,25 @@ void Grilla::setPintaActual(bool pinta)
     viewport()->update();
 }
 
+void Grilla::setTextoVacio(const QString& texto)
+{
+    m_textoVacio = texto;
+    viewport()->update();
+}
+
+void Grilla::paintEvent(QPaintEvent* evento)
+{
+    QTableView::paintEvent(evento);
+    if (filas() == 0 && !m_textoVacio.isEmpty())
+    {
+        QPainter pintor(viewport());
+        pintor.setPen(palette().color(QPalette::PlaceholderText));
+        constexpr int margen = 12;
+        pintor.drawText(viewport()->rect().adjusted(margen, margen, -margen, -margen), Qt::AlignHCenter | Qt::AlignTop,
+                        m_textoVacio);
+    }
+}
+
 void Grilla::medir()
 {
     ensurePolished();
@@ -235,10 +270,9 @@ void Grilla::medir()
     verticalHeader()->setDefaultSectionSize(letra.height() + 9);
     const double escala = std::clamp(fontInfo().pixelSize() / 12.0, 0.75, 6.0); // 9 points at 96 dpi are 12 pixels
     QHeaderView* cabeza = horizontalHeader();
-    for (int i = 0; i < columnas(); ++i)
+    for (int i = 0; i < m_modelo->columnCount(); ++i)
     {
-        const int ancho = m_modelo->columna(i).ancho;
-        setColumnHidden(i, ancho == 0);
+        const int ancho = m_modelo->columna(m_modelo->propia(i)).ancho;
         cabeza->setSectionResizeMode(i, ancho < 0 ? QHeaderView::Stretch : QHeaderView::Interactive);
         if (ancho > 0)
         {
@@ -250,10 +284,10 @@ void Grilla::medir()
 QSize Grilla::sizeHint() const
 {
     int ancho = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
-    for (int i = 0; i < columnas(); ++i)
+    for (int i = 0; i < m_modelo->columnCount(); ++i)
     {
-        const int pedido = m_modelo->columna(i).ancho;
-        ancho += pedido < 0 ? horizontalHeader()->sectionSizeHint(i) * 2 : pedido == 0 ? 0 : columnWidth(i);
+        const int pedido = m_modelo->columna(m_modelo->propia(i)).ancho;
+        ancho += pedido < 0 ? horizontalHeader()->sectionSizeHint(i) * 2 : columnWidth(i);
     }
     const int alto = 8 * verticalHeader()->defaultSectionSize() + horizontalHeader()->sizeHint().height();
     return {ancho, alto + 2 * frameWidth()};
@@ -331,21 +365,21 @@ bool Grilla::edit(const QModelIndex& celda, EditTrigger disparo, QEvent* evento)
 
 void Grilla::alternarTilde(const QModelIndex& celda)
 {
-    m_modelo->poner(celda.column(), celda.row(), celda.data(Qt::CheckStateRole).toInt() != Qt::Checked);
+    m_modelo->poner(columnaDe(celda) - 1, celda.row(), celda.data(Qt::CheckStateRole).toInt() != Qt::Checked);
     m_cambiada = true;
     viewport()->update();
-    Q_EMIT celdaEditada(celda.column() + 1, celda.row() + 1);
+    Q_EMIT celdaEditada(columnaDe(celda), celda.row() + 1);
 }
 
 QModelIndex Grilla::siguienteEditable(int paso) const
 {
     const QModelIndex actual = currentIndex();
-    const int ancho = columnas();
+    const int ancho = m_modelo->columnCount();
     const int celdas = ancho * filas();
     for (int i = actual.row() * ancho + actual.column() + paso; actual.isValid() && i >= 0 && i < celdas; i += paso)
     {
         const QModelIndex celda = m_modelo->index(i / ancho, i % ancho);
-        if (!isColumnHidden(i % ancho) && m_modelo->columna(i % ancho).clase != ColumnaDeGrilla::Fija)
+        if (m_modelo->columna(celda).clase != ColumnaDeGrilla::Fija)
         {
             return celda;
         }

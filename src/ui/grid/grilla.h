@@ -41,6 +41,8 @@ using FilaDeGrilla = std::vector<QVariant>;
 /// Cells hold QString, qlonglong, Moneda, QDate or bool by their column's kind; an invalid QVariant is an empty cell.
 /// Keys: arrows move; typing replaces a cell's value, F2 and double click edit it, Escape gives up; Enter commits and
 /// goes to the next cell that can be edited; Space sets a tick; Tab leaves the grid (from an editor: the next cell).
+/// A grid that is edited has a current cell as soon as it has the focus, and Up and Down keep to columns that can be
+/// typed into; what is typed into a fixed one is announced.
 class Grilla : public QTableView
 {
     Q_OBJECT
@@ -51,7 +53,10 @@ public:
     void setColumnas(std::vector<ColumnaDeGrilla> columnas);
     void setOpciones(int columna, const QStringList& opciones);
     [[nodiscard]] int filas() const;
-    [[nodiscard]] int columnas() const;
+    [[nodiscard]] int columnas() const; ///< those hidden included
+    [[nodiscard]] bool seVe(int columna) const;
+    /// The cell as the toolkit knows it; none where the column is hidden.
+    [[nodiscard]] QModelIndex indice(int columna, int fila) const;
     /// Sets the row count: rows are added empty at the end or dropped from it. Does not touch the changed flag, and
     /// raises no event.
     void setFilas(int filas);
@@ -97,6 +102,9 @@ public:
     [[nodiscard]] QColor colorDeFila(int fila) const;
     void setPintaActual(bool pinta);
 
+    /// What stands in the place of the rows while there are none.
+    void setTextoVacio(const QString& texto);
+
     /// May cells be edited at all? False by default; fixed columns never are.
     void setEditable(bool editable);
     [[nodiscard]] bool editable() const { return m_editable; }
@@ -129,6 +137,7 @@ Q_SIGNALS:
 
 protected:
     void currentChanged(const QModelIndex& actual, const QModelIndex& anterior) override;
+    void paintEvent(QPaintEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
     void mousePressEvent(QMouseEvent* evento) override;
     void mouseMoveEvent(QMouseEvent* evento) override;
@@ -138,6 +147,7 @@ protected:
     void changeEvent(QEvent* evento) override;
     QModelIndex moveCursor(CursorAction accion, Qt::KeyboardModifiers teclas) override;
     bool edit(const QModelIndex& celda, EditTrigger disparo, QEvent* evento) override;
+    void keyboardSearch(const QString& letra) override;
 
 private:
     class Modelo;
@@ -150,8 +160,11 @@ private:
         int nuevaFila = 0;
     };
 
-    [[nodiscard]] QModelIndex indice(int columna, int fila) const;
+    [[nodiscard]] int columnaDe(const QModelIndex& celda) const; ///< 0 for none
     [[nodiscard]] int primeraVisible() const;
+    [[nodiscard]] int primeraEditable() const; ///< the first one shown where there is none
+    /// Where there is no current cell yet, the first one that can be typed into; true when it moved there.
+    bool irALoEditable();
     void medir();
     void alCambiarFoco(QWidget* nuevo);
     /// Runs `entrada`, and raises dejarCelda once for where the current cell went in it.
@@ -173,6 +186,7 @@ private:
     bool m_silencio = false;
     bool m_tieneFoco = false;
     bool m_sinCursor = false;
+    QString m_textoVacio;
     int m_entradas = 0;
     std::optional<Salto> m_salto;
     QPersistentModelIndex m_presionada;

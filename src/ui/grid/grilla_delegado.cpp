@@ -141,7 +141,7 @@ Grilla::Delegado::Delegado(Grilla* grilla)
 
 const ColumnaDeGrilla& Grilla::Delegado::columna(const QModelIndex& celda) const
 {
-    return m_grilla->m_modelo->columna(celda.column());
+    return m_grilla->m_modelo->columna(celda);
 }
 
 QColor Grilla::Delegado::fondo(int fila) const
@@ -287,7 +287,7 @@ void Grilla::Delegado::setModelData(QWidget* editor, QAbstractItemModel*, const 
     const LecturaDeCelda leida = leerCelda(columna(celda), textoDelEditor(editor));
     if (leida.error.isEmpty())
     {
-        m_grilla->m_modelo->poner(celda.column(), celda.row(), leida.valor);
+        m_grilla->m_modelo->poner(m_grilla->columnaDe(celda) - 1, celda.row(), leida.valor);
         m_grilla->m_cambiada = true;
         m_guardada = celda;
     }
@@ -345,7 +345,7 @@ void Grilla::Delegado::avisarEditada()
     {
         const QModelIndex celda = m_guardada;
         m_guardada = QPersistentModelIndex();
-        Q_EMIT m_grilla->celdaEditada(celda.column() + 1, celda.row() + 1);
+        Q_EMIT m_grilla->celdaEditada(m_grilla->columnaDe(celda), celda.row() + 1);
     }
 }
 

@@ -1,4 +1,6 @@
 // What the keyboard, the mouse and the focus do to a grid.
+#include "ui/doors/anuncio.h"
+#include "ui/fields/busqueda_por_letras.h"
 #include "ui/grid/grilla_delegado.h"
 #include "ui/grid/grilla_modelo.h"
 
@@ -37,8 +39,8 @@ void Grilla::currentChanged(const QModelIndex& actual, const QModelIndex& anteri
     {
         return;
     }
-    const Salto salto{anterior.isValid() ? anterior.column() + 1 : primeraVisible(),
-                      anterior.row() < 0 ? 1 : anterior.row() + 1, actual.column() + 1, actual.row() + 1};
+    const Salto salto{anterior.isValid() ? columnaDe(anterior) : primeraVisible(),
+                      anterior.row() < 0 ? 1 : anterior.row() + 1, columnaDe(actual), actual.row() + 1};
     if (m_entradas == 0)
     {
         Q_EMIT dejarCelda(salto.columna, salto.fila, salto.nuevaColumna, salto.nuevaFila);
@@ -96,13 +98,36 @@ void Grilla::alCambiarFoco(QWidget* nuevo)
 
 void Grilla::focusInEvent(QFocusEvent* evento)
 {
-    const QScopedValueRollback quieto(m_sinCursor, true);
-    QTableView::focusInEvent(evento);
+    {
+        const QScopedValueRollback quieto(m_sinCursor, true);
+        QTableView::focusInEvent(evento);
+    }
+    if (evento->reason() != Qt::MouseFocusReason) // the press chooses
+    {
+        irALoEditable();
+    }
+}
+
+bool Grilla::irALoEditable()
+{
+    if (!m_editable || currentIndex().isValid() || filas() == 0)
+    {
+        return false;
+    }
+    conSalto([this] { setCurrentIndex(indice(primeraEditable(), 1)); });
+    return true;
 }
 
 QModelIndex Grilla::moveCursor(CursorAction accion, Qt::KeyboardModifiers teclas)
 {
-    return m_sinCursor ? QModelIndex() : QTableView::moveCursor(accion, teclas); // entering by Tab chooses nothing
+    if (m_sinCursor) // entering by Tab chooses nothing
+    {
+        return {};
+    }
+    const QModelIndex destino = QTableView::moveCursor(accion, teclas);
+    const bool porFilas = accion == MoveUp || accion == MoveDown || accion == MovePageUp || accion == MovePageDown;
+    const bool fija = destino.isValid() && m_modelo->columna(destino).clase == ColumnaDeGrilla::Fija;
+    return m_editable && porFilas && fija ? indice(primeraEditable(), destino.row() + 1) : destino;
 }
 
 void Grilla::mousePressEvent(QMouseEvent* evento)
@@ -134,7 +159,7 @@ void Grilla::mouseReleaseEvent(QMouseEvent* evento)
         return;
     }
     const QPointer<Grilla> yo = this;
-    const int columna = celda.column() + 1;
+    const int columna = columnaDe(celda);
     const int fila = celda.row() + 1;
     if (m_modelo->flags(celda) & Qt::ItemIsUserCheckable)
     {
@@ -155,7 +180,7 @@ void Grilla::mouseDoubleClickEvent(QMouseEvent* evento)
         return;
     }
     const QPointer<Grilla> yo = this;
-    const int columna = celda.column() + 1;
+    const int columna = columnaDe(celda);
     const int fila = celda.row() + 1;
     if (m_modelo->flags(celda) & Qt::ItemIsUserCheckable)
     {
@@ -168,6 +193,18 @@ void Grilla::mouseDoubleClickEvent(QMouseEvent* evento)
     if (yo)
     {
         Q_EMIT dobleClic(columna, fila);
+    }
+}
+
+void Grilla::keyboardSearch(const QString& letra)
+{
+    const int columna = std::max(columnaActual(), primeraVisible());
+    const int fila = BusquedaPorLetras::seguir(this, letra, filaActual() - 1, filas(),
+                                               [&](int i) { return texto(columna, i + 1); }) +
+                     1;
+    if (fila > 0)
+    {
+        setCurrentIndex(indice(columna, fila));
     }
 }
 
@@ -184,9 +221,14 @@ void Grilla::keyPressEvent(QKeyEvent* evento)
 
 bool Grilla::tecla(QKeyEvent* evento)
 {
+    const bool recienEntra = irALoEditable();
     const QModelIndex actual = currentIndex();
     const bool conMando = evento->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const int codigo = evento->key();
+    if (recienEntra && (codigo == Qt::Key_Up || codigo == Qt::Key_Down))
+    {
+        return true;
+    }
     if (!conMando && teclaDeFila(codigo))
     {
         return true;
@@ -195,7 +237,7 @@ bool Grilla::tecla(QKeyEvent* evento)
     {
         if (!m_editable && actual.isValid() && isSignalConnected(QMetaMethod::fromSignal(&Grilla::entrar)))
         {
-            Q_EMIT entrar(actual.column() + 1, actual.row() + 1);
+            Q_EMIT entrar(columnaDe(actual), actual.row() + 1);
         }
         else if (!m_editable || !avanzar(1))
         {
@@ -210,8 +252,13 @@ bool Grilla::tecla(QKeyEvent* evento)
     }
     if (m_editable && escribe(*evento))
     {
-        const QString admitidos = actual.isValid() ? admitidosEnCelda(m_modelo->columna(actual.column())) : QString();
-        if (actual.isValid() && (admitidos.isEmpty() || admitidos.contains(evento->text().at(0))))
+        const ColumnaDeGrilla columna = actual.isValid() ? m_modelo->columna(actual) : ColumnaDeGrilla();
+        const QString admitidos = admitidosEnCelda(columna);
+        if (columna.clase == ColumnaDeGrilla::Fija)
+        {
+            anunciar(QStringLiteral("La columna «%1» no se modifica").arg(columna.titulo));
+        }
+        else if (admitidos.isEmpty() || admitidos.contains(evento->text().at(0)))
         {
             edit(actual, AnyKeyPressed, evento);
         }
@@ -257,14 +304,5 @@ bool Grilla::teclaDeFila(int codigo)
 void Grilla::agregarFila()
 {
     setFilas(filas() + 1);
-    int columna = primeraVisible();
-    for (int i = columna; m_editable && i <= columnas(); ++i)
-    {
-        if (!isColumnHidden(i - 1) && m_modelo->columna(i - 1).clase != ColumnaDeGrilla::Fija)
-        {
-            columna = i;
-            break;
-        }
-    }
-    conSalto([this, columna] { setCurrentIndex(indice(columna, filas())); });
+    conSalto([this] { setCurrentIndex(indice(primeraEditable(), filas())); });
 }

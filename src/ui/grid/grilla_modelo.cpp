@@ -1,13 +1,28 @@
 #include "ui/grid/grilla_modelo.h"
 
+#include <algorithm>
 #include <iterator>
 
 void Grilla::Modelo::setColumnas(std::vector<ColumnaDeGrilla> columnas)
 {
     beginResetModel();
     m_columnas = std::move(columnas);
+    m_vistas.clear();
+    for (int i = 0; i < this->columnas(); ++i)
+    {
+        if (columna(i).ancho != 0)
+        {
+            m_vistas.push_back(i);
+        }
+    }
     m_filas.clear();
     endResetModel();
+}
+
+int Grilla::Modelo::vista(int columna) const
+{
+    const auto hallada = std::find(m_vistas.begin(), m_vistas.end(), columna);
+    return hallada == m_vistas.end() ? -1 : int(hallada - m_vistas.begin());
 }
 
 void Grilla::Modelo::setOpciones(int columna, const QStringList& opciones)
@@ -72,7 +87,7 @@ void Grilla::Modelo::borrar(int fila)
 
 bool Grilla::Modelo::contiene(int columna, int fila) const
 {
-    return columna >= 0 && columna < columnCount() && fila >= 0 && fila < rowCount();
+    return columna >= 0 && columna < columnas() && fila >= 0 && fila < rowCount();
 }
 
 QVariant Grilla::Modelo::valor(int columna, int fila) const
@@ -110,13 +125,13 @@ int Grilla::Modelo::rowCount(const QModelIndex& padre) const
 
 int Grilla::Modelo::columnCount(const QModelIndex& padre) const
 {
-    return padre.isValid() ? 0 : int(m_columnas.size());
+    return padre.isValid() ? 0 : int(m_vistas.size());
 }
 
 QVariant Grilla::Modelo::data(const QModelIndex& celda, int papel) const
 {
-    const ColumnaDeGrilla& col = columna(celda.column());
-    const QVariant& dato = m_filas[std::size_t(celda.row())].celdas[std::size_t(celda.column())];
+    const ColumnaDeGrilla& col = columna(celda);
+    const QVariant& dato = m_filas[std::size_t(celda.row())].celdas[std::size_t(propia(celda.column()))];
     switch (papel)
     {
     case Qt::DisplayRole:
@@ -144,17 +159,15 @@ QVariant Grilla::Modelo::headerData(int seccion, Qt::Orientation orientacion, in
     {
         return {};
     }
+    const ColumnaDeGrilla& col = columna(propia(seccion));
     if (papel == Qt::DisplayRole)
     {
-        return columna(seccion).titulo;
+        return col.titulo;
     }
-    const bool derecha = columna(seccion).derecha || columna(seccion).clase == ColumnaDeGrilla::Entero ||
-                         columna(seccion).clase == ColumnaDeGrilla::Decimal;
+    const bool derecha = col.derecha || col.clase == ColumnaDeGrilla::Entero || col.clase == ColumnaDeGrilla::Decimal;
     if (papel == Qt::TextAlignmentRole)
     {
-        const Qt::Alignment lado = derecha                     ? Qt::AlignRight
-                                   : esTilde(columna(seccion)) ? Qt::AlignHCenter
-                                                               : Qt::AlignLeft;
+        const Qt::Alignment lado = derecha ? Qt::AlignRight : esTilde(col) ? Qt::AlignHCenter : Qt::AlignLeft;
         return QVariant(lado | Qt::AlignVCenter);
     }
     return {};
@@ -163,7 +176,7 @@ QVariant Grilla::Modelo::headerData(int seccion, Qt::Orientation orientacion, in
 Qt::ItemFlags Grilla::Modelo::flags(const QModelIndex& celda) const
 {
     Qt::ItemFlags marcas = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    const ColumnaDeGrilla& col = columna(celda.column());
+    const ColumnaDeGrilla& col = columna(celda);
     if (editable && col.clase != ColumnaDeGrilla::Fija)
     {
         marcas |= esTilde(col) ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable;

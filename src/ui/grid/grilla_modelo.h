@@ -2,14 +2,24 @@
 
 #include "ui/grid/grilla_celdas.h"
 
-/// The rows of a grid, in memory. Rows and columns count from 0 here, as Qt does.
+/// The rows of a grid, in memory. Rows and columns count from 0 here, as Qt does; but the toolkit is told of the
+/// columns that are shown alone, or a screen reader would tell of the others.
 class Grilla::Modelo : public QAbstractTableModel
 {
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void setColumnas(std::vector<ColumnaDeGrilla> columnas);
+    [[nodiscard]] int columnas() const { return int(m_columnas.size()); }
     [[nodiscard]] const ColumnaDeGrilla& columna(int columna) const { return m_columnas[std::size_t(columna)]; }
+    [[nodiscard]] const ColumnaDeGrilla& columna(const QModelIndex& celda) const
+    {
+        return columna(propia(celda.column()));
+    }
+    /// The column that the toolkit knows by this number.
+    [[nodiscard]] int propia(int vista) const { return m_vistas[std::size_t(vista)]; }
+    /// The toolkit's number of a column; -1 where it is not shown.
+    [[nodiscard]] int vista(int columna) const;
     void setOpciones(int columna, const QStringList& opciones);
 
     void setFilas(int filas);
@@ -46,6 +56,7 @@ private:
     }
 
     std::vector<ColumnaDeGrilla> m_columnas;
+    std::vector<int> m_vistas; ///< the columns shown
     std::vector<Fila> m_filas;
     QRgb m_fondo = 0xffffffff;
     unsigned m_pintada = 1;
