@@ -1,6 +1,7 @@
 #include "base/directorio_programa.h"
 #include "core/screens/arranque.h"
 #include "registro.h"
+#include "ui/doors/contraste.h"
 #include "ui/look/estilo.h"
 
 #include <QApplication>
@@ -11,7 +12,7 @@ int main(int argc, char** argv)
     QApplication aplicacion(argc, argv);
     // A program that was installed for all users works on a folder of each one.
     reemplazarDirectorioPrograma(qEnvironmentVariable("ALTOVERDE_CARPETA"));
-    Estilo::aplicar(aplicacion);
+    Estilo::aplicar(aplicacion, altoContraste());
     registrarPantallas();
     const auto menu = arrancar();
     return menu ? QApplication::exec() : EXIT_FAILURE;

@@ -20,5 +20,20 @@ TEST(Aspecto, IconosTextosDeQtYCamposQueSoloMuestran)
     Estilo::soloMuestra(&campo);
     EXPECT_TRUE(campo.isReadOnly());
     EXPECT_FALSE(campo.focusPolicy() & Qt::TabFocus);
+    Estilo::importe(&campo); // a figure too wide for its field loses no digit
+    campo.resize(100, 30);
+    campo.setText(QStringLiteral("$ 99.999.999.999,99"));
+    EXPECT_LT(campo.fontMetrics().horizontalAdvance(campo.text()), 90);
+}
+
+TEST(Aspecto, LosColoresDeAltoContrasteSonLosDelUsuario)
+{
+    QApplication::setPalette(QPalette(Qt::white, Qt::black, Qt::gray, Qt::gray, Qt::gray, Qt::white, Qt::black));
+    Estilo::aplicar(*qApp, true);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(Qt::black));
+    EXPECT_EQ(qApp->styleSheet(), QString());
+    Estilo::aplicar(*qApp);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), Estilo::paleta().color(QPalette::Window));
+    EXPECT_NE(qApp->styleSheet(), QString());
 }
 } // namespace

@@ -19,7 +19,7 @@ Depurar::Depurar(QWidget* padre)
     ui->MaskCuit->setClase(CampoMascara::Cuit);
     ui->vsDDJJ->setColumnas({{ColumnaDeGrilla::Fija, QStringLiteral("Periodo"), -1}});
     Estilo::advertencia(ui->Label3);
-    Estilo::boton(ui->cmdEliminar, QStringLiteral("depurar"), true);
+    Estilo::botonPeligroso(ui->cmdEliminar, QStringLiteral("depurar"));
     m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa, {{}, [this] { CargarPeriodos(); }}, this);
     conectar(ui->vsDDJJ, &Grilla::clic, &Depurar::vsDDJJ_Click);
     conectar(ui->vsDDJJ, &Grilla::dejarCelda, &Depurar::vsDDJJ_LeaveCell);

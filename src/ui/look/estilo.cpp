@@ -12,8 +12,11 @@
 #include <QPlainTextEdit>
 #include <QProxyStyle>
 #include <QStyle>
+#include <QStyleOptionFrame>
+#include <QTabBar>
 #include <QTextEdit>
 #include <QTranslator>
+#include <algorithm>
 
 // Outside every namespace, as Qt wants it: a static library's resources are linked in by this call.
 static void traerRecursos()
@@ -35,6 +38,18 @@ constexpr QColor fondoApagado{0xe2, 0xe6, 0xe9};
 
 constexpr QColor ocre{0x8a, 0x5a, 0x00};
 
+bool coloresDelUsuario = false; ///< of high contrast, in the place of the program's
+
+/// A drawing of a button.
+QIcon dibujo(const QString& nombre, QColor trazo, QColor detalle)
+{
+    if (coloresDelUsuario)
+    {
+        trazo = detalle = QApplication::palette().color(QPalette::ButtonText);
+    }
+    return iconoDeTrazos(nombre, trazo, detalle);
+}
+
 /// Fusion, with the program's own drawings in the message boxes.
 class EstiloDelPrograma : public QProxyStyle
 {
@@ -49,15 +64,31 @@ public:
         switch (cual)
         {
         case SP_MessageBoxQuestion:
-            return iconoDeTrazos(QStringLiteral("ayuda"), acento, acento);
+            return dibujo(QStringLiteral("ayuda"), acento, acento);
         case SP_MessageBoxInformation:
-            return iconoDeTrazos(QStringLiteral("acerca"), acento, acento);
+            return dibujo(QStringLiteral("acerca"), acento, acento);
         case SP_MessageBoxWarning:
-            return iconoDeTrazos(QStringLiteral("advertencia"), ocre, ocre);
+            return dibujo(QStringLiteral("advertencia"), ocre, ocre);
         case SP_MessageBoxCritical:
-            return iconoDeTrazos(QStringLiteral("cancelar"), rojoOscuro, rojoOscuro);
+            return dibujo(QStringLiteral("cancelar"), rojoOscuro, rojoOscuro);
+        case SP_DialogYesButton:
+        case SP_DialogOkButton:
+            return dibujo(QStringLiteral("aceptar"), pizarra, acento);
+        case SP_DialogNoButton:
+        case SP_DialogCancelButton:
+            return dibujo(QStringLiteral("cancelar"), pizarra, acento);
         default:
             return QProxyStyle::standardIcon(cual, opcion, control);
+        }
+    }
+
+    void drawPrimitive(PrimitiveElement cual, const QStyleOption* opcion, QPainter* pintor,
+                       const QWidget* control) const override
+    {
+        // A tab with the focus has a border; the rectangle of the style would go through its caption.
+        if (cual != PE_FrameFocusRect || qobject_cast<const QTabBar*>(control) == nullptr)
+        {
+            QProxyStyle::drawPrimitive(cual, opcion, pintor, control);
         }
     }
 };
@@ -106,6 +137,65 @@ private:
     QLabel* m_etiqueta;
     QIcon m_icono;
 };
+/// An amount that is wider than its field is shown in smaller figures: one that is cut reads as another amount.
+class CifraEntera : public QObject
+{
+public:
+    explicit CifraEntera(QLineEdit* campo)
+        : QObject(campo)
+        , m_campo(campo)
+        , m_letra(campo->font())
+    {
+        campo->installEventFilter(this);
+        connect(campo, &QLineEdit::textChanged, this, &CifraEntera::ajustar);
+    }
+
+    bool eventFilter(QObject*, QEvent* evento) override
+    {
+        if (evento->type() == QEvent::Resize || evento->type() == QEvent::Show)
+        {
+            ajustar();
+        }
+        return false;
+    }
+
+private:
+    void ajustar()
+    {
+        constexpr int margenDelTexto = 3; // the line edit's own, and the cursor
+        QStyleOptionFrame opcion;
+        opcion.initFrom(m_campo);
+        const int hay = m_campo->style()->subElementRect(QStyle::SE_LineEditContents, &opcion, m_campo).width() -
+                        2 * margenDelTexto;
+        const int pide = QFontMetrics(m_letra).horizontalAdvance(m_campo->displayText());
+        QFont figuras = m_letra;
+        if (pide > hay && hay > 0)
+        {
+            figuras.setPixelSize(std::max(1, QFontInfo(m_letra).pixelSize() * hay / pide));
+        }
+        m_campo->setFont(figuras);
+    }
+
+    QLineEdit* m_campo;
+    QFont m_letra;
+};
+
+void vestirBoton(QWidget* boton, const QString& icono, const char* marca)
+{
+    traerRecursos();
+    auto* pulsable = qobject_cast<QAbstractButton*>(boton);
+    if (pulsable == nullptr)
+    {
+        return;
+    }
+    const int lado = pulsable->fontMetrics().height() + 3;
+    pulsable->setIconSize(QSize(lado, lado));
+    pulsable->setIcon(marca != nullptr ? dibujo(icono, Qt::white, Qt::white) : Estilo::icono(icono));
+    if (marca != nullptr)
+    {
+        marcar(pulsable, marca);
+    }
+}
 } // namespace
 
 QPalette Estilo::paleta()
@@ -142,7 +232,7 @@ QPalette Estilo::paleta()
     return p;
 }
 
-void Estilo::aplicar(QApplication& aplicacion)
+void Estilo::aplicar(QApplication& aplicacion, bool delUsuario)
 {
     traerRecursos();
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
@@ -151,20 +241,21 @@ void Estilo::aplicar(QApplication& aplicacion)
     {
         QCoreApplication::installTranslator(textos);
     }
+    coloresDelUsuario = delUsuario;
     QApplication::setStyle(new EstiloDelPrograma);
-    QApplication::setPalette(paleta());
     QFile hoja(QStringLiteral(":/estilo/estilo.css"));
-    if (hoja.open(QIODevice::ReadOnly))
+    if (!coloresDelUsuario && hoja.open(QIODevice::ReadOnly))
     {
-        aplicacion.setStyleSheet(QString::fromUtf8(hoja.readAll()));
+        QApplication::setPalette(paleta());
     }
+    aplicacion.setStyleSheet(QString::fromUtf8(hoja.isOpen() ? hoja.readAll() : QByteArray()));
     QApplication::setWindowIcon(iconoDelPrograma());
 }
 
 QIcon Estilo::icono(const QString& nombre)
 {
     traerRecursos();
-    return iconoDeTrazos(nombre, pizarra, acento);
+    return dibujo(nombre, pizarra, acento);
 }
 
 QIcon Estilo::iconoDelPrograma()
@@ -180,19 +271,12 @@ QIcon Estilo::iconoDelPrograma()
 
 void Estilo::boton(QWidget* boton, const QString& icono, bool principal)
 {
-    traerRecursos();
-    auto* pulsable = qobject_cast<QAbstractButton*>(boton);
-    if (pulsable == nullptr)
-    {
-        return;
-    }
-    const int lado = pulsable->fontMetrics().height() + 3;
-    pulsable->setIconSize(QSize(lado, lado));
-    pulsable->setIcon(principal ? iconoDeTrazos(icono, Qt::white, Qt::white) : Estilo::icono(icono));
-    if (principal)
-    {
-        marcar(pulsable, "principal");
-    }
+    vestirBoton(boton, icono, principal ? "principal" : nullptr);
+}
+
+void Estilo::botonPeligroso(QWidget* boton, const QString& icono)
+{
+    vestirBoton(boton, icono, "peligro");
 }
 
 void Estilo::soloMuestra(QWidget* campo)
@@ -228,6 +312,7 @@ void Estilo::importe(QWidget* campo)
     if (auto* linea = qobject_cast<QLineEdit*>(campo))
     {
         linea->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        new CifraEntera(linea);
     }
     else if (auto* rotulo = qobject_cast<QLabel*>(campo))
     {

@@ -12,7 +12,8 @@ class QWidget;
 /// The program's one look: Fusion, one light palette, the Spanish standard texts, the application's icon.
 namespace Estilo
 {
-void aplicar(QApplication& aplicacion);
+/// `coloresDelUsuario`: he has asked for high contrast, and none of the program's colours is put over his.
+void aplicar(QApplication& aplicacion, bool coloresDelUsuario = false);
 [[nodiscard]] QPalette paleta();
 /// A line drawing of the program's family: "nueva", "copiar", "eliminar", "grabar", "cancelar", "buscar", ...
 /// Sharp at every size; grey while its control is disabled. An unknown name gives a null icon.
@@ -20,11 +21,13 @@ void aplicar(QApplication& aplicacion);
 [[nodiscard]] QIcon iconoDelPrograma();
 /// Puts its icon on a button, and marks the screen's main one with the accent colour. Works on buttons of every kind.
 void boton(QWidget* boton, const QString& icono, bool principal = false);
+/// The button of a command that cannot be undone: dark red, as the warnings.
+void botonPeligroso(QWidget* boton, const QString& icono);
 /// Fields that only show: flat, on the tinted ground, out of the tab order (a click lets their text be copied).
 void soloMuestra(QWidget* campo);
 /// A warning label: dark red with its icon before the text. The label's text is the caller's, and may change.
 void advertencia(QWidget* etiqueta);
-/// Tabular figures, right-aligned.
+/// Tabular figures, right-aligned; in a field that is too narrow for one, smaller.
 void importe(QWidget* campo);
 /// The main window's picture, filling `zona` without distortion; its lower edge always shows.
 void pintarFondo(QPainter& pintor, const QRect& zona);
