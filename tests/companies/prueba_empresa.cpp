@@ -1,11 +1,9 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/datos.h"
-#include "companies/catalogos.h"
 #include "companies/empresa.h"
 #include "core/lista_empresas.h"
 #include "core/vigencia.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace
@@ -41,19 +39,4 @@ TEST_F(PruebaEmpresa, LaBajaTomaLasTresTablasDeEsaEmpresaSolaOTodoQueda)
                              "AS S, (SELECT count(*) FROM Empresas_Responsables) AS R"));
     EXPECT_EQ(cuitDos, cuitDeUnicaEmpresa(conexion));
     EXPECT_THROW((void)eliminarEmpresa(conexion, cuitUno), YaNoEsta);
-}
-
-TEST_F(PruebaEmpresa, CatalogosPorNombre)
-{
-    for (const Catalogo catalogo :
-         {Catalogo::Provincias, Catalogo::Documentos, Catalogo::Categorias, Catalogo::Familiar, Catalogo::EstadoCivil})
-    {
-        const auto entradas = leerCatalogo(conexion, catalogo);
-        ASSERT_GT(entradas.size(), 2U);
-        EXPECT_TRUE(
-            std::ranges::is_sorted(entradas, [](const auto& a, const auto& b)
-                                   { return compararEspanol(a.nombre.toStdString(), b.nombre.toStdString()) < 0; }));
-        EXPECT_EQ(entradas.back().codigo, codigoDe(conexion, catalogo, entradas.back().nombre));
-        EXPECT_EQ(std::nullopt, codigoDe(conexion, catalogo, "ninguno"));
-    }
 }

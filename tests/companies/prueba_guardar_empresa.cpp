@@ -213,10 +213,3 @@ TEST_F(GuardarEmpresa, LoQueOtroPuestoCambioSePreguntaAntesDeReemplazarlo)
     EXPECT_EQ("stored", cambios());
     EXPECT_EQ(1, cuantos("Empresas_Sucursales"));
 }
-
-TEST(CambiadoPorOtro, LaCajaNombraDoceCambios)
-{
-    const QString texto = CambiadoPorOtro(Cambios(14, {"Piso", "1", "2"})).descripcion();
-    EXPECT_EQ(12, texto.count("Piso: decía \"1\" y ahora dice \"2\".\n"));
-    EXPECT_TRUE(texto.contains("\nY otros 2.\n"));
-}

@@ -26,19 +26,25 @@ struct EnvioDDJJ : testing::Test
             poner(tabla);
         }
     }
-    /// Its file is gone by the time it is to be sent.
-    EnvioDeDDJJ envio{ClaveDDJJ{dePrueba::cuit, dePrueba::periodo, 0},
-                      [this](const QString&) { QFile::remove(base.ruta(archivo)); }};
+    /// With its file gone by the time it is to be sent, perhaps.
+    EnvioDeDDJJ envio(bool sinArchivo)
+    {
+        return EnvioDeDDJJ(ClaveDDJJ{dePrueba::cuit, dePrueba::periodo, 0},
+                           [=, this](const QString&) { (void)(sinArchivo && QFile::remove(base.ruta(archivo))); });
+    }
 };
 } // namespace
 
-TEST_F(EnvioDDJJ, SinArchivoQueBorrarSeDiceElError)
+TEST_F(EnvioDDJJ, SubeComoTextoYSinArchivoQueBorrarSeDiceElError)
 {
     ServidorFtpDePrueba servidor("si");
     reemplazarServidorFtp(servidor.direccion());
-    cajas.esperaQueDiga(Caja::Informacion, "Error: 53 - ");
-    envio.EnviarDDJJPorFtp(true);
+    cajas.esperaQueDiga(Caja::Informacion, "ENVIADA CON EXITO").esperaQueDiga(Caja::Informacion, "Error: 53 - ");
+    envio(false).EnviarDDJJPorFtp(true);
+    envio(true).EnviarDDJJPorFtp(true);
     reemplazarServidorFtp({});
+    servidor.terminar();
+    EXPECT_TRUE(servidor.ordenes().contains("TYPE A|STOR"));
 }
 
 TEST_F(EnvioDDJJ, PorCorreoEntregaElArchivoYLoConserva)
@@ -47,7 +53,7 @@ TEST_F(EnvioDDJJ, PorCorreoEntregaElArchivoYLoConserva)
     QStringList mensaje;
     reemplazarCorreo([&](const MensajeDeCorreo& m) { mensaje = {m.destinatario, m.asunto, m.adjunto}; });
     cajas.espera(Caja::Simple, "El Correo correspondiente ha sido enviado correctamente.");
-    envio.EnviarDDJJPorCorreo();
+    envio(false).EnviarDDJJPorCorreo();
     reemplazarCorreo({});
     EXPECT_EQ((QStringList{"ddjj@example.org", archivo + " - Envio DD.JJ.", base.ruta(archivo)}), mensaje);
     EXPECT_TRUE(QFile::exists(base.ruta(archivo)));

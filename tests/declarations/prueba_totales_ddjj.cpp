@@ -25,19 +25,20 @@ struct TotalesDeDDJJ : testing::Test
     [[nodiscard]] TotalesDDJJ totales(const ClaveDDJJ& clave = original) { return calcularTotales(c, clave); }
 };
 
-/// Pay, people and dependants of all and of the members, then the three contributions and their sum.
+/// People and dependants of all and of the members; their pay, the three contributions and their sum.
 std::string plano(const SumasDDJJ& s)
 {
-    QStringList partes;
-    for (const SumaDePersonal& suma : {s.todos, s.afiliados})
+    auto texto = QString("%1 %2 %3 %4")
+                     .arg(s.todos.empleados)
+                     .arg(s.todos.familiares)
+                     .arg(s.afiliados.empleados)
+                     .arg(s.afiliados.familiares);
+    for (const Moneda importe :
+         {s.todos.remuneracion, s.afiliados.remuneracion, s.art100, s.art101a, s.art101b, s.aDepositar()})
     {
-        partes += suma.remuneracion.textoPlano() + QString(" %1 %2").arg(suma.empleados).arg(suma.familiares);
+        texto += '|' + importe.textoPlano();
     }
-    for (const Moneda importe : {s.art100, s.art101a, s.art101b, s.aDepositar()})
-    {
-        partes += importe.textoPlano();
-    }
-    return partes.join(QLatin1Char('|')).toStdString();
+    return texto.toStdString();
 }
 } // namespace
 
@@ -55,10 +56,10 @@ TEST_F(TotalesDeDDJJ, SumaAfiliadosYNoAfiliados)
             valores + ")");
     };
     uno("'20-3', 0, 9223372036854775, 1, 0, 203300, 0, 50000, 4");
-    EXPECT_EQ("922337203685.4776 1 4|0 0 0|20.33|0|5|25.33", plano(*totales().sumas));
+    EXPECT_EQ("1 4 0 0|922337203685.4776|0|20.33|0|5|25.33", plano(*totales().sumas));
     uno("'20-1', 1, 10000000, 1005000, 500001, 220200, 110100, 110200, 2");
     uno("'20-2', 1, 1000, 0, 0, 1000, 2000, 0, 0");
-    EXPECT_EQ("922337204836.0777 3 6|1150.6001 2 2|42.45|11.21|16.02|69.68", plano(*totales().sumas));
+    EXPECT_EQ("3 6 2 2|922337204836.0777|1150.6001|42.45|11.21|16.02|69.68", plano(*totales().sumas));
 }
 
 // Who lacks something is counted once; a reduced day is the whole month's.

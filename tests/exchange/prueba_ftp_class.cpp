@@ -6,6 +6,7 @@
 #include "exchange/screens/ftp_class.h"
 #include "exchange/servidor_ftp.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -95,13 +96,16 @@ TEST(FtpClass, UnEnvioDiceYDejaLoQueCorresponde)
         const QByteArray bytes = declaracion().repeated(como == "traba" ? 16 : 1);
         escribirArchivo(carpeta.filePath(nombre), bytes);
 
-        ClienteFtp cliente(servidor.direccion(), calla ? paciencia : sobrada);
+        ClienteFtp cliente(servidor.direccion(), calla && como != "calla-QUIT" ? paciencia : sobrada);
+        QElapsedTimer despedida;
         if (cliente.conectar())
         {
             cliente.ftp.CambiarDirectorio("/DDJJ/");
             cliente.ftp.SubirArchivo(carpeta.filePath(nombre), nombre);
+            despedida.start();
             cliente.ftp.Desconectar();
         }
+        EXPECT_FALSE(despedida.isValid() && despedida.hasExpired(15'000)) << "nobody waits for the farewell";
         EXPECT_EQ(dice, cliente.dicho());
         EXPECT_EQ(0, cliente.ocupado);
         EXPECT_LT(calla ? 3 : 0, cliente.avisos) << "the screen stood still meanwhile";
