@@ -50,8 +50,7 @@ iguales() {
   QT_QPA_PLATFORM=offscreen examples/recorrido/recorrer.sh build/release "$aqui" >/dev/null
   cmp "$aqui/declaracion.txt" "$alla/declaracion.txt" || falla "la declaración es otra"
   for pdf in "$aqui"/informes/*.pdf; do
-    cmp <(pdftotext -layout "$pdf" -) <(pdftotext -layout "$alla/informes/$(basename "$pdf")" -) ||
-      falla "$(basename "$pdf") dice otra cosa"
+    cmp <(palabras "$pdf") <(palabras "$alla/informes/$(basename "$pdf")") || falla "$(basename "$pdf") dice otra cosa"
   done
   cmp <(sqlite3 "$aqui/DBBrivo.mdb" .dump) <(sqlite3 "$alla/DBBrivo.mdb" .dump) || falla "la base de datos es otra"
   cp "$aqui/DBBrivo.mdb" "$salidas/de_aqui.mdb"
@@ -59,6 +58,8 @@ iguales() {
   abrir_y_compactar build/release/bin/robot "$salidas/de_alla.mdb"
   abrir_y_compactar "scripts/windows/wine.sh $construccion/bin/robot.exe" "$salidas/de_aqui.mdb"
 }
+
+palabras() { pdftotext -layout "$1" - | tr -s ' '; } # the blanks between are drawn, not said
 
 abrir_y_compactar() {
   local carpeta=$salidas/cruzada
