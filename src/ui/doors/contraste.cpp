@@ -32,6 +32,6 @@ bool altoContraste()
 {
     const QPalette paleta = QGuiApplication::palette();
     const auto [oscuro, claro] =
-        std::minmax(paleta.color(QPalette::Window).lightness(), paleta.color(QPalette::WindowText).lightness());
+        std::minmax({paleta.color(QPalette::Window).lightness(), paleta.color(QPalette::WindowText).lightness()});
     return loDiceElSistema() || (oscuro == 0 && claro == 255);
 }
