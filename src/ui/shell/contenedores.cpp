@@ -50,6 +50,11 @@ MarcoDePantalla::MarcoDePantalla(Pantalla* pantalla)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* nuevo) { mostrarFoco(nuevo); });
 }
 
+MarcoDePantalla::~MarcoDePantalla()
+{
+    disconnect(qApp, nullptr, this, nullptr); // the screen loses the focus after this frame has ended
+}
+
 QSize MarcoDePantalla::sizeHint() const
 {
     return widget() != nullptr

@@ -19,6 +19,7 @@ class MarcoDePantalla : public QScrollArea
     Q_OBJECT
 public:
     explicit MarcoDePantalla(Pantalla* pantalla);
+    ~MarcoDePantalla() override;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
