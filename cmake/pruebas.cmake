@@ -1,11 +1,18 @@
-# pruebas(FOLDER target...): one GoogleTest program for tests/FOLDER, named prueba_FOLDER with "_" for "/".
 set(ENTORNO_DE_PRUEBAS QT_QPA_PLATFORM=offscreen TZ=UTC)
 if(WIN32)
   # Left out there: what starts this system's own tools, which no program for Windows can (readers of PDF, an FTP server: the
   # scripts and scripts/windows/probar.sh look at the same), and what stands still or is drawn otherwise under Wine alone.
-  list(APPEND ENTORNO_DE_PRUEBAS GTEST_FILTER=-VistaPrevia.GuardaUnPdfODicePorQueNo:VistaPrevia.ImprimeLasHojasPedidas:Informe.LosValores*:Informe.NingunaFila*:Informe.LoQueVaJunto*:Informe.OtroPapel*:BoletaImpresa.UnLector*:BoletaImpresa.LaMasLarga*:InformesDDJJ.SalgaBien*:InformesDDJJ.LasHojas*:FtpClass.UnEnvio*:FtpClass.TodasLasOperaciones*:EnvioDDJJ.SubeComoTexto*:Cajas.*:Campos.LaMascaraPorPrograma*)
+  set(fuera
+    VistaPrevia.GuardaUnPdf* VistaPrevia.ImprimeLasHojas*
+    Informe.LosValores* Informe.NingunaFila* Informe.LoQueVaJunto* Informe.OtroPapel*
+    BoletaImpresa.UnLector* BoletaImpresa.LaMasLarga* InformesDDJJ.SalgaBien* InformesDDJJ.LasHojas*
+    FtpClass.UnEnvio* FtpClass.TodasLasOperaciones* EnvioDDJJ.SubeComoTexto*
+    Cajas.* Campos.LaMascaraPorPrograma*)
+  list(JOIN fuera ":" fuera)
+  list(APPEND ENTORNO_DE_PRUEBAS GTEST_FILTER=-${fuera})
 endif()
 
+# pruebas(FOLDER target...): one GoogleTest program for tests/FOLDER, named prueba_FOLDER with "_" for "/".
 function(pruebas carpeta)
   file(GLOB fuentes CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${carpeta}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/${carpeta}/*.h)
   if(WIN32)

@@ -9,3 +9,4 @@ export WINEPATH="${WINEPATH}Z:$compilador;Z:/usr/x86_64-w64-mingw32/lib"
 # Wine keeps Qt's variables of this system to itself, unless their names say that they are meant for its programs.
 export WINEQT_QPA_FONTDIR=Z:/usr/share/fonts/truetype/dejavu
 [ -z "${QT_QPA_PLATFORM:-}" ] || export WINEQT_QPA_PLATFORM="$QT_QPA_PLATFORM"
+[ -z "${QT_SCALE_FACTOR:-}" ] || export WINEQT_SCALE_FACTOR="$QT_SCALE_FACTOR"

@@ -69,8 +69,10 @@ TEST_F(Trabajo, LoQueSeTecleaSePulsaOSeCierraMientrasTantoSePierde)
     QWidget suelta; // a window that asks nobody whether it may close
     suelta.show();
     mesa.ventana.activateWindow();
+    una.hija().move(0, 0); // from under the progress
     const auto molestar = [&]
     {
+        EXPECT_EQ(mesa.ventana.childAt(una.accion->mapTo(&mesa.ventana, una.accion->rect().center())), una.accion);
         tecla(Qt::Key_X);
         clic(*una.accion);
         una.accion->setFocus();

@@ -19,6 +19,7 @@ struct
     QElapsedTimer reloj;
 } busqueda;
 
+/// Neither accents nor case count: "cordo" begins "Córdoba".
 QString llana(const QString& texto)
 {
     QString letras = texto.normalized(QString::NormalizationForm_D);
@@ -26,11 +27,6 @@ QString llana(const QString& texto)
     return letras.toCaseFolded();
 }
 } // namespace
-
-bool empiezaCon(const QString& texto, const QString& letras)
-{
-    return llana(texto).startsWith(llana(letras));
-}
 
 bool BusquedaPorLetras::enCurso(const QObject* donde)
 {
@@ -42,10 +38,11 @@ int BusquedaPorLetras::seguir(const QObject* donde, const QString& letra, int ac
 {
     const auto hallar = [&](const QString& letras, int primera)
     {
+        const QString comienzo = llana(letras);
         for (int i = 0; i < entradas; ++i)
         {
             const int entrada = (primera + i) % entradas;
-            if (empiezaCon(texto(entrada), letras))
+            if (llana(texto(entrada)).startsWith(comienzo))
             {
                 return entrada;
             }

@@ -5,11 +5,9 @@
 
 class QObject;
 
-/// Neither accents nor case count: "cordo" begins "Córdoba".
-[[nodiscard]] bool empiezaCon(const QString& texto, const QString& letras);
-
-/// Entries found by their first letters, in every list and grid. Letters that follow each other within a second are one
-/// search; the same letter again walks through the entries that begin with it.
+/// Entries found by their first letters, in every list and grid, without regard to accents and case. Letters that
+/// follow each other within a second are one search; the same letter again walks through the entries that begin with
+/// it.
 namespace BusquedaPorLetras
 {
 /// True when a search is under way there: a blank is a letter of it then.

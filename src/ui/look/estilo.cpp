@@ -137,6 +137,7 @@ private:
     QLabel* m_etiqueta;
     QIcon m_icono;
 };
+
 /// An amount that is wider than its field is shown in smaller figures: one that is cut reads as another amount.
 class CifraEntera : public QObject
 {

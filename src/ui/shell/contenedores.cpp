@@ -29,6 +29,7 @@ Qt::WindowFlags marco(const Pantalla& pantalla)
     return pantalla.windowFlags().testFlag(Qt::CustomizeWindowHint) ? Qt::SubWindow | pantalla.windowFlags()
                                                                     : Qt::WindowFlags();
 }
+
 /// The size that a window takes in a place: with room for the bar that a lack of the other room brings.
 QSize tamanoEn(const QWidget& ventana, QSize lugar)
 {
