@@ -93,9 +93,9 @@ public:
     }
 };
 
-void marcar(QWidget* control, const char* propiedad)
+void marcar(QWidget* control, const char* propiedad, bool si = true)
 {
-    control->setProperty(propiedad, true);
+    control->setProperty(propiedad, si);
     control->style()->unpolish(control);
     control->style()->polish(control);
 }
@@ -305,6 +305,14 @@ void Estilo::advertencia(QWidget* etiqueta)
     if (auto* rotulo = qobject_cast<QLabel*>(etiqueta))
     {
         new IconoDeAdvertencia(rotulo);
+    }
+}
+
+void Estilo::atencion(QWidget* etiqueta, bool pide)
+{
+    if (etiqueta->property("atencion").toBool() != pide)
+    {
+        marcar(etiqueta, "atencion", pide);
     }
 }
 
