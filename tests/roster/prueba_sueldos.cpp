@@ -3,7 +3,7 @@
 #include "apoyo/datos.h"
 #include "companies/cambios_en_texto.h"
 #include "core/vigencia.h"
-#include "roster/totales_de_sueldos.h"
+#include "roster/sueldos.h"
 
 #include <gtest/gtest.h>
 
@@ -131,18 +131,4 @@ TEST_F(Sueldos, LoQueOtroPuestoCambioSePreguntaAntesDeReemplazarlo)
     filas[0].acuerdo = Moneda::deTexto("200000,10"); // a reading shows 200.000,09
     EXPECT_EQ(1, actualizarSueldos(conexion, clave, filas, {}));
     EXPECT_NO_THROW((void)actualizarSueldos(conexion, clave, filas, filas)) << "what this grid saved itself";
-}
-
-TEST(TotalesDeSueldos, SiguenACadaFila)
-{
-    std::vector<FilaSueldo> filas(2);
-    filas[0].sueldo = Moneda::deEntero(1000);
-    TotalesDeSueldos totales;
-    totales.contar(filas, filas);
-    totales.cambiar(0, Moneda::deEntero(900), Moneda::deEntero(5));
-    totales.cambiar(1, Moneda(), Moneda::deEntero(7));
-    totales.cambiar(1, Moneda(), Moneda()); // as it was read
-    EXPECT_EQ("2 personas - Sueldo $ 900,00 - Acuerdo $ 5,00 - 1 modificada", totales.texto());
-    totales.cambiar(1, Moneda::deTexto("922337203685477,58"), Moneda());
-    EXPECT_EQ("2 personas - 2 modificadas", totales.texto());
 }

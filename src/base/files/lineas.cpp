@@ -102,8 +102,8 @@ bool LectorDeLineas::hayMas(std::size_t& i)
     return i < m_lleno;
 }
 
-EscritorDeLineas::EscritorDeLineas(const QString& ruta, const QString& nombre)
-    : m_ruta(nombre.isEmpty() ? ruta : nombre)
+EscritorDeLineas::EscritorDeLineas(const QString& ruta)
+    : m_ruta(ruta)
     , m_archivo(abrir(ruta, "wb"))
 {
     m_pendiente.reserve(static_cast<qsizetype>(tamanoDelBloque));

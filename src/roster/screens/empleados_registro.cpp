@@ -94,17 +94,6 @@ void Empleados::mostrar(const Empleado& empleado)
     mostrarSucursal(SucursalActual == 0 ? QString()
                                         : textoSucursal(Rutinas::Conexion, SucursalActual, ui->txtCuit->text()));
     mostrarFamilia(m_leido->familia);
-    contarLugar();
-}
-
-void Empleados::contarLugar()
-{
-    m_lugar = {};
-    if (m_leido && !enEdicion())
-    {
-        m_lugar = lugarEnNomina(Rutinas::Conexion, m_clave, MaskCuil[0]->text());
-    }
-    Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 
 void Empleados::mostrarSucursal(const std::optional<QString>& texto)
@@ -156,7 +145,6 @@ void Empleados::LimpiarEmpleado()
         ponerEntero(txtImporte[i], QString());
     }
     ui->vsFamiliares->cargar({});
-    contarLugar();
 }
 
 void Empleados::agregar()
@@ -225,7 +213,6 @@ void Empleados::aceptar()
 {
     if (GrabarEmpleado())
     {
-        recordarValores();
         HabilitarEdicion(false);
         setWindowTitle(TituloForm);
         ui->cmdEmpleado_0->setFocus();

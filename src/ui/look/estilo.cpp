@@ -93,9 +93,9 @@ public:
     }
 };
 
-void marcar(QWidget* control, const char* propiedad, bool si = true)
+void marcar(QWidget* control, const char* propiedad)
 {
-    control->setProperty(propiedad, si);
+    control->setProperty(propiedad, true);
     control->style()->unpolish(control);
     control->style()->polish(control);
 }
@@ -305,14 +305,6 @@ void Estilo::advertencia(QWidget* etiqueta)
     if (auto* rotulo = qobject_cast<QLabel*>(etiqueta))
     {
         new IconoDeAdvertencia(rotulo);
-    }
-}
-
-void Estilo::atencion(QWidget* etiqueta, bool pide)
-{
-    if (etiqueta->property("atencion").toBool() != pide)
-    {
-        marcar(etiqueta, "atencion", pide);
     }
 }
 
