@@ -5,7 +5,7 @@
 
 namespace
 {
-QString& otroDirectorio()
+QString& reemplazo()
 {
     static QString ruta;
     return ruta;
@@ -14,11 +14,11 @@ QString& otroDirectorio()
 
 QString DirectorioPrograma()
 {
-    const QString ruta = otroDirectorio().isEmpty() ? QCoreApplication::applicationDirPath() : otroDirectorio();
+    const QString ruta = reemplazo().isEmpty() ? QCoreApplication::applicationDirPath() : reemplazo();
     return QDir::toNativeSeparators(QDir::cleanPath(QDir(ruta).absolutePath()));
 }
 
 void reemplazarDirectorioPrograma(const QString& ruta)
 {
-    otroDirectorio() = ruta;
+    reemplazo() = ruta;
 }

@@ -2,7 +2,7 @@
 
 namespace
 {
-std::function<QDateTime()>& otroReloj()
+std::function<QDateTime()>& reemplazo()
 {
     static std::function<QDateTime()> funcion;
     return funcion;
@@ -11,10 +11,10 @@ std::function<QDateTime()>& otroReloj()
 
 QDateTime Reloj::Ahora()
 {
-    return otroReloj() ? otroReloj()() : QDateTime::currentDateTime();
+    return reemplazo() ? reemplazo()() : QDateTime::currentDateTime();
 }
 
 void Reloj::reemplazar(std::function<QDateTime()> reloj)
 {
-    otroReloj() = std::move(reloj);
+    reemplazo() = std::move(reloj);
 }

@@ -14,14 +14,14 @@ Archivo& archivo()
     return uno;
 }
 
-template <class Modo, class... A>
-Modo& abrir(const A&... ruta)
+template <class Modo>
+Modo& abrir(const QString& ruta)
 {
     if (ArchivoUno::abierto())
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::ArchivoYaAbierto);
     }
-    Modo nuevo(ruta...); // one that cannot be opened leaves the number free
+    Modo nuevo(ruta); // one that cannot be opened leaves the number free
     return archivo().emplace<Modo>(std::move(nuevo));
 }
 } // namespace
@@ -31,9 +31,9 @@ LectorDeLineas& ArchivoUno::abrirParaLeer(const QString& ruta)
     return abrir<LectorDeLineas>(ruta);
 }
 
-void ArchivoUno::abrirParaEscribir(const QString& ruta, const QString& nombre)
+void ArchivoUno::abrirParaEscribir(const QString& ruta)
 {
-    abrir<EscritorDeLineas>(ruta, nombre);
+    abrir<EscritorDeLineas>(ruta);
 }
 
 void ArchivoUno::imprimir(QByteArrayView linea)

@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QLocale>
 #include <QtGlobal>
-#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <gmock/gmock.h>
@@ -20,8 +19,13 @@ protected:
 
 void ponerLocaleDeTrampa()
 {
-    const std::initializer_list<const char*> nombres = {"es_AR.UTF-8", "es_ES.UTF-8", "de_DE.UTF-8"};
-    static_cast<void>(std::ranges::any_of(nombres, [](auto* uno) { return std::setlocale(LC_ALL, uno) != nullptr; }));
+    for (const char* nombre : {"es_AR.UTF-8", "es_ES.UTF-8", "de_DE.UTF-8"})
+    {
+        if (std::setlocale(LC_ALL, nombre) != nullptr)
+        {
+            break;
+        }
+    }
     std::locale::global(std::locale(std::locale(), new ComasYPuntos));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
 }

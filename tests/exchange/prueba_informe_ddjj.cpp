@@ -17,6 +17,8 @@ using namespace dePrueba;
 
 namespace
 {
+const ClaveDDJJ clave{cuit, periodo, 0};
+
 struct InformesDDJJ : testing::Test
 {
     BaseDePrueba base;

@@ -19,17 +19,16 @@ constexpr char marcaDeFin = 0x1A; // with which programs of the DOS end a text f
     detalle::fallarArchivo(error, ruta, detalle::Operacion::Canal);
 }
 
-/// Failures name `nombre`.
-sistema::Archivo abrir(const QString& ruta, const char* modo, const QString& nombre)
+sistema::Archivo abrir(const QString& ruta, const char* modo)
 {
     if (QFileInfo(ruta).isDir())
     {
-        fallar(nombre, EISDIR);
+        fallar(ruta, EISDIR);
     }
     sistema::Archivo archivo = sistema::abrir(ruta, modo);
     if (!archivo)
     {
-        fallar(nombre);
+        fallar(ruta);
     }
     return archivo;
 }
@@ -42,7 +41,7 @@ bool esFin(char c)
 
 LectorDeLineas::LectorDeLineas(const QString& ruta)
     : m_ruta(ruta)
-    , m_archivo(abrir(ruta, "rb", m_ruta))
+    , m_archivo(abrir(ruta, "rb"))
     , m_bloque(tamanoDelBloque)
     , m_largo(QFileInfo(ruta).size())
 {
@@ -103,9 +102,9 @@ bool LectorDeLineas::hayMas(std::size_t& i)
     return i < m_lleno;
 }
 
-EscritorDeLineas::EscritorDeLineas(const QString& ruta, const QString& nombre)
-    : m_ruta(nombre.isEmpty() ? ruta : nombre)
-    , m_archivo(abrir(ruta, "wb", m_ruta))
+EscritorDeLineas::EscritorDeLineas(const QString& ruta)
+    : m_ruta(ruta)
+    , m_archivo(abrir(ruta, "wb"))
 {
     m_pendiente.reserve(static_cast<qsizetype>(tamanoDelBloque));
 }

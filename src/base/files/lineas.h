@@ -34,8 +34,7 @@ private:
 class EscritorDeLineas
 {
 public:
-    /// Failures name `nombre` where there is one: the file as the user knows it.
-    explicit EscritorDeLineas(const QString& ruta, const QString& nombre = {});
+    explicit EscritorDeLineas(const QString& ruta);
     /// Writes a line that is in the file's own encoding, and CR LF.
     void imprimir(QByteArrayView linea);
     /// Writes out what is pending and closes, also when that fails. Without it the last lines are lost.

@@ -12,7 +12,6 @@ namespace
 constexpr unsigned long entreIntentos = 50; // ms
 constexpr int ocupada = 5;                  // SQLite's code while another desk writes
 int paciencia = 60'000;                     // ms
-std::function<void()> alVolver;
 
 std::optional<ErrorDeEjecucion> fallaDe(const std::function<void()>& cuerpo)
 {
@@ -71,39 +70,18 @@ void Rutinas::ConLaBaseCerrada(const QString& titulo, const std::function<void(c
                                const std::function<void(const std::optional<ErrorDeEjecucion>&)>& contar)
 {
     CerrarBase();
-    bool abandonado = false;
     const auto falla = fallaDe(
         [&]
         {
-            try
-            {
-                TrabajoLargo avance(titulo, TrabajoLargo::Cancelable::Si);
-                trabajo(avance.aviso());
-            }
-            catch (const TrabajoCancelado&)
-            {
-                abandonado = true;
-            }
+            TrabajoLargo avance(titulo);
+            trabajo(avance.aviso());
         });
     const auto fallaAlReabrir = fallaDe(ReabrirBase);
-    abandonado ? void() : contar(falla);
+    contar(falla);
     if (fallaAlReabrir)
     {
         throw ErrorDeEjecucion(*fallaAlReabrir);
     }
-    if (alVolver)
-    {
-        alVolver();
-    }
-    if (abandonado)
-    {
-        throw TrabajoCancelado();
-    }
-}
-
-void Rutinas::fijarTrasLaBaseCerrada(std::function<void()> avisar)
-{
-    alVolver = std::move(avisar);
 }
 
 void Rutinas::fijarPacienciaAlReabrir(int milisegundos)

@@ -106,10 +106,7 @@ void DDJJ::cmdCopiar_Click()
     {
         return;
     }
-    {
-        TrabajoLargo trabajo(QStringLiteral("Copiando la Nómina de Personal"), TrabajoLargo::Cancelable::Si);
-        copiarNomina(Rutinas::Conexion, clave(), fuente, trabajo.aviso());
-    }
+    copiarNomina(Rutinas::Conexion, clave(), fuente);
     MsgBox(QStringLiteral("La Declaración Jurada se ha copiada con éxito."), Caja::Informacion);
     MostrarDDJJ();
 }
@@ -132,7 +129,7 @@ void DDJJ::cmdImportar_Click()
     Puntero::ocupado();
     try
     {
-        TrabajoLargo trabajo(QStringLiteral("Importando la Nómina de Personal"), TrabajoLargo::Cancelable::Si);
+        TrabajoLargo trabajo(QStringLiteral("Importando la Nómina de Personal"));
         resultado = importarNomina(Rutinas::Conexion, clave(), Rutinas::TextoDevuelto, formato, trabajo.aviso());
     }
     catch (const YaNoEsta&)
@@ -142,7 +139,6 @@ void DDJJ::cmdImportar_Click()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        TrabajoCancelado::pasar(error);
         MsgBox(QStringLiteral("%1 - %2").arg(error.numero()).arg(error.descripcion()));
         return;
     }

@@ -50,7 +50,7 @@ bool EnvioDeDDJJ::GrabarArchivoDDJJ()
         }
         exigirEmpresa(Rutinas::Conexion, m_clave->cuit);
         exigirDeclaracion(Rutinas::Conexion, *m_clave);
-        TrabajoLargo trabajo(QStringLiteral("Grabando la Declaración Jurada"), TrabajoLargo::Cancelable::Si);
+        TrabajoLargo trabajo(QStringLiteral("Grabando la Declaración Jurada"));
         ::GrabarArchivoDDJJ(Rutinas::Conexion, datosDe(*m_clave), ArchivoDDJJ, trabajo.aviso());
     }
     catch (const YaNoEsta&)
@@ -59,7 +59,6 @@ bool EnvioDeDDJJ::GrabarArchivoDDJJ()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        TrabajoCancelado::pasar(error);
         avisarErrorDeApertura(error);
         return false;
     }

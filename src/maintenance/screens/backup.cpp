@@ -5,15 +5,11 @@
 #include "base/reloj.h"
 #include "core/rutinas.h"
 #include "core/screens/base_cerrada.h"
-#include "core/ultima_copia.h"
 #include "maintenance/respaldo.h"
 #include "ui/doors/dialogos.h"
 #include "ui/doors/mensajes.h"
 #include "ui/look/estilo.h"
-#include "ui/shell/trabajo_largo.h"
 #include "ui_backup.h"
-
-#include <QDir>
 
 namespace
 {
@@ -129,16 +125,7 @@ void Backup::resguardarBase()
         {
             CarpetaCopia = carpetaDeCopia(DirectorioPrograma(), Reloj::Ahora());
             ui->txtDestino_0->setText(prepararCopia(CarpetaCopia));
-            try
-            {
-                dano = resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text(), aviso);
-            }
-            catch (const TrabajoCancelado&)
-            {
-                QDir().rmdir(CarpetaCopia); // unless a copy of this minute lies in it
-                ui->txtDestino_0->clear();
-                throw;
-            }
+            dano = resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text(), aviso);
         },
         [&](const std::optional<ErrorDeEjecucion>& falla) { contarResguardo(falla, dano); });
 }

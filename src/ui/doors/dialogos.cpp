@@ -31,10 +31,9 @@ QString elegirArchivo(const PedidoDeArchivo& pedido)
     dialogo.setFileMode(pedido.debeExistir ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialogo.setNameFilter(pedido.filtro.isEmpty() ? QStringLiteral("*") : pedido.filtro);
     dialogo.setDefaultSuffix(pedido.extension);
-    const QString ofrecido = pedido.nombreInicial.isEmpty() ? pedido.propuesta : pedido.nombreInicial;
-    if (!ofrecido.isEmpty())
+    if (!pedido.nombreInicial.isEmpty())
     {
-        const QFileInfo inicial(QDir::fromNativeSeparators(ofrecido));
+        const QFileInfo inicial(QDir::fromNativeSeparators(pedido.nombreInicial));
         dialogo.setDirectory(inicial.absolutePath());
         dialogo.selectFile(inicial.fileName());
     }

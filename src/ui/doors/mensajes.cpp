@@ -11,7 +11,7 @@ namespace
 {
 int abiertas = 0;
 QPointer<QWidget> ventanaPrincipal;
-AtiendeCajas otroMostrador;
+AtiendeCajas reemplazo;
 std::function<void(const DatosDeCaja&)> mostrada;
 std::function<void(const DatosDeCaja&, bool)> cerrada;
 
@@ -56,9 +56,9 @@ bool mostrarCaja(const DatosDeCaja& datos)
 bool atender(const DatosDeCaja& datos)
 {
     const CajaAbierta abierta;
-    if (otroMostrador)
+    if (reemplazo)
     {
-        const AtiendeCajas atiende = otroMostrador; // it may replace itself while it runs
+        const AtiendeCajas atiende = reemplazo; // it may replace itself while it runs
         return atiende(datos);
     }
     if (mostrada)
@@ -128,7 +128,7 @@ bool Preguntar(const QString& texto, const QString& titulo)
 
 void reemplazarCajas(AtiendeCajas atiende)
 {
-    otroMostrador = std::move(atiende);
+    reemplazo = std::move(atiende);
 }
 
 void observarCajas(std::function<void(const DatosDeCaja&)> alMostrar,
