@@ -296,6 +296,11 @@ void TransporteFtp::setAviso(Aviso aviso)
     m_interno->aviso = std::move(aviso);
 }
 
+void TransporteFtp::setLimites(Limites limites)
+{
+    m_interno->limites = limites;
+}
+
 bool TransporteFtp::iniciada() const
 {
     return m_interno->facil != nullptr && m_interno->varios != nullptr;

@@ -35,6 +35,8 @@ public:
     TransporteFtp& operator=(const TransporteFtp&) = delete;
 
     void setAviso(Aviso aviso);
+    /// Of the operations that begin from now on.
+    void setLimites(Limites limites);
     /// Connects and signs on.
     bool conectar(const Cuenta& cuenta);
     /// Says goodbye and does not wait for the answer. False when there was no connection.

@@ -164,3 +164,8 @@ void FTP_Class::setAviso(TransporteFtp::Aviso aviso)
 {
     m_transporte.setAviso(std::move(aviso));
 }
+
+void FTP_Class::setLimites(TransporteFtp::Limites limites)
+{
+    m_transporte.setLimites(limites);
+}

@@ -43,6 +43,8 @@ public:
     [[nodiscard]] static std::optional<QDateTime> FechaDeArchivo(quint64 fileTime);
     /// Called while the transport works, so that the screen can show that something is going on.
     void setAviso(TransporteFtp::Aviso aviso);
+    /// Of the operations that begin from now on.
+    void setLimites(TransporteFtp::Limites limites);
 
     QString Usuario;
     QString PassWord;
