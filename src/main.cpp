@@ -1,4 +1,5 @@
 #include "base/directorio_programa.h"
+#include "core/nombre_programa.h"
 #include "core/screens/arranque.h"
 #include "registro.h"
 #include "ui/doors/contraste.h"
@@ -10,6 +11,7 @@
 int main(int argc, char** argv)
 {
     QApplication aplicacion(argc, argv);
+    QApplication::setApplicationName(QString::fromLatin1(nombreDelPrograma));
     // A program that was installed for all users works on a folder of each one.
     reemplazarDirectorioPrograma(qEnvironmentVariable("ALTOVERDE_CARPETA"));
     Estilo::aplicar(aplicacion, altoContraste());

@@ -5,6 +5,7 @@
 #include "companies/screens/empresas.h"
 #include "declarations/screens/buscar_ddjj.h"
 #include "declarations/screens/ddjj.h"
+#include "declarations/screens/mes_de_empresas_pantalla.h"
 #include "exchange/screens/importar.h"
 #include "maintenance/screens/acercade.h"
 #include "maintenance/screens/backup.h"
@@ -17,13 +18,32 @@
 #include "slips/screens/boletas.h"
 #include "ui/shell/navegacion.h"
 
+#include <QAction>
+#include <QComboBox>
+
+namespace
+{
+/// The month of all companies is opened from the list of them as well.
+DDJJ* conElMes(DDJJ* pantalla)
+{
+    auto* lista = pantalla->findChild<QComboBox*>(QStringLiteral("cmbEmpresa"));
+    auto* mes = new QAction(QStringLiteral("El mes de las empresas\tF9"), lista);
+    QObject::connect(mes, &QAction::triggered, lista,
+                     [] { protegido([] { Navegacion::instancia().mostrar(QStringLiteral("MesDeEmpresas")); }); });
+    lista->addAction(mes);
+    lista->setContextMenuPolicy(Qt::ActionsContextMenu);
+    return pantalla;
+}
+} // namespace
+
 void registrarPantallas()
 {
     auto& navegacion = Navegacion::instancia();
     navegacion.registrar(QStringLiteral("Empresas"), [] { return new Empresas; });
     navegacion.registrar(QStringLiteral("BuscarEmpresa"), [] { return new BuscarEmpresa; });
     navegacion.registrar(QStringLiteral("BuscarRubro"), [] { return new BuscarRubro; });
-    navegacion.registrar(QStringLiteral("DDJJ"), [] { return new DDJJ; });
+    navegacion.registrar(QStringLiteral("DDJJ"), [] { return conElMes(new DDJJ); });
+    navegacion.registrar(QStringLiteral("MesDeEmpresas"), [] { return new MesDeEmpresas; });
     navegacion.registrar(QStringLiteral("Importar"), [] { return new Importar; });
     navegacion.registrar(QStringLiteral("BuscarDDJJ"), [] { return new BuscarDDJJ; });
     navegacion.registrar(QStringLiteral("Empleados"), [] { return new Empleados; });

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Holds the sources against the arrows that the CMake files draw (biblioteca(... USES ...)) and against the doors to the
 outside. Prints each breach; exit status 1 when there is one."""
+import graphlib
 import pathlib
 import re
 import sys
@@ -42,23 +43,16 @@ class Biblioteca:
 
 def revisar_dibujo(bibliotecas: dict[str, Biblioteca]) -> list[str]:
     """No arrow leads to what is not there, from a rule to a screen, or round in a circle."""
-    fallas = []
-
-    def recorrer(destino: str, camino: list[str]) -> None:
-        if destino in camino:
-            fallas.append(" -> ".join([*camino, destino]) + ": a circle")
-            return
-        for otro in bibliotecas[destino].usa:
-            if otro not in bibliotecas:
-                fallas.append(f"{destino} uses {otro}, which no folder makes")
-                continue
-            if bibliotecas[otro].ventanas and not bibliotecas[destino].ventanas:
-                fallas.append(f"{destino} has no windows and uses {otro}")
-            recorrer(otro, [*camino, destino])
-
-    for destino in bibliotecas:
-        recorrer(destino, [])
-    return sorted(set(fallas))
+    flechas = [(destino, otro) for destino in bibliotecas for otro in bibliotecas[destino].usa]
+    fallas = [f"{destino} uses {otro}, which no folder makes" for destino, otro in flechas if otro not in bibliotecas]
+    con_ventanas = {destino for destino in bibliotecas if bibliotecas[destino].ventanas}
+    fallas += [f"{destino} has no windows and uses {otro}" for destino, otro in flechas
+               if otro in con_ventanas and destino not in con_ventanas]
+    try:
+        graphlib.TopologicalSorter({destino: bibliotecas[destino].usa for destino in bibliotecas}).prepare()
+    except graphlib.CycleError as circulo:
+        fallas.append(" -> ".join(reversed(circulo.args[1])) + ": a circle")
+    return fallas
 
 
 def revisar_archivo(ruta: pathlib.Path, carpetas: dict[str, Biblioteca]) -> list[str]:

@@ -5,7 +5,7 @@
 
 namespace
 {
-QString& reemplazo()
+QString& otroDirectorio()
 {
     static QString ruta;
     return ruta;
@@ -14,11 +14,11 @@ QString& reemplazo()
 
 QString DirectorioPrograma()
 {
-    const QString ruta = reemplazo().isEmpty() ? QCoreApplication::applicationDirPath() : reemplazo();
+    const QString ruta = otroDirectorio().isEmpty() ? QCoreApplication::applicationDirPath() : otroDirectorio();
     return QDir::toNativeSeparators(QDir::cleanPath(QDir(ruta).absolutePath()));
 }
 
 void reemplazarDirectorioPrograma(const QString& ruta)
 {
-    reemplazo() = ruta;
+    otroDirectorio() = ruta;
 }

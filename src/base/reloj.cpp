@@ -2,7 +2,7 @@
 
 namespace
 {
-std::function<QDateTime()>& reemplazo()
+std::function<QDateTime()>& otroReloj()
 {
     static std::function<QDateTime()> funcion;
     return funcion;
@@ -11,10 +11,10 @@ std::function<QDateTime()>& reemplazo()
 
 QDateTime Reloj::Ahora()
 {
-    return reemplazo() ? reemplazo()() : QDateTime::currentDateTime();
+    return otroReloj() ? otroReloj()() : QDateTime::currentDateTime();
 }
 
 void Reloj::reemplazar(std::function<QDateTime()> reloj)
 {
-    reemplazo() = std::move(reloj);
+    otroReloj() = std::move(reloj);
 }

@@ -1,6 +1,7 @@
 #include "declarations/ciclo_ddjj.h"
 
 #include "base/db/conexion.h"
+#include "base/db/latido.h"
 #include "core/vigencia.h"
 
 namespace
@@ -63,11 +64,11 @@ int crearDeclaracion(Conexion& conexion, const QString& cuit, QDate periodo, QDa
     return secuencia;
 }
 
-void eliminarDeclaracion(Conexion& conexion, const ClaveDDJJ& clave)
+void eliminarDeclaracion(Conexion& conexion, const ClaveDDJJ& clave, const Aviso& aviso)
 {
     Transaccion transaccion(conexion);
     exigirDeclaracion(conexion, clave);
-    borrarNomina(conexion, clave);
+    conLatido(conexion, aviso, [&] { borrarNomina(conexion, clave); });
     conexion.ejecutar("DELETE FROM DDJJ WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit, clave.periodo,
                       clave.secuencia);
     transaccion.confirmar();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/aviso.h"
 #include "core/clave_ddjj.h"
 
 #include <QDate>
@@ -37,5 +38,5 @@ struct RechazoDePeriodo
 int crearDeclaracion(Conexion& conexion, const QString& cuit, QDate periodo, QDate hoy);
 
 /// Deletes a declaration and its roster, both or none. Payments and family members stay. Throws YaNoEsta when
-/// it is gone.
-void eliminarDeclaracion(Conexion& conexion, const ClaveDDJJ& clave);
+/// it is gone. What `aviso` throws leaves everything as it was.
+void eliminarDeclaracion(Conexion& conexion, const ClaveDDJJ& clave, const Aviso& aviso = {});

@@ -1,6 +1,7 @@
 #include "declarations/copia_ddjj.h"
 
 #include "base/db/conexion.h"
+#include "base/db/latido.h"
 #include "core/vigencia.h"
 
 std::vector<ClaveDDJJ> fuentesDeCopia(Conexion& conexion, const ClaveDDJJ& destino)
@@ -23,14 +24,14 @@ std::vector<ClaveDDJJ> fuentesDeCopia(Conexion& conexion, const ClaveDDJJ& desti
     return fuentes;
 }
 
-void copiarNomina(Conexion& conexion, const ClaveDDJJ& destino, const ClaveDDJJ& fuente)
+namespace
 {
-    Transaccion transaccion(conexion);
-    exigirDeclaracion(conexion, destino);
-    exigirDeclaracion(conexion, fuente);
+/// Gives the number of employees copied.
+int reemplazarNomina(Conexion& conexion, const ClaveDDJJ& destino, const ClaveDDJJ& fuente)
+{
     conexion.ejecutar("DELETE FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", destino.cuit,
                       destino.periodo, destino.secuencia);
-    const int copiados = conexion.ejecutar(
+    return conexion.ejecutar(
         "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Sexo, Calle, Numero, Piso, "
         "Depto, CodPos, Localidad, Provincia, Telefono, Nacio, EstCivil, Afiliado, Sueldo, Imponible, Categoria, "
         "Ingreso, Egreso, Sucursal, QHoras, ART100, ART101A, ART101B, Acuerdo, Acuerdo2) "
@@ -40,6 +41,16 @@ void copiarNomina(Conexion& conexion, const ClaveDDJJ& destino, const ClaveDDJJ&
         "ART101A, ART101B, Acuerdo + Acuerdo2, 0 "
         "FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?",
         destino.periodo, destino.secuencia, fuente.cuit, fuente.periodo, fuente.secuencia);
+}
+} // namespace
+
+void copiarNomina(Conexion& conexion, const ClaveDDJJ& destino, const ClaveDDJJ& fuente, const Aviso& aviso)
+{
+    Transaccion transaccion(conexion);
+    exigirDeclaracion(conexion, destino);
+    exigirDeclaracion(conexion, fuente);
+    int copiados = 0;
+    conLatido(conexion, aviso, [&] { copiados = reemplazarNomina(conexion, destino, fuente); });
     if (copiados == 0)
     {
         throw YaNoEsta(QStringLiteral("La Declaración Jurada %1 - %2 ya no tiene Empleados: fueron eliminados desde "

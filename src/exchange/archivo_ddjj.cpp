@@ -3,6 +3,7 @@
 #include "base/db/conexion.h"
 #include "base/directorio_programa.h"
 #include "base/error_de_ejecucion.h"
+#include "base/files/archivos.h"
 #include "base/numbers/formato.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/renglon.h"
@@ -12,7 +13,7 @@
 namespace
 {
 /// Employees between two calls of the progress.
-constexpr qint64 tramo = 256;
+constexpr qint64 filasPorTramo = 256;
 
 constexpr Campo camposEmpresa[] = {
     {Campo::Texto, "Razon", 45},     {Campo::Texto, "Fantasia", 40},      {Campo::Texto, "Calle", 30},
@@ -131,8 +132,7 @@ void escribirFilas(Sentencia consulta, const QString& clave, char tipo, std::spa
         clave);
 }
 
-void escribirEmpleados(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglon& renglon,
-                       const std::function<void(qint64 hecho, qint64 total)>& aviso)
+void escribirEmpleados(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglon& renglon, const Aviso& aviso)
 {
     Sentencia familiares = conexion.preparar("SELECT * FROM Empleados_Familiares WHERE CUIL = ?");
     qint64 escritos = 0;
@@ -149,7 +149,7 @@ void escribirEmpleados(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglo
         renglon.agregar(finDeEmpleado);
         imprimir(renglon);
         familiares.recorrer(escribirFamiliar, empleado.utf8("Cuil"));
-        if (++escritos % tramo == 0 && aviso)
+        if (++escritos % filasPorTramo == 0)
         {
             aviso(escritos, 0);
         }
@@ -158,10 +158,8 @@ void escribirEmpleados(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglo
                       datos.cuit, datos.periodo, numeroDeSecuencia(datos.secuencia));
 }
 
-void escribirArchivo(Conexion& conexion, const DatosArchivoDDJJ& datos, const QString& nombre,
-                     const std::function<void(qint64 hecho, qint64 total)>& aviso)
+void escribirLineas(Conexion& conexion, const DatosArchivoDDJJ& datos, const Aviso& aviso)
 {
-    ArchivoUno::abrirParaEscribir(rutaArchivoDDJJ(nombre));
     Renglon renglon;
     escribirEmpresa(conexion, datos, renglon);
     escribirFilas(conexion.preparar("SELECT * FROM Empresas_Responsables WHERE CUIT = ?"), datos.cuit, '1',
@@ -172,16 +170,42 @@ void escribirArchivo(Conexion& conexion, const DatosArchivoDDJJ& datos, const QS
     ArchivoUno::cerrar();
 }
 
-void cerrarTrasUnaFalla()
+template <class T>
+void trasUnaFalla(const T& haz)
 {
     try
     {
-        ArchivoUno::cerrar();
+        haz();
     }
     catch (const ErrorDeEjecucion&)
     {
         // The failure that brought us here is the one to tell.
     }
+}
+
+void escribirArchivo(Conexion& conexion, const DatosArchivoDDJJ& datos, const QString& nombre, const Aviso& aviso)
+{
+    const QString ruta = rutaArchivoDDJJ(nombre);
+    Archivos::Parte parte(ruta);
+    ArchivoUno::abrirParaEscribir(parte.ruta(), ruta);
+    bool abandonado = false; // what a failure has left written stays, what was given up does not
+    const auto avisar = [&](qint64 hecho, qint64 total)
+    {
+        abandonado = true;
+        aviso ? aviso(hecho, total) : void();
+        abandonado = false;
+    };
+    try
+    {
+        escribirLineas(conexion, datos, avisar);
+    }
+    catch (...)
+    {
+        trasUnaFalla(ArchivoUno::cerrar);
+        abandonado ? void() : trasUnaFalla([&] { parte.colocar(); });
+        throw;
+    }
+    parte.colocar();
 }
 } // namespace
 
@@ -196,8 +220,7 @@ QString rutaArchivoDDJJ(const QString& nombreArchivo)
     return QDir::toNativeSeparators(QDir(DirectorioPrograma()).filePath(nombreArchivo));
 }
 
-void GrabarArchivoDDJJ(Conexion& conexion, const DatosArchivoDDJJ& datos, QString& nombreArchivo,
-                       const std::function<void(qint64 hecho, qint64 total)>& aviso)
+void GrabarArchivoDDJJ(Conexion& conexion, const DatosArchivoDDJJ& datos, QString& nombreArchivo, const Aviso& aviso)
 {
     nombreArchivo = nombreArchivoDDJJ(datos);
     try
@@ -206,7 +229,7 @@ void GrabarArchivoDDJJ(Conexion& conexion, const DatosArchivoDDJJ& datos, QStrin
     }
     catch (...)
     {
-        cerrarTrasUnaFalla();
+        trasUnaFalla(ArchivoUno::cerrar);
         throw;
     }
 }

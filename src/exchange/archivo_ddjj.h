@@ -1,8 +1,9 @@
 #pragma once
 
+#include "base/aviso.h"
+
 #include <QDate>
 #include <QString>
-#include <functional>
 
 class Conexion;
 
@@ -28,6 +29,6 @@ struct DatosArchivoDDJJ
 /// `aviso(hecho, total)` is called now and then with the employees written; the total is 0, for it is not counted.
 /// Throws ErrorDeEjecucion: whatever opening, reading or writing fails with, 55 when file number 1 was left open
 /// before, 3021 when the company is not in Empresas, 13 when the sequence is no number. File number 1 is closed then,
-/// and the lines already written stay in the file.
+/// and the lines already written stay in the file. What `aviso` throws leaves the file that was there before.
 void GrabarArchivoDDJJ(Conexion& conexion, const DatosArchivoDDJJ& datos, QString& nombreArchivo,
-                       const std::function<void(qint64 hecho, qint64 total)>& aviso = {});
+                       const Aviso& aviso = {});

@@ -14,14 +14,14 @@ Archivo& archivo()
     return uno;
 }
 
-template <class Modo>
-Modo& abrir(const QString& ruta)
+template <class Modo, class... A>
+Modo& abrir(const A&... ruta)
 {
     if (ArchivoUno::abierto())
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::ArchivoYaAbierto);
     }
-    Modo nuevo(ruta); // one that cannot be opened leaves the number free
+    Modo nuevo(ruta...); // one that cannot be opened leaves the number free
     return archivo().emplace<Modo>(std::move(nuevo));
 }
 } // namespace
@@ -31,9 +31,9 @@ LectorDeLineas& ArchivoUno::abrirParaLeer(const QString& ruta)
     return abrir<LectorDeLineas>(ruta);
 }
 
-void ArchivoUno::abrirParaEscribir(const QString& ruta)
+void ArchivoUno::abrirParaEscribir(const QString& ruta, const QString& nombre)
 {
-    abrir<EscritorDeLineas>(ruta);
+    abrir<EscritorDeLineas>(ruta, nombre);
 }
 
 void ArchivoUno::imprimir(QByteArrayView linea)

@@ -7,7 +7,8 @@
 namespace ArchivoUno
 {
 LectorDeLineas& abrirParaLeer(const QString& ruta);
-void abrirParaEscribir(const QString& ruta);
+/// Failures name `nombre` where there is one.
+void abrirParaEscribir(const QString& ruta, const QString& nombre = {});
 /// Adds a line to the file that is being written.
 void imprimir(QByteArrayView linea);
 /// Writes out what is pending; the file is closed even when that fails. One that is not open is left alone.

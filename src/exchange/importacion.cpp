@@ -14,7 +14,7 @@
 namespace
 {
 /// Lines between two calls of the progress.
-constexpr int tramo = 256;
+constexpr int lineasPorTramo = 256;
 constexpr int jornadaCompleta = 200;
 constexpr int jornadaReducida = 100;
 
@@ -277,7 +277,7 @@ std::string leerLineas(LectorDeLineas& archivo, const Aviso& aviso)
             throw ErrorDeEjecucion(ErrorDeEjecucion::SinMemoria, QStringLiteral("el archivo tiene más de 64 MB"));
         }
         lineas.append(linea.data(), static_cast<std::size_t>(linea.size())) += '\n';
-        if (numero % tramo == 0 && aviso)
+        if (numero % lineasPorTramo == 0)
         {
             aviso(0, archivo.largo());
         }
@@ -289,7 +289,13 @@ std::string leerLineas(LectorDeLineas& archivo, const Aviso& aviso)
 ResultadoImportacion importarNomina(Conexion& conexion, const ClaveDDJJ& clave, const QString& ruta,
                                     FormatoDeNomina formato, const Aviso& aviso)
 {
-    const std::string lineas = leerLineas(ArchivoUno::abrirParaLeer(ruta), aviso);
+    const Aviso avisar = [&](qint64 hecho, qint64 total)
+    {
+        auto abandono = qScopeGuard([] { ArchivoUno::cerrar(); });
+        aviso ? aviso(hecho, total) : void();
+        abandono.dismiss();
+    };
+    const std::string lineas = leerLineas(ArchivoUno::abrirParaLeer(ruta), avisar);
     auto cierre = qScopeGuard([] { ArchivoUno::cerrar(); });
     Transaccion transaccion(conexion);
     exigirDeclaracion(conexion, clave);
@@ -302,9 +308,9 @@ ResultadoImportacion importarNomina(Conexion& conexion, const ClaveDDJJ& clave, 
         const QByteArrayView linea(lineas.data() + desde, static_cast<qsizetype>(fin - desde));
         tomarLinea(importacion, LineaDeNomina(linea), formato, numero);
         desde = fin + 1;
-        if (numero % tramo == 0 && aviso)
+        if (numero % lineasPorTramo == 0)
         {
-            aviso(static_cast<qint64>(desde), static_cast<qint64>(lineas.size()));
+            avisar(static_cast<qint64>(desde), static_cast<qint64>(lineas.size()));
         }
     }
     ArchivoUno::cerrar();

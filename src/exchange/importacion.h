@@ -29,7 +29,8 @@ struct ResultadoImportacion
 /// Throws with nothing of the run in the database: YaNoEsta when the declaration is gone, else ErrorDeEjecucion. An
 /// error in a line names it and, where it can, the field: "No coinciden los tipos: línea 12, campo Sueldo"; a line
 /// after which the totals of the declaration could not be shown is one (6). The file is read over file number 1, which
-/// stays open after an error in it: the next import then fails with 55 until something closes it.
+/// stays open after an error in it: the next import then fails with 55 until something closes it. What `aviso` throws
+/// closes it.
 [[nodiscard]] ResultadoImportacion importarNomina(Conexion& conexion, const ClaveDDJJ& clave, const QString& ruta,
                                                   FormatoDeNomina formato, const Aviso& aviso = {});
 

@@ -1,12 +1,30 @@
 #include "maintenance/depuracion.h"
 
 #include "base/db/conexion.h"
+#include "base/db/latido.h"
+#include "base/numbers/formato.h"
 #include "core/vigencia.h"
+
+#include <string>
 
 namespace
 {
 /// Before every declaration: the limit when no month was picked.
 const QDate fechaCero(1899, 12, 30);
+
+/// What goes, of both tables; its values are the company and the limit.
+const std::string loQueSeVa = " WHERE CUIT = ? AND Periodo <= ?";
+
+QDate limiteDe(QDate periodoHasta)
+{
+    return periodoHasta.isValid() ? periodoHasta : fechaCero;
+}
+
+/// "1 mes", "1.203 meses"
+QString contados(qint64 cuantos, const QString& uno, const QString& varios)
+{
+    return conMiles(cuantos) + QLatin1Char(' ') + (cuantos == 1 ? uno : varios);
+}
 
 void exigirPeriodo(Conexion& conexion, const QString& cuit, QDate periodo)
 {
@@ -30,9 +48,39 @@ std::vector<QDate> periodosDeEmpresa(Conexion& conexion, const QString& cuit)
     return periodos;
 }
 
-void depurarHasta(Conexion& conexion, const QString& cuit, QDate periodoHasta, const std::vector<QDate>& vistos)
+AlcanceDeDepuracion alcanceDeDepuracion(Conexion& conexion, const QString& cuit, QDate periodoHasta)
 {
-    const QDate limite = periodoHasta.isValid() ? periodoHasta : fechaCero;
+    const QDate limite = limiteDe(periodoHasta);
+    const Recordset filas = conexion.consultar("SELECT Count(*) AS Declaraciones, Count(DISTINCT Periodo) AS Meses, "
+                                               "(SELECT Count(*) FROM DDJJ_Empleados" +
+                                                   loQueSeVa + ") AS Empleados FROM DDJJ" + loQueSeVa,
+                                               cuit, limite, cuit, limite);
+    const Fila fila = filas.primera();
+    return {fila.entero("Declaraciones"), fila.entero("Meses"), fila.entero("Empleados")};
+}
+
+QString textoDelAlcance(const AlcanceDeDepuracion& alcance, QDate periodoHasta, const QString& razon)
+{
+    const QString hasta = periodoHasta.toString(u"yyyy/MM");
+    QString empresa = razon.simplified();
+    empresa += empresa.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral("."); // "S.A." ends the sentence
+    if (alcance.declaraciones == 0)
+    {
+        return QStringLiteral("No hay declaraciones hasta %1 de %2").arg(hasta, empresa);
+    }
+    const QString cuales =
+        contados(alcance.declaraciones, QStringLiteral("declaración"), QStringLiteral("declaraciones"));
+    const QString meses = contados(alcance.meses, QStringLiteral("mes"), QStringLiteral("meses"));
+    const QString gente = contados(alcance.empleados, QStringLiteral("empleado"), QStringLiteral("empleados"));
+    return QStringLiteral("Se %1 %2 de %3, hasta %4, %5, de %6")
+        .arg(alcance.declaraciones == 1 ? QStringLiteral("eliminará") : QStringLiteral("eliminarán"), cuales, meses,
+             hasta, alcance.empleados == 0 ? QStringLiteral("sin empleados") : QStringLiteral("con ") + gente, empresa);
+}
+
+void depurarHasta(Conexion& conexion, const QString& cuit, QDate periodoHasta, const std::vector<QDate>& vistos,
+                  const Aviso& aviso)
+{
+    const QDate limite = limiteDe(periodoHasta);
     Transaccion transaccion(conexion);
     exigirEmpresa(conexion, cuit);
     for (const QDate periodo : vistos)
@@ -42,7 +90,8 @@ void depurarHasta(Conexion& conexion, const QString& cuit, QDate periodoHasta, c
             exigirPeriodo(conexion, cuit, periodo);
         }
     }
-    conexion.ejecutar("DELETE FROM DDJJ_Empleados WHERE CUIT = ? AND Periodo <= ?", cuit, limite);
-    conexion.ejecutar("DELETE FROM DDJJ WHERE CUIT = ? AND Periodo <= ?", cuit, limite);
+    const auto borrarNominas = [&] { conexion.ejecutar("DELETE FROM DDJJ_Empleados" + loQueSeVa, cuit, limite); };
+    conLatido(conexion, aviso, borrarNominas);
+    conexion.ejecutar("DELETE FROM DDJJ" + loQueSeVa, cuit, limite);
     transaccion.confirmar();
 }

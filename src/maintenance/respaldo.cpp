@@ -14,7 +14,6 @@
 namespace
 {
 const QString nombreBase = QStringLiteral("DBBrivo.mdb");
-constexpr int interrumpida = 9; // the check was stopped by who is told how far it is
 
 bool mismoArchivo(const QString& uno, const QString& otro)
 {
@@ -94,13 +93,6 @@ std::optional<Candado> candadoDelOrigen(const QString& origen, const QString& de
 }
 } // namespace
 
-UltimaCopia leerUltimaCopia(Conexion& conexion)
-{
-    const Recordset parametros = conexion.consultar("SELECT * FROM Parametros");
-    const Fila fila = parametros.primera();
-    return {fila.texto("Bak_Carpeta"), fila.fecha("Bak_Fecha"), fila.hora("Bak_Hora")};
-}
-
 void anotarCopia(Conexion& conexion, const QString& destino, const QDateTime& cuando)
 {
     const QTime hora(cuando.time().hour(), cuando.time().minute());
@@ -142,12 +134,12 @@ QString resguardar(const QString& origen, const QString& destino, const Aviso& a
     {
         Conexion::comprobar(copia.ruta(), aviso);
     }
+    catch (const ErrorParaAvisar&) // given up by who is told how far it is
+    {
+        throw;
+    }
     catch (const ErrorDeEjecucion& error)
     {
-        if (error.numero() == interrumpida)
-        {
-            throw;
-        }
         dano = error.descripcion();
     }
     colocarBase(copia, destino);

@@ -5,14 +5,7 @@
 #include <QDateTime>
 #include <QString>
 
-/// Where the last backup lies and when it was made, as Parametros remembers it.
-struct UltimaCopia
-{
-    QString carpeta; ///< full path with the file name; empty when there is none
-    QDate fecha;
-    QTime hora;
-};
-[[nodiscard]] UltimaCopia leerUltimaCopia(Conexion& conexion);
+/// What leerUltimaCopia gives from now on.
 void anotarCopia(Conexion& conexion, const QString& destino, const QDateTime& cuando);
 
 /// The folder of a backup made at `cuando`: one a minute, under Copias.

@@ -108,6 +108,16 @@ std::optional<Empleado> cargarEmpleado(Conexion& conexion, const ClaveDDJJ& clav
     return hallado;
 }
 
+LugarEnNomina lugarEnNomina(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil)
+{
+    const Recordset filas =
+        conexion.consultar("SELECT Count(CASE WHEN Cuil <= ? THEN 1 END) AS Lugar, Count(*) AS Total "
+                           "FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?",
+                           cuil, clave.cuit, clave.periodo, clave.secuencia);
+    const Fila fila = filas.primera();
+    return {fila.entero("Lugar"), fila.entero("Total")};
+}
+
 std::optional<QString> textoSucursal(Conexion& conexion, qint64 id, const QString& cuit)
 {
     return primeraSucursal(conexion.consultar("SELECT * FROM Empresas_Sucursales WHERE ID = ? AND Cuit = ?", id, cuit));

@@ -58,6 +58,15 @@ struct Empleado
 [[nodiscard]] std::optional<Empleado> cargarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, AccionEmpleado accion,
                                                      const QString& cuil);
 
+/// Where an employee stands in the roster, in the order in which it is walked through.
+struct LugarEnNomina
+{
+    qint64 lugar = 0; ///< from 1
+    qint64 total = 0;
+};
+/// Reads this declaration's roster alone, whatever else the table holds.
+[[nodiscard]] LugarEnNomina lugarEnNomina(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil);
+
 /// The branch as one line: code, address and town. Nothing when the company has no branch of this ID.
 [[nodiscard]] std::optional<QString> textoSucursal(Conexion& conexion, qint64 id, const QString& cuit);
 /// The same for a branch just picked, whatever its company.

@@ -12,6 +12,9 @@
 
 namespace
 {
+/// Rows between two calls of the progress.
+constexpr std::size_t tramo = 64;
+
 float flotante(Moneda importe)
 {
     return static_cast<float>(importe.aDoble());
@@ -136,7 +139,7 @@ std::vector<FilaSueldo> cargarSueldos(Conexion& conexion, const ClaveDDJJ& clave
 }
 
 int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<FilaSueldo>& filas,
-                      const std::vector<FilaSueldo>& leidas)
+                      const std::vector<FilaSueldo>& leidas, const Aviso& aviso)
 {
     std::vector<FilaSueldo> guardadas = filas;
     Transaccion transaccion(conexion);
@@ -152,6 +155,10 @@ int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<Fi
             agregarCambios(cambios, leidas.at(i), guardada);
         }
         cantidad += actualizacion.escribir(guardada, guardadas[i]) ? 1 : 0;
+        if (aviso && i % tramo == 0)
+        {
+            aviso(static_cast<qint64>(i), static_cast<qint64>(guardadas.size()));
+        }
     }
     exigirSinCambios(std::move(cambios));
     transaccion.confirmar();

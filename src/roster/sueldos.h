@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/aviso.h"
 #include "base/numbers/moneda.h"
 #include "core/clave_ddjj.h"
 
@@ -26,9 +27,10 @@ struct FilaSueldo
 /// transaction. `filas` comes back with the written rows as they were saved; gives their number.
 /// `leidas` are the same rows as they were read; empty: whatever is stored now is replaced.
 /// Throws with nothing written: YaNoEsta when the declaration or an employee was deleted meanwhile, CambiadoPorOtro
-/// when an amount is no longer stored as it was read, ErrorDeEjecucion 94 for Null hours.
+/// when an amount is no longer stored as it was read, ErrorDeEjecucion 94 for Null hours, and what
+/// `aviso`, which is told the rows done and in all now and then, throws.
 [[nodiscard]] int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<FilaSueldo>& filas,
-                                    const std::vector<FilaSueldo>& leidas);
+                                    const std::vector<FilaSueldo>& leidas, const Aviso& aviso = {});
 
 /// "Se ha realizado 1 Actualización.", "Se han realizado 3 Actualizaciones."
 [[nodiscard]] QString textoActualizaciones(int cantidad);

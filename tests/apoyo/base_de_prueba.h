@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/clave_ddjj.h"
 #include "core/rutinas.h"
 
 #include <QDate>
@@ -38,4 +39,5 @@ namespace dePrueba
 inline const QString cuit = "30-12345678-1";
 inline const QString cuil = "20-12345678-6";
 inline const QDate periodo(2009, 5, 1);
+inline const ClaveDDJJ clave{cuit, periodo, 0};
 } // namespace dePrueba

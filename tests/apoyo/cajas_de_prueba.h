@@ -6,7 +6,6 @@
 #include <QString>
 #include <deque>
 #include <functional>
-#include <vector>
 
 /// Answers the program's boxes and dialogs while it lives. Boxes are expected in their order; one that nobody expected,
 /// or that differs, fails the test at once with its text, and an expected one that never came fails it at the end.
@@ -30,10 +29,6 @@ public:
         m_esperadas.push_back({clase, parte, false, respuesta});
         return *this;
     }
-    CajasDePrueba& esperaPregunta(const QString& texto, bool respuesta)
-    {
-        return espera(Caja::Pregunta, texto, respuesta);
-    }
     /// The answer of the next file dialog; an empty text cancels it. A dialog with no answer queued fails the test.
     CajasDePrueba& archivo(const QString& ruta)
     {
@@ -43,8 +38,6 @@ public:
     /// Run with each expected box, before it is answered.
     void alVer(std::function<void(const DatosDeCaja&)> haz) { m_alVer = std::move(haz); }
 
-    /// All boxes so far, the unexpected ones included.
-    [[nodiscard]] const std::vector<DatosDeCaja>& vistas() const { return m_vistas; }
     /// Boxes and dialogs expected that have not come yet.
     [[nodiscard]] std::size_t pendientes() const { return m_esperadas.size() + m_archivos.size(); }
 
@@ -61,6 +54,5 @@ private:
 
     std::deque<Esperada> m_esperadas;
     std::deque<QString> m_archivos;
-    std::vector<DatosDeCaja> m_vistas;
     std::function<void(const DatosDeCaja&)> m_alVer = [](const DatosDeCaja&) {};
 };

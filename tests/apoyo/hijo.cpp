@@ -22,15 +22,9 @@ Hijo::Hijo(const QString& prueba, const QString& ruta)
     QByteArray todo;
     while (m_dicho.isEmpty() && (m_proceso.canReadLine() || m_proceso.waitForReadyRead(-1)))
     {
-        while (m_dicho.isEmpty() && m_proceso.canReadLine())
-        {
-            const QByteArray linea = m_proceso.readLine();
-            todo += linea;
-            if (linea.startsWith(marca))
-            {
-                m_dicho = QString::fromUtf8(linea.sliced(marca.size()).trimmed());
-            }
-        }
+        const QByteArray linea = m_proceso.canReadLine() ? m_proceso.readLine() : QByteArray();
+        todo += linea;
+        m_dicho = linea.startsWith(marca) ? QString::fromUtf8(linea.sliced(marca.size()).trimmed()) : QString();
     }
     EXPECT_FALSE(m_dicho.isEmpty()) << "the child ended early:\n" << todo.constData();
 }

@@ -1,6 +1,9 @@
+#include "core/nombre_programa.h"
+
 #include <QApplication>
 #include <QLocale>
 #include <QtGlobal>
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <gmock/gmock.h>
@@ -19,13 +22,8 @@ protected:
 
 void ponerLocaleDeTrampa()
 {
-    for (const char* nombre : {"es_AR.UTF-8", "es_ES.UTF-8", "de_DE.UTF-8"})
-    {
-        if (std::setlocale(LC_ALL, nombre) != nullptr)
-        {
-            break;
-        }
-    }
+    const std::initializer_list<const char*> nombres = {"es_AR.UTF-8", "es_ES.UTF-8", "de_DE.UTF-8"};
+    static_cast<void>(std::ranges::any_of(nombres, [](auto* uno) { return std::setlocale(LC_ALL, uno) != nullptr; }));
     std::locale::global(std::locale(std::locale(), new ComasYPuntos));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
 }
@@ -39,6 +37,7 @@ int main(int argc, char** argv)
     }
     testing::InitGoogleMock(&argc, argv);
     QApplication aplicacion(argc, argv);
+    QApplication::setApplicationName(nombreDelPrograma);
     ponerLocaleDeTrampa();
     return RUN_ALL_TESTS();
 }

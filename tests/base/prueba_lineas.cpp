@@ -3,6 +3,7 @@
 #include "apoyo/datos.h"
 #include "apoyo/limite_de_archivos.h"
 #include "base/files/lineas.h"
+#include "base/files/planilla.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -104,3 +105,23 @@ TEST_F(Lineas, ElDiscoSeLlena)
     EXPECT_EQ(100'007, leerArchivo(archivo).size());
 }
 #endif
+
+TEST_F(Lineas, PlanillasDeIdaYVuelta)
+{
+    const planilla::Filas filas = {
+        {"C.U.I.L.", "Sueldo"}, {"Ñandú; \"El\" Sur", "-1.234,50"}, {"=1+1", "-A1"}, {"a\tb\nc", ""}};
+    planilla::escribirCsv(archivo, filas);
+    EXPECT_EQ(QByteArray("\xEF\xBB\xBF"
+                         "C.U.I.L.;Sueldo\r\n\"Ñandú; \"\"El\"\" Sur\";-1.234,50\r\n'=1+1;'-A1\r\n"
+                         "\"a\tb\nc\";\r\n"),
+              leerArchivo(archivo));
+    EXPECT_EQ("a b c\t\n", planilla::tabulado({filas[3]}));
+    const QString copiado = planilla::tabulado({{"\"El\" Sur", "-1,50", "12\""}, {"=1+1", ""}});
+    EXPECT_EQ("\"\"\"El\"\" Sur\"\t-1,50\t12\"\n'=1+1\t\n", copiado);
+    EXPECT_EQ(planilla::Filas({{"\"El\" Sur", "-1,50", "12\""}, {"'=1+1", ""}}), planilla::leerTabulado(copiado));
+    EXPECT_EQ(planilla::Filas({{"1", "a\tb\n\"c\""}, {"", ""}, {"2"}}),
+              planilla::leerTabulado("1\t\"a\tb\n\"\"c\"\"\"\r\n\t\r\n2\n"));
+    EXPECT_EQ(planilla::Filas({{"1"}, {"2"}}), planilla::leerTabulado("1\r2"));
+    EXPECT_EQ(planilla::Filas({{"\"1", "2"}, {"3"}}), planilla::leerTabulado("\"1\t2\n3\n"));
+    EXPECT_EQ(planilla::Filas(), planilla::leerTabulado(""));
+}

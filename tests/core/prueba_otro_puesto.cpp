@@ -20,17 +20,14 @@ TEST(OtroPuesto, DISABLED_Tiene)
 {
     const QString ruta = hijo::ruta().section(u'|', 0, 0);
     const std::string como = hijo::ruta().section(u'|', 1).toStdString();
-    Conexion conexion;
-    std::optional<Candado> sola;
     if (como == "sola")
     {
-        sola.emplace(QString(ruta).replace(".mdb", ".ldb"), Candado::Modo::Exclusivo);
+        const Candado sola(QString(ruta).replace(".mdb", ".ldb"), Candado::Modo::Exclusivo);
+        return hijo::listoYEsperar();
     }
-    else
-    {
-        conexion.abrir(ruta);
-        conexion.ejecutar(como);
-    }
+    Conexion conexion;
+    conexion.abrir(ruta);
+    conexion.ejecutar(como);
     hijo::listoYEsperar();
 }
 const char* const graba = "BEGIN IMMEDIATE";
@@ -105,16 +102,6 @@ TEST_F(AlLado, UnaVersionQueNoSeLeePorElOtroPuestoNoDaNingunPaso)
     Conexion::alEsperar([&](bool espera) { EXPECT_TRUE(espera || otro->seguir()); });
     Rutinas::SubirUnaVersion();
     EXPECT_EQ(filas("SELECT Version, EMail FROM Parametros"), "2.0|propio@example.org");
-}
-
-TEST_F(AlLado, MantenimientoRechazadoSeDiceConLaBaseAbierta)
-{
-    puesto("SELECT 1");
-    MDIMenuPpal menu;
-    cajas.esperaQueDiga(Caja::Simple, "70 - Permiso denegado o archivo en uso: otra copia del programa");
-    cajas.alVer([](const DatosDeCaja&) { EXPECT_TRUE(Rutinas::Conexion.abierta()); });
-    menu.findChild<QAction*>("mnuTool_2")->trigger();
-    EXPECT_EQ(cuantos("Parametros"), 1);
 }
 
 TEST_F(AlLado, LaBaseSeReabreCuandoElOtroTerminaYAntesDeContar)

@@ -2,6 +2,7 @@
 
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/datos.h"
+#include "core/ultima_copia.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -29,6 +30,19 @@ TEST(VerificarCuit, ElDigitoYSusRechazos)
     {
         EXPECT_FALSE(Rutinas::VerificarCuit(qint64{20000000010} + digito)) << "12, remainder 1: none exists";
     }
+}
+
+TEST(UltimaCopia, PasadosTreintaDiasPideOtra)
+{
+    const auto aviso = [](const QString& carpeta, QDate fecha)
+    {
+        const AvisoDeCopia dicho = avisoDeCopia({carpeta, fecha, {}}, QDate(2026, 11, 24));
+        return dicho.texto + (dicho.atencion ? "!" : "");
+    };
+    EXPECT_EQ(aviso("/c", QDate(2026, 11, 24)), "Última copia: 24/11/26");
+    EXPECT_EQ(aviso("/c", QDate(2026, 10, 25)), "Última copia: 25/10/26");
+    EXPECT_EQ(aviso("/c", QDate(2026, 10, 24)), "Última copia: 24/10/26 (hace 31 días)!");
+    EXPECT_EQ(aviso("", QDate(2026, 11, 24)), "Sin copias!");
 }
 
 TEST(Indices, ElContadorSoloCreceYLiberarBorraLoPreparado)

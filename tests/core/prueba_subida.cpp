@@ -13,23 +13,23 @@ namespace
 /// The database and its journal as a death at some moment leaves them.
 using Estado = std::pair<QByteArray, QByteArray>;
 
-const BaseDePrueba* base = nullptr;
-std::vector<Estado> estados;
+const BaseDePrueba* laBase = nullptr;
+std::vector<Estado> momentos;
 std::size_t llenoEn = 0; ///< the write that finds the disk full, from 1; 0 for none
 sqlite3_vfs* real = nullptr;
 decltype(sqlite3_io_methods::xWrite) escribir = nullptr;
 
 void guardar()
 {
-    const QString diario = base->ruta("DBBrivo.mdb-journal");
-    estados.emplace_back(base->leer("DBBrivo.mdb"),
-                         QFile::exists(diario) ? base->leer("DBBrivo.mdb-journal") : QByteArray());
+    const QString diario = laBase->ruta("DBBrivo.mdb-journal");
+    momentos.emplace_back(laBase->leer("DBBrivo.mdb"),
+                          QFile::exists(diario) ? laBase->leer("DBBrivo.mdb-journal") : QByteArray());
 }
 
 int escribirDespuesDeGuardar(sqlite3_file* archivo, const void* datos, int largo, sqlite3_int64 lugar)
 {
     guardar();
-    return estados.size() == llenoEn ? SQLITE_FULL : escribir(archivo, datos, largo, lugar);
+    return momentos.size() == llenoEn ? SQLITE_FULL : escribir(archivo, datos, largo, lugar);
 }
 
 int abrir(sqlite3_vfs*, const char* nombre, sqlite3_file* archivo, int modo, int* salida)
@@ -57,7 +57,7 @@ int borrar(sqlite3_vfs*, const char* nombre, int asegurar)
 /// A start on which the files are kept before each write, and around each deletion.
 void arrancarGuardando()
 {
-    estados.clear();
+    momentos.clear();
     real = sqlite3_vfs_find(nullptr);
     sqlite3_vfs propio = *real;
     propio.zName = "guarda";
@@ -77,25 +77,25 @@ TEST(Subida, UnaMuerteEnCualquierMomentoNoDetieneLosArranquesQueSiguen)
          {std::pair("1.0", "2.0|0|0"), std::pair("1.1", "2.0|300000|0"), std::pair("1.2", "2.0|300000|400000")})
     {
         const BaseDePrueba propia;
-        base = &propia;
+        laBase = &propia;
         poner("DDJJ_Empleados", {{"Acuerdo", "30"}, {"Acuerdo2", "40"}});
         poner("RptEmpleados", {{"Indice", 1}});
         Rutinas::CerrarBase();
-        volverAVersion(base->rutaBase(), version);
+        volverAVersion(laBase->rutaBase(), version);
         arrancarGuardando();
-        EXPECT_GT(estados.size(), 5U);
-        std::vector<Estado> cortados = std::exchange(estados, {});
+        EXPECT_GT(momentos.size(), 5U);
+        std::vector<Estado> cortados = std::exchange(momentos, {});
         for (llenoEn = 1; llenoEn <= 5; ++llenoEn) // the same on a disk that fills up
         {
-            base->escribir("DBBrivo.mdb", cortados.front().first);
+            laBase->escribir("DBBrivo.mdb", cortados.front().first);
             arrancarGuardando();
-            cortados.emplace_back(base->leer("DBBrivo.mdb"), QByteArray());
+            cortados.emplace_back(laBase->leer("DBBrivo.mdb"), QByteArray());
         }
         llenoEn = 0;
         for (const auto& [archivo, diario] : cortados)
         {
-            base->escribir("DBBrivo.mdb", archivo);
-            base->escribir("DBBrivo.mdb-journal", diario);
+            laBase->escribir("DBBrivo.mdb", archivo);
+            laBase->escribir("DBBrivo.mdb-journal", diario);
             for (int vez = 1; vez <= 4; ++vez)
             {
                 BaseDePrueba::arrancar();

@@ -7,7 +7,7 @@
 
 namespace
 {
-const QString otra = "30-87654321-5";
+const QString otraEmpresa = "30-87654321-5";
 const QDate mayo(2009, 5, 1);
 const QDate hoy(2009, 6, 3);
 
@@ -19,7 +19,7 @@ struct CicloDDJJ : testing::Test
     CicloDDJJ()
     {
         poner("Empresas");
-        poner("Empresas", {{"CUIT", otra}});
+        poner("Empresas", {{"CUIT", otraEmpresa}});
     }
 };
 } // namespace
@@ -52,7 +52,7 @@ TEST_F(CicloDDJJ, NumeraPorEmpresaYMesDesdeLoQueQueda)
     };
     EXPECT_EQ((std::vector{0, 1, 2}), (std::vector{crear(), crear(), crear()}));
     EXPECT_EQ(0, crear(dePrueba::cuit, mayo.addMonths(1)));
-    EXPECT_EQ(0, crear(otra));
+    EXPECT_EQ(0, crear(otraEmpresa));
     eliminarDeclaracion(c, {dePrueba::cuit, mayo, 1}); // a gap below the top stays
     EXPECT_EQ(3, crear());
     EXPECT_EQ("", fueraDeTransaccion([&] { eliminarDeclaracion(c, {dePrueba::cuit, mayo, 3}); }));
@@ -66,7 +66,7 @@ TEST_F(CicloDDJJ, NumeraPorEmpresaYMesDesdeLoQueQueda)
         secuencias.push_back(una.secuencia + 1000 * una.periodo.month());
     }
     EXPECT_THAT(secuencias, testing::ElementsAre(6000, 5100, 5099, 5003, 5002, 5000));
-    EXPECT_EQ("2009-06-03", filas("SELECT Fecha FROM DDJJ WHERE Cuit = ?", otra));
+    EXPECT_EQ("2009-06-03", filas("SELECT Fecha FROM DDJJ WHERE Cuit = ?", otraEmpresa));
 }
 
 TEST_F(CicloDDJJ, NaceVaciaYSeVaConSuNomina)
@@ -75,8 +75,8 @@ TEST_F(CicloDDJJ, NaceVaciaYSeVaConSuNomina)
     crearDeclaracion(c, dePrueba::cuit, mayo, hoy);
     EXPECT_EQ(0, cuantos("DDJJ_Empleados"));
     poner("DDJJ", {{"Secuencia", 1}});
-    poner("DDJJ", {{"Cuit", otra}});
-    for (const auto& [cuit, secuencia] : {std::pair{dePrueba::cuit, 0}, {dePrueba::cuit, 1}, {otra, 0}})
+    poner("DDJJ", {{"Cuit", otraEmpresa}});
+    for (const auto& [cuit, secuencia] : {std::pair{dePrueba::cuit, 0}, {dePrueba::cuit, 1}, {otraEmpresa, 0}})
     {
         poner("DDJJ_Empleados", {{"Cuit", cuit}, {"Secuencia", secuencia}});
     }

@@ -1,9 +1,11 @@
 // What the commands of the declarations screen hand on, and that each tells once what another screen or another desk
 // has deleted beside it.
+#include "apoyo/abandono.h"
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/datos.h"
 #include "declarations/screens/ddjj.h"
+#include "fallos/base_grande.h"
 #include "ui/grid/grilla.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/trabajo_largo.h"
@@ -81,18 +83,29 @@ TEST_F(MandosDDJJ, LaBoletaRecibeSusCantidadesYSinEmpresaElegidaNoDejaArchivo)
     EXPECT_EQ(QStringList(), archivos());
 }
 
-TEST_F(MandosDDJJ, ElPunteroVuelveTrasImportar)
+TEST_F(MandosDDJJ, LoAbandonadoSeDiceConSusPalabrasYSePuedeRepetir)
 {
     abrir();
     const auto importar = [this]
     {
-        Rutinas::TextoDevuelto = base.escribir("vacio.txt", {});
+        Rutinas::TextoDevuelto = base.escribir("nomina.dat", nominaDe(600));
         return new Cerrada("Importar");
     };
     Navegacion::instancia().registrar("Importar", importar);
-    cajas.esperaQueDiga(Caja::Exclamacion, "No se ha actualizado ningún Registro");
+    const auto abandonar = [&](const char* mando)
+    {
+        const Abandono abandono;
+        cajas.espera(Caja::Exclamacion, "La operación ha sido cancelada.");
+        mandar(mando);
+        EXPECT_FALSE(Puntero::estaOcupado());
+    };
+    abandonar("cmdImportar");
+    cajas.esperaQueDiga(Caja::Exclamacion, "Se han ingresado 600");
     mandar("cmdImportar");
     EXPECT_FALSE(Puntero::estaOcupado());
+    cajas.esperaQueDiga(Caja::Pregunta, "Debe enviar");
+    abandonar("cmdBoletas_3");
+    EXPECT_EQ(QStringList(), archivos());
 }
 
 // Nothing stays selected, the lists are those of now, and nothing was written, in the database or beside it.

@@ -122,7 +122,6 @@ TEST_F(ArchivoDdjj, CadaColumnaEnSuLugar)
         {"Empresas.Numero", "123456", "123456"},
         {"Empresas.Numero", "-5", "-00005"},
         {"DDJJ_Empleados.QHoras", "96", "96"},
-        {"DDJJ_Empleados.TipoDoc", "10", "10"},
         {"DDJJ_Empleados.Nacio", "'1970-12-25'", "12251970"},
         {"Empleados_Familiares.Familiar", "9", "09"},
         // Halves of a cent go away from zero; the mark is a comma.

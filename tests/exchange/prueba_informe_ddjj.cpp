@@ -17,8 +17,6 @@ using namespace dePrueba;
 
 namespace
 {
-const ClaveDDJJ clave{cuit, periodo, 0};
-
 struct InformesDDJJ : testing::Test
 {
     BaseDePrueba base;

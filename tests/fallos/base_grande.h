@@ -50,9 +50,14 @@ inline void llenarBase(int empleados)
     return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : sinElla;
 }
 
-/// A line of a tax agency's file.
-[[nodiscard]] inline QByteArray lineaDeNomina(const QByteArray& cuil, int importe)
+/// A tax agency's file of so many people.
+[[nodiscard]] inline QByteArray nominaDe(int personas)
 {
-    return cuil + "Importado                     T02" + QByteArray(13, ' ') + "001" + QByteArray(9, ' ') +
-           QByteArray::number(importe).rightJustified(11) + QByteArray::number(importe).rightJustified(11) + "\r\n";
+    QByteArray lineas;
+    for (int i = 0; i < personas; ++i)
+    {
+        lineas += QByteArray::number(20'900'000'000 + i) + "Importado                     T02" + QByteArray(13, ' ') +
+                  "001" + QByteArray(9, ' ') + "       1000       1000\r\n";
+    }
+    return lineas;
 }

@@ -92,13 +92,8 @@ TEST_F(DiscoLleno, NadaQuedaAMedias)
     const EntradaEmpleado empleado = entrada(dePrueba::cuil, 1000, true);
     probar("save", sinEscribir, {0}, [&] { EXPECT_TRUE(guardarEmpleado(base.conexion(), clave, empleado)); });
 
-    QByteArray lineas;
-    for (int i = 0; i < 5'000; ++i)
-    {
-        lineas += lineaDeNomina("27" + QByteArray::number(i).rightJustified(9, '0'), 1000);
-    }
     const QString nomina = fuera.filePath(QStringLiteral("nomina.txt"));
-    escribirArchivo(nomina, lineas);
+    escribirArchivo(nomina, nominaDe(5'000));
     probar("import", sinEscribir, {largo + 4096, 16 * 1024, 0},
            [&] { (void)importarNomina(base.conexion(), clave, nomina, FormatoDeNomina::AfipSijp); });
     EXPECT_EQ(11'001, cuantos("DDJJ_Empleados"));

@@ -18,25 +18,16 @@
 namespace
 {
 const QString viva = QStringLiteral("DBBrivo.mdb");
-const QString copia = QStringLiteral("Copias/20090603_1007/DBBrivo.mdb");
+const QString copiaARestaurar = QStringLiteral("Copias/20090603_1007/DBBrivo.mdb");
 const QString seguridad = QStringLiteral("DBBrivo_Bak.mdb");
 
 /// Does it once in the program's directory. `carpeta` is that of the backup to make.
 void hacer(const QString& tarea, const QString& carpeta)
 {
     const QString base = Rutinas::rutaBase();
-    if (tarea == QStringLiteral("Resguardar"))
-    {
-        resguardar(base, prepararCopia(Rutinas::RutaApp + QStringLiteral("Copias/") + carpeta));
-    }
-    else if (tarea == QStringLiteral("Restaurar"))
-    {
-        restaurar(Rutinas::RutaApp + copia, base, Rutinas::RutaApp + seguridad);
-    }
-    else
-    {
-        Rutinas::CompactarBase();
-    }
+    tarea == "Resguardar"  ? static_cast<void>(resguardar(base, prepararCopia(Rutinas::RutaApp + "Copias/" + carpeta)))
+    : tarea == "Restaurar" ? restaurar(Rutinas::RutaApp + copiaARestaurar, base, Rutinas::RutaApp + seguridad)
+                           : Rutinas::CompactarBase();
 }
 
 class Muertes : public testing::TestWithParam<const char*>
@@ -68,20 +59,17 @@ protected:
     {
         const bool alterna = tarea == QStringLiteral("Resguardar") && vez % 2 == 1;
         escribirArchivo(en(viva), alterna ? otra : una);
-        escribirArchivo(en(copia), otra);
+        escribirArchivo(en(copiaARestaurar), otra);
     }
     /// What stands after a death is whole: the old database or the new one.
     void revisar(int vez, const QString& carpeta)
     {
         const QByteArray queda = leerArchivo(en(viva));
         const QString hecha = en(QStringLiteral("Copias/") + carpeta + QLatin1Char('/') + viva);
-        if (tarea == QStringLiteral("Resguardar"))
-        {
-            EXPECT_TRUE(queda == (vez % 2 == 1 ? otra : una));
-        }
+        EXPECT_TRUE(tarea != "Resguardar" || queda == (vez % 2 == 1 ? otra : una));
         EXPECT_TRUE(queda == una || queda == otra);
         EXPECT_TRUE(!QFile::exists(hecha) || leerArchivo(hecha) == una || leerArchivo(hecha) == otra);
-        EXPECT_TRUE(leerArchivo(en(copia)) == otra);
+        EXPECT_TRUE(leerArchivo(en(copiaARestaurar)) == otra);
         // The safety copy of the run before or of this one.
         EXPECT_TRUE(tarea != QStringLiteral("Restaurar") || leerArchivo(en(seguridad)) == una);
         Rutinas::AbrirBase();

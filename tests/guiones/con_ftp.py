@@ -13,7 +13,8 @@ The bytes of a file are kept as they came. COMO:
   corta        both connections are reset after 1024 bytes of a file
   traba        a file's bytes are not taken, and nothing is said any more
   calla-X      nothing comes back any more from the command X on, and nothing is done: calla-CWD; calla-saludo leaves out
-               the greeting, calla-fin only what ends a transfer"""
+               the greeting, calla-fin only what ends a transfer
+  charla-X     as calla-X, but for lines of a reply that never ends"""
 import logging
 import pathlib
 import resource
@@ -65,14 +66,25 @@ class Ordenes(FTPHandler):
     def pre_process_command(self, linea, orden, argumento):
         if not ORDEN:
             print(f"{orden} {argumento}".rstrip(), flush=True)
-        self.callada |= COMO == f"calla-{orden}"
+        self.interrumpir(orden)
         if not self.callada:
             super().pre_process_command(linea, orden, argumento)
 
     def push(self, texto):
-        self.callada |= COMO == "calla-fin" and texto.startswith("226")
+        if texto.startswith("226"):
+            self.interrumpir("fin")
         if not self.callada:
             super().push(texto)
+
+    def interrumpir(self, momento):
+        self.callada |= COMO in (f"calla-{momento}", f"charla-{momento}")
+        if COMO == f"charla-{momento}":
+            self.charlar()
+
+    def charlar(self):
+        if not self._closed:
+            super().push("230-\r\n")
+            self.ioloop.call_later(0.1, self.charlar)
 
 
 def servir() -> str:

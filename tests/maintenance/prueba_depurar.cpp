@@ -8,7 +8,7 @@
 
 namespace
 {
-/// Company A: 2009/03 (0), 2009/04 (0, 1), 2009/05 (0); company B: 2009/02. One employee and one payment each.
+/// Company A: 2009/03 (0), 2009/04 (0, 1), 2009/05 (0); company B: 2009/02. Two employees and one payment each.
 struct Depuracion : testing::Test
 {
     BaseDePrueba base;
@@ -26,18 +26,19 @@ struct Depuracion : testing::Test
                        "('30-12345678-1', '2009-05-01', 0), ('30-87654321-5', '2009-02-01', 0)");
         }
         c.ejecutar(
-            "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil) SELECT Cuit, Periodo, Secuencia, '20-1' "
-            "FROM DDJJ");
+            "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil) SELECT Cuit, Periodo, Secuencia, column1 "
+            "FROM DDJJ, (VALUES ('20-1'), ('20-2'))");
         vistos = periodosDeEmpresa(c, dePrueba::cuit);
     }
     /// Months and sequences left, of the declarations and, which must be the same, of their rosters.
     [[nodiscard]] static std::string quedan()
     {
-        const std::string sql = "SELECT substr(Periodo, 6, 2) || Secuencia AS M FROM ";
+        const std::string sql = "SELECT DISTINCT substr(Periodo, 6, 2) || Secuencia AS M FROM ";
         EXPECT_EQ(filas(sql + "DDJJ ORDER BY 1"), filas(sql + "DDJJ_Empleados ORDER BY 1"));
         return filas(sql + "DDJJ ORDER BY 1");
     }
-    void depurar(int mes) { depurarHasta(c, dePrueba::cuit, mes == 0 ? QDate() : QDate(2009, mes, 1), vistos); }
+    void depurar(int mes) { depurarHasta(c, dePrueba::cuit, limite(mes), vistos); }
+    [[nodiscard]] static QDate limite(int mes) { return mes == 0 ? QDate() : QDate(2009, mes, 1); }
 };
 } // namespace
 
@@ -47,11 +48,26 @@ TEST_F(Depuracion, BorraHastaElMesConTodasSusSecuencias)
     for (const auto& [mes, queda] :
          {std::pair{0, "020;030;040;041;050"}, {2, "020;030;040;041;050"}, {3, "020;040;041;050"}, {4, "020;050"}})
     {
+        const AlcanceDeDepuracion dicho = alcanceDeDepuracion(c, dePrueba::cuit, limite(mes));
+        const qint64 declaraciones = cuantos("DDJJ");
+        const qint64 empleados = cuantos("DDJJ_Empleados");
+        const std::size_t meses = vistos.size();
         EXPECT_EQ("", fueraDeTransaccion([&, mes = mes] { depurar(mes); }));
         EXPECT_EQ(queda, quedan());
         vistos = periodosDeEmpresa(c, dePrueba::cuit);
+        EXPECT_EQ(dicho.declaraciones, declaraciones - cuantos("DDJJ"));
+        EXPECT_EQ(dicho.empleados, empleados - cuantos("DDJJ_Empleados"));
+        EXPECT_EQ(dicho.meses, static_cast<qint64>(meses - vistos.size()));
     }
     EXPECT_EQ(6, cuantos("PAGOS") + cuantos("Empresas"));
+}
+
+TEST(AlcanceDeLaDepuracion, SeDiceEnUnaOracion)
+{
+    EXPECT_EQ("Se eliminarán 14 declaraciones de 5 meses, hasta 2026/05, con 1.203 empleados, de Sur.",
+              textoDelAlcance({14, 5, 1203}, QDate(2026, 5, 1), "Sur"));
+    EXPECT_EQ("Se eliminará 1 declaración de 1 mes, hasta 2026/05, con 1 empleado, de X S.A.",
+              textoDelAlcance({1, 1, 1}, QDate(2026, 5, 1), "X S.A."));
 }
 
 TEST_F(Depuracion, LoQueYaNoEstaLaDetiene)

@@ -1,4 +1,5 @@
 // The backup screen: what its scripts cannot say.
+#include "apoyo/abandono.h"
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
@@ -48,6 +49,16 @@ TEST_F(PantallaBackup, UnaCopiaDanadaSeGuardaSeAnotaYSeDice)
     pulsar(0);
     EXPECT_EQ(bytes, leerArchivo(copia));
     EXPECT_EQ(copia.toStdString(), filas("SELECT Bak_Carpeta FROM Parametros"));
+}
+
+TEST_F(PantallaBackup, UnaCopiaAbandonadaNoDejaNada)
+{
+    const Abandono abandono;
+    cajas.alVer([](const DatosDeCaja&) { EXPECT_TRUE(Rutinas::Conexion.abierta()); });
+    cajas.espera(Caja::Exclamacion, "La operación ha sido cancelada.");
+    pulsar(0);
+    EXPECT_TRUE(QDir(base.ruta("Copias")).isEmpty());
+    EXPECT_EQ("", pantalla.findChild<QLineEdit*>("txtDestino_0")->text());
 }
 
 // While another desk copies itself: prueba_otro_puesto.cpp.

@@ -53,24 +53,16 @@ TEST(Robot, UnaLineaQueNoValeFalla)
     registrarPantallas();
     const QString alta = "pulsar CmdABM(0)\n";
     const QString incompleta = "pulsar CmdABM(0)\npulsar CmdActualiza";
-    const struct
-    {
-        QString lineas;
-        const char* falla;
-    } casos[] = {
+    const std::pair<QString, const char*> casos[] = {
         // What a person cannot do.
         {"pulsar CmdActualiza", "línea 2: pulsar CmdActualiza: «CmdActualiza» está deshabilitado"},
-        {"escribir txtRazon \"x\"", "está deshabilitado con «fraDatos»"},
         {"pulsar CmdActualisa", "no hay control «CmdActualisa» en «Empresas»; parecidos: CmdActualiza"},
         {"menu \"Archivo\" \"Empresa\"", "no hay entrada «Empresa»; hay: Empresas"},
-        {"menu \"Archivo\"", "es un menú: falta su entrada"},
         {"ventana DDJJ", "la ventana «DDJJ» no está abierta"},
         {"menu \"Procesos\" \"Declaraciones Juradas\"\npulsar CmdABM(0)", "está en otra ventana, «Empresas»"},
         {"menu \"Procesos\" \"Declaraciones Juradas\"\npulsar cmdBoletas(0)", "está en otra página, «Generar Pago»"},
         {alta + "pulsar cmdRubro\npulsar CmdCancela", "está detrás de la ventana modal «BuscarRubro»"},
-        {alta + "pulsar cmdRubro\nmenu \"Salir\"", "está detrás de la ventana modal «BuscarRubro»"},
         {"escribir cmdSalir \"x\"", "no se escribe"},
-        {alta + "elegir txtRazon \"x\"", "no es una lista"},
         {alta + "elegir cmbProvincia \"Buenos Ayres\"", "la lista no tiene «Buenos Ayres»; parecidos: Buenos Aires"},
         {alta + "celda vsResponsables 1 2 \"DNX\"", "la lista no tiene «DNX»"},
         {alta + "celda vsSucursales 1 1 \"7\"", "la grilla no muestra la columna 1"},
@@ -88,12 +80,9 @@ TEST(Robot, UnaLineaQueNoValeFalla)
         {"espera_estado \"x\"", "se esperaba \"x\""},
         {"espera_ventana Empresas si DDJJ si", "la ventana «DDJJ» abierta: no"},
         {"espera_lista cmbProvincia 23", "se esperaba \"23\", y dice \"24\""},
-        {"espera_lista cmbProvincia \"Chaco\"", "se esperaba \"Chaco\", y dice \"Buenos Aires\\n"},
         {"espera_celda vsSucursales 1 3 \"x\"", "se esperaba \"x\", y dice \"Belgrano\""},
-        {"espera_celda vsSucursales 2 3 \"x\"", "la grilla tiene 1 filas y"},
         {"espera_fila vsSucursales 1 \"1|Belgrano\"", "se esperaba \"1|Belgrano\", y dice \"1|Belgrano|45|"},
         {"espera_filas vsSucursales 2", "se esperaba \"2\", y dice \"1\""},
-        {"espera_filas vsSucursales \"x\" \"y\"", "se esperaba \"x\\ny\""},
         {"espera_amarillas vsSucursales 2", "se esperaba \"2\""},
         {"espera_base \"SELECT CUIT FROM Empresas\" \"x\"", "se esperaba \"x\", y dice \"30-12345678-1\""},
         {"espera_base \"SELECT x\" \"\"", "la consulta falla"},

@@ -7,7 +7,7 @@
 
 namespace
 {
-const ClaveDDJJ clave{"30-12345678-1", QDate(2009, 5, 1), 0};
+using dePrueba::clave;
 const QString sinCuil = "__-________-_";
 
 struct PruebaEmpleado : testing::Test
@@ -50,6 +50,8 @@ TEST_F(PruebaEmpleado, RecorreLaNominaPorElTextoDelCuil)
     {
         EXPECT_EQ(llega, hallado(accion, desde)) << static_cast<int>(accion) << " from " << desde.toStdString();
     }
+    EXPECT_EQ(2, lugarEnNomina(conexion, clave, "20-2").lugar);
+    EXPECT_EQ(3, lugarEnNomina(conexion, clave, "20-2").total);
     conexion.ejecutar("DELETE FROM DDJJ_Empleados");
     EXPECT_EQ("none", hallado(Primero, sinCuil));
     const qint64 suya = poner("Empresas_Sucursales");

@@ -1,14 +1,12 @@
 // The save of an employee with his dependants, and what another desk did meanwhile.
-#include "apoyo/base_de_prueba.h"
-#include "apoyo/datos.h"
 #include "companies/cambios_en_texto.h"
-#include "roster/guardar_empleado.h"
+#include "fallos/base_grande.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-const ClaveDDJJ clave{"30-12345678-1", QDate(2009, 5, 1), 0};
+using dePrueba::clave;
 const FilaFamiliar hijo{"Hijo", "DNI", 12345678, "Pérez Luis", "Masc.", QDate(2005, 1, 31)};
 
 FilaFamiliar hijoCon(const std::function<void(FilaFamiliar&)>& cambio)
@@ -20,13 +18,7 @@ FilaFamiliar hijoCon(const std::function<void(FilaFamiliar&)>& cambio)
 
 EntradaEmpleado nuevo()
 {
-    EntradaEmpleado e;
-    e.nuevo = true;
-    e.cuil = "20-12345678-6";
-    e.ayn = "Pérez Juan";
-    e.tipoDoc = 1;
-    e.documento = "12345678";
-    e.qHoras = "200";
+    EntradaEmpleado e = entrada("20-12345678-6", 1000, true);
     e.haberes = "1000,00";
     e.acuerdo = "0";
     e.afiliado = true;
@@ -136,15 +128,11 @@ TEST_F(GuardarEmpleado, LoQueFallaNoDejaNadaEscrito)
 {
     const EntradaEmpleado bueno = leido();
     const std::string antes = todo();
+    const std::vector<FilaFamiliar> sinSexo = {hijo, hijoCon([](auto& f) { f.sexo.clear(); })};
+    const std::vector<FilaFamiliar> conVecino = {hijo, hijoCon([](auto& f) { f.familiar = "Vecino"; })};
     const std::pair<int, std::function<void(EntradaEmpleado&)>> casos[] = {
-        {-1,
-         [](auto& e) {
-             e.familia = {hijo, hijoCon([](auto& f) { f.sexo.clear(); })};
-         }},
-        {3021,
-         [](auto& e) {
-             e.familia = {hijo, hijoCon([](auto& f) { f.familiar = "Vecino"; })};
-         }},
+        {-1, [&](auto& e) { e.familia = sinSexo; }},
+        {3021, [&](auto& e) { e.familia = conVecino; }},
         {13, [](auto& e) { e.familia = {hijoCon([](auto& f) { f.nroDoc.reset(); })}; }},
         {3021, [](auto& e) { e.familia = {hijoCon([](auto& f) { f.tipoDoc = "Carnet"; })}; }},
         {13, [](auto& e) { e.haberes = "1,2,3"; }},
@@ -175,12 +163,9 @@ TEST_F(GuardarEmpleado, LosFamiliaresSeListanPorRelacionYSeReemplazanEnteros)
                       "('20-1', 99, 'otra relación', 1, 1, 1, '1970-01-01'), "
                       "('20-1', 1, 'otro documento', 99, 1, 1, '1970-01-01'), ('27-1', 1, 'ajeno', 1, 1, 1, NULL)");
     auto lista = cargarFamiliares(conexion, "20-1");
-    QStringList nombres;
-    for (const FilaFamiliar& fila : lista)
-    {
-        nombres += fila.ayn;
-    }
-    EXPECT_EQ("pareja;primero;segundo;sin fecha", nombres.join(';'));
+    ASSERT_EQ(4U, lista.size());
+    EXPECT_EQ("pareja primero", lista[0].ayn + ' ' + lista[1].ayn);
+    EXPECT_EQ("segundo sin fecha", lista[2].ayn + ' ' + lista[3].ayn);
     lista.resize(1);
     lista.push_back(hijoCon([](auto& f) { f.ayn = "D'Angelo \"Ñ\" 100%_"; }));
     EXPECT_TRUE(guardarFamiliares(conexion, "20-1", lista)); // what is not shown goes, too
@@ -202,9 +187,7 @@ TEST_F(GuardarEmpleado, CadaFilaDeFamiliaSeGuardaSeSalteaOSeRechaza)
     };
     for (const auto& [fila, entera, guardadas] : casos)
     {
-        SCOPED_TRACE(fila.familiar.toStdString() + fila.tipoDoc.toStdString() + fila.ayn.toStdString() +
-                     fila.sexo.toStdString());
-        EXPECT_EQ(entera, guardarFamiliares(conexion, "20-1", {hijo, fila}));
+        EXPECT_EQ(entera, guardarFamiliares(conexion, "20-1", {hijo, fila})) << fila.ayn.toStdString();
         EXPECT_EQ(guardadas, cuantos("Empleados_Familiares"));
     }
 }

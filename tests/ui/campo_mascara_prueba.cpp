@@ -71,20 +71,16 @@ struct Campos : testing::Test
 
 TEST_F(Campos, LaMascaraPorProgramaYPegada)
 {
-    EXPECT_EQ("20-12345678-6", puestoYPegado(cuit, "20-12345678-6"));
     EXPECT_EQ("20-12345678-6", puestoYPegado(cuit, "20123456786"));
     EXPECT_EQ("20-12345678-6", puestoYPegado(cuit, "CUIT: 20 12345678 6\n"));
     EXPECT_EQ("2_-12______-6 11-12126111-1", puestoYPegado(cuit, "2_-12______-6"));
     EXPECT_EQ("20-________-_ 11-12011111-1", puestoYPegado(cuit, "20-abc"));
     EXPECT_EQ("__-________-_ 11-11111111-1", puestoYPegado(cuit, ""));
     EXPECT_EQ("25/12/1970", puestoYPegado(fecha, "25/12/1970"));
-    EXPECT_EQ("25/12/1970", puestoYPegado(fecha, "25121970"));
     EXPECT_EQ("25/12/1970", puestoYPegado(fecha, "25-12-1970"));
     EXPECT_EQ("25/12/70__", puestoYPegado(fecha, "25/12/70"));
     EXPECT_EQ("_5/12/____ 11/15/1211", puestoYPegado(fecha, "_5/12/____"));
-    EXPECT_EQ("25/12/70__", puestoYPegado(fecha, "251270"));
     EXPECT_EQ("1_/2_/1970 01/02/1970", puestoYPegado(fecha, "1/2/1970"));
-    EXPECT_EQ("5_/3_/04__ 05/03/04__", puestoYPegado(fecha, "5.3.04"));
     EXPECT_EQ("__/__/____ 11/11/1111", puestoYPegado(fecha, "navidad"));
     fecha.setFecha(QDate(2024, 2, 29));
     EXPECT_EQ("29022024", fecha.soloDigitos());

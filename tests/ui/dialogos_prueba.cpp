@@ -44,8 +44,8 @@ TEST(Dialogos, ElNombreElegidoRecibeSuExtensionYSobreOtroArchivoSePregunta)
     }
     CajasDePrueba cajas;
     const QString pregunta = "El archivo 'hay.txt' ya existe. ¿Desea reemplazarlo?";
-    cajas.esperaPregunta(pregunta, false)
-        .esperaPregunta(pregunta, true)
+    cajas.espera(Caja::Pregunta, pregunta, false)
+        .espera(Caja::Pregunta, pregunta, true)
         .esperaQueDiga(Caja::Exclamacion, "' es una carpeta.");
     EXPECT_FALSE(ConfirmarDestino(hay));
     EXPECT_TRUE(ConfirmarDestino(hay));

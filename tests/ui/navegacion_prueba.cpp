@@ -30,7 +30,7 @@ TEST_F(Activacion, AlCambiarDeHijaUnaVezYConElClicQueLaTrae)
     b.alActivar = [] { EXPECT_TRUE(Preguntar("¿Sigue?")); };
     {
         CajasDePrueba cajas;
-        cajas.esperaPregunta("¿Sigue?", true);
+        cajas.espera(Caja::Pregunta, "¿Sigue?", true);
         pulsar(*b.fecha);
     }
     EXPECT_TRUE(b.fecha->hasFocus());
@@ -158,7 +158,6 @@ TEST(Navegacion, CerrarPreguntaUnaVezPorCualquierCaminoYElTituloYLaAyudaSonLosDe
     hija.cerrar();
     EXPECT_FALSE(hija.hija().close());
     EXPECT_EQ(hija.descargas, 2);
-    EXPECT_TRUE(hija.isVisible());
     hija.dejaCerrar = true;
     EXPECT_TRUE(hija.hija().close());
     EXPECT_EQ(hija.descargas, 3);

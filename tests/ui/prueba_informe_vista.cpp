@@ -2,7 +2,6 @@
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
-#include "base/directorio_programa.h"
 #include "informe_de_prueba.h"
 #include "ui/doors/dialogos.h"
 #include "ui/doors/impresion.h"
@@ -85,12 +84,55 @@ TEST_F(VistaPrevia, GuardaUnPdfODicePorQueNo)
 
     const QString otro = informe.ruta("otro.pdf");
     escribirArchivo(otro, "de otro");
-    cajas.esperaPregunta("El archivo 'otro.pdf' ya existe. ¿Desea reemplazarlo?", false);
+    cajas.espera(Caja::Pregunta, "El archivo 'otro.pdf' ya existe. ¿Desea reemplazarlo?", false);
     guardando(otro);
     EXPECT_EQ(leerArchivo(otro), "de otro");
-    cajas.esperaQueDiga(Caja::Exclamacion, "es un archivo del programa");
-    guardando(DirectorioPrograma() + "/RptNuevo.rpt");
-    EXPECT_FALSE(QFile::exists(DirectorioPrograma() + "/RptNuevo.rpt"));
+}
+
+TEST_F(VistaPrevia, ProponeUnNombreExportaLaTablaYAbreLoGuardado)
+{
+    const auto boton = [](const QWidget& de, const char* nombre) { return de.findChild<QAction*>(nombre); };
+    EXPECT_FALSE(boton(vista, "cmdExportar")->isEnabled()) << "no table";
+    const QString filas = "<table filas=\"Filas\"><thead><tr><th>Nombre</th><th>Importe</th></tr></thead><tbody>"
+                          "{{#EsTotal}}<tr><td colspan=\"2\">{{A}}</td><td>fin</td></tr>{{/EsTotal}}{{^EsTotal}}<tr>"
+                          "<td> {{A}}<b>!</b></td><td>{{B}}</td></tr>{{/EsTotal}}</tbody></table>";
+    VistaDeInforme otra(
+        informe.paginas(
+            filas + "<section>nada</section>" + filas,
+            InformeDePrueba::filas({"A", "B", "EsTotal"}, {{"Ana & \x01;Eva", "1.234,50", ""}, {"Total", "", "1"}})),
+        "30-1 2026/10 nomina");
+    otra.setAttribute(Qt::WA_DeleteOnClose, false);
+    QStringList pedidos;
+    QString abierto;
+    const auto elegir = [&](const PedidoDeArchivo& pedido)
+    {
+        pedidos << QFileInfo(pedido.propuesta).fileName();
+        return pedidos.size() == 1 ? QString() : informe.ruta("salida");
+    };
+    reemplazarDialogoArchivo(elegir);
+    reemplazarAbrirEnlace([&](const QString& enlace) { return abierto = enlace, !abierto.endsWith("csv"); });
+    const std::tuple<VistaDeInforme*, const char*, const char*, const char*> casos[] = {
+        {&vista, "cmdPdf", "Prueba.pdf", ""},
+        {&vista, "cmdPdf", "Prueba.pdf", "salida.pdf"},
+        {&otra, "cmdExportar", "30-1 2026-10 nomina.csv", "salida.csv"},
+    };
+    for (const auto& [cual, gesto, propuesto, queda] : casos)
+    {
+        EXPECT_FALSE(boton(*cual, "cmdAbrir")->isEnabled());
+        boton(*cual, gesto)->trigger();
+        EXPECT_EQ(pedidos.constLast(), propuesto);
+        const QString ruta = QDir::toNativeSeparators(informe.ruta(queda));
+        EXPECT_EQ(cual->statusBar()->currentMessage(), *queda == '\0' ? QString() : "Guardado en " + ruta);
+        EXPECT_EQ(boton(*cual, "cmdAbrir")->isEnabled(), *queda != '\0');
+    }
+    reemplazarDialogoArchivo({});
+    boton(vista, "cmdAbrir")->trigger();
+    EXPECT_EQ(QFileInfo(abierto).fileName(), "salida.pdf");
+    cajas.esperaQueDiga(Caja::Exclamacion, "No se pudo abrir '");
+    boton(otra, "cmdAbrir")->trigger();
+    reemplazarAbrirEnlace({});
+    const QByteArray tabla = "Nombre;Importe\r\n\"Ana &  ;Eva!\";1.234,50\r\nTotal;;fin\r\n";
+    EXPECT_EQ(leerArchivo(informe.ruta("salida.csv")), "\xEF\xBB\xBF" + tabla + "\r\n" + tabla);
 }
 
 TEST_F(VistaPrevia, ImprimeLasHojasPedidas)

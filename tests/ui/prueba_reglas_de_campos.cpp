@@ -40,12 +40,7 @@ struct ReglasComunes : testing::Test
 
 TEST_F(ReglasComunes, LasLetrasHallanSinAcentosYLaQueNoHallaDejaComoEstaba)
 {
-    const struct
-    {
-        const char* tecleado;
-        const char* elegido;
-        int anuncios;
-    } casos[] = {
+    const std::tuple<const char*, const char*, int> casos[] = {
         {"'cordoba", "Córdoba", 0}, {"'CORR", "Corrientes", 0}, {"'cordx", "Santa Fe", 1},
         {"'cordxs", "Santa Fe", 2}, {"'ccc", "Córdoba", 0},     {"'cord Esc 's", "San Juan", 0},
         {"'x", "Santa Fe", 1},

@@ -64,6 +64,30 @@ TEST_F(Trabajo, MuestraElAvanceYDejaTodoComoEstaba)
     EXPECT_EQ(una.activaciones, 1);
 }
 
+TEST_F(Trabajo, DiceCuantoFalta)
+{
+    const std::tuple<qint64, qint64, qint64, const char*> casos[] = {
+        {1999, 50, 100, ""},
+        {2000, 50, 100, "faltan unos 5 s"},
+        {10'000, 1, 3, "faltan unos 20 s"},
+        {10'001, 1, 3, "faltan unos 25 s"},
+        {55'000, 1, 2, "faltan unos 55 s"},
+        {55'001, 1, 2, "falta 1 min"},
+        {91'000, 1, 2, "faltan 2 min"},
+        {60'000, 1, 100'000, ""},
+        {5000, 0, 100, ""},
+        {5000, 7, 0, ""},
+        {5000, INT64_MAX / 2, INT64_MAX, "faltan unos 5 s"}};
+    for (const auto& [transcurrido, hecho, total, texto] : casos)
+    {
+        EXPECT_EQ(tiempoRestante(transcurrido, hecho, total), texto) << transcurrido << ' ' << hecho;
+    }
+    TrabajoLargo trabajo("Importando");
+    QTest::qSleep(2100);
+    trabajo.avanzar(1, 2);
+    EXPECT_EQ(hallar<QLabel>("lblResto")->text(), "faltan unos 5 s");
+}
+
 TEST_F(Trabajo, LoQueSeTecleaSePulsaOSeCierraMientrasTantoSePierde)
 {
     QWidget suelta; // a window that asks nobody whether it may close

@@ -26,10 +26,7 @@ struct DosHijas
         const std::map<QString, std::function<void()>> otros = {
             {"@otra", [&] { pulsar(*otra.b); }},
             {"@doble", [&] { pulsarDosVeces(*una.accion); }},
-            {"@tilde",
-             [&] {
-                 pulsar(*una.tilde, {8, una.tilde->height() / 2});
-             }},
+            {"@tilde", [&] { pulsar(*una.tilde, QPoint(8, una.tilde->height() / 2)); }},
             {"@pagina0", [&] { pulsar(*paginas, paginas->tabRect(0).center()); }},
             {"@pagina1", [&] { pulsar(*paginas, paginas->tabRect(1).center()); }},
             {"@fila1", [&] { pulsar(*una.grilla->viewport(), una.grilla->visualRect(fila1).center()); }},
@@ -95,7 +92,6 @@ TEST(Validacion, CadaFormaDeDejarUnCampoLoChequeaUnaVez)
         {"Tab", "b"},
         {"Shift+Backtab", ""},
         {"Return", "b"},
-        {"Num+Enter", "b"},
         {"Alt+G", "a acciones 1"},
         {"Alt+B", "b"},
         {"Ctrl+M", "a ordenes 1"},
@@ -151,13 +147,7 @@ TEST(Validacion, LoQueNoDejaElCampoNoLoChequea)
         {"@menu M", {}, true},
         {"Alt+P M", {}, true},
         {"Esc", {}, true},
-        {"rueda",
-         [](D d)
-         {
-             d.hacer("@rueda");
-             EXPECT_EQ(d.estado(), "a");
-         },
-         true},
+        {"@rueda", {}, true},
         {"Alt", [](D) { (tecla(Qt::Key_Alt), tecla(Qt::Key_Alt)); }, true},
         {"cierre del marco", [&](D d) { marco(d)->close(); }, false},
         {"cierre de la maximizada", cerrarMaximizada, false},
@@ -174,6 +164,7 @@ TEST(Validacion, LoQueNoDejaElCampoNoLoChequea)
         haz ? haz(d) : d.hacer(nombre);
         asentar();
         EXPECT_EQ(rechazos, 0) << nombre;
+        EXPECT_TRUE(!sigue || d.una.lista->currentIndex() + d.una.paginas->currentIndex() == 0) << nombre;
         EXPECT_EQ(!campo.isNull() && d.mesa.ventana.focusWidget() == campo, sigue) << nombre;
     }
 }

@@ -10,7 +10,7 @@
 
 namespace
 {
-QString nombreDe(const QWidget* control)
+QString nombreDelControl(const QWidget* control)
 {
     return control->objectName().isEmpty() ? QString(control->metaObject()->className()) : control->objectName();
 }
@@ -35,7 +35,7 @@ void exigirEntero(const QWidget* control)
     const QSize pide = control->minimumSizeHint();
     if (dice && (control->width() < pide.width() || control->height() < pide.height()))
     {
-        throw Falla("«%1» mide %2x%3, y pide %4x%5", nombreDe(control), control->width(), control->height(),
+        throw Falla("«%1» mide %2x%3, y pide %4x%5", nombreDelControl(control), control->width(), control->height(),
                     pide.width(), pide.height());
     }
 }
@@ -50,7 +50,7 @@ void exigirALaVista(QWidget* control)
     const bool entero = pide == pide.boundedTo(seVe.boundingRect().size());
     if (seVe.isEmpty() || (!entero && qobject_cast<QAbstractScrollArea*>(control) == nullptr))
     {
-        throw Falla("«%1» tiene el foco y no se ve entero", nombreDe(control));
+        throw Falla("«%1» tiene el foco y no se ve entero", nombreDelControl(control));
     }
 }
 
@@ -59,26 +59,26 @@ void exigirQueSeDiga(QWidget* control)
     QAccessibleInterface* voz = QAccessible::queryAccessibleInterface(control);
     if (voz == nullptr || voz->role() == QAccessible::NoRole || voz->role() == QAccessible::Client)
     {
-        throw Falla("«%1» no dice qué es", nombreDe(control));
+        throw Falla("«%1» no dice qué es", nombreDelControl(control));
     }
     // A list gives what it holds for its name, and has its name from its label.
     const bool lista = qobject_cast<QComboBox*>(control) != nullptr;
     if ((lista || voz->text(QAccessible::Name).isEmpty()) && control->accessibleName().isEmpty() &&
         voz->relations(QAccessible::Label).isEmpty())
     {
-        throw Falla("«%1» no tiene nombre", nombreDe(control));
+        throw Falla("«%1» no tiene nombre", nombreDelControl(control));
     }
     const auto* campo = qobject_cast<QLineEdit*>(control);
     const QString valor = campo != nullptr ? campo->QLineEdit::text() : lista ? controles::textoDe(control) : QString();
     if (!valor.isEmpty() && voz->text(QAccessible::Value) != valor)
     {
-        throw Falla("«%1» no dice su valor", nombreDe(control));
+        throw Falla("«%1» no dice su valor", nombreDelControl(control));
     }
     for (int i = 0; voz->tableInterface() != nullptr && i < voz->tableInterface()->columnCount(); ++i)
     {
         if (voz->tableInterface()->columnDescription(i).isEmpty())
         {
-            throw Falla("«%1» tiene una columna sin título, la %2", nombreDe(control), i + 1);
+            throw Falla("«%1» tiene una columna sin título, la %2", nombreDelControl(control), i + 1);
         }
     }
 }

@@ -10,7 +10,7 @@
 
 namespace
 {
-constexpr int esperaEnMs = 10'000;
+constexpr int ocupadaEnMs = 10'000;
 
 int comparar(void*, int largoA, const void* a, int largoB, const void* b)
 {
@@ -31,7 +31,7 @@ public:
         m_base.reset(abierta);
         exigir(codigo);
         sqlite3_trace_v2(abierta, 0, nullptr, nullptr); // what the script asks is none of the program's
-        sqlite3_busy_timeout(abierta, esperaEnMs);
+        sqlite3_busy_timeout(abierta, ocupadaEnMs);
         // Text columns are declared with the program's own order of names.
         exigir(sqlite3_create_collation(abierta, "espanol", SQLITE_UTF8, nullptr, comparar));
     }

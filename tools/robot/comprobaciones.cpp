@@ -71,7 +71,7 @@ void marca(const Jugada&, const Argumentos& a)
             });
 }
 
-void ventana(const Jugada&, const Argumentos& a)
+void esperaVentana(const Jugada&, const Argumentos& a)
 {
     cadaUno(a, "la ventana «%1» abierta: %2",
             [](const QString& nombre)
@@ -104,13 +104,13 @@ const Grilla* grillaCon(const Argumentos& a, int fila, int columna = 1)
                : throw Falla("la grilla tiene %1 filas y %2 columnas", grilla->filas(), grilla->columnas());
 }
 
-void celda(const Jugada&, const Argumentos& a)
+void esperaCelda(const Jugada&, const Argumentos& a)
 {
     const Grilla* grilla = grillaCon(a, a[1].numero(), a[2].numero());
     iguales(celdaDe(*grilla, a[1].numero(), a[2].numero()), a[3].texto);
 }
 
-void fila(const Jugada&, const Argumentos& a)
+void esperaFila(const Jugada&, const Argumentos& a)
 {
     iguales(filaDe(*grillaCon(a, a[1].numero()), a[1].numero()), textos(a, 2).join(u'|'));
 }
@@ -200,13 +200,13 @@ std::span<const Verbo> verbosQueMiran()
         {"espera_visible", "(c+s)", visible},
         {"espera_marca", "(c+s)", marca},
         {"espera_lista", "ct+", lista},
-        {"espera_celda", "cf(nt)", celda},
-        {"espera_fila", "cnt+", fila},
+        {"espera_celda", "cf(nt)", esperaCelda},
+        {"espera_fila", "cnt+", esperaFila},
         {"espera_filas", "ct+", filas},
         {"espera_amarillas", "cn*", amarillas},
         {"espera_titulo", "t", titulo},
         {"espera_estado", "t", estado},
-        {"espera_ventana", "(c+s)", ventana},
+        {"espera_ventana", "(c+s)", esperaVentana},
         {"espera_sin_archivo", "t", sinArchivo},
         {"espera_base", "tt+", base},
         {"espera_alcance", "", alcance},

@@ -1,5 +1,6 @@
 #include "base.h"
 #include "base/directorio_programa.h"
+#include "core/nombre_programa.h"
 #include "core/rutinas.h"
 #include "core/screens/arranque.h"
 #include "exchange/servidor_ftp.h"
@@ -173,6 +174,7 @@ int main(int cantidad, char** valores)
         memoria.emplace(leerTamano(pedido.value("tamano")));
     }
     QApplication aplicacion(cantidad, valores);
+    QApplication::setApplicationName(nombreDelPrograma);
     memoria.reset();
     QApplication::setCursorFlashTime(0); // the same picture whenever it is taken
     Estilo::aplicar(aplicacion);

@@ -216,13 +216,9 @@ void Conexion::compactar(const QString& ruta, const QString& temporal, const Avi
     const qint64 total = QFileInfo(ruta).size();
     {
         const auto base = abrirBase(ruta, SQLITE_OPEN_READWRITE);
-        std::optional<Latido> latido;
-        if (aviso)
-        {
-            latido.emplace(base->getHandle(), [&] { aviso(QFileInfo(parte.ruta()).size(), total); });
-        }
         const std::string destino = comoUtf8(parte.ruta());
-        base->ejecutar("VACUUM INTO ?", {Valor(std::string_view(destino))});
+        const Latido latido(base->getHandle(), [&] { aviso ? aviso(QFileInfo(parte.ruta()).size(), total) : void(); });
+        latido.durante([&] { base->ejecutar("VACUUM INTO ?", {Valor(std::string_view(destino))}); });
     }
     comprobar(parte.ruta(), aviso); // the old file is closed: an open one could not be replaced everywhere
     parte.colocar();
@@ -252,12 +248,8 @@ void Conexion::recuperar(const QString& ruta)
 void Conexion::comprobar(const QString& ruta, const Aviso& aviso)
 {
     const auto base = abrirBase(ruta, SQLITE_OPEN_READONLY);
-    std::optional<Latido> latido;
-    if (aviso)
-    {
-        latido.emplace(base->getHandle(), [&] { aviso(0, 0); });
-    }
-    const std::string hallado = base->ejecutar("PRAGMA integrity_check(1)");
+    const Latido latido(base->getHandle(), [&] { aviso ? aviso(0, 0) : void(); });
+    const std::string hallado = latido.durante([&] { return base->ejecutar("PRAGMA integrity_check(1)"); });
     if (hallado != "ok")
     {
         throw ErrorDeEjecucion(SQLITE_CORRUPT, QStringLiteral("La base de datos está dañada (") +

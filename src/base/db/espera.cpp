@@ -10,7 +10,7 @@ constexpr qint64 pausaCorta = 2; // ms
 constexpr qint64 pausaLarga = 25;
 
 std::function<void(bool)> avisar;
-QDeadlineTimer fin;                              ///< of the wait at work
+QDeadlineTimer finDeLaEspera;                    ///< of the wait at work
 QDeadlineTimer limite = QDeadlineTimer::Forever; ///< of all waits of an EsperaCorta
 bool esperando = false;
 
@@ -18,10 +18,10 @@ int alEstarOcupada(void* /*sin uso*/, int vuelta)
 {
     if (vuelta == 0)
     {
-        fin = QDeadlineTimer(esperaComun);
+        finDeLaEspera = QDeadlineTimer(esperaComun);
     }
-    const qint64 queda =
-        limite.isForever() ? fin.remainingTime() : std::min(fin.remainingTime(), limite.remainingTime());
+    const qint64 queda = limite.isForever() ? finDeLaEspera.remainingTime()
+                                            : std::min(finDeLaEspera.remainingTime(), limite.remainingTime());
     if (queda <= 0)
     {
         return 0;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "base/aviso.h"
+#include "base/error_de_ejecucion.h"
+
 #include <exception>
 #include <functional>
 
@@ -18,6 +21,20 @@ public:
     Latido& operator=(const Latido&) = delete;
     /// Throws what stopped a statement; does nothing when none was stopped.
     void relanzar() const;
+    /// What `trabajo` gives. The failure of a statement that was stopped is what stopped it.
+    template <class T>
+    auto durante(const T& trabajo) const -> decltype(trabajo())
+    {
+        try
+        {
+            return trabajo();
+        }
+        catch (const ErrorDeEjecucion&)
+        {
+            relanzar();
+            throw;
+        }
+    }
 
 private:
     static int latir(void* este);
@@ -25,3 +42,12 @@ private:
     std::function<void()> m_aviso;
     std::exception_ptr m_motivo;
 };
+
+/// Runs statements of `conexion` of which nobody knows how long they take: `aviso`, where there is one, is told so
+/// again and again, and what it throws stops them.
+template <class T>
+void conLatido(const Conexion& conexion, const Aviso& aviso, const T& trabajo)
+{
+    const Latido latido(conexion, [&] { aviso ? aviso(0, 0) : void(); });
+    latido.durante(trabajo);
+}

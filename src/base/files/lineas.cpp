@@ -19,16 +19,17 @@ constexpr char marcaDeFin = 0x1A; // with which programs of the DOS end a text f
     detalle::fallarArchivo(error, ruta, detalle::Operacion::Canal);
 }
 
-sistema::Archivo abrir(const QString& ruta, const char* modo)
+/// Failures name `nombre`.
+sistema::Archivo abrir(const QString& ruta, const char* modo, const QString& nombre)
 {
     if (QFileInfo(ruta).isDir())
     {
-        fallar(ruta, EISDIR);
+        fallar(nombre, EISDIR);
     }
     sistema::Archivo archivo = sistema::abrir(ruta, modo);
     if (!archivo)
     {
-        fallar(ruta);
+        fallar(nombre);
     }
     return archivo;
 }
@@ -41,7 +42,7 @@ bool esFin(char c)
 
 LectorDeLineas::LectorDeLineas(const QString& ruta)
     : m_ruta(ruta)
-    , m_archivo(abrir(ruta, "rb"))
+    , m_archivo(abrir(ruta, "rb", m_ruta))
     , m_bloque(tamanoDelBloque)
     , m_largo(QFileInfo(ruta).size())
 {
@@ -102,9 +103,9 @@ bool LectorDeLineas::hayMas(std::size_t& i)
     return i < m_lleno;
 }
 
-EscritorDeLineas::EscritorDeLineas(const QString& ruta)
-    : m_ruta(ruta)
-    , m_archivo(abrir(ruta, "wb"))
+EscritorDeLineas::EscritorDeLineas(const QString& ruta, const QString& nombre)
+    : m_ruta(nombre.isEmpty() ? ruta : nombre)
+    , m_archivo(abrir(ruta, "wb", m_ruta))
 {
     m_pendiente.reserve(static_cast<qsizetype>(tamanoDelBloque));
 }

@@ -34,7 +34,8 @@ private:
 class EscritorDeLineas
 {
 public:
-    explicit EscritorDeLineas(const QString& ruta);
+    /// Failures name `nombre` where there is one: the file as the user knows it.
+    explicit EscritorDeLineas(const QString& ruta, const QString& nombre = {});
     /// Writes a line that is in the file's own encoding, and CR LF.
     void imprimir(QByteArrayView linea);
     /// Writes out what is pending and closes, also when that fails. Without it the last lines are lost.

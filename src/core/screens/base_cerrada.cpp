@@ -12,6 +12,7 @@ namespace
 constexpr unsigned long entreIntentos = 50; // ms
 constexpr int ocupada = 5;                  // SQLite's code while another desk writes
 int paciencia = 60'000;                     // ms
+std::function<void()> alVolver;
 
 std::optional<ErrorDeEjecucion> fallaDe(const std::function<void()>& cuerpo)
 {
@@ -70,18 +71,39 @@ void Rutinas::ConLaBaseCerrada(const QString& titulo, const std::function<void(c
                                const std::function<void(const std::optional<ErrorDeEjecucion>&)>& contar)
 {
     CerrarBase();
+    bool abandonado = false;
     const auto falla = fallaDe(
         [&]
         {
-            TrabajoLargo avance(titulo);
-            trabajo(avance.aviso());
+            try
+            {
+                TrabajoLargo avance(titulo, TrabajoLargo::Cancelable::Si);
+                trabajo(avance.aviso());
+            }
+            catch (const TrabajoCancelado&)
+            {
+                abandonado = true;
+            }
         });
     const auto fallaAlReabrir = fallaDe(ReabrirBase);
-    contar(falla);
+    abandonado ? void() : contar(falla);
     if (fallaAlReabrir)
     {
         throw ErrorDeEjecucion(*fallaAlReabrir);
     }
+    if (alVolver)
+    {
+        alVolver();
+    }
+    if (abandonado)
+    {
+        throw TrabajoCancelado();
+    }
+}
+
+void Rutinas::fijarTrasLaBaseCerrada(std::function<void()> avisar)
+{
+    alVolver = std::move(avisar);
 }
 
 void Rutinas::fijarPacienciaAlReabrir(int milisegundos)

@@ -4,6 +4,7 @@
 
 void Buscador::armar(Grilla* grilla, std::vector<ColumnaDeGrilla> columnas, void (Grilla::*gesto)(int, int))
 {
+    grilla->setOrdenable(); // before its columns are measured
     grilla->setColumnas(std::move(columnas));
     grilla->setPintaActual(true);
     // Not before something was looked for.

@@ -6,6 +6,7 @@
 class QLineEdit;
 
 /// A search dialog: a grid of what was found, of which a row is picked, and perhaps fields that say what to look for.
+/// What each search finds comes in its own order; a click on a header sorts it.
 class Buscador : public Pantalla
 {
     Q_OBJECT
@@ -19,7 +20,7 @@ protected:
 
     /// Fills the grid with what the fields ask for.
     virtual void Buscar() = 0;
-    /// Hands back the row picked, from 1 on; the dialog then closes.
+    /// Hands back the row picked, from 1 on, as it stands in the grid; the dialog then closes.
     virtual void elegir(int fila) = 0;
 
 private:

@@ -5,9 +5,11 @@
 #include "ui/doors/mensajes.h"
 #include "ui/fields/campo_mascara.h"
 #include "ui/shell/error_fatal.h"
+#include "ui/shell/navegacion.h"
 #include "ui/shell/validacion.h"
 
 #include <QComboBox>
+#include <QShortcut>
 #include <utility>
 
 EleccionEmpresa::EleccionEmpresa(CampoMascara* maskCuit, QComboBox* cmbEmpresa, Enganches enganches, QObject* padre)
@@ -36,6 +38,10 @@ EleccionEmpresa::EleccionEmpresa(CampoMascara* maskCuit, QComboBox* cmbEmpresa, 
                                     });
     // Only what the user does: what the program sets in the list does not look its company up again.
     connect(m_cmbEmpresa, &QComboBox::activated, this, [this] { protegido([this] { cmbEmpresa_Click(); }); });
+    // Of the list, so that it is off with it, and on in all of its window. A shortcut leaves the field at work.
+    auto* tecla = new QShortcut(QKeySequence(Qt::Key_F3), m_cmbEmpresa);
+    tecla->setAutoRepeat(false);
+    connect(tecla, &QShortcut::activated, this, [this] { protegido([this] { buscar(); }); });
 }
 
 bool EleccionEmpresa::cargar()
@@ -113,6 +119,22 @@ void EleccionEmpresa::cmbEmpresa_Click()
     m_maskCuit->setText(*cuit);
     m_enganches.alLimpiar();
     m_enganches.alElegir();
+}
+
+void EleccionEmpresa::buscar()
+{
+    // What the dialog answers by is the company of other windows, too.
+    const QString deOtros = std::exchange(Rutinas::CuitActual, QString());
+    Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpresa"));
+    const QString hallada = std::exchange(Rutinas::CuitActual, deOtros);
+    if (hallada.isEmpty())
+    {
+        return;
+    }
+    m_maskCuit->setText(hallada); // and not by its name, which two may share
+    const bool esta = MaskCuit_Validate();
+    const Validacion::Pausa pausa; // it was left when the key was pressed
+    esta ? m_cmbEmpresa->setFocus() : m_maskCuit->setFocus();
 }
 
 void EleccionEmpresa::llenarLista()

@@ -14,6 +14,8 @@ class QComboBox;
 ///                                      {[this] { LimpiarDatos(true); }, [this] { CargarDeclaraciones(); }}, this);
 ///
 /// and in the screen's cargar(): `if (!m_eleccion->cargar()) { cerrar(); return; }`
+///
+/// F3 opens the search of companies while the list is enabled, and what is found there is chosen.
 class EleccionEmpresa : public QObject
 {
     Q_OBJECT
@@ -43,6 +45,7 @@ public:
 private:
     bool MaskCuit_Validate();
     void cmbEmpresa_Click();
+    void buscar();
     void llenarLista();
     void mostrarRazon(const QString& razon);
 

@@ -1,6 +1,7 @@
 #include "core/screens/mdi_menu_ppal.h"
 
 #include "base/error_de_ejecucion.h"
+#include "base/reloj.h"
 #include "core/rutinas.h"
 #include "core/screens/base_cerrada.h"
 #include "ui/doors/anuncio.h"
@@ -65,6 +66,7 @@ MDIMenuPpal::MDIMenuPpal(QWidget* padre)
 MDIMenuPpal::~MDIMenuPpal()
 {
     reemplazarAnuncios({});
+    Rutinas::fijarTrasLaBaseCerrada({});
     Navegacion::instancia().fijarAyuda({});
     Navegacion::instancia().fijarVentana(nullptr, nullptr);
 }
@@ -92,26 +94,65 @@ void MDIMenuPpal::conectarMenu()
 
 void MDIMenuPpal::armarBarraDeEstado()
 {
-    m_rutaBase = new QLabel(Rutinas::rutaBase(), this);
+    m_rutaBase = parteDeEstado(QStringLiteral("lblRutaBase"));
+    m_rutaBase->setText(Rutinas::rutaBase());
+    m_rutaBase->setToolTip(Rutinas::rutaBase());
     m_rutaBase->setAccessibleName(QStringLiteral("Base de datos en uso"));
     m_rutaBase->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_empresa = new QLabel(this);
-    m_empresa->setObjectName(QStringLiteral("lblEmpresaEnCurso"));
-    m_empresa->setTextFormat(Qt::PlainText);
+    m_copia = parteDeEstado(QStringLiteral("lblUltimaCopia"));
+    m_lugar = parteDeEstado(QStringLiteral("lblLugarEnCurso"));
+    m_empresa = parteDeEstado(QStringLiteral("lblEmpresaEnCurso"));
     m_empresa->setAccessibleName(QStringLiteral("Empresa en curso"));
-    for (QLabel* parte : {m_empresa, m_rutaBase})
-    {
-        parte->setMinimumWidth(1); // a long one is no reason for a window wider than the screen
-        statusBar()->addPermanentWidget(parte);
-    }
-    connect(&Navegacion::instancia(), &Navegacion::cambioDePantalla, this, &MDIMenuPpal::mostrarEmpresaEnCurso);
+    m_rutaBase->setMinimumWidth(1);  // where there is little room it is cut before the others
+    statusBar()->setMinimumWidth(1); // long texts are no reason for a window wider than the screen
+    connect(&Navegacion::instancia(), &Navegacion::cambioDePantalla, this, &MDIMenuPpal::mostrarEstado);
     constexpr int aLaVista = 8000; // ms
     reemplazarAnuncios([this](const QString& texto) { statusBar()->showMessage(texto, aLaVista); });
+    connect(statusBar(), &QStatusBar::messageChanged, this,
+            [this](const QString& texto)
+            {
+                for (QLabel* parte : {m_rutaBase, m_copia})
+                {
+                    parte->setVisible(texto.isEmpty()); // they leave their room to what was announced
+                }
+            });
+    Rutinas::fijarTrasLaBaseCerrada([this] { leerCopia(); });
+    leerCopia();
 }
 
-void MDIMenuPpal::mostrarEmpresaEnCurso()
+QLabel* MDIMenuPpal::parteDeEstado(const QString& nombre)
 {
-    m_empresa->setText(Navegacion::instancia().empresaEnCurso());
+    constexpr int margen = 6;
+    auto* parte = new QLabel(this);
+    parte->setObjectName(nombre);
+    parte->setTextFormat(Qt::PlainText);
+    parte->setContentsMargins(margen, 0, margen, 0);
+    statusBar()->addPermanentWidget(parte);
+    return parte;
+}
+
+void MDIMenuPpal::leerCopia()
+{
+    m_ultimaCopia.reset();
+    try
+    {
+        m_ultimaCopia = leerUltimaCopia(Rutinas::Conexion);
+    }
+    catch (const ErrorDeEjecucion&)
+    {
+        // A restored older database may not know of it: nothing is told, and the program goes on.
+    }
+    mostrarEstado();
+}
+
+void MDIMenuPpal::mostrarEstado()
+{
+    const Navegacion& navegacion = Navegacion::instancia();
+    m_lugar->setText(navegacion.lugarEnCurso());
+    m_empresa->setText(navegacion.empresaEnCurso());
+    const AvisoDeCopia aviso = m_ultimaCopia ? avisoDeCopia(*m_ultimaCopia, Reloj::Hoy()) : AvisoDeCopia{};
+    m_copia->setText(aviso.texto);
+    Estilo::atencion(m_copia, aviso.atencion);
 }
 
 void MDIMenuPpal::mnuArchivo_Click(int indice)
@@ -219,6 +260,11 @@ void MDIMenuPpal::keyPressEvent(QKeyEvent* evento)
     {
         ui->barra->setFocus(Qt::MenuBarFocusReason);
         ui->barra->setActiveAction(ui->barra->actions().constFirst());
+        return;
+    }
+    if (evento->key() == Qt::Key_F9)
+    {
+        protegido([] { Navegacion::instancia().mostrar(QStringLiteral("MesDeEmpresas")); });
         return;
     }
     QMainWindow::keyPressEvent(evento);

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "core/ultima_copia.h"
 #include "ui/shell/espera_de_base.h"
 
 #include <QMainWindow>
 #include <memory>
+#include <optional>
 
 class QLabel;
 namespace Ui
@@ -42,10 +44,15 @@ private:
     void mantenimiento();
     void conectarMenu();
     void armarBarraDeEstado();
-    void mostrarEmpresaEnCurso();
+    QLabel* parteDeEstado(const QString& nombre);
+    void leerCopia();
+    void mostrarEstado();
 
     std::unique_ptr<Ui::MDIMenuPpal> ui;
     EsperaDeBase m_esperaDeBase;
     QLabel* m_rutaBase = nullptr;
+    QLabel* m_copia = nullptr;
+    QLabel* m_lugar = nullptr;
     QLabel* m_empresa = nullptr;
+    std::optional<UltimaCopia> m_ultimaCopia; ///< none where it cannot be read
 };

@@ -15,10 +15,6 @@
 #include "ui/shell/validacion.h"
 #include "ui_ddjj.h"
 
-namespace
-{
-} // namespace
-
 DDJJ::DDJJ(QWidget* padre)
     : Pantalla(QStringLiteral("DDJJ"), padre)
     , ui(std::make_unique<Ui::DDJJ>())
@@ -91,6 +87,14 @@ void DDJJ::conectarMandos()
 {
     conectar(ui->vsDDJJ, &Grilla::clic, &DDJJ::vsDDJJ_Click);
     conectar(ui->vsDDJJ, &Grilla::dejarCelda, &DDJJ::vsDDJJ_LeaveCell);
+    conectar(ui->vsDDJJ, &Grilla::dobleClic,
+             [this](int /*columna*/, int fila)
+             {
+                 if (fila != 0)
+                 {
+                     ui->cmdNomina->click(); // nothing where it is disabled
+                 }
+             });
     alDejar(ui->txtAnio,
             [this]
             {

@@ -4,6 +4,7 @@
 #include "declarations/ciclo_ddjj.h"
 #include "declarations/screens/ddjj.h"
 #include "ui/doors/mensajes.h"
+#include "ui/shell/trabajo_largo.h"
 #include "ui_ddjj.h"
 
 void DDJJ::cmdNueva_Click()
@@ -77,7 +78,10 @@ void DDJJ::cmdEliminar_Click()
     {
         return;
     }
-    eliminarDeclaracion(Rutinas::Conexion, clave());
+    {
+        TrabajoLargo trabajo(QStringLiteral("Eliminando la Declaración Jurada"), TrabajoLargo::Cancelable::Si);
+        eliminarDeclaracion(Rutinas::Conexion, clave(), trabajo.aviso());
+    }
     MsgBox(QStringLiteral("La Declaración Jurada ha sido Eliminada."), Caja::Exclamacion);
     LimpiarDatos(true);
     CargarDeclaraciones();

@@ -106,7 +106,10 @@ void DDJJ::cmdCopiar_Click()
     {
         return;
     }
-    copiarNomina(Rutinas::Conexion, clave(), fuente);
+    {
+        TrabajoLargo trabajo(QStringLiteral("Copiando la Nómina de Personal"), TrabajoLargo::Cancelable::Si);
+        copiarNomina(Rutinas::Conexion, clave(), fuente, trabajo.aviso());
+    }
     MsgBox(QStringLiteral("La Declaración Jurada se ha copiada con éxito."), Caja::Informacion);
     MostrarDDJJ();
 }
@@ -129,7 +132,7 @@ void DDJJ::cmdImportar_Click()
     Puntero::ocupado();
     try
     {
-        TrabajoLargo trabajo(QStringLiteral("Importando la Nómina de Personal"));
+        TrabajoLargo trabajo(QStringLiteral("Importando la Nómina de Personal"), TrabajoLargo::Cancelable::Si);
         resultado = importarNomina(Rutinas::Conexion, clave(), Rutinas::TextoDevuelto, formato, trabajo.aviso());
     }
     catch (const YaNoEsta&)
@@ -139,6 +142,7 @@ void DDJJ::cmdImportar_Click()
     }
     catch (const ErrorDeEjecucion& error)
     {
+        TrabajoCancelado::pasar(error);
         MsgBox(QStringLiteral("%1 - %2").arg(error.numero()).arg(error.descripcion()));
         return;
     }

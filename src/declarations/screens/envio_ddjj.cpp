@@ -50,7 +50,7 @@ bool EnvioDeDDJJ::GrabarArchivoDDJJ()
         }
         exigirEmpresa(Rutinas::Conexion, m_clave->cuit);
         exigirDeclaracion(Rutinas::Conexion, *m_clave);
-        TrabajoLargo trabajo(QStringLiteral("Grabando la Declaración Jurada"));
+        TrabajoLargo trabajo(QStringLiteral("Grabando la Declaración Jurada"), TrabajoLargo::Cancelable::Si);
         ::GrabarArchivoDDJJ(Rutinas::Conexion, datosDe(*m_clave), ArchivoDDJJ, trabajo.aviso());
     }
     catch (const YaNoEsta&)
@@ -59,6 +59,7 @@ bool EnvioDeDDJJ::GrabarArchivoDDJJ()
     }
     catch (const ErrorDeEjecucion& error)
     {
+        TrabajoCancelado::pasar(error);
         avisarErrorDeApertura(error);
         return false;
     }

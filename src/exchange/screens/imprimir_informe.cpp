@@ -1,5 +1,6 @@
 #include "exchange/screens/imprimir_informe.h"
 
+#include "core/nombre_ddjj.h"
 #include "core/rutinas.h"
 #include "exchange/informe_ddjj.h"
 #include "ui/doors/mensajes.h"
@@ -18,6 +19,9 @@ void ImprimirInforme(const ClaveDDJJ& clave, const QString& mes, const QString& 
                                     clave.cuit);
     Informe informe;
     informe.ArchivoInforme = Rutinas::RutaApp + archivoDeInforme(cual);
+    informe.NombreDeArchivo =
+        nombreDeDeclaracion(clave) +
+        (cual == InformeDDJJ::Declaracion ? QStringLiteral(" nomina") : QStringLiteral(" datos incompletos"));
     const qint64 indice = Rutinas::ObtenerIndice();
     informe.Formulas = valoresDeInforme(empresa.primera(), clave, indice, mes, anio, cual);
     // The rows are staged for this one reading, and only it sees them: nothing is left by whoever is killed meanwhile.

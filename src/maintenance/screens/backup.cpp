@@ -5,11 +5,15 @@
 #include "base/reloj.h"
 #include "core/rutinas.h"
 #include "core/screens/base_cerrada.h"
+#include "core/ultima_copia.h"
 #include "maintenance/respaldo.h"
 #include "ui/doors/dialogos.h"
 #include "ui/doors/mensajes.h"
 #include "ui/look/estilo.h"
+#include "ui/shell/trabajo_largo.h"
 #include "ui_backup.h"
+
+#include <QDir>
 
 namespace
 {
@@ -125,7 +129,16 @@ void Backup::resguardarBase()
         {
             CarpetaCopia = carpetaDeCopia(DirectorioPrograma(), Reloj::Ahora());
             ui->txtDestino_0->setText(prepararCopia(CarpetaCopia));
-            dano = resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text(), aviso);
+            try
+            {
+                dano = resguardar(ui->txtOrigen_0->text(), ui->txtDestino_0->text(), aviso);
+            }
+            catch (const TrabajoCancelado&)
+            {
+                QDir().rmdir(CarpetaCopia); // unless a copy of this minute lies in it
+                ui->txtDestino_0->clear();
+                throw;
+            }
         },
         [&](const std::optional<ErrorDeEjecucion>& falla) { contarResguardo(falla, dano); });
 }

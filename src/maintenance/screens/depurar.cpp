@@ -9,6 +9,7 @@
 #include "ui/grid/grilla.h"
 #include "ui/look/estilo.h"
 #include "ui/shell/navegacion.h"
+#include "ui/shell/trabajo_largo.h"
 #include "ui_depurar.h"
 
 Depurar::Depurar(QWidget* padre)
@@ -20,9 +21,13 @@ Depurar::Depurar(QWidget* padre)
     ui->vsDDJJ->setColumnas({{ColumnaDeGrilla::Fija, QStringLiteral("Periodo"), -1}});
     Estilo::advertencia(ui->Label3);
     Estilo::botonPeligroso(ui->cmdEliminar, QStringLiteral("depurar"));
+    constexpr int renglones = 4; // their room stays, so that nothing jumps
+    ui->lblAlcance->ensurePolished();
+    ui->lblAlcance->setMinimumHeight(renglones * ui->lblAlcance->fontMetrics().lineSpacing());
     m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa, {{}, [this] { CargarPeriodos(); }}, this);
     conectar(ui->vsDDJJ, &Grilla::clic, &Depurar::vsDDJJ_Click);
     conectar(ui->vsDDJJ, &Grilla::dejarCelda, &Depurar::vsDDJJ_LeaveCell);
+    conectar(ui->txtAnio, &QLineEdit::textEdited, [this] { mostrarAlcance(); });
     conectar(ui->cmdEliminar, &QPushButton::clicked, &Depurar::cmdEliminar_Click);
 }
 
@@ -47,6 +52,7 @@ void Depurar::CargarPeriodos()
         m_periodos = periodosDeEmpresa(Rutinas::Conexion, m_eleccion->cuit());
     }
     ui->vsDDJJ->cargar(m_periodos, [](QDate periodo) { return FilaDeGrilla{periodo.toString(u"yyyy/MM")}; });
+    mostrarAlcance();
     Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 
@@ -77,6 +83,18 @@ void Depurar::elegirFila(int fila)
     PeriodoHasta = m_periodos.at(static_cast<std::size_t>(fila) - 1);
     ui->txtAnio->setText(QString::number(PeriodoHasta.year()));
     ui->txtMes->setText(QString::number(PeriodoHasta.month()));
+    mostrarAlcance();
+}
+
+/// What the button would delete now. The limit of one company is that of the next one, too, though none of its rows is
+/// yellow.
+void Depurar::mostrarAlcance()
+{
+    const bool elegido = m_eleccion->hayEmpresa() && !ui->txtAnio->text().isEmpty() && PeriodoHasta.isValid();
+    ui->lblAlcance->setText(
+        elegido ? textoDelAlcance(alcanceDeDepuracion(Rutinas::Conexion, m_eleccion->cuit(), PeriodoHasta),
+                                  PeriodoHasta, m_eleccion->razon())
+                : QString());
 }
 
 void Depurar::cmdEliminar_Click()
@@ -102,7 +120,8 @@ void Depurar::cmdEliminar_Click()
     }
     try
     {
-        depurarHasta(Rutinas::Conexion, m_eleccion->cuit(), PeriodoHasta, m_periodos);
+        TrabajoLargo trabajo(QStringLiteral("Eliminando las Declaraciones Juradas"), TrabajoLargo::Cancelable::Si);
+        depurarHasta(Rutinas::Conexion, m_eleccion->cuit(), PeriodoHasta, m_periodos, trabajo.aviso());
     }
     catch (const YaNoEsta&)
     {
@@ -119,4 +138,5 @@ void Depurar::limpiarEleccion()
 {
     ui->txtAnio->clear();
     ui->txtMes->clear();
+    mostrarAlcance();
 }

@@ -30,6 +30,7 @@ private:
     void elegirFila(int fila);
     void cmdEliminar_Click();
     void limpiarEleccion();
+    void mostrarAlcance();
 
     std::unique_ptr<Ui::Depurar> ui;
     EleccionEmpresa* m_eleccion;

@@ -2,21 +2,22 @@
 
 #include "base/error_de_ejecucion.h"
 #include "companies/screens/preguntar_cambios.h"
+#include "core/nombre_ddjj.h"
 #include "core/rutinas.h"
 #include "roster/guardar_empleado.h"
 #include "ui/doors/mensajes.h"
+#include "ui/fields/busqueda_por_letras.h"
 #include "ui/grid/grilla.h"
 #include "ui/look/estilo.h"
 #include "ui/shell/trabajo_largo.h"
 #include "ui_ddjj_sueldos.h"
 
 #include <QKeyEvent>
+#include <utility>
 
 namespace
 {
 constexpr qint64 importeMaximo = 9'999'999; // and 99 cents
-constexpr int columnaSueldo = 4;
-constexpr int columnaAcuerdo = 5;
 } // namespace
 
 DDJJ_Sueldos::DDJJ_Sueldos(QWidget* padre)
@@ -33,6 +34,9 @@ DDJJ_Sueldos::DDJJ_Sueldos(QWidget* padre)
     });
     ui->vsSueldos->setEditable(true);
     ui->vsSueldos->setPintaActual(true);
+    ui->vsSueldos->setPegable(1);
+    conectar(ui->vsSueldos, &Grilla::celdaEditada, &DDJJ_Sueldos::vsSueldos_Editada);
+    armarBusqueda();
     for (QLineEdit* campo : {ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia})
     {
         Estilo::soloMuestra(campo);
@@ -55,6 +59,7 @@ void DDJJ_Sueldos::cargar()
     ui->txtRazonSocial->setText(Rutinas::EmpresaActual);
     ui->txtPeriodo->setText(m_clave.periodo.toString(u"yyyy/MM"));
     ui->txtSecuencia->setText(QString::number(m_clave.secuencia));
+    ui->vsSueldos->setNombreDePlanilla(nombreDeDeclaracion(m_clave) + QStringLiteral(" sueldos"));
     CargarSueldos();
 }
 
@@ -63,6 +68,12 @@ void DDJJ_Sueldos::keyPressEvent(QKeyEvent* evento)
     if (evento->key() == Qt::Key_Escape && ui->vsSueldos->cambiada())
     {
         evento->accept();
+        return;
+    }
+    const bool sigue = evento->key() == Qt::Key_F3;
+    if (sigue || (evento->key() == Qt::Key_F && evento->modifiers() == Qt::ControlModifier))
+    {
+        protegido([this, sigue] { irABuscar(sigue); });
         return;
     }
     Pantalla::keyPressEvent(evento);
@@ -78,6 +89,37 @@ void DDJJ_Sueldos::CargarSueldos()
                                                   QVariant::fromValue(fila.acuerdo)};
                           });
     ui->vsSueldos->setCambiada(false);
+    contar();
+}
+
+void DDJJ_Sueldos::contar()
+{
+    m_buscables.clear();
+    for (const FilaSueldo& fila : m_leidas)
+    {
+        const QString cifras = QString(fila.cuil).remove(u'-');
+        m_buscables.push_back(fila.cuil + QLatin1Char('\n') + cifras + QLatin1Char('\n') +
+                              BusquedaPorLetras::llana(fila.ayn));
+    }
+    m_totales.contar(m_leidas, tipeadas());
+    ui->lblTotales->setText(m_totales.texto());
+}
+
+void DDJJ_Sueldos::vsSueldos_Editada(int, int fila)
+{
+    m_totales.cambiar(static_cast<std::size_t>(fila - 1), ui->vsSueldos->importe(columnaSueldo, fila),
+                      ui->vsSueldos->importe(columnaAcuerdo, fila));
+    if (!std::exchange(m_porMostrar, true)) // a paste of thousands is shown once
+    {
+        QMetaObject::invokeMethod(
+            this,
+            [this]
+            {
+                m_porMostrar = false;
+                ui->lblTotales->setText(m_totales.texto());
+            },
+            Qt::QueuedConnection);
+    }
 }
 
 void DDJJ_Sueldos::cmdGrabar_Click()
@@ -102,6 +144,7 @@ void DDJJ_Sueldos::cmdGrabar_Click()
     }
     catch (const ErrorDeEjecucion& error)
     {
+        TrabajoCancelado::pasar(error);
         MsgBox(QString::number(error.numero()) + QLatin1Char(' ') + error.descripcion());
     }
 }
@@ -118,9 +161,9 @@ void DDJJ_Sueldos::grabar()
     int cantidad = 0;
     const auto actualizar = [&](bool reemplaza)
     {
-        const TrabajoLargo trabajo(QStringLiteral("Actualizando los sueldos"));
-        cantidad =
-            actualizarSueldos(Rutinas::Conexion, m_clave, filas, reemplaza ? std::vector<FilaSueldo>() : m_leidas);
+        TrabajoLargo trabajo(QStringLiteral("Actualizando los sueldos"), TrabajoLargo::Cancelable::Si);
+        cantidad = actualizarSueldos(Rutinas::Conexion, m_clave, filas,
+                                     reemplaza ? std::vector<FilaSueldo>() : m_leidas, trabajo.aviso());
     };
     if (!guardarPreguntando(actualizar))
     {
@@ -129,6 +172,7 @@ void DDJJ_Sueldos::grabar()
     mostrarGuardadas(filas);
     m_leidas = std::move(filas);
     ui->vsSueldos->setCambiada(false);
+    contar();
     MsgBox(cantidad > 0
                ? textoActualizaciones(cantidad)
                : QStringLiteral("Verifique las modificaciones realizadas.  No se ha Actualizado ningún Registro."),
@@ -159,6 +203,7 @@ void DDJJ_Sueldos::quitarEliminados()
             m_leidas.erase(leida);
         }
     }
+    contar();
 }
 
 /// An amount goes to the database with seven significant digits, and an empty cell as 0.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/clave_ddjj.h"
-#include "roster/sueldos.h"
+#include "roster/totales_de_sueldos.h"
 #include "ui/shell/pantalla.h"
 
 #include <memory>
@@ -12,8 +12,8 @@ namespace Ui
 class DDJJ_Sueldos;
 }
 
-/// Wages and agreement sums of a whole roster in one grid. Saving computes the contributions of each changed row by
-/// the bulk rule.
+/// Wages and agreement sums of a whole roster in one grid, typed or pasted. Saving computes the contributions of each
+/// changed row by the bulk rule.
 class DDJJ_Sueldos : public Pantalla
 {
     Q_OBJECT
@@ -29,6 +29,9 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
+    static constexpr int columnaSueldo = 4;
+    static constexpr int columnaAcuerdo = 5;
+
     void CargarSueldos();
     void cmdGrabar_Click();
     void cmdCancelar_Click();
@@ -37,8 +40,20 @@ private:
     [[nodiscard]] std::vector<FilaSueldo> tipeadas() const;
     void mostrarGuardadas(const std::vector<FilaSueldo>& filas);
     void quitarEliminados();
+    void contar();
+    void vsSueldos_Editada(int columna, int fila);
+
+    void armarBusqueda();
+    /// Opens the search of people, or goes on with it where it is open already.
+    void irABuscar(bool sigue);
+    void cerrarBusqueda();
+    /// To the first row from `fila` on, and round to the one before it, that the search fits.
+    void buscarDesde(int fila);
 
     std::unique_ptr<Ui::DDJJ_Sueldos> ui;
     ClaveDDJJ m_clave;
     std::vector<FilaSueldo> m_leidas; ///< the rows of the grid as they were read or saved last
+    std::vector<QString> m_buscables; ///< what a search compares with, by row
+    TotalesDeSueldos m_totales;
+    bool m_porMostrar = false; ///< the totals shown are old
 };

@@ -1,5 +1,6 @@
 #include "roster/screens/empleados.h"
 
+#include "base/numbers/formato.h"
 #include "companies/catalogos.h"
 #include "core/rutinas.h"
 #include "ui/look/estilo.h"
@@ -174,6 +175,13 @@ QString Empleados::empresaEnCurso() const
     return ui->txtRazonSocial->text();
 }
 
+QString Empleados::lugarEnCurso() const
+{
+    return m_lugar.total == 0
+               ? QString()
+               : QStringLiteral("Empleado %1 de %2").arg(conMiles(m_lugar.lugar), conMiles(m_lugar.total));
+}
+
 void Empleados::cargarCatalogos()
 {
     llenar(ui->cmbProvincia, Catalogo::Provincias);
@@ -208,6 +216,7 @@ void Empleados::HabilitarEdicion(bool Estado)
     {
         mando->setEnabled(!Estado);
     }
+    contarLugar();
 }
 
 bool Empleados::eventFilter(QObject* objeto, QEvent* evento)
@@ -217,7 +226,8 @@ bool Empleados::eventFilter(QObject* objeto, QEvent* evento)
     {
         const auto& tecla = *static_cast<QKeyEvent*>(evento);
         const bool sigue = tecla.key() == Qt::Key_Tab || tecla.key() == Qt::Key_Backtab ||
-                           tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter || tecla.text().isEmpty();
+                           tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter ||
+                           (tecla.text().isEmpty() && tecla.key() != Qt::Key_F8);
         if (!sigue)
         {
             ui->SSTab1->setCurrentIndex(0);
@@ -234,5 +244,35 @@ void Empleados::keyPressEvent(QKeyEvent* evento)
         evento->accept();
         return;
     }
+    if (evento->key() == Qt::Key_F8 && enEdicion())
+    {
+        protegido([this] { repetirCampo(); });
+        return;
+    }
+    if (QAbstractButton* flecha = flechaDe(*evento); flecha != nullptr && flecha->isEnabled())
+    {
+        flecha->click();
+        return;
+    }
     Pantalla::keyPressEvent(evento);
+}
+
+// Only what the field at work has no use for comes here.
+QAbstractButton* Empleados::flechaDe(const QKeyEvent& tecla) const
+{
+    const QKeyCombination teclas(tecla.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(tecla.key()));
+    const std::pair<QKeyCombination, QAbstractButton*> todas[] = {
+        {Qt::CTRL | Qt::Key_Home, ui->cmdFlecha_0},
+        {Qt::Key_PageUp, ui->cmdFlecha_1},
+        {Qt::Key_PageDown, ui->cmdFlecha_2},
+        {Qt::CTRL | Qt::Key_End, ui->cmdFlecha_3},
+    };
+    for (const auto& [cual, flecha] : todas)
+    {
+        if (cual == teclas)
+        {
+            return flecha;
+        }
+    }
+    return nullptr;
 }

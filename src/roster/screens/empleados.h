@@ -3,6 +3,7 @@
 #include "core/clave_ddjj.h"
 #include "roster/empleado.h"
 #include "roster/guardar_empleado.h"
+#include "roster/screens/ultimos_valores.h"
 #include "ui/shell/pantalla.h"
 
 #include <array>
@@ -10,6 +11,7 @@
 #include <memory>
 
 class CampoMascara;
+class QAbstractButton;
 class QLineEdit;
 namespace Ui
 {
@@ -29,6 +31,7 @@ public:
     void activar() override;
     [[nodiscard]] bool dejaLoTipeado() override;
     [[nodiscard]] QString empresaEnCurso() const override;
+    [[nodiscard]] QString lugarEnCurso() const override;
 
 protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
@@ -40,6 +43,8 @@ private:
     void vestir();
     void cargarCatalogos();
     [[nodiscard]] bool enEdicion() const;
+    /// The button that a key stands for; none for another key.
+    [[nodiscard]] QAbstractButton* flechaDe(const QKeyEvent& tecla) const;
 
     void CargarEmpleado(AccionEmpleado Accion);
     void mostrar(const Empleado& empleado);
@@ -47,6 +52,7 @@ private:
     void mostrarFamilia(const std::vector<FilaFamiliar>& familia);
     void HabilitarEdicion(bool Estado);
     void LimpiarEmpleado();
+    void contarLugar();
 
     void agregar();
     void modificar();
@@ -77,6 +83,9 @@ private:
     void chkAfiliado_Click(int indice);
     void cmbEstadoCivil_LostFocus();
     void seguirDeFamiliares();
+    void recordarValores();
+    /// The field at work takes what it held in the employee who was saved last.
+    void repetirCampo();
 
     std::unique_ptr<Ui::Empleados> ui;
     std::array<CampoMascara*, 3> MaskCuil{};
@@ -88,4 +97,7 @@ private:
     std::optional<EmpleadoLeido> m_leido; ///< the record on the screen, as it was read or saved last
     QString TituloForm;
     qint64 SucursalActual = 0; ///< ID of the branch shown, 0 for none
+    LugarEnNomina m_lugar;     ///< of the employee shown; no total while one is entered, or none is shown
+    UltimosValores m_ultimos;  ///< of the employee saved last since the screen was opened
+    qint64 m_ultimaSucursal = 0;
 };

@@ -6,8 +6,11 @@
 #include "core/screens/validar.h"
 #include "roster/screens/empleados.h"
 #include "roster/screens/empleados_registro.h"
+#include "ui/doors/anuncio.h"
 #include "ui/doors/mensajes.h"
 #include "ui_empleados.h"
+
+#include <QApplication>
 
 namespace
 {
@@ -114,6 +117,31 @@ void Empleados::seguirDeFamiliares()
 {
     ui->SSTab1->setCurrentIndex(2);
     MaskFecha[1]->setFocus(Qt::TabFocusReason);
+}
+
+void Empleados::recordarValores()
+{
+    m_ultimos.recordar({txtAyN[0],         ui->cmbDocumento, ui->txtDocumento, ui->cmbSexo,        MaskFecha[0],
+                        ui->txtCalle,      ui->txtNumero,    ui->txtPiso,      ui->txtDepto,       ui->txtLocalidad,
+                        ui->txtCodPos,     ui->cmbProvincia, ui->txtTelefono,  ui->cmbEstadoCivil, MaskFecha[1],
+                        ui->cmbCategoria,  ui->cmbQHoras,    MaskFecha[2],     txtImporte[1],      txtImporte[2],
+                        ui->chkAfiliado_1, ui->chkAfiliado_2});
+    m_ultimaSucursal = SucursalActual;
+}
+
+void Empleados::repetirCampo()
+{
+    QWidget* campo = QApplication::focusWidget();
+    if (campo == ui->cmdSucursal && m_ultimaSucursal != 0)
+    {
+        const auto texto = textoSucursal(Rutinas::Conexion, m_ultimaSucursal, ui->txtCuit->text());
+        SucursalActual = texto ? m_ultimaSucursal : 0; // deleted since
+        mostrarSucursal(texto);
+    }
+    else if (!m_ultimos.repetir(campo))
+    {
+        anunciar(QStringLiteral("No hay dato anterior para repetir en este campo"));
+    }
 }
 
 void Empleados::CalcularAportes()

@@ -1,6 +1,7 @@
 // The record on the screen: loading, showing, emptying, and the commands that move between records.
 #include "roster/screens/empleados_registro.h"
 
+#include "base/error_de_ejecucion.h"
 #include "base/numbers/formato.h"
 #include "core/rutinas.h"
 #include "roster/familiares.h"
@@ -94,6 +95,24 @@ void Empleados::mostrar(const Empleado& empleado)
     mostrarSucursal(SucursalActual == 0 ? QString()
                                         : textoSucursal(Rutinas::Conexion, SucursalActual, ui->txtCuit->text()));
     mostrarFamilia(m_leido->familia);
+    contarLugar();
+}
+
+void Empleados::contarLugar()
+{
+    m_lugar = {};
+    if (m_leido && !enEdicion())
+    {
+        try
+        {
+            m_lugar = lugarEnNomina(Rutinas::Conexion, m_clave, MaskCuil[0]->text());
+        }
+        catch (const ErrorDeEjecucion&)
+        {
+            // A count is no reason to stop what was being done, as a save that has gone well: nothing is told.
+        }
+    }
+    Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 
 void Empleados::mostrarSucursal(const std::optional<QString>& texto)
@@ -145,6 +164,7 @@ void Empleados::LimpiarEmpleado()
         ponerEntero(txtImporte[i], QString());
     }
     ui->vsFamiliares->cargar({});
+    contarLugar();
 }
 
 void Empleados::agregar()
@@ -213,6 +233,7 @@ void Empleados::aceptar()
 {
     if (GrabarEmpleado())
     {
+        recordarValores();
         HabilitarEdicion(false);
         setWindowTitle(TituloForm);
         ui->cmdEmpleado_0->setFocus();

@@ -2,6 +2,7 @@
 #include "base/error_de_ejecucion.h"
 #include "base/numbers/formato.h"
 #include "base/reloj.h"
+#include "core/nombre_ddjj.h"
 #include "core/rutinas.h"
 #include "core/vigencia.h"
 #include "slips/emision.h"
@@ -11,6 +12,25 @@
 #include "ui_boletas.h"
 
 using Rutinas::ModoAbrir;
+
+namespace
+{
+/// "30-71234567-1 2026-10 00 boleta", "30-71234567-1 acta 1234 cuota 2 boleta".
+QString nombreDeArchivo(const Boleta& boleta)
+{
+    switch (boleta.tipo)
+    {
+    case TipoBoleta::Acta:
+        return QStringLiteral("%1 acta %2 cuota %3 boleta")
+            .arg(boleta.cuit, QString::number(boleta.nroActa), QString::number(boleta.cuota));
+    case TipoBoleta::Interes:
+        return nombreDeDeclaracion(boleta.declaracion) + QStringLiteral(" boleta de intereses");
+    case TipoBoleta::Aportes:
+        break;
+    }
+    return nombreDeDeclaracion(boleta.declaracion) + QStringLiteral(" boleta");
+}
+} // namespace
 
 void Boletas::cmdBoletas_Click()
 {
@@ -157,6 +177,7 @@ void Boletas::emitir(const Boleta& boleta)
     Informe informe;
     informe.ArchivoInforme = Rutinas::RutaApp + QStringLiteral("RptBoleta%1.rpt").arg(tipo());
     informe.ArchivoDatos = Rutinas::rutaBase();
+    informe.NombreDeArchivo = nombreDeArchivo(boleta);
     informe.Formulas = emitirBoleta(Rutinas::Conexion, boleta, textos);
     if (informe.PrintReport() != 0)
     {

@@ -10,6 +10,11 @@ std::function<void(const QString&)> mostrarAnuncio;
 void anunciar(const QString& texto)
 {
     QApplication::beep();
+    avisar(texto);
+}
+
+void avisar(const QString& texto)
+{
     if (mostrarAnuncio)
     {
         mostrarAnuncio(texto);

@@ -9,7 +9,7 @@
 
 namespace
 {
-std::function<void(const MensajeDeCorreo&)> reemplazo;
+std::function<void(const MensajeDeCorreo&)> otroCorreo;
 
 QString escapado(const QString& texto)
 {
@@ -35,9 +35,9 @@ QString direccionDeCorreo(const MensajeDeCorreo& mensaje)
 
 void Correo(const MensajeDeCorreo& mensaje)
 {
-    if (reemplazo)
+    if (otroCorreo)
     {
-        reemplazo(mensaje);
+        otroCorreo(mensaje);
         return;
     }
     if (!mensaje.adjunto.isEmpty() && !QFileInfo::exists(mensaje.adjunto))
@@ -62,5 +62,5 @@ void Correo(const MensajeDeCorreo& mensaje)
 
 void reemplazarCorreo(std::function<void(const MensajeDeCorreo&)> atiende)
 {
-    reemplazo = std::move(atiende);
+    otroCorreo = std::move(atiende);
 }

@@ -31,9 +31,10 @@ QString elegirArchivo(const PedidoDeArchivo& pedido)
     dialogo.setFileMode(pedido.debeExistir ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialogo.setNameFilter(pedido.filtro.isEmpty() ? QStringLiteral("*") : pedido.filtro);
     dialogo.setDefaultSuffix(pedido.extension);
-    if (!pedido.nombreInicial.isEmpty())
+    const QString ofrecido = pedido.nombreInicial.isEmpty() ? pedido.propuesta : pedido.nombreInicial;
+    if (!ofrecido.isEmpty())
     {
-        const QFileInfo inicial(QDir::fromNativeSeparators(pedido.nombreInicial));
+        const QFileInfo inicial(QDir::fromNativeSeparators(ofrecido));
         dialogo.setDirectory(inicial.absolutePath());
         dialogo.selectFile(inicial.fileName());
     }

@@ -14,6 +14,7 @@ struct PedidoDeArchivo
     QString filtro;        ///< "*.txt"
     QString extension;     ///< added to a name typed without one: "txt"
     bool debeExistir = true;
+    QString propuesta = {}; ///< name offered where there is no `nombreInicial`; not handed back
 };
 /// Open-file dialog. Gives the chosen path with native separators; when cancelled, `nombreInicial` as it was given.
 [[nodiscard]] QString DialogoArchivo(const PedidoDeArchivo& pedido);

@@ -11,7 +11,7 @@ namespace
 {
 int abiertas = 0;
 QPointer<QWidget> ventanaPrincipal;
-AtiendeCajas reemplazo;
+AtiendeCajas otroMostrador;
 std::function<void(const DatosDeCaja&)> mostrada;
 std::function<void(const DatosDeCaja&, bool)> cerrada;
 
@@ -56,9 +56,9 @@ bool mostrarCaja(const DatosDeCaja& datos)
 bool atender(const DatosDeCaja& datos)
 {
     const CajaAbierta abierta;
-    if (reemplazo)
+    if (otroMostrador)
     {
-        const AtiendeCajas atiende = reemplazo; // it may replace itself while it runs
+        const AtiendeCajas atiende = otroMostrador; // it may replace itself while it runs
         return atiende(datos);
     }
     if (mostrada)
@@ -75,7 +75,7 @@ bool atender(const DatosDeCaja& datos)
 
 DatosDeCaja datosDe(Caja clase, const QString& texto, const QString& titulo)
 {
-    return {clase, texto, titulo.isEmpty() ? QString::fromLatin1(tituloPorDefecto) : titulo};
+    return {clase, texto, titulo.isEmpty() ? QApplication::applicationName() : titulo};
 }
 } // namespace
 
@@ -128,7 +128,7 @@ bool Preguntar(const QString& texto, const QString& titulo)
 
 void reemplazarCajas(AtiendeCajas atiende)
 {
-    reemplazo = std::move(atiende);
+    otroMostrador = std::move(atiende);
 }
 
 void observarCajas(std::function<void(const DatosDeCaja&)> alMostrar,

@@ -14,8 +14,6 @@ enum class Caja
     Simple,
 };
 
-inline constexpr const char* tituloPorDefecto = "Altoverde";
-
 struct DatosDeCaja
 {
     Caja clase = Caja::Simple;
@@ -23,11 +21,10 @@ struct DatosDeCaja
     QString titulo;
 };
 
-/// Shows a box with an OK button and waits for it.
-void MsgBox(const QString& texto, Caja clase = Caja::Simple,
-            const QString& titulo = QString::fromLatin1(tituloPorDefecto));
+/// Shows a box with an OK button and waits for it. Without a title it has the application's name.
+void MsgBox(const QString& texto, Caja clase = Caja::Simple, const QString& titulo = {});
 /// Asks with Yes and No, No as the default; true for Yes. Escape and the close command mean No.
-[[nodiscard]] bool Preguntar(const QString& texto, const QString& titulo = QString::fromLatin1(tituloPorDefecto));
+[[nodiscard]] bool Preguntar(const QString& texto, const QString& titulo = {});
 
 /// Told of every box and answering it (true: Yes or OK). An empty function brings the real boxes back.
 using AtiendeCajas = std::function<bool(const DatosDeCaja&)>;

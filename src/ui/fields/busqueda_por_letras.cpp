@@ -18,15 +18,14 @@ struct
     bool perdida = false; ///< a letter found nothing: those behind it are of the same word
     QElapsedTimer reloj;
 } busqueda;
+} // namespace
 
-/// Neither accents nor case count: "cordo" begins "Córdoba".
-QString llana(const QString& texto)
+QString BusquedaPorLetras::llana(const QString& texto)
 {
     QString letras = texto.normalized(QString::NormalizationForm_D);
     letras.removeIf([](QChar letra) { return letra.isMark(); });
     return letras.toCaseFolded();
 }
-} // namespace
 
 bool BusquedaPorLetras::enCurso(const QObject* donde)
 {

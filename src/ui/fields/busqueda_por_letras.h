@@ -10,6 +10,8 @@ class QObject;
 /// it.
 namespace BusquedaPorLetras
 {
+/// The text without accents and case: "cordo" begins "Córdoba".
+[[nodiscard]] QString llana(const QString& texto);
 /// True when a search is under way there: a blank is a letter of it then.
 [[nodiscard]] bool enCurso(const QObject* donde);
 /// The entry to which a letter leads from `actual`, -1 for none; entries count from 0. A letter that finds nothing is

@@ -32,6 +32,8 @@ Grilla::Grilla(QWidget* padre)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(true);
     medir();
+    agregarAccion(QStringLiteral("Copiar"), QKeySequence::Copy, &Grilla::copiar);
+    agregarAccion(QStringLiteral("Exportar a planilla (CSV)..."), QKeySequence::UnknownKey, &Grilla::exportar);
 
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int seccion) { Q_EMIT clic(m_modelo->propia(seccion) + 1, 0); });
@@ -54,6 +56,7 @@ void Grilla::setColumnas(std::vector<ColumnaDeGrilla> columnas)
 {
     const QScopedValueRollback callado(m_silencio, true);
     cancelarEdicion();
+    m_pegadas.clear();
     m_modelo->setColumnas(std::move(columnas));
     medir();
 }
@@ -84,6 +87,7 @@ void Grilla::setFilas(int filas)
         cancelarEdicion();
     }
     const bool sobrevive = filaActual() <= filas;
+    m_pegadas.clear();
     m_modelo->setFilas(std::max(0, filas));
     if (!sobrevive)
     {
@@ -95,7 +99,9 @@ void Grilla::cargar(std::vector<FilaDeGrilla> filas)
 {
     const QScopedValueRollback callado(m_silencio, true);
     cancelarEdicion();
+    m_pegadas.clear();
     m_modelo->cargar(std::move(filas));
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     scrollToTop();
 }
 
@@ -109,6 +115,7 @@ void Grilla::setValor(int columna, int fila, const QVariant& valor)
     if (m_modelo->contiene(columna - 1, fila - 1))
     {
         m_modelo->poner(columna - 1, fila - 1, valor);
+        m_pegadas.remove({columna, fila});
         viewport()->update(); // a load of many cells paints once
     }
 }
@@ -157,6 +164,7 @@ void Grilla::borrarFila(int fila)
     }
     const QScopedValueRollback callado(m_silencio, true);
     cancelarEdicion();
+    m_pegadas.clear();
     const int actual = filaActual();
     const int columna = columnaActual();
     m_modelo->borrar(fila - 1);
@@ -170,6 +178,11 @@ QModelIndex Grilla::indice(int columna, int fila) const
 {
     const int vista = m_modelo->vista(columna - 1);
     return vista >= 0 && m_modelo->contiene(columna - 1, fila - 1) ? m_modelo->index(fila - 1, vista) : QModelIndex();
+}
+
+const ColumnaDeGrilla& Grilla::columna(int columna) const
+{
+    return m_modelo->columna(columna - 1);
 }
 
 bool Grilla::seVe(int columna) const
@@ -366,7 +379,7 @@ bool Grilla::edit(const QModelIndex& celda, EditTrigger disparo, QEvent* evento)
 void Grilla::alternarTilde(const QModelIndex& celda)
 {
     m_modelo->poner(columnaDe(celda) - 1, celda.row(), celda.data(Qt::CheckStateRole).toInt() != Qt::Checked);
-    m_cambiada = true;
+    tipeada(columnaDe(celda), celda.row() + 1);
     viewport()->update();
     Q_EMIT celdaEditada(columnaDe(celda), celda.row() + 1);
 }

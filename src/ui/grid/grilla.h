@@ -5,12 +5,15 @@
 #include <QAbstractTableModel>
 #include <QColor>
 #include <QDate>
+#include <QHash>
+#include <QKeySequence>
 #include <QPointer>
 #include <QStringList>
 #include <QTableView>
 #include <QVariant>
 #include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 /// What one column of a Grilla holds.
@@ -42,7 +45,8 @@ using FilaDeGrilla = std::vector<QVariant>;
 /// Keys: arrows move; typing replaces a cell's value, F2 and double click edit it, Escape gives up; Enter commits and
 /// goes to the next cell that can be edited; Space sets a tick; Tab leaves the grid (from an editor: the next cell).
 /// A grid that is edited has a current cell as soon as it has the focus, and Up and Down keep to columns that can be
-/// typed into; what is typed into a fixed one is announced.
+/// typed into; what is typed into a fixed one is announced. Ctrl+C copies the whole grid for a spreadsheet; a right
+/// click opens the menu of what can be done with it.
 class Grilla : public QTableView
 {
     Q_OBJECT
@@ -55,6 +59,7 @@ public:
     [[nodiscard]] int filas() const;
     [[nodiscard]] int columnas() const; ///< those hidden included
     [[nodiscard]] bool seVe(int columna) const;
+    [[nodiscard]] const ColumnaDeGrilla& columna(int columna) const; ///< from 1 to columnas()
     /// The cell as the toolkit knows it; none where the column is hidden.
     [[nodiscard]] QModelIndex indice(int columna, int fila) const;
     /// Sets the row count: rows are added empty at the end or dropped from it. Does not touch the changed flag, and
@@ -94,7 +99,7 @@ public:
 
     /// Set when the user edits a cell (also when he types the value it had), and by the screens.
     [[nodiscard]] bool cambiada() const { return m_cambiada; }
-    void setCambiada(bool cambiada) { m_cambiada = cambiada; }
+    void setCambiada(bool cambiada); ///< once it is cleared, no paste can be undone
 
     // Row painting. By default the screen paints; with pintaActual the current row is always the one yellow row.
     void pintarTodo(QColor color);
@@ -104,6 +109,15 @@ public:
 
     /// What stands in the place of the rows while there are none.
     void setTextoVacio(const QString& texto);
+
+    // Spreadsheets.
+    /// The name proposed for an exported file; without one, the end of the window's title.
+    void setNombreDePlanilla(const QString& nombre) { m_nombreDePlanilla = nombre; }
+    /// Lets amounts be pasted (Ctrl+V) into the columns of that kind, by their place or by the texts of `columnaClave`,
+    /// and the last paste be undone (Ctrl+Z). Each value goes in as if it were typed.
+    void setPegable(int columnaClave);
+    /// A click on a header sorts the rows by its column, and again the other way, until other rows come in.
+    void setOrdenable();
 
     /// May cells be edited at all? False by default; fixed columns never are.
     void setEditable(bool editable);
@@ -134,6 +148,8 @@ Q_SIGNALS:
     void celdaEditada(int columna, int fila);
     /// Enter on a row of a grid that is not edited. When nobody listens, Enter goes to the next control.
     void entrar(int columna, int fila);
+    /// A sign typed into a fixed column of a grid that is edited. When nobody listens, it is announced as lost.
+    void teclaEnFija(const QString& signo);
 
 protected:
     void currentChanged(const QModelIndex& actual, const QModelIndex& anterior) override;
@@ -143,6 +159,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* evento) override;
     void mouseReleaseEvent(QMouseEvent* evento) override;
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
+    void contextMenuEvent(QContextMenuEvent* evento) override;
     void focusInEvent(QFocusEvent* evento) override;
     void changeEvent(QEvent* evento) override;
     QModelIndex moveCursor(CursorAction accion, Qt::KeyboardModifiers teclas) override;
@@ -178,6 +195,18 @@ private:
     /// What the editor's key does once the value is stored.
     void seguirDespuesDeEditar(int codigo);
     void alternarTilde(const QModelIndex& celda);
+    /// The user has changed this cell by hand: it is no longer of the last paste.
+    void tipeada(int columna, int fila);
+
+    void agregarAccion(const QString& texto, QKeySequence::StandardKey tecla, void (Grilla::*accion)());
+    void abrirMenu(QPoint lugar);
+    void abrirMenuConTeclado();
+    [[nodiscard]] bool hayQueLlevar() const;
+    void copiar();
+    void exportar();
+    void pegar();
+    void deshacerPegado();
+    void ordenar(int columna, Qt::SortOrder sentido);
 
     Modelo* m_modelo;
     Delegado* m_delegado;
@@ -192,4 +221,9 @@ private:
     QPersistentModelIndex m_presionada;
     std::function<bool()> m_agregar;
     std::function<bool(int)> m_quitar;
+    QString m_nombreDePlanilla;
+    int m_columnaClave = 0;                         ///< 0: nothing can be pasted
+    QHash<std::pair<int, int>, QVariant> m_pegadas; ///< cells of the last paste, and what stood there before
+    bool m_cambiadaAntes = false;                   ///< the changed flag before it
+    bool m_tipeadoDespues = false;                  ///< something was typed since
 };

@@ -132,6 +132,15 @@ QString textoParaEditar(const ColumnaDeGrilla& columna, const QVariant& valor)
     return textoDeCelda(columna, valor);
 }
 
+QString textoParaPlanilla(const ColumnaDeGrilla& columna, const QVariant& valor)
+{
+    if (columna.clase == ColumnaDeGrilla::Tilde)
+    {
+        return valor.toBool() ? QStringLiteral("Sí") : QStringLiteral("No");
+    }
+    return textoParaEditar(columna, valor);
+}
+
 QString admitidosEnCelda(const ColumnaDeGrilla& columna)
 {
     const QString cifras = QStringLiteral("0123456789");
@@ -146,6 +155,17 @@ QString admitidosEnCelda(const ColumnaDeGrilla& columna)
     default:
         return {};
     }
+}
+
+bool admiteEnCelda(const ColumnaDeGrilla& columna, QChar letra)
+{
+    const QString admitidos = admitidosEnCelda(columna);
+    return admitidos.isEmpty() || admitidos.contains(letra);
+}
+
+QString noEntraEnCelda(const ColumnaDeGrilla& columna, const QString& signo)
+{
+    return QStringLiteral("En la columna «%1» no entra «%2»").arg(columna.titulo, signo);
 }
 
 bool celdaVacia(const QVariant& valor)

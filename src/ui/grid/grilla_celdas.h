@@ -8,8 +8,13 @@
 [[nodiscard]] QString textoDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor);
 /// As it stands in an editor: amounts without thousands separators.
 [[nodiscard]] QString textoParaEditar(const ColumnaDeGrilla& columna, const QVariant& valor);
+/// As a spreadsheet takes it: amounts without thousands separators, ticks as "Sí" and "No".
+[[nodiscard]] QString textoParaPlanilla(const ColumnaDeGrilla& columna, const QVariant& valor);
 /// The characters that can be typed or pasted into a cell; empty: any.
 [[nodiscard]] QString admitidosEnCelda(const ColumnaDeGrilla& columna);
+[[nodiscard]] bool admiteEnCelda(const ColumnaDeGrilla& columna, QChar letra);
+/// What is told of a sign that a cell does not admit.
+[[nodiscard]] QString noEntraEnCelda(const ColumnaDeGrilla& columna, const QString& signo);
 [[nodiscard]] bool celdaVacia(const QVariant& valor);
 
 /// What a person typed into a cell: its value (invalid for an empty cell), or the message that refuses it.

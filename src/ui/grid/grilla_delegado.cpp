@@ -1,5 +1,6 @@
 #include "ui/grid/grilla_delegado.h"
 
+#include "ui/doors/anuncio.h"
 #include "ui/doors/mensajes.h"
 #include "ui/grid/grilla_modelo.h"
 #include "ui/shell/validacion.h"
@@ -39,15 +40,14 @@ private:
     QString m_admitidos;
 };
 
-/// One-line editor. A key that its column does not admit changes nothing, not even a selected text; in amounts the dot
-/// key types a comma.
+/// One-line editor. A key that its column does not admit is told and changes nothing, not even a selected text; in
+/// amounts the dot key types a comma.
 class TextoDeCelda : public QLineEdit
 {
 public:
-    TextoDeCelda(const ColumnaDeGrilla& columna, QWidget* padre)
+    TextoDeCelda(ColumnaDeGrilla columna, QWidget* padre)
         : QLineEdit(padre)
-        , m_admitidos(admitidosEnCelda(columna))
-        , m_puntoEsComa(columna.clase == ColumnaDeGrilla::Decimal)
+        , m_columna(std::move(columna))
     {
         setFrame(false);
     }
@@ -56,23 +56,22 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override
     {
         const QString escrito = evento->text();
-        if (m_puntoEsComa && escrito == QLatin1String("."))
+        if (m_columna.clase == ColumnaDeGrilla::Decimal && escrito == QLatin1String("."))
         {
             insert(QStringLiteral(","));
             setModified(true);
             return;
         }
-        const bool ajena = !m_admitidos.isEmpty() && !escrito.isEmpty() && escrito.at(0).isPrint() &&
-                           !m_admitidos.contains(escrito.at(0));
-        if (!ajena)
+        if (!escrito.isEmpty() && escrito.at(0).isPrint() && !admiteEnCelda(m_columna, escrito.at(0)))
         {
-            QLineEdit::keyPressEvent(evento);
+            anunciar(noEntraEnCelda(m_columna, escrito));
+            return;
         }
+        QLineEdit::keyPressEvent(evento);
     }
 
 private:
-    QString m_admitidos;
-    bool m_puntoEsComa;
+    ColumnaDeGrilla m_columna;
 };
 
 /// List editor that tells a choice made in the open list from a move by key in the closed one.
@@ -288,7 +287,7 @@ void Grilla::Delegado::setModelData(QWidget* editor, QAbstractItemModel*, const 
     if (leida.error.isEmpty())
     {
         m_grilla->m_modelo->poner(m_grilla->columnaDe(celda) - 1, celda.row(), leida.valor);
-        m_grilla->m_cambiada = true;
+        m_grilla->tipeada(m_grilla->columnaDe(celda), celda.row() + 1);
         m_guardada = celda;
     }
 }

@@ -229,6 +229,11 @@ bool Grilla::tecla(QKeyEvent* evento)
     {
         return true;
     }
+    if (codigo == Qt::Key_F10 && evento->modifiers() == Qt::ShiftModifier)
+    {
+        abrirMenuConTeclado();
+        return true;
+    }
     if (!conMando && teclaDeFila(codigo))
     {
         return true;
@@ -253,14 +258,22 @@ bool Grilla::tecla(QKeyEvent* evento)
     if (m_editable && escribe(*evento))
     {
         const ColumnaDeGrilla columna = actual.isValid() ? m_modelo->columna(actual) : ColumnaDeGrilla();
-        const QString admitidos = admitidosEnCelda(columna);
-        if (columna.clase == ColumnaDeGrilla::Fija)
+        const bool fija = columna.clase == ColumnaDeGrilla::Fija;
+        if (fija && codigo != Qt::Key_Space && isSignalConnected(QMetaMethod::fromSignal(&Grilla::teclaEnFija)))
+        {
+            Q_EMIT teclaEnFija(evento->text());
+        }
+        else if (fija)
         {
             anunciar(QStringLiteral("La columna «%1» no se modifica").arg(columna.titulo));
         }
-        else if (admitidos.isEmpty() || admitidos.contains(evento->text().at(0)))
+        else if (admiteEnCelda(columna, evento->text().at(0)))
         {
             edit(actual, AnyKeyPressed, evento);
+        }
+        else
+        {
+            anunciar(noEntraEnCelda(columna, evento->text()));
         }
         return true; // no jumping about by letters where cells are typed into
     }

@@ -85,6 +85,19 @@ void Grilla::Modelo::borrar(int fila)
     endRemoveRows();
 }
 
+void Grilla::Modelo::ordenar(const std::vector<int>& orden)
+{
+    beginResetModel();
+    std::vector<Fila> ordenadas;
+    ordenadas.reserve(m_filas.size());
+    for (const int fila : orden)
+    {
+        ordenadas.push_back(std::move(m_filas[std::size_t(fila)]));
+    }
+    m_filas = std::move(ordenadas);
+    endResetModel();
+}
+
 bool Grilla::Modelo::contiene(int columna, int fila) const
 {
     return columna >= 0 && columna < columnas() && fila >= 0 && fila < rowCount();

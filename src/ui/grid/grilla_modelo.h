@@ -25,6 +25,8 @@ public:
     void setFilas(int filas);
     void cargar(std::vector<FilaDeGrilla> filas);
     void borrar(int fila);
+    /// The rows in another order: `orden` tells which one goes to each place.
+    void ordenar(const std::vector<int>& orden);
     [[nodiscard]] bool contiene(int columna, int fila) const;
     [[nodiscard]] QVariant valor(int columna, int fila) const;
     void poner(int columna, int fila, const QVariant& valor);

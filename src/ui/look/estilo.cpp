@@ -28,7 +28,7 @@ static void traerRecursos()
 
 namespace
 {
-constexpr QColor acento{0x1f, 0x5f, 0x8b};
+constexpr QColor colorDeAcento{0x1f, 0x5f, 0x8b};
 constexpr QColor pizarra{0x2f, 0x3e, 0x4a};
 constexpr QColor rojoOscuro{0x9b, 0x1c, 0x1c};
 constexpr QColor letra{0x1b, 0x24, 0x2c};
@@ -64,19 +64,19 @@ public:
         switch (cual)
         {
         case SP_MessageBoxQuestion:
-            return dibujo(QStringLiteral("ayuda"), acento, acento);
+            return dibujo(QStringLiteral("ayuda"), colorDeAcento, colorDeAcento);
         case SP_MessageBoxInformation:
-            return dibujo(QStringLiteral("acerca"), acento, acento);
+            return dibujo(QStringLiteral("acerca"), colorDeAcento, colorDeAcento);
         case SP_MessageBoxWarning:
             return dibujo(QStringLiteral("advertencia"), ocre, ocre);
         case SP_MessageBoxCritical:
             return dibujo(QStringLiteral("cancelar"), rojoOscuro, rojoOscuro);
         case SP_DialogYesButton:
         case SP_DialogOkButton:
-            return dibujo(QStringLiteral("aceptar"), pizarra, acento);
+            return dibujo(QStringLiteral("aceptar"), pizarra, colorDeAcento);
         case SP_DialogNoButton:
         case SP_DialogCancelButton:
-            return dibujo(QStringLiteral("cancelar"), pizarra, acento);
+            return dibujo(QStringLiteral("cancelar"), pizarra, colorDeAcento);
         default:
             return QProxyStyle::standardIcon(cual, opcion, control);
         }
@@ -93,9 +93,9 @@ public:
     }
 };
 
-void marcar(QWidget* control, const char* propiedad)
+void marcar(QWidget* control, const char* propiedad, bool si = true)
 {
-    control->setProperty(propiedad, true);
+    control->setProperty(propiedad, si);
     control->style()->unpolish(control);
     control->style()->polish(control);
 }
@@ -210,9 +210,9 @@ QPalette Estilo::paleta()
     p.setColor(QPalette::Button, QColor(0xee, 0xf1, 0xf4));
     p.setColor(QPalette::ButtonText, letra);
     p.setColor(QPalette::BrightText, rojoOscuro);
-    p.setColor(QPalette::Highlight, acento);
+    p.setColor(QPalette::Highlight, colorDeAcento);
     p.setColor(QPalette::HighlightedText, Qt::white);
-    p.setColor(QPalette::Link, acento);
+    p.setColor(QPalette::Link, colorDeAcento);
     p.setColor(QPalette::LinkVisited, QColor(0x5a, 0x3f, 0x7d));
     p.setColor(QPalette::ToolTipBase, QColor(0xff, 0xfb, 0xe6));
     p.setColor(QPalette::ToolTipText, letra);
@@ -256,7 +256,7 @@ void Estilo::aplicar(QApplication& aplicacion, bool delUsuario)
 QIcon Estilo::icono(const QString& nombre)
 {
     traerRecursos();
-    return dibujo(nombre, pizarra, acento);
+    return dibujo(nombre, pizarra, colorDeAcento);
 }
 
 QIcon Estilo::iconoDelPrograma()
@@ -305,6 +305,14 @@ void Estilo::advertencia(QWidget* etiqueta)
     if (auto* rotulo = qobject_cast<QLabel*>(etiqueta))
     {
         new IconoDeAdvertencia(rotulo);
+    }
+}
+
+void Estilo::atencion(QWidget* etiqueta, bool pide)
+{
+    if (etiqueta->property("atencion").toBool() != pide)
+    {
+        marcar(etiqueta, "atencion", pide);
     }
 }
 

@@ -27,6 +27,8 @@ void botonPeligroso(QWidget* boton, const QString& icono);
 void soloMuestra(QWidget* campo);
 /// A warning label: dark red with its icon before the text. The label's text is the caller's, and may change.
 void advertencia(QWidget* etiqueta);
+/// A label that asks for a look, in amber, or no longer does; its words say why.
+void atencion(QWidget* etiqueta, bool pide);
 /// Tabular figures, right-aligned; in a field that is too narrow for one, smaller.
 void importe(QWidget* campo);
 /// The main window's picture, filling `zona` without distortion; its lower edge always shows.

@@ -119,7 +119,7 @@ VisorDeAyuda::VisorDeAyuda(const QString& carpeta, QWidget* padre)
           carpeta, [this] { mostrarDeNuevo(); }, this))
 {
     setObjectName(QStringLiteral("Ayuda"));
-    setWindowTitle(QStringLiteral("Altoverde - Ayuda"));
+    setWindowTitle(QApplication::applicationName() + QStringLiteral(" - Ayuda"));
     leerContenido();
     armar();
     buscar(QString());

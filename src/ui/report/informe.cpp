@@ -36,7 +36,7 @@ int Informe::imprimir(Conexion* datos)
         DatosDeInforme filas =
             DatosDeInforme::leer(plantilla, datos == nullptr ? propia : *datos, Formulas, trabajo.aviso());
         PaginasDeInforme paginas(std::move(plantilla), std::move(filas), trabajo.aviso());
-        auto* vista = new VistaDeInforme(std::move(paginas));
+        auto* vista = new VistaDeInforme(std::move(paginas), NombreDeArchivo);
         vista->showMaximized();
     }
     catch (const ErrorDeEjecucion& error)

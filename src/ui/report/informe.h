@@ -16,6 +16,7 @@ public:
     QString ArchivoInforme; ///< path of the layout
     QString ArchivoDatos;   ///< path of the database file, read over a read-only connection
     ValoresDeInforme Formulas;
+    QString NombreDeArchivo; ///< proposed where the preview is saved, without extension; empty: the report's title
 
     /// Reads the rows, lays the pages out and shows the preview, which lives on by itself: the rows may be deleted when
     /// this returns. 0 when all went well, else an error number; nothing is shown then. The user can cancel it.

@@ -26,6 +26,7 @@ public:
 
     [[nodiscard]] int cantidad() const { return static_cast<int>(m_hojas.size()); }
     [[nodiscard]] const QPageLayout& pagina() const { return m_pagina; }
+    [[nodiscard]] const ContenidoDeInforme& contenido() const { return *m_contenido; }
     [[nodiscard]] const QString& titulo() const { return m_contenido->plantilla().titulo; }
     /// Another paper or margins: everything is laid out again. What it throws (13 when that is too small, what `aviso`
     /// throws) leaves the pages as they were.

@@ -3,14 +3,18 @@
 #include "base/error_de_ejecucion.h"
 #include "base/files/archivos.h"
 #include "ui/doors/dialogos.h"
+#include "ui/doors/guardado.h"
 #include "ui/doors/impresion.h"
 #include "ui/doors/mensajes.h"
 #include "ui/look/estilo.h"
+#include "ui/report/informe_tabla.h"
 #include "ui/shell/error_fatal.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/trabajo_largo.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
@@ -18,6 +22,7 @@
 #include <QPrinter>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 #include <cmath>
@@ -37,6 +42,8 @@ HojasDeInforme::HojasDeInforme(PaginasDeInforme paginas, QWidget* padre)
     setAccessibleName(QStringLiteral("Páginas del informe"));
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setAutoFillBackground(false);
+    // Fitted to the width a page could need the bar just when the bar is there.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verticalScrollBar()->setSingleStep(40);
     horizontalScrollBar()->setSingleStep(40);
 }
@@ -176,15 +183,17 @@ void HojasDeInforme::scrollContentsBy(int, int)
     Q_EMIT cambio();
 }
 
-VistaDeInforme::VistaDeInforme(PaginasDeInforme paginas, QWidget* padre)
+VistaDeInforme::VistaDeInforme(PaginasDeInforme paginas, const QString& nombre, QWidget* padre)
     : QMainWindow(padre, Qt::Window)
     , m_hojas(new HojasDeInforme(std::move(paginas), this))
     , m_numero(new QLabel(this))
+    , m_nombre(nombre.isEmpty() ? m_hojas->paginas().titulo() : nombre)
 {
     setObjectName(QStringLiteral("Informe"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(m_hojas->paginas().titulo());
     setCentralWidget(m_hojas);
+    statusBar()->setSizeGripEnabled(false);
     armarBarra();
     connect(m_hojas, &HojasDeInforme::cambio, this, &VistaDeInforme::actualizar);
     const auto* ayuda = new QShortcut(QKeySequence(Qt::Key_F1), this);
@@ -224,6 +233,16 @@ void VistaDeInforme::armarBarra()
     conTexto(agregar("cmdImprimir", "Imprimir", "impresora", QKeySequence::Print, [this] { imprimir(); }));
     conTexto(agregar("cmdPagina", "Configurar página", "pagina", {}, [this] { configurarPagina(); }));
     conTexto(agregar("cmdPdf", "Guardar PDF", "pdf", QKeySequence::Save, [this] { pedirPdf(); }));
+    QAction* tabla = agregar("cmdExportar", "Exportar", "planilla", {}, [this] { exportar(); });
+    tabla->setEnabled(tieneTabla(m_hojas->paginas().contenido()));
+    tabla->setToolTip(QStringLiteral("Exportar la tabla para una planilla de cálculo"));
+    conTexto(tabla);
+    m_hojas->addAction(tabla);
+    m_hojas->setContextMenuPolicy(Qt::ActionsContextMenu);
+    m_abrir = agregar("cmdAbrir", "Abrir", "examinar", {}, [this] { abrirLoGuardado(); });
+    m_abrir->setEnabled(false);
+    m_abrir->setToolTip(QStringLiteral("Abrir lo que se guardó"));
+    conTexto(m_abrir);
     barra->addSeparator();
     m_primera = agregar("cmdPrimera", "Primera página", "primero", {}, [this] { m_hojas->irA(0); });
     m_anterior = agregar("cmdAnterior", "Página anterior", "anterior", {}, [mover] { mover(-1); });
@@ -236,7 +255,7 @@ void VistaDeInforme::armarBarra()
             [this] { m_hojas->setZoom(m_hojas->zoom() * pasoDeZoom); });
     agregar("cmdAlejar", "Alejar", "zoom_menos", QKeySequence::ZoomOut,
             [this] { m_hojas->setZoom(m_hojas->zoom() / pasoDeZoom); });
-    conTexto(agregar("cmdAncho", "Ancho", "pagina", {}, [this] { m_hojas->ajustarAlAncho(); }));
+    agregar("cmdAncho", "Ancho", "ancho", {}, [this] { m_hojas->ajustarAlAncho(); });
     barra->addSeparator();
     conTexto(agregar("cmdCerrar", "Cerrar", "salir", QKeySequence(Qt::Key_Escape), [this] { close(); }));
 }
@@ -301,30 +320,44 @@ void VistaDeInforme::guardarPdf(const QString& ruta)
     impresora.setOutputFormat(QPrinter::PdfFormat);
     impresora.setOutputFileName(parte.ruta());
     impresora.setFullPage(true);
-    impresora.setCreator(QString::fromLatin1(tituloPorDefecto));
+    impresora.setCreator(QApplication::applicationName());
     pintarEn(impresora, 0, m_hojas->paginas().cantidad() - 1, ruta);
     parte.colocar();
 }
 
 void VistaDeInforme::pedirPdf()
 {
-    const QString ruta = DialogoArchivo(
-        {QStringLiteral("Guardar PDF"), QString(), QStringLiteral("*.pdf"), QStringLiteral("pdf"), false});
-    if (ruta.isEmpty() || !ConfirmarDestino(ruta))
+    guardar(QStringLiteral("Guardar PDF"), QStringLiteral("pdf"), [this](const QString& ruta) { guardarPdf(ruta); });
+}
+
+void VistaDeInforme::exportar()
+{
+    const auto escribir = [this](const QString& ruta)
+    {
+        TrabajoLargo trabajo(QStringLiteral("Exportando"), TrabajoLargo::Cancelable::Si);
+        planilla::escribirCsv(ruta, filasDeTablas(m_hojas->paginas().contenido(), trabajo.aviso()));
+    };
+    guardar(QStringLiteral("Exportar"), QStringLiteral("csv"), escribir);
+}
+
+void VistaDeInforme::guardar(const QString& titulo, const QString& extension,
+                             const std::function<void(const QString&)>& escribir)
+{
+    const QString ruta = GuardarEnArchivo({titulo, m_nombre, extension}, escribir);
+    if (ruta.isEmpty())
     {
         return;
     }
-    try
+    m_guardado = ruta;
+    m_abrir->setEnabled(true);
+    statusBar()->showMessage(QStringLiteral("Guardado en ") + QDir::toNativeSeparators(ruta));
+}
+
+void VistaDeInforme::abrirLoGuardado()
+{
+    if (!AbrirEnlace(m_guardado))
     {
-        guardarPdf(ruta);
-    }
-    catch (const ErrorParaAvisar&)
-    {
-        throw;
-    }
-    catch (const ErrorDeEjecucion& error)
-    {
-        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
+        MsgBox(QStringLiteral("No se pudo abrir '%1'.").arg(QDir::toNativeSeparators(m_guardado)), Caja::Exclamacion);
     }
 }
 

@@ -46,7 +46,8 @@ class VistaDeInforme : public QMainWindow
 {
     Q_OBJECT
 public:
-    explicit VistaDeInforme(PaginasDeInforme paginas, QWidget* padre = nullptr);
+    /// `nombre` is proposed for what is saved of it, without extension; empty: the report's title.
+    explicit VistaDeInforme(PaginasDeInforme paginas, const QString& nombre = {}, QWidget* padre = nullptr);
     /// Saves all pages as PDF. Throws ErrorDeEjecucion, 75 or 76 when the file cannot be written; no part of it stays
     /// then.
     Q_INVOKABLE void guardarPdf(const QString& ruta);
@@ -59,12 +60,19 @@ private:
     void imprimir();
     void configurarPagina();
     void pedirPdf();
+    void exportar();
+    void abrirLoGuardado();
+    /// Asks where and has it written there; then the status bar tells where it lies.
+    void guardar(const QString& titulo, const QString& extension, const std::function<void(const QString&)>& escribir);
     /// Failures name `destino`.
     void pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino);
     void actualizar();
 
     HojasDeInforme* m_hojas;
     QLabel* m_numero;
+    QString m_nombre;
+    QString m_guardado; ///< path of what was saved last
+    QAction* m_abrir = nullptr;
     QAction* m_primera = nullptr;
     QAction* m_anterior = nullptr;
     QAction* m_siguiente = nullptr;

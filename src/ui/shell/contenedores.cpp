@@ -87,10 +87,12 @@ void MarcoDePantalla::mostrarFoco(QWidget* control)
     if (conTeclado && control != nullptr && isAncestorOf(control) && control != widget())
     {
         // The whole of it; the toolkit is content with the cursor.
-        constexpr int margen = 8;
+        const auto margen = [](int hay, int mide) { return qBound(0, (hay - mide) / 2, 8); };
         const QRect lugar(control->mapTo(widget(), QPoint()), control->size());
-        ensureVisible(lugar.right(), lugar.bottom(), margen, margen);
-        ensureVisible(lugar.left(), lugar.top(), margen, margen);
+        const int aLoAncho = margen(viewport()->width(), lugar.width());
+        const int aLoAlto = margen(viewport()->height(), lugar.height());
+        ensureVisible(lugar.right(), lugar.bottom(), aLoAncho, aLoAlto);
+        ensureVisible(lugar.left(), lugar.top(), aLoAncho, aLoAlto);
     }
 }
 

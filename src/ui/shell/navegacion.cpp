@@ -258,6 +258,12 @@ QString Navegacion::empresaEnCurso() const
     return hija != nullptr ? hija->empresaEnCurso() : QString();
 }
 
+QString Navegacion::lugarEnCurso() const
+{
+    const Pantalla* pantalla = actual();
+    return pantalla != nullptr ? pantalla->lugarEnCurso() : QString();
+}
+
 std::vector<Pantalla*> Navegacion::hijas() const
 {
     std::vector<Pantalla*> pantallas;

@@ -35,6 +35,8 @@ public:
     [[nodiscard]] std::vector<Pantalla*> hijas() const;
     /// The company of the screen at work, else of the one that it lies over; empty when none works on one.
     [[nodiscard]] QString empresaEnCurso() const;
+    /// Where the user stands in the screen at work; empty when there is nothing to tell.
+    [[nodiscard]] QString lugarEnCurso() const;
     /// Asks every child whether it can be closed, in order of opening, and closes them only when none refuses. Does not
     /// ask modal ones.
     [[nodiscard]] bool cerrarTodas();

@@ -31,6 +31,9 @@ public:
     /// The company that the screen works on, for the status bar; nothing when it works on none, or on that of the
     /// screen below it. A screen that changes it emits Navegacion::cambioDePantalla.
     [[nodiscard]] virtual QString empresaEnCurso() const { return {}; }
+    /// Where the user stands in what the screen walks through ("Empleado 3 de 48"), for the status bar, told like the
+    /// company. It is asked at every change of screen: the text is kept, not made there.
+    [[nodiscard]] virtual QString lugarEnCurso() const { return {}; }
 
 Q_SIGNALS:
     void pideCerrar();

@@ -15,12 +15,15 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
+#include <cmath>
 
 namespace
 {
 constexpr qint64 entreDibujos = 80; // ms
 constexpr int anchoDelAvance = 360; // pixels
 constexpr int numeroDeCancelacion = 32755;
+constexpr qint64 antesDeEstimar = 2000; // ms
 int enMarcha = 0;
 int demora = 500; // ms
 bool punteroOcupado = false;
@@ -99,6 +102,37 @@ TrabajoCancelado::TrabajoCancelado()
 {
 }
 
+void TrabajoCancelado::pasar(const ErrorDeEjecucion& error)
+{
+    if (dynamic_cast<const TrabajoCancelado*>(&error) != nullptr)
+    {
+        throw;
+    }
+}
+
+QString tiempoRestante(qint64 transcurrido, qint64 hecho, qint64 total)
+{
+    if (transcurrido < antesDeEstimar || hecho <= 0 || hecho >= total)
+    {
+        return {};
+    }
+    constexpr double paso = 5; // s: nearer than this it would only flicker
+    constexpr double minuto = 60;
+    constexpr double loMasQueSeDice = 999;
+    const double segundos =
+        static_cast<double>(transcurrido) / 1000 / static_cast<double>(hecho) * static_cast<double>(total - hecho);
+    if (segundos <= minuto - paso)
+    {
+        return QStringLiteral("faltan unos %1 s").arg(std::ceil(segundos / paso) * paso);
+    }
+    const double minutos = std::max(1.0, std::round(segundos / minuto));
+    if (minutos > loMasQueSeDice)
+    {
+        return {};
+    }
+    return minutos < 2 ? QStringLiteral("falta 1 min") : QStringLiteral("faltan %1 min").arg(minutos);
+}
+
 struct TrabajoLargo::Interno
 {
     QString titulo;
@@ -108,6 +142,7 @@ struct TrabajoLargo::Interno
     QElapsedTimer dibujo;
     QPointer<QFrame> cuadro; ///< lies in the window at work, so that no window loses its place to it
     QPointer<QProgressBar> barra;
+    QPointer<QLabel> resto;
 
     void mostrar()
     {
@@ -126,6 +161,9 @@ struct TrabajoLargo::Interno
         disposicion->setSpacing(8);
         disposicion->addWidget(rotulo);
         disposicion->addWidget(barra);
+        resto = new QLabel(QStringLiteral(" "), cuadro); // its line is there from the beginning
+        resto->setObjectName(QStringLiteral("lblResto"));
+        disposicion->addWidget(resto);
         if (cancelable)
         {
             disposicion->addWidget(botonDeCancelar(), 0, Qt::AlignRight);
@@ -138,6 +176,20 @@ struct TrabajoLargo::Interno
         }
         cuadro->show();
         cuadro->raise();
+    }
+
+    void medir(qint64 hecho, qint64 total)
+    {
+        if (barra.isNull() || resto.isNull())
+        {
+            return;
+        }
+        constexpr int milesimos = 1000;
+        const qint64 parte = total > 0 ? qBound<qint64>(0, hecho, total) : 0;
+        barra->setRange(0, total > 0 ? milesimos : 0);
+        barra->setValue(
+            total > 0 ? static_cast<int>(static_cast<double>(parte) / static_cast<double>(total) * milesimos) : 0);
+        resto->setText(tiempoRestante(comienzo.elapsed(), hecho, total));
     }
 
     QPushButton* botonDeCancelar()
@@ -196,14 +248,7 @@ void TrabajoLargo::avanzar(qint64 hecho, qint64 total)
     {
         m_interno->mostrar();
     }
-    if (!m_interno->barra.isNull())
-    {
-        constexpr int milesimos = 1000;
-        m_interno->barra->setRange(0, total > 0 ? milesimos : 0);
-        const qint64 parte = total > 0 ? qBound<qint64>(0, hecho, total) : 0;
-        m_interno->barra->setValue(
-            total > 0 ? static_cast<int>(static_cast<double>(parte) / static_cast<double>(total) * milesimos) : 0);
-    }
+    m_interno->medir(hecho, total);
     QCoreApplication::processEvents();
     m_interno->dibujo.start();
     if (m_interno->cancelado)

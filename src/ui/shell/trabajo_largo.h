@@ -11,11 +11,19 @@ class TrabajoCancelado : public ErrorParaAvisar
 {
 public:
     TrabajoCancelado();
+    /// For a handler that tells failures by their number: a work given up is none of them and passes on, to be told in
+    /// its own words. Called within the handler, with what it caught.
+    static void pasar(const ErrorDeEjecucion& error);
 };
 
-/// Long work on the only thread: a busy pointer while it lives and, past half a second, its progress in a small window
-/// of the program. What the user types, clicks or closes meanwhile is thrown away for good; only a box that the work
-/// itself shows is answered.
+/// How long the rest of a work takes, as the user is told: "faltan unos 20 s", "falta 1 min", "faltan 3 min". From the
+/// milliseconds since it began and what is done of the total. Empty in the first two seconds, and where nothing is
+/// done, nothing is left or the total is not known.
+[[nodiscard]] QString tiempoRestante(qint64 transcurrido, qint64 hecho, qint64 total);
+
+/// Long work on the only thread: a busy pointer while it lives and, past half a second, its progress
+/// and the time that is left in a small window of the program. What the user types, clicks or closes meanwhile is
+/// thrown away for good; only a box that the work itself shows is answered.
 class TrabajoLargo
 {
 public:

@@ -1,0 +1,220 @@
+// What goes from a grid to a spreadsheet and comes from there, and the menu that offers it.
+#include "base/files/planilla.h"
+#include "ui/doors/anuncio.h"
+#include "ui/doors/guardado.h"
+#include "ui/doors/mensajes.h"
+#include "ui/grid/grilla_modelo.h"
+#include "ui/grid/pegado.h"
+#include "ui/shell/error_fatal.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QMdiSubWindow>
+#include <QMenu>
+
+namespace
+{
+planilla::Filas filasDe(const Grilla& grilla)
+{
+    planilla::Filas filas(std::size_t(grilla.filas()) + 1);
+    for (int columna = 1; columna <= grilla.columnas(); ++columna)
+    {
+        if (!grilla.seVe(columna))
+        {
+            continue;
+        }
+        filas[0] += grilla.texto(columna, 0);
+        for (int fila = 1; fila <= grilla.filas(); ++fila)
+        {
+            filas[std::size_t(fila)] += textoParaPlanilla(grilla.columna(columna), grilla.valor(columna, fila));
+        }
+    }
+    return filas;
+}
+
+QString cuantas(int filas)
+{
+    return filas == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(filas);
+}
+
+/// Of "Programa - Pantalla - Modo", "Pantalla - Modo".
+QString finDelTitulo(const QWidget* control)
+{
+    while (!control->isWindow() && qobject_cast<const QMdiSubWindow*>(control) == nullptr)
+    {
+        control = control->parentWidget();
+    }
+    const QString titulo = control->windowTitle();
+    const QString guion = QStringLiteral(" - ");
+    return titulo.contains(guion) ? titulo.section(guion, 1) : titulo;
+}
+} // namespace
+
+void Grilla::setCambiada(bool cambiada)
+{
+    m_cambiada = cambiada;
+    if (!cambiada)
+    {
+        m_pegadas.clear(); // what it would bring back is no longer what is stored
+    }
+}
+
+void Grilla::tipeada(int columna, int fila)
+{
+    m_cambiada = true;
+    m_tipeadoDespues = true;
+    m_pegadas.remove({columna, fila});
+}
+
+void Grilla::agregarAccion(const QString& texto, QKeySequence::StandardKey tecla, void (Grilla::*accion)())
+{
+    auto* entrada = new QAction(texto, this);
+    entrada->setShortcuts(tecla);
+    entrada->setShortcutContext(Qt::WidgetShortcut); // in an editor the keys are the editor's own
+    entrada->setShortcutVisibleInContextMenu(true);
+    connect(entrada, &QAction::triggered, this, [this, accion] { protegido([this, accion] { (this->*accion)(); }); });
+    addAction(entrada);
+}
+
+void Grilla::setPegable(int columnaClave)
+{
+    m_columnaClave = columnaClave;
+    agregarAccion(QStringLiteral("Pegar"), QKeySequence::Paste, &Grilla::pegar);
+    agregarAccion(QStringLiteral("Deshacer pegado"), QKeySequence::Undo, &Grilla::deshacerPegado);
+}
+
+void Grilla::contextMenuEvent(QContextMenuEvent* evento)
+{
+    evento->accept();
+    if (evento->reason() == QContextMenuEvent::Keyboard)
+    {
+        abrirMenuConTeclado();
+        return;
+    }
+    if (!confirmarEdicion())
+    {
+        return;
+    }
+    const QModelIndex celda = indexAt(viewport()->mapFromGlobal(evento->globalPos()));
+    if (m_columnaClave != 0 && celda.isValid()) // what is pasted goes where the menu was asked for
+    {
+        conSalto([this, celda] { setCurrentIndex(celda); });
+    }
+    abrirMenu(evento->globalPos());
+}
+
+void Grilla::abrirMenuConTeclado()
+{
+    const QRect celda = visualRect(currentIndex()).intersected(viewport()->rect());
+    abrirMenu(viewport()->mapToGlobal(celda.isValid() ? celda.bottomLeft() : QPoint()));
+}
+
+void Grilla::abrirMenu(QPoint lugar)
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(actions());
+    menu->popup(lugar);
+}
+
+bool Grilla::hayQueLlevar() const
+{
+    if (filas() == 0)
+    {
+        anunciar(QStringLiteral("No hay filas"));
+    }
+    return filas() > 0;
+}
+
+void Grilla::copiar()
+{
+    if (hayQueLlevar())
+    {
+        QGuiApplication::clipboard()->setText(planilla::tabulado(filasDe(*this)));
+        avisar((filas() == 1 ? QStringLiteral("Se copió %1") : QStringLiteral("Se copiaron %1")).arg(cuantas(filas())));
+    }
+}
+
+void Grilla::exportar()
+{
+    if (!hayQueLlevar())
+    {
+        return;
+    }
+    const QString nombre = m_nombreDePlanilla.isEmpty() ? finDelTitulo(this) : m_nombreDePlanilla;
+    const planilla::Filas filas = filasDe(*this);
+    const QString ruta = GuardarEnArchivo({QStringLiteral("Exportar a planilla"), nombre, QStringLiteral("csv")},
+                                          [&](const QString& archivo) { planilla::escribirCsv(archivo, filas); });
+    if (!ruta.isEmpty())
+    {
+        avisar(QStringLiteral("Exportación de %1 en %2").arg(cuantas(int(filas.size()) - 1), ruta));
+    }
+}
+
+void Grilla::pegar()
+{
+    if (!m_editable || !confirmarEdicion())
+    {
+        return;
+    }
+    DestinoDePegado destino{{}, m_columnaClave, {}, columnaActual(), filaActual()};
+    for (int columna = 1; columna <= columnas(); ++columna)
+    {
+        destino.columnas.push_back(this->columna(columna));
+    }
+    for (int fila = 1; fila <= filas(); ++fila)
+    {
+        destino.claves += texto(m_columnaClave, fila);
+    }
+    const Pegado pegado = prepararPegado(QGuiApplication::clipboard()->text(), destino);
+    if (!pegado.celdas.empty())
+    {
+        m_pegadas.clear();
+        m_cambiadaAntes = m_cambiada;
+        m_tipeadoDespues = false;
+        m_cambiada = true;
+    }
+    for (const CeldaAPegar& celda : pegado.celdas)
+    {
+        m_pegadas.insert({celda.columna, celda.fila}, valor(celda.columna, celda.fila));
+        m_modelo->poner(celda.columna - 1, celda.fila - 1, celda.valor);
+    }
+    viewport()->update();
+    const QPointer<Grilla> yo = this;
+    for (std::size_t i = 0; yo && i < pegado.celdas.size(); ++i)
+    {
+        Q_EMIT celdaEditada(pegado.celdas[i].columna, pegado.celdas[i].fila);
+    }
+    const bool bien = pegado.rechazados == 0 && !pegado.celdas.empty();
+    MsgBox(textoDePegado(pegado), bien ? Caja::Informacion : Caja::Exclamacion);
+}
+
+void Grilla::deshacerPegado()
+{
+    if (!confirmarEdicion())
+    {
+        return;
+    }
+    if (m_pegadas.isEmpty())
+    {
+        anunciar(QStringLiteral("No hay un pegado que deshacer"));
+        return;
+    }
+    const auto pegadas = std::exchange(m_pegadas, {});
+    for (auto celda = pegadas.cbegin(); celda != pegadas.cend(); ++celda)
+    {
+        m_modelo->poner(celda.key().first - 1, celda.key().second - 1, celda.value());
+    }
+    m_cambiada = m_cambiadaAntes || m_tipeadoDespues;
+    viewport()->update();
+    const QPointer<Grilla> yo = this;
+    for (auto celda = pegadas.cbegin(); yo && celda != pegadas.cend(); ++celda)
+    {
+        Q_EMIT celdaEditada(celda.key().first, celda.key().second);
+    }
+    avisar(QStringLiteral("Se deshizo el pegado de %1")
+               .arg(pegadas.size() == 1 ? QStringLiteral("1 importe")
+                                        : QStringLiteral("%1 importes").arg(pegadas.size())));
+}

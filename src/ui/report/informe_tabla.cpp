@@ -1,0 +1,84 @@
+#include "ui/report/informe_tabla.h"
+
+#include "base/error_de_ejecucion.h"
+#include "ui/report/informe_contenido.h"
+
+#include <QXmlStreamReader>
+#include <algorithm>
+
+namespace
+{
+constexpr qint64 tramo = 64; // rows between two calls of the progress
+
+/// Adds the rows that a piece of a table prints. What XML does not know is a blank. Throws 13 for a layout that is
+/// none.
+void agregarFilas(const std::string& html, planilla::Filas& filas)
+{
+    QString texto = QStringLiteral("<tabla>") + QString::fromStdString(html) + QStringLiteral("</tabla>");
+    const auto desconocido = [](QChar c) { return c < u' ' || c == u'\xFFFE' || c == u'\xFFFF'; };
+    std::replace_if(texto.begin(), texto.end(), desconocido, QLatin1Char(' '));
+    QXmlStreamReader xml(texto);
+    while (!xml.atEnd())
+    {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+        {
+            continue;
+        }
+        if (xml.name() == QLatin1String("tr"))
+        {
+            filas.emplace_back();
+        }
+        else if (!filas.empty() && (xml.name() == QLatin1String("td") || xml.name() == QLatin1String("th")))
+        {
+            const int columnas = xml.attributes().value(QLatin1String("colspan")).toInt();
+            filas.back().append(xml.readElementText(QXmlStreamReader::IncludeChildElements).trimmed());
+            for (int vacia = 1; vacia < columnas; ++vacia)
+            {
+                filas.back().append(QString());
+            }
+        }
+    }
+    if (xml.hasError())
+    {
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, xml.errorString());
+    }
+}
+} // namespace
+
+bool tieneTabla(const ContenidoDeInforme& contenido)
+{
+    const auto& bandas = contenido.plantilla().bandas;
+    return std::any_of(bandas.begin(), bandas.end(), [](const BandaDeInforme& banda) { return banda.tabla; });
+}
+
+planilla::Filas filasDeTablas(const ContenidoDeInforme& contenido, const Aviso& aviso)
+{
+    std::size_t total = 0;
+    for (std::size_t banda = 0; banda < contenido.bandas(); ++banda)
+    {
+        total += contenido.banda(banda).tabla ? contenido.filas(banda) : 0;
+    }
+    planilla::Filas filas;
+    qint64 hechas = 0;
+    for (std::size_t banda = 0; banda < contenido.bandas(); ++banda)
+    {
+        if (!contenido.banda(banda).tabla)
+        {
+            continue;
+        }
+        if (!filas.empty())
+        {
+            filas.emplace_back();
+        }
+        agregarFilas(contenido.tabla(banda, {}), filas);
+        for (std::size_t fila = 0; fila < contenido.filas(banda); ++fila)
+        {
+            agregarFilas(contenido.fila(banda, fila), filas);
+            if (++hechas % tramo == 0 && aviso)
+            {
+                aviso(hechas, static_cast<qint64>(total));
+            }
+        }
+    }
+    return filas;
+}
