@@ -8,6 +8,8 @@
 
 namespace
 {
+constexpr int deSobra = 60'000; // milliseconds: a machine may be busy
+
 QPoint enVentana(const QWidget& destino, QPoint lugar)
 {
     return destino.mapTo(destino.window(), lugar.isNull() ? destino.rect().center() : lugar);
@@ -18,7 +20,7 @@ void Entrada::activar(QWidget& ventana)
 {
     ventana.show();
     ventana.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&ventana));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ventana, deSobra));
     asentar();
 }
 

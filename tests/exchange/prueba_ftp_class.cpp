@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 const QString archivoEnviado = "30-12345678-1 2009-05 00.txt";
 constexpr TransporteFtp::Limites paciencia{.conexion = 400ms, .sinAvance = 400ms}; // with a server that is silent
-constexpr TransporteFtp::Limites sobrada{.conexion = 60s, .sinAvance = 60s};       // with one that is slow at worst
+constexpr TransporteFtp::Limites sobrada{.conexion = 120s, .sinAvance = 120s};     // with one that is slow at worst
 
 /// Longer than any buffer, and a CR LF over the end of each block of a KiB, before it, and after it.
 QByteArray declaracion()
@@ -116,7 +116,7 @@ TEST(FtpClass, UnEnvioDiceYDejaLoQueCorresponde)
             cliente.ftp.SubirArchivo(carpeta.filePath(archivoEnviado), archivoEnviado);
             cliente.ftp.Desconectar();
         }
-        EXPECT_FALSE(reloj.hasExpired(30'000)) << "nobody waits for the farewell, or listens to the end";
+        EXPECT_FALSE(reloj.hasExpired(100'000)) << "nobody waits for the farewell, or listens to the end";
         EXPECT_EQ(dice, cliente.dicho());
         EXPECT_EQ(0, cliente.ocupado);
         EXPECT_LT(0, cliente.avisos);

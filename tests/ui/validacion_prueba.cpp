@@ -40,7 +40,7 @@ struct DosHijas
             : gesto.startsWith(u'@') ? pulsar(*una.findChild<QWidget*>(gesto.mid(1)))
                                      : jugar(gesto);
         }
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !una.accion->isDown(); })); // Alt+G clicks after a moment
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !una.accion->isDown(); }, 60'000)); // Alt+G clicks after a moment
     }
     /// Where the focus is, and all that a gesture has done.
     [[nodiscard]] QString estado() const
