@@ -62,7 +62,7 @@ protected:
             setModified(true);
             return;
         }
-        if (!escrito.isEmpty() && escrito.at(0).isPrint() && !admiteEnCelda(m_columna, escrito.at(0)))
+        if (escribe(*evento) && !admiteEnCelda(m_columna, escrito.at(0)))
         {
             anunciar(noEntraEnCelda(m_columna, escrito));
             return;
@@ -131,6 +131,13 @@ constexpr QColor marcoDeCelda{0x14, 0x3f, 0x5e};
 constexpr QColor bordeDeTilde{0xb0, 0xbb, 0xc4};
 constexpr QColor amarilloInactivo{0xf4, 0xf1, 0xb8};
 } // namespace
+
+bool escribe(const QKeyEvent& evento)
+{
+    const Qt::KeyboardModifiers mando = evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool altGr = mando == (Qt::ControlModifier | Qt::AltModifier); // as Windows tells it
+    return (mando == Qt::NoModifier || altGr) && !evento.text().isEmpty() && evento.text().at(0).isPrint();
+}
 
 Grilla::Delegado::Delegado(Grilla* grilla)
     : QStyledItemDelegate(grilla)

@@ -4,6 +4,9 @@
 
 #include <QStyledItemDelegate>
 
+/// Whether a key types a sign, and is not a command with Ctrl or Alt.
+[[nodiscard]] bool escribe(const QKeyEvent& evento);
+
 /// Paints the cells of a grid and makes their editors.
 class Grilla::Delegado : public QStyledItemDelegate
 {

@@ -22,13 +22,6 @@ const QWidget* pantallaDe(const QWidget* control)
     }
     return control;
 }
-
-bool escribe(const QKeyEvent& evento)
-{
-    const Qt::KeyboardModifiers mando = evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    const bool altGr = mando == (Qt::ControlModifier | Qt::AltModifier); // as Windows tells it
-    return (mando == Qt::NoModifier || altGr) && !evento.text().isEmpty() && evento.text().at(0).isPrint();
-}
 } // namespace
 
 void Grilla::currentChanged(const QModelIndex& actual, const QModelIndex& anterior)
