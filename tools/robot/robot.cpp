@@ -14,8 +14,9 @@
 
 namespace
 {
-/// A window manager answers at once or not at all; a button pressed by its letter clicks 100 ms later.
-constexpr int esperaEnMs = 1000;
+/// Of a program at rest. A window manager answers at once or not at all, a button pressed by its letter clicks 100 ms
+/// later, and a busy machine does either late.
+constexpr int esperaEnMs = 10'000;
 
 using guion::entreComillas;
 } // namespace
@@ -41,7 +42,6 @@ Robot::~Robot()
 void Robot::empezar()
 {
     tomarPuertas();
-    m_desdeLaUltima.start();
     m_reloj.start();
 }
 
@@ -148,14 +148,24 @@ void Robot::latido()
         m_reposo.empezarDeNuevo();
         m_segundosSinReposo = TrabajoLargo::enCurso() ? 0 : m_segundosSinReposo.load();
     }
-    else if (m_reposo.alcanzado() && !esperarVentanaActiva() && !hayBotonHundido())
+    else if (m_reposo.alcanzado() && !faltaAlgo())
     {
+        m_desdeElReposo.invalidate();
         m_activando = false;
         m_reposo.empezarDeNuevo();
-        m_desdeLaUltima.restart();
         m_segundosSinReposo = 0;
         seguir();
     }
+}
+
+bool Robot::faltaAlgo()
+{
+    if (!m_desdeElReposo.isValid())
+    {
+        m_desdeElReposo.start();
+    }
+    return m_desdeElReposo.elapsed() <= esperaEnMs && QApplication::activePopupWidget() == nullptr &&
+           (esperarVentanaActiva() || hayBotonHundido());
 }
 
 /// After a dialog closes, no window may be active where no window manager chooses one.
@@ -167,8 +177,7 @@ bool Robot::esperarVentanaActiva()
         querida =
             QApplication::activeWindow() != nullptr ? QApplication::activeWindow() : controles::ventanaPrincipal();
     }
-    if (QApplication::activePopupWidget() != nullptr || m_desdeLaUltima.elapsed() > esperaEnMs || querida == nullptr ||
-        querida->windowHandle() == nullptr ||
+    if (querida == nullptr || querida->windowHandle() == nullptr ||
         (QApplication::activeWindow() == querida && QGuiApplication::focusWindow() == querida->windowHandle()))
     {
         return false;
@@ -181,15 +190,14 @@ bool Robot::esperarVentanaActiva()
     return true;
 }
 
-bool Robot::hayBotonHundido() const
+bool Robot::hayBotonHundido()
 {
     const auto hundido = [](const QWidget* control)
     {
         const auto* boton = qobject_cast<const QAbstractButton*>(control);
         return boton != nullptr && boton->isDown() && boton->isVisible();
     };
-    return QApplication::activePopupWidget() == nullptr && m_desdeLaUltima.elapsed() <= esperaEnMs &&
-           std::ranges::any_of(QApplication::allWidgets(), hundido);
+    return std::ranges::any_of(QApplication::allWidgets(), hundido);
 }
 
 void Robot::seguir()

@@ -54,8 +54,10 @@ private:
     QString atenderArchivo(const QString& titulo, bool debeExistir, const QString& extension);
     void latido();
     void seguir();
+    /// At rest, but not where a line may begin.
+    bool faltaAlgo();
     bool esperarVentanaActiva();
-    [[nodiscard]] bool hayBotonHundido() const;
+    [[nodiscard]] static bool hayBotonHundido();
     void ejecutar(std::size_t paso, const std::function<void()>& accion);
     void jugarPaso();
     void contestar(QMessageBox* caja);
@@ -77,7 +79,7 @@ private:
     std::atomic<std::size_t> m_siguiente = 0;
     std::atomic<int> m_segundosSinReposo = 0;
     const guion::Paso* m_actuo = nullptr; ///< the last line that acts
-    QElapsedTimer m_desdeLaUltima;        ///< since the last line began
+    QElapsedTimer m_desdeElReposo;        ///< since what the last line did has come to rest; invalid before
     bool m_activando = false;
     bool m_listo = false;
     bool m_terminado = false;
