@@ -9,7 +9,7 @@ paquetes_de_construccion=(
   libgtest-dev libgmock-dev fonts-dejavu-core
 )
 paquetes_de_revision=(clang-format clang-tidy)
-paquetes_de_prueba=(python3-pyftpdlib zbar-tools zint poppler-utils imagemagick)
+paquetes_de_prueba=(python3-pyftpdlib zbar-tools poppler-utils imagemagick)
 
 instalar() {
   local faltan=()

@@ -17,7 +17,7 @@ preparar_wine() {
 }
 
 construir() {
-  cmake --preset windows >/dev/null
+  cmake --preset windows ${ALTOVERDE_OPCIONES:-} >/dev/null
   cmake --build --preset windows -j "${TAREAS:-$(nproc)}" --target "$@"
 }
 
@@ -66,7 +66,9 @@ empaquetar() {
   nombre=$fuente/dist/windows/altoverde-$version
   mkdir -p dist/windows
   rm -f "$nombre.zip"
-  (cd "$construccion/paquete" && zip -q -9 -r "$nombre.zip" Altoverde)
+  # A folder of its own for each version: unpacked beside the old one it replaces no database.
+  cp -R "$carpeta" "$carpeta-$version"
+  (cd "$construccion/paquete" && zip -q -9 -r "$nombre.zip" "Altoverde-$version" && rm -r "Altoverde-$version")
   (borrados) > "$construccion/paquete/borrados.nsh"
   makensis -V2 -WX -NOCD -INPUTCHARSET UTF8 "-DVERSION=$version" "-DCARPETA=$fuente/$carpeta" "-DSALIDA=$nombre-instalar.exe" \
     "-DICONO=$fuente/$construccion/generado/dibujos/altoverde.ico" "-DBORRADOS=$fuente/$construccion/paquete/borrados.nsh" \

@@ -11,6 +11,10 @@
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
+#include <fcntl.h>
+#include <io.h>
+#include <string_view>
+#include <sys/stat.h>
 #include <windows.h>
 
 namespace
@@ -24,7 +28,11 @@ int ultimoError()
     case ERROR_PATH_NOT_FOUND:
     case ERROR_INVALID_NAME:
     case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
         return ENOENT;
+    case ERROR_ALREADY_EXISTS:
+    case ERROR_FILE_EXISTS:
+        return EEXIST;
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
@@ -37,6 +45,21 @@ int ultimoError()
     default:
         return EIO;
     }
+}
+
+/// The error of a call, 0 for none, made again while a virus scanner holds a file that has just been written.
+template <class Llamada>
+int conPaciencia(Llamada llamada)
+{
+    constexpr int intentos = 10;
+    constexpr DWORD milisegundos = 50;
+    int error = llamada();
+    for (int intento = 1; error == EACCES && intento < intentos; ++intento)
+    {
+        Sleep(milisegundos);
+        error = llamada();
+    }
+    return error;
 }
 } // namespace
 
@@ -59,8 +82,13 @@ std::filesystem::path sistema::nativa(const QString& ruta)
 
 sistema::Archivo sistema::abrir(const QString& ruta, const char* modo)
 {
-    const std::wstring ancho = QString::fromLatin1(modo).toStdWString() + L"N"; // N: not inherited
-    Archivo archivo(_wfopen(nativa(ruta).c_str(), ancho.c_str()));
+    // The C library that each Windows brings knows no "x" in the mode of its fopen.
+    const std::string_view letras(modo);
+    const bool escribe = letras.front() == 'w';
+    const int alEscribir = _O_WRONLY | _O_CREAT | (letras.back() == 'x' ? _O_EXCL : _O_TRUNC);
+    const int como = _O_BINARY | _O_NOINHERIT | (escribe ? alEscribir : _O_RDONLY);
+    const int descriptor = _wopen(nativa(ruta).c_str(), como, _S_IREAD | _S_IWRITE);
+    Archivo archivo(descriptor < 0 ? nullptr : _fdopen(descriptor, escribe ? "wb" : "rb"));
     if (archivo)
     {
         std::setvbuf(archivo.get(), nullptr, _IONBF, 0);
@@ -89,23 +117,13 @@ int sistema::mover(const QString& origen, const QString& destino)
 {
     // The standard library's rename tells another number for a missing folder, and does not flush the new name.
     const DWORD como = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    // A virus scanner holds a file that has just been written for a moment.
-    constexpr int intentos = 10;
-    constexpr DWORD milisegundos = 50;
-    for (int intento = 1;; ++intento)
-    {
-        const int error = MoveFileExW(nativa(origen).c_str(), nativa(destino).c_str(), como) != 0 ? 0 : ultimoError();
-        if (error != EACCES || intento == intentos)
-        {
-            return error;
-        }
-        Sleep(milisegundos);
-    }
+    return conPaciencia(
+        [&] { return MoveFileExW(nativa(origen).c_str(), nativa(destino).c_str(), como) != 0 ? 0 : ultimoError(); });
 }
 
 int sistema::borrar(const QString& ruta)
 {
-    return DeleteFileW(nativa(ruta).c_str()) != 0 ? 0 : ultimoError();
+    return conPaciencia([&] { return DeleteFileW(nativa(ruta).c_str()) != 0 ? 0 : ultimoError(); });
 }
 
 int sistema::crearCarpeta(const QString& ruta)
@@ -115,15 +133,20 @@ int sistema::crearCarpeta(const QString& ruta)
 
 int sistema::asegurarArchivo(const QString& ruta)
 {
-    const HANDLE archivo = CreateFileW(nativa(ruta).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (archivo == INVALID_HANDLE_VALUE)
+    const auto volcar = [&]
     {
-        return ultimoError();
-    }
-    const bool hecho = FlushFileBuffers(archivo) != 0;
-    CloseHandle(archivo);
-    return hecho ? 0 : EIO;
+        const HANDLE archivo =
+            CreateFileW(nativa(ruta).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (archivo == INVALID_HANDLE_VALUE)
+        {
+            return ultimoError();
+        }
+        const int error = FlushFileBuffers(archivo) != 0 ? 0 : ultimoError();
+        CloseHandle(archivo);
+        return error;
+    };
+    return conPaciencia(volcar);
 }
 
 int sistema::asegurarCarpeta(const QString& /*ruta*/)
