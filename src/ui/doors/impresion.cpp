@@ -66,6 +66,7 @@ bool PedirPagina(QPageLayout& pagina)
         return paginaReemplazada(pagina);
     }
     QPrinter& impresora = impresoraActual();
+    impresora.setFullPage(false); // as the last print may have left it
     impresora.setPageLayout(pagina);
     QPageSetupDialog dialogo(&impresora, ventanaParaCaja());
     dialogo.setWindowTitle(QStringLiteral("Configurar página"));

@@ -26,7 +26,8 @@ int Informe::imprimir(Conexion* datos)
     m_error.clear();
     try
     {
-        TrabajoLargo trabajo(QStringLiteral("Preparando el informe"), TrabajoLargo::Cancelable::Si);
+        TrabajoLargo trabajo(QStringLiteral("Preparando el informe"),
+                             datos != nullptr ? TrabajoLargo::Cancelable::Si : TrabajoLargo::Cancelable::No);
         PlantillaDeInforme plantilla = PlantillaDeInforme::leer(ArchivoInforme);
         Conexion propia;
         if (datos == nullptr && !plantilla.consultas.empty())

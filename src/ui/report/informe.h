@@ -19,9 +19,10 @@ public:
     QString NombreDeArchivo; ///< proposed where the preview is saved, without extension; empty: the report's title
 
     /// Reads the rows, lays the pages out and shows the preview, which lives on by itself: the rows may be deleted when
-    /// this returns. 0 when all went well, else an error number; nothing is shown then. The user can cancel it.
+    /// this returns. 0 when all went well, else an error number; nothing is shown then.
     [[nodiscard]] int PrintReport();
-    /// The same with the rows read over a connection of the caller's, in place of ArchivoDatos.
+    /// The same with the rows read over a connection of the caller's, in place of ArchivoDatos. The user can cancel it;
+    /// not the other one, whose slip is registered already.
     [[nodiscard]] int PrintReport(Conexion& datos);
     /// What the last PrintReport failed of, for the user.
     [[nodiscard]] QString LastErrorString() const { return m_error; }

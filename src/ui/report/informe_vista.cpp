@@ -10,12 +10,10 @@
 #include "ui/report/informe_tabla.h"
 #include "ui/shell/error_fatal.h"
 #include "ui/shell/navegacion.h"
-#include "ui/shell/trabajo_largo.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
-#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -25,6 +23,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -271,17 +270,25 @@ void VistaDeInforme::actualizar()
     m_ultima->setEnabled(hoja + 1 < hojas);
 }
 
-void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino)
+void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino,
+                              TrabajoLargo::Cancelable cancelable)
 {
-    if (!impresora.setPageLayout(m_hojas->paginas().pagina()))
+    // Only the paper is asked for. The report paints its own margins, and may have smaller ones than the printer.
+    QPageLayout pagina = m_hojas->paginas().pagina();
+    pagina.setUnits(QPageLayout::Point);
+    const QSizeF papel = pagina.fullRect().size();
+    const qreal ancho = std::min(papel.width(), papel.height()) / 4; // more than any printer leaves blank
+    pagina.setMargins({ancho, ancho, ancho, ancho});
+    if (!impresora.setPageLayout(pagina))
     {
         throw ErrorParaAvisar(int{ErrorDeEjecucion::NoCoincidenTipos},
                               QStringLiteral("La impresora no admite el papel del informe.  Elija otro con "
                                              "\"Configurar página\"."));
     }
     impresora.setFullPage(true);
+    impresora.setPageMargins(QMarginsF()); // on Windows they move what is painted on the full page, too
     impresora.setDocName(windowTitle());
-    TrabajoLargo trabajo(QStringLiteral("Imprimiendo"), TrabajoLargo::Cancelable::Si);
+    TrabajoLargo trabajo(QStringLiteral("Imprimiendo"), cancelable);
     QPainter pintor;
     if (!pintor.begin(&impresora))
     {
@@ -297,15 +304,7 @@ void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const Q
         pintor.scale(impresora.logicalDpiX() / 72.0, impresora.logicalDpiY() / 72.0);
         m_hojas->paginas().pintar(pintor, hoja);
         pintor.restore();
-        try
-        {
-            trabajo.avanzar(hoja - desde + 1, hasta - desde + 1);
-        }
-        catch (const TrabajoCancelado&)
-        {
-            impresora.abort();
-            throw;
-        }
+        trabajo.avanzar(hoja - desde + 1, hasta - desde + 1);
     }
     if (!pintor.end())
     {
@@ -321,7 +320,7 @@ void VistaDeInforme::guardarPdf(const QString& ruta)
     impresora.setOutputFileName(parte.ruta());
     impresora.setFullPage(true);
     impresora.setCreator(QApplication::applicationName());
-    pintarEn(impresora, 0, m_hojas->paginas().cantidad() - 1, ruta);
+    pintarEn(impresora, 0, m_hojas->paginas().cantidad() - 1, ruta, TrabajoLargo::Cancelable::Si);
     parte.colocar();
 }
 
@@ -371,7 +370,8 @@ void VistaDeInforme::imprimir()
     QPrinter& impresora = impresoraActual();
     try
     {
-        pintarEn(impresora, pedido.desde - 1, pedido.hasta - 1, impresora.outputFileName());
+        pintarEn(impresora, pedido.desde - 1, pedido.hasta - 1, impresora.outputFileName(),
+                 TrabajoLargo::Cancelable::No);
     }
     catch (const ErrorParaAvisar&)
     {

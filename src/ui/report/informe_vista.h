@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/report/informe_paginas.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include <QAbstractScrollArea>
 #include <QMainWindow>
@@ -64,8 +65,9 @@ private:
     void abrirLoGuardado();
     /// Asks where and has it written there; then the status bar tells where it lies.
     void guardar(const QString& titulo, const QString& extension, const std::function<void(const QString&)>& escribir);
-    /// Failures name `destino`.
-    void pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino);
+    /// Failures name `destino`. Only a file in the making can be given up: a printer puts out what it has got.
+    void pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino,
+                  TrabajoLargo::Cancelable cancelable);
     void actualizar();
 
     HojasDeInforme* m_hojas;
