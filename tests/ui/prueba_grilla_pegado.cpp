@@ -37,6 +37,8 @@ QString pegado(const char* texto, int columna = 4, int fila = 1)
 TEST(PegadoEnGrilla, DondeVaCadaImporte)
 {
     const char* const sinCelda = "!Elija la celda en que va el primer importe.";
+    const char* const noSeLee = "!En lo copiado hay una columna que no se lee como importes.  Copie sólo los importes, "
+                                "con el C.U.I.L. delante o sin él.";
     const char* const sinImportes = "!Lo copiado no tiene importes.";
     const std::tuple<const char*, int, int, const char*> casos[] = {
         {"100\n\n300\n", 5, 1, "5,1=100,00|5,3=300,00"}, // an empty cell leaves what is there
@@ -44,8 +46,7 @@ TEST(PegadoEnGrilla, DondeVaCadaImporte)
         {"Acuerdo\n7", 5, 2, "5,2=7,00"},
         {"s/d\n7", 5, 2,
          "!La primera fila, «s/d», no es de importes ni nombra las columnas de la grilla.  No se sabe en qué fila va "
-         "el "
-         "primer importe: cópielos sin ella."},
+         "el primer importe: cópielos sin ella."},
         {"Acuerdo\n1", 4, 1, "!El encabezado dice «Acuerdo», y la celda elegida es de «Sueldo»."},
         {"1", 1, 1, sinCelda},
         {"1", 0, 0, sinCelda},
@@ -64,6 +65,12 @@ TEST(PegadoEnGrilla, DondeVaCadaImporte)
          "Renglón 2: «20-00000001-1».  El C.U.I.L. está repetido."},
         {"20000000091\t1\n2000000001\t2\n20000000021\t", 4, 1,
          "Renglón 1: «20000000091».  El C.U.I.L. no está en la grilla.|Renglón 2: «2000000001».  No es un C.U.I.L."},
+        {"CUIL\tLegajo\tSueldo\n20000000011\t15\t8", 4, 1,
+         "!El encabezado «CUIL Legajo Sueldo» no nombra todas las columnas de importes.  Copie sólo el C.U.I.L. y los "
+         "importes."},
+        {"20000000011\tAna\t8", 4, 1, noSeLee},
+        {"2,01E+10\t8\n2,02E+10\t9", 4, 1, noSeLee},
+        {"7\t\n8\t", 5, 1, "5,1=7,00|5,2=8,00"}, // an empty column copied along
         {"20000000011", 4, 1, sinImportes},
         {"C.U.I.L.\tNombre\tSueldo\tAcuerdo\n20-00000002-1\tAna 20\t5,00\t6,00", 1, 1, "4,2=5,00|5,2=6,00"},
         {"\n\n", 4, 1, sinImportes},

@@ -54,6 +54,7 @@ private:
     ClaveDDJJ m_clave;
     std::vector<FilaSueldo> m_leidas; ///< the rows of the grid as they were read or saved last
     std::vector<QString> m_buscables; ///< what a search compares with, by row
+    int m_filaAntes = 0;              ///< where the search began
     TotalesDeSueldos m_totales;
     bool m_porMostrar = false; ///< the totals shown are old
 };

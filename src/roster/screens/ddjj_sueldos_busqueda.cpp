@@ -44,6 +44,7 @@ void DDJJ_Sueldos::irABuscar(bool sigue)
         buscarDesde(ui->vsSueldos->filaActual() + 1);
         return;
     }
+    m_filaAntes = ui->vsSueldos->filaActual();
     ui->lblBuscar->show();
     ui->txtBuscar->show();
     ui->txtBuscar->setFocus(Qt::OtherFocusReason);
@@ -73,6 +74,10 @@ void DDJJ_Sueldos::buscarDesde(int fila)
     }
     if (!buscado.isEmpty())
     {
+        if (m_filaAntes > 0)
+        {
+            ui->vsSueldos->setFilaActual(m_filaAntes, columnaSueldo); // not at whom its first letters found
+        }
         anunciar(QStringLiteral("Nadie tiene «%1» en su C.U.I.L. o en su nombre").arg(ui->txtBuscar->text()));
     }
 }

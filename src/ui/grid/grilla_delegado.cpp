@@ -1,79 +1,18 @@
 #include "ui/grid/grilla_delegado.h"
 
-#include "ui/doors/anuncio.h"
 #include "ui/doors/mensajes.h"
+#include "ui/grid/editor_de_texto.h"
 #include "ui/grid/grilla_modelo.h"
+#include "ui/shell/campos.h"
 #include "ui/shell/validacion.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
-#include <QValidator>
 
 namespace
 {
-/// Lets only some characters in, whether typed or pasted: the others are dropped, not refused.
-class FiltroDeCelda : public QValidator
-{
-public:
-    FiltroDeCelda(QString admitidos, QObject* padre)
-        : QValidator(padre)
-        , m_admitidos(std::move(admitidos))
-    {
-    }
-    State validate(QString& texto, int& cursor) const override
-    {
-        for (qsizetype i = texto.size(); i-- > 0;)
-        {
-            if (!m_admitidos.contains(texto[i]))
-            {
-                texto.remove(i, 1);
-                cursor -= i < cursor ? 1 : 0;
-            }
-        }
-        return Acceptable;
-    }
-
-private:
-    QString m_admitidos;
-};
-
-/// One-line editor. A key that its column does not admit is told and changes nothing, not even a selected text; in
-/// amounts the dot key types a comma.
-class TextoDeCelda : public QLineEdit
-{
-public:
-    TextoDeCelda(ColumnaDeGrilla columna, QWidget* padre)
-        : QLineEdit(padre)
-        , m_columna(std::move(columna))
-    {
-        setFrame(false);
-    }
-
-protected:
-    void keyPressEvent(QKeyEvent* evento) override
-    {
-        const QString escrito = evento->text();
-        if (m_columna.clase == ColumnaDeGrilla::Decimal && escrito == QLatin1String("."))
-        {
-            insert(QStringLiteral(","));
-            setModified(true);
-            return;
-        }
-        if (escribe(*evento) && !admiteEnCelda(m_columna, escrito.at(0)))
-        {
-            anunciar(noEntraEnCelda(m_columna, escrito));
-            return;
-        }
-        QLineEdit::keyPressEvent(evento);
-    }
-
-private:
-    ColumnaDeGrilla m_columna;
-};
-
 /// List editor that tells a choice made in the open list from a move by key in the closed one.
 class ListaDeCelda : public QComboBox
 {
@@ -116,28 +55,10 @@ bool tocado(const QWidget* editor, const QModelIndex& celda)
     return !elegido.isEmpty() && elegido != celda.data(Qt::EditRole).toString();
 }
 
-/// In the editor or in the list that it drops down, which is a window of its own.
-bool focoEn(const QWidget* editor)
-{
-    const QWidget* foco = QApplication::focusWidget();
-    while (foco != nullptr && foco != editor)
-    {
-        foco = foco->parentWidget();
-    }
-    return foco != nullptr;
-}
-
 constexpr QColor marcoDeCelda{0x14, 0x3f, 0x5e};
 constexpr QColor bordeDeTilde{0xb0, 0xbb, 0xc4};
 constexpr QColor amarilloInactivo{0xf4, 0xf1, 0xb8};
 } // namespace
-
-bool escribe(const QKeyEvent& evento)
-{
-    const Qt::KeyboardModifiers mando = evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    const bool altGr = mando == (Qt::ControlModifier | Qt::AltModifier); // as Windows tells it
-    return (mando == Qt::NoModifier || altGr) && !evento.text().isEmpty() && evento.text().at(0).isPrint();
-}
 
 Grilla::Delegado::Delegado(Grilla* grilla)
     : QStyledItemDelegate(grilla)
@@ -204,31 +125,6 @@ void Grilla::Delegado::paint(QPainter* pintor, const QStyleOptionViewItem& opcio
     }
 }
 
-QWidget* Grilla::Delegado::editorDeTexto(QWidget* padre, const ColumnaDeGrilla& columna) const
-{
-    auto* linea = new TextoDeCelda(columna, padre);
-    switch (columna.clase)
-    {
-    case ColumnaDeGrilla::Texto:
-        if (columna.maximo > 0)
-        {
-            linea->setMaxLength(int(columna.maximo));
-        }
-        break;
-    case ColumnaDeGrilla::Entero:
-    case ColumnaDeGrilla::Decimal:
-        linea->setValidator(new FiltroDeCelda(admitidosEnCelda(columna), linea));
-        linea->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        break;
-    case ColumnaDeGrilla::Fecha:
-        linea->setInputMask(QStringLiteral("00/00/0000;_"));
-        break;
-    default:
-        break;
-    }
-    return linea;
-}
-
 QWidget* Grilla::Delegado::editorDeLista(QWidget* padre, const ColumnaDeGrilla& columna) const
 {
     auto* lista = new ListaDeCelda(padre);
@@ -253,7 +149,7 @@ QWidget* Grilla::Delegado::editorDeLista(QWidget* padre, const ColumnaDeGrilla& 
 QWidget* Grilla::Delegado::createEditor(QWidget* padre, const QStyleOptionViewItem&, const QModelIndex& celda) const
 {
     const ColumnaDeGrilla& col = columna(celda);
-    QWidget* editor = col.clase == ColumnaDeGrilla::Lista ? editorDeLista(padre, col) : editorDeTexto(padre, col);
+    QWidget* editor = col.clase == ColumnaDeGrilla::Lista ? editorDeLista(padre, col) : new EditorDeTexto(col, padre);
     editor->setAccessibleName(col.titulo);
     m_editor = editor;
     m_celda = celda;
@@ -429,7 +325,7 @@ bool Grilla::Delegado::eventFilter(QObject* objeto, QEvent* evento)
         // A box, another window or the editor's own list takes the focus for a while only. A text that cannot be stored
         // stays: the leaving check tells so and brings the focus back.
         const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
-        if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason && !focoEn(editor) &&
+        if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason && !campos::tieneElFoco(editor) &&
             leerCelda(columna(m_celda), textoDelEditor(editor)).error.isEmpty())
         {
             guardar(editor);

@@ -4,9 +4,6 @@
 
 #include <QStyledItemDelegate>
 
-/// Whether a key types a sign, and is not a command with Ctrl or Alt.
-[[nodiscard]] bool escribe(const QKeyEvent& evento);
-
 /// Paints the cells of a grid and makes their editors.
 class Grilla::Delegado : public QStyledItemDelegate
 {
@@ -43,7 +40,6 @@ protected:
 
 private:
     [[nodiscard]] const ColumnaDeGrilla& columna(const QModelIndex& celda) const;
-    [[nodiscard]] QWidget* editorDeTexto(QWidget* padre, const ColumnaDeGrilla& columna) const;
     [[nodiscard]] QWidget* editorDeLista(QWidget* padre, const ColumnaDeGrilla& columna) const;
     bool teclaDelEditor(QWidget* editor, const QKeyEvent& evento);
 

@@ -1,8 +1,11 @@
 // What the keyboard, the mouse and the focus do to a grid.
 #include "ui/doors/anuncio.h"
 #include "ui/fields/busqueda_por_letras.h"
+#include "ui/grid/editor_de_texto.h"
 #include "ui/grid/grilla_delegado.h"
 #include "ui/grid/grilla_modelo.h"
+#include "ui/shell/campos.h"
+#include "ui/shell/contenedores.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -28,6 +31,11 @@ void Grilla::currentChanged(const QModelIndex& actual, const QModelIndex& anteri
 {
     QTableView::currentChanged(actual, anterior);
     viewport()->update(); // the yellow is a whole row's
+    auto* marco = hasFocus() ? campos::antepasado<MarcoDePantalla>(this) : nullptr;
+    if (marco != nullptr)
+    {
+        marco->mostrarFoco(this);
+    }
     if (m_silencio || !actual.isValid())
     {
         return;
@@ -198,6 +206,10 @@ void Grilla::keyboardSearch(const QString& letra)
     if (fila > 0)
     {
         setCurrentIndex(indice(columna, fila));
+    }
+    else if (m_delegado->pintaActual)
+    {
+        setCurrentIndex({}); // it began with no row: Enter must not choose a half match
     }
 }
 

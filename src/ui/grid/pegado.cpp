@@ -65,8 +65,12 @@ public:
     Pegado hacer()
     {
         tomarLaPropia();
-        for (const QStringList& fila : m_filas)
+        for (QStringList& fila : m_filas)
         {
+            while (!fila.isEmpty() && fila.last().trimmed().isEmpty()) // an empty column copied along
+            {
+                fila.removeLast();
+            }
             m_ancho = std::max(m_ancho, fila.size());
             m_conClave = m_conClave || (!fila.isEmpty() && !claveDe(fila.first()).isEmpty());
         }
@@ -75,6 +79,13 @@ public:
         if (m_pegado.error.isEmpty())
         {
             mirarMarcas();
+            if (hayColumnaSinImportes())
+            {
+                m_pegado.error =
+                    QStringLiteral("En lo copiado hay una columna que no se lee como importes.  Copie sólo "
+                                   "los importes, con el C.U.I.L. delante o sin él.");
+                return std::move(m_pegado);
+            }
             m_conClave ? porClave() : porOrden();
             if (m_pegado.celdas.empty() && m_pegado.rechazados == 0)
             {
@@ -164,6 +175,40 @@ private:
         return columnas.size() == std::size_t(m_ancho - primera()) ? columnas : std::vector<int>();
     }
 
+    /// A heading that is a column's beside one that is none: by their order the amounts would go elsewhere.
+    [[nodiscard]] bool nombraSoloAlguna() const
+    {
+        const auto esTitulo = [this](const QString& titulo)
+        {
+            const QString llano = BusquedaPorLetras::llana(titulo.trimmed());
+            return std::any_of(m_deImportes.begin(), m_deImportes.end(),
+                               [&](int i) { return BusquedaPorLetras::llana(columna(i).titulo) == llano; });
+        };
+        return nombradas().empty() && std::any_of(m_encabezado.cbegin(), m_encabezado.cend(), esTitulo);
+    }
+
+    /// Names, or keys that cannot be read: what stands beside them belongs to another column or to somebody else.
+    [[nodiscard]] bool hayColumnaSinImportes() const
+    {
+        if (m_columnas.size() < 2)
+        {
+            return false; // each of them is told
+        }
+        for (std::size_t i = 0; i < m_columnas.size(); ++i)
+        {
+            const auto celda = [&](const QStringList& fila) { return fila.value(primera() + qsizetype(i)).trimmed(); };
+            const auto llena = [&](const QStringList& fila) { return !celda(fila).isEmpty(); };
+            const auto seLee = [&](const QStringList& fila)
+            { return llena(fila) && m_marca.leer(columna(m_columnas[i]), celda(fila)).error.isEmpty(); };
+            const auto desde = m_filas.begin() + std::ptrdiff_t(m_desde);
+            if (std::any_of(desde, m_filas.end(), llena) && std::none_of(desde, m_filas.end(), seLee))
+            {
+                return true;
+            }
+        }
+        return false;
+    }
+
     void elegirColumnas()
     {
         const qsizetype importes = m_ancho - primera();
@@ -197,6 +242,13 @@ private:
         {
             m_columnas = dichas;
             m_pegado.encabezado.clear(); // taken at its word
+        }
+        else if (nombraSoloAlguna())
+        {
+            m_pegado.error =
+                QStringLiteral("El encabezado «%1» no nombra todas las columnas de importes.  Copie sólo el "
+                               "C.U.I.L. y los importes.")
+                    .arg(m_pegado.encabezado.left(titulosALaVista));
         }
         else if (importes == qsizetype(m_deImportes.size()))
         {

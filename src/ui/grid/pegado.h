@@ -33,7 +33,8 @@ struct Pegado
 /// What the text of the clipboard puts where: a column of amounts goes down from the current cell, as many columns as
 /// the grid has amounts go down from the current row, and rows that begin with a C.U.I.L. go wherever it stands, to
 /// the columns that their headings name, else to all of them, else to the current one. The grid's own copy goes back
-/// by its C.U.I.L. A first row of words that names no column is headings where rows begin with a C.U.I.L.; where they
+/// by its C.U.I.L. A column that is empty at the right counts for none, and one of two that is not of amounts stops the
+/// paste. A first row of words that names no column is headings where rows begin with a C.U.I.L.; where they
 /// go by their order it stops the paste, for it may be somebody without an amount. An empty cell leaves what is there.
 /// What is read in two ways is refused: "1,234" everywhere, "1.234" where other amounts have a dot for their decimals.
 [[nodiscard]] Pegado prepararPegado(const QString& texto, const DestinoDePegado& destino);

@@ -1,8 +1,10 @@
 #include "ui/shell/contenedores.h"
 
+#include "ui/shell/campos.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/trabajo_largo.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -87,12 +89,31 @@ void MarcoDePantalla::mostrarFoco(QWidget* control)
     if (conTeclado && control != nullptr && isAncestorOf(control) && control != widget())
     {
         // The whole of it; the toolkit is content with the cursor.
-        const auto margen = [](int hay, int mide) { return qBound(0, (hay - mide) / 2, 8); };
-        const QRect lugar(control->mapTo(widget(), QPoint()), control->size());
-        const int aLoAncho = margen(viewport()->width(), lugar.width());
-        const int aLoAlto = margen(viewport()->height(), lugar.height());
-        ensureVisible(lugar.right(), lugar.bottom(), aLoAncho, aLoAlto);
-        ensureVisible(lugar.left(), lugar.top(), aLoAncho, aLoAlto);
+        const auto mostrar = [this](const QRect& lugar)
+        {
+            const auto margen = [](int hay, int mide) { return qBound(0, (hay - mide) / 2, 8); };
+            const int aLoAncho = margen(viewport()->width(), lugar.width());
+            const int aLoAlto = margen(viewport()->height(), lugar.height());
+            ensureVisible(lugar.right(), lugar.bottom(), aLoAncho, aLoAlto);
+            ensureVisible(lugar.left(), lugar.top(), aLoAncho, aLoAlto);
+        };
+        mostrar({control->mapTo(widget(), QPoint()), control->size()});
+        const auto* vista = qobject_cast<const QAbstractItemView*>(control);
+        if (vista != nullptr && vista->currentIndex().isValid())
+        {
+            const QRect celda = vista->visualRect(vista->currentIndex());
+            mostrar({vista->viewport()->mapTo(widget(), celda.topLeft()), celda.size()});
+        }
+    }
+}
+
+void MarcoDePantalla::keyPressEvent(QKeyEvent* evento)
+{
+    QScrollArea::keyPressEvent(evento);
+    QWidget* foco = QApplication::focusWidget();
+    if (campos::entraComoTab(foco)) // what is typed stays in sight; with a button at work the keys go on scrolling
+    {
+        mostrarFoco(foco);
     }
 }
 

@@ -23,14 +23,14 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    /// Scrolls to a control; in a grid, to its current cell.
+    void mostrarFoco(QWidget* control);
 
 protected:
     void closeEvent(QCloseEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
     bool focusNextPrevChild(bool siguiente) override { return QWidget::focusNextPrevChild(siguiente); }
-
-private:
-    void mostrarFoco(QWidget* control);
 };
 
 /// The child window around a modeless screen.
