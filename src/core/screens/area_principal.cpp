@@ -13,15 +13,6 @@ AreaPrincipal::AreaPrincipal(QWidget* padre)
 
 void AreaPrincipal::paintEvent(QPaintEvent*)
 {
-    const QSize tamano = viewport()->size();
-    if (m_fondo.isNull() || m_tamanoDelFondo != tamano)
-    {
-        // Drawn once a size.
-        m_tamanoDelFondo = tamano;
-        m_fondo = QPixmap(tamano * devicePixelRatioF());
-        m_fondo.setDevicePixelRatio(devicePixelRatioF());
-        QPainter pintor(&m_fondo);
-        Estilo::pintarFondo(pintor, QRect(QPoint(), tamano));
-    }
-    QPainter(viewport()).drawPixmap(0, 0, m_fondo);
+    QPainter pintor(viewport());
+    Estilo::pintarFondo(pintor, viewport()->rect());
 }

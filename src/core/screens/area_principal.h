@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QMdiArea>
-#include <QPixmap>
 
 /// The area of the child windows, with the program's picture as its background.
 class AreaPrincipal : public QMdiArea
@@ -12,8 +11,4 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* evento) override;
-
-private:
-    QPixmap m_fondo;
-    QSize m_tamanoDelFondo;
 };

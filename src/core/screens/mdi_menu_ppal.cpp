@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QSessionManager>
+#include <QToolTip>
 
 namespace
 {
@@ -106,8 +107,7 @@ void MDIMenuPpal::armarBarraDeEstado()
     m_rutaBase->setMinimumWidth(1);  // where there is little room it is cut before the others
     statusBar()->setMinimumWidth(1); // long texts are no reason for a window wider than the screen
     connect(&Navegacion::instancia(), &Navegacion::cambioDePantalla, this, &MDIMenuPpal::mostrarEstado);
-    constexpr int aLaVista = 8000; // ms
-    reemplazarAnuncios([this](const QString& texto) { statusBar()->showMessage(texto, aLaVista); });
+    reemplazarAnuncios([this](const QString& texto) { mostrarAnuncio(texto); });
     connect(statusBar(), &QStatusBar::messageChanged, this,
             [this](const QString& texto)
             {
@@ -118,6 +118,18 @@ void MDIMenuPpal::armarBarraDeEstado()
             });
     Rutinas::fijarTrasLaBaseCerrada([this] { leerCopia(); });
     leerCopia();
+}
+
+void MDIMenuPpal::mostrarAnuncio(const QString& texto)
+{
+    constexpr int aLaVista = 8000; // ms
+    statusBar()->showMessage(texto, aLaVista);
+    QWidget* foco = QApplication::focusWidget();
+    if (foco != nullptr && foco->window() != this) // a dialog may cover the bar
+    {
+        QToolTip::showText(foco->mapToGlobal(QPoint(0, foco->height())),
+                           QStringLiteral("<qt>%1</qt>").arg(texto.toHtmlEscaped()), foco, {}, aLaVista);
+    }
 }
 
 QLabel* MDIMenuPpal::parteDeEstado(const QString& nombre)
@@ -256,13 +268,14 @@ bool MDIMenuPpal::terminarSesion(bool sePuedePreguntar)
 
 void MDIMenuPpal::keyPressEvent(QKeyEvent* evento)
 {
-    if (evento->key() == Qt::Key_F10)
+    const bool sola = evento->modifiers() == Qt::NoModifier;
+    if (sola && evento->key() == Qt::Key_F10)
     {
         ui->barra->setFocus(Qt::MenuBarFocusReason);
         ui->barra->setActiveAction(ui->barra->actions().constFirst());
         return;
     }
-    if (evento->key() == Qt::Key_F9)
+    if (sola && evento->key() == Qt::Key_F9)
     {
         protegido([] { Navegacion::instancia().mostrar(QStringLiteral("MesDeEmpresas")); });
         return;

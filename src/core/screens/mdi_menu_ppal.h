@@ -44,6 +44,7 @@ private:
     void mantenimiento();
     void conectarMenu();
     void armarBarraDeEstado();
+    void mostrarAnuncio(const QString& texto);
     QLabel* parteDeEstado(const QString& nombre);
     void leerCopia();
     void mostrarEstado();

@@ -190,7 +190,6 @@ void MesDeEmpresas::irADeclaraciones(int fila)
         CargarEmpresas();
         throw;
     }
-    Rutinas::ModoAbrir = 0;
     Navegacion::instancia().mostrar(QStringLiteral("DDJJ"));
     const Pantalla* ddjj = Navegacion::instancia().abierta(QStringLiteral("DDJJ"));
     auto* campo = ddjj != nullptr ? ddjj->findChild<CampoMascara*>(QStringLiteral("MaskCuit")) : nullptr;

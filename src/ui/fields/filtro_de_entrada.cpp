@@ -1,5 +1,7 @@
 #include "ui/fields/filtro_de_entrada.h"
 
+#include "ui/doors/anuncio.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -70,6 +72,10 @@ bool FiltroDeEntrada::filtrarTecla(const QKeyEvent& evento)
     if (!admitido.isNull())
     {
         m_campo->insert(admitido);
+    }
+    else if (m_campo->inputMask().isEmpty() || texto.at(0).isLetter()) // a mask has its separators already
+    {
+        anunciar(QStringLiteral("Aquí no entra «%1»").arg(texto));
     }
     return true;
 }

@@ -26,6 +26,19 @@ QComboBox* listaDe(QObject* objeto)
     return lista != nullptr && !lista->isEditable() ? lista : nullptr;
 }
 
+/// Keys that go before a letter and are none: those held down with it, and a keyboard's accents.
+bool precedeALetra(int tecla)
+{
+    constexpr int primeraMantenida = Qt::Key_Shift;
+    constexpr int ultimaMantenida = Qt::Key_ScrollLock;
+    constexpr int primerAcento = Qt::Key_Dead_Grave;
+    constexpr int ultimoAcento = Qt::Key_Dead_Longsolidusoverlay;
+    constexpr int altGr = Qt::Key_AltGr;
+    constexpr int compone = Qt::Key_Multi_key;
+    return (tecla >= primeraMantenida && tecla <= ultimaMantenida) ||
+           (tecla >= primerAcento && tecla <= ultimoAcento) || tecla == altGr || tecla == compone;
+}
+
 void elegirEn(QComboBox* lista, int entrada)
 {
     if (entrada == lista->currentIndex())
@@ -108,7 +121,7 @@ bool ReglasDeCampos::alTeclear(QObject* objeto, const QKeyEvent& evento)
     const auto mandos = evento.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const bool letra = mandos == Qt::NoModifier && !evento.text().isEmpty() && evento.text().at(0).isPrint();
     QComboBox* lista = letra ? listaDe(objeto) : nullptr;
-    if (!letra)
+    if (!letra && !precedeALetra(evento.key()))
     {
         BusquedaPorLetras::terminar();
     }
