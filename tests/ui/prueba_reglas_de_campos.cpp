@@ -35,12 +35,13 @@ struct ReglasComunes : testing::Test
     /// The letters of one search follow each other within a second: where the machine stalls, they are typed anew.
     static void deCorrido(const std::function<void()>& teclear)
     {
+        constexpr int veces = 20;
         QElapsedTimer reloj;
-        do
+        for (int vez = 0; vez == 0 || (vez < veces && reloj.elapsed() > 900); ++vez)
         {
             reloj.start();
             teclear();
-        } while (reloj.elapsed() > 900);
+        }
     }
 
     const QStringList provincias{"Catamarca", "Corrientes", "Córdoba", "San Juan", "San Luis", "Santa Fe"};
