@@ -4,7 +4,7 @@ if(WIN32)
   # scripts and scripts/windows/probar.sh look at the same), and what stands still or is drawn otherwise under Wine alone.
   set(fuera
     VistaPrevia.GuardaUnPdf* VistaPrevia.ImprimeLasHojas*
-    Informe.LosValores* Informe.NingunaFila* Informe.LoQueVaJunto* Informe.OtroPapel*
+    PruebaGrilla.LaHojaDeExcel* Informe.LosValores* Informe.NingunaFila* Informe.LoQueVaJunto* Informe.OtroPapel*
     BoletaImpresa.UnLector* BoletaImpresa.LaMasLarga* InformesDDJJ.SalgaBien* InformesDDJJ.LasHojas*
     FtpClass.UnEnvio* FtpClass.TodasLasOperaciones* EnvioDDJJ.SubeComoTexto*
     Cajas.* Campos.LaMascaraPorPrograma*)

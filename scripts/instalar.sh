@@ -5,7 +5,7 @@
 paquetes_de_construccion=(
   g++ cmake ninja-build ccache pkg-config python3 python3-fonttools
   qt6-base-dev libxkbcommon-dev libgl-dev qt6-translations-l10n qt6-qpa-plugins librsvg2-bin
-  libsqlite3-dev libkainjow-mustache-dev libcurl4-openssl-dev libboost-dev
+  libsqlite3-dev libkainjow-mustache-dev libcurl4-openssl-dev libboost-dev libxlsxwriter-dev
   libgtest-dev libgmock-dev fonts-dejavu-core
 )
 paquetes_de_revision=(clang-format clang-tidy)

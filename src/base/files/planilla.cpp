@@ -100,6 +100,22 @@ std::optional<planilla::Filas> leerCeldas(const QString& texto, bool conComillas
 constexpr const char* marcaUtf8 = "\xEF\xBB\xBF";
 } // namespace
 
+planilla::Filas planilla::textos(const Tabla& tabla)
+{
+    Filas filas;
+    filas.reserve(tabla.size());
+    for (const std::vector<Celda>& celdas : tabla)
+    {
+        QStringList& fila = filas.emplace_back();
+        for (const Celda& celda : celdas)
+        {
+            fila.append(celda.texto);
+            fila.resize(fila.size() + celda.columnas - 1);
+        }
+    }
+    return filas;
+}
+
 QString planilla::tabulado(const Filas& filas)
 {
     QString texto;

@@ -1,13 +1,29 @@
 #pragma once
 
+#include "base/numbers/moneda.h"
+
+#include <QDate>
 #include <QString>
 #include <QStringList>
+#include <variant>
 #include <vector>
 
 /// Tables as spreadsheets take and give them: cells as they are shown, with a comma for the decimals.
 namespace planilla
 {
 using Filas = std::vector<QStringList>;
+
+/// A cell that knows what it holds.
+struct Celda
+{
+    QString texto = {};                                             ///< as a text file has it
+    std::variant<std::monostate, qint64, Moneda, QDate> valor = {}; ///< what it is, unless a text
+    bool titulo = false;                                            ///< a heading
+    int columnas = 1;                                               ///< that it stretches over
+};
+using Tabla = std::vector<std::vector<Celda>>;
+/// The texts alone. A cell over several columns is followed by empty ones.
+[[nodiscard]] Filas textos(const Tabla& tabla);
 
 /// What goes to the clipboard: a tab between cells, a line for each row. What a cell has of either becomes a blank; one
 /// that begins with a quote is quoted, and formulas are made texts as in escribirCsv.

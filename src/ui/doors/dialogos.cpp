@@ -16,13 +16,47 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QUrl>
+#include <algorithm>
 
 namespace
 {
 std::function<QString(const PedidoDeArchivo&)> archivoReemplazado;
 std::function<void()> impresoraReemplazada;
 std::function<bool(const QString&)> enlaceReemplazado;
+
+/// "csv" of "Texto (*.csv)".
+QString extensionDe(const QString& tipo)
+{
+    static const QRegularExpression extension(QStringLiteral("\\*\\.(\\w+)"));
+    return extension.match(tipo).captured(1);
+}
+
+bool esDeAlguno(const QString& ruta, const QStringList& tipos)
+{
+    const QString extension = QFileInfo(ruta).suffix();
+    return std::any_of(tipos.begin(), tipos.end(),
+                       [&](const QString& tipo)
+                       { return extensionDe(tipo).compare(extension, Qt::CaseInsensitive) == 0; });
+}
+
+/// The name on view follows the kind that is chosen.
+void seguirTipo(QFileDialog& dialogo)
+{
+    const auto alElegir = [&dialogo](const QString& tipo)
+    {
+        dialogo.setDefaultSuffix(extensionDe(tipo));
+        const QString elegido = dialogo.selectedFiles().value(0);
+        if (esDeAlguno(elegido, dialogo.nameFilters()))
+        {
+            const QFileInfo archivo(elegido);
+            const QString nombre = archivo.completeBaseName() + QLatin1Char('.') + extensionDe(tipo);
+            dialogo.selectFile(archivo.dir().filePath(nombre));
+        }
+    };
+    QObject::connect(&dialogo, &QFileDialog::filterSelected, &dialogo, alElegir);
+}
 
 QString elegirArchivo(const PedidoDeArchivo& pedido)
 {
@@ -31,6 +65,10 @@ QString elegirArchivo(const PedidoDeArchivo& pedido)
     dialogo.setFileMode(pedido.debeExistir ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialogo.setNameFilter(pedido.filtro.isEmpty() ? QStringLiteral("*") : pedido.filtro);
     dialogo.setDefaultSuffix(pedido.extension);
+    if (dialogo.nameFilters().size() > 1)
+    {
+        seguirTipo(dialogo);
+    }
     const QString ofrecido = pedido.nombreInicial.isEmpty() ? pedido.propuesta : pedido.nombreInicial;
     if (!ofrecido.isEmpty())
     {
@@ -42,7 +80,12 @@ QString elegirArchivo(const PedidoDeArchivo& pedido)
     {
         return {};
     }
-    return dialogo.selectedFiles().constFirst();
+    const QString elegido = dialogo.selectedFiles().constFirst();
+    const QStringList tipos = dialogo.nameFilters();
+    // With several kinds the extension tells which one it is: without one of theirs the chosen kind's is added.
+    return tipos.size() < 2 || esDeAlguno(elegido, tipos)
+               ? elegido
+               : elegido + QLatin1Char('.') + extensionDe(dialogo.selectedNameFilter());
 }
 
 void elegirImpresora()
@@ -118,8 +161,7 @@ bool ConfirmarDestino(const QString& ruta, const QString& origen)
         MsgBox(destino.rechazo, Caja::Exclamacion);
         return false;
     }
-    const bool elMismo = destino.existe && sistema::identidad(ruta) == sistema::identidad(origen);
-    return !destino.existe || elMismo ||
+    return !destino.existe || sistema::mismoArchivo(ruta, origen) ||
            Preguntar(QStringLiteral("El archivo '%1' ya existe. ¿Desea reemplazarlo?").arg(QFileInfo(ruta).fileName()));
 }
 

@@ -11,7 +11,7 @@ struct PedidoDeArchivo
 {
     QString titulo;
     QString nombreInicial; ///< handed back as it stands when the user cancels
-    QString filtro;        ///< "*.txt"
+    QString filtro;        ///< "*.txt"; several kinds of a new file: "Texto (*.txt);;Todo (*.xml)"
     QString extension;     ///< added to a name typed without one: "txt"
     bool debeExistir = true;
     QString propuesta = {}; ///< name offered where there is no `nombreInicial`; not handed back

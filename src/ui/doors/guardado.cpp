@@ -25,14 +25,21 @@ QString propuesta(const PedidoDeGuardado& pedido)
 }
 } // namespace
 
+PedidoDeGuardado pedidoDePlanilla(const QString& titulo, const QString& nombre)
+{
+    return {titulo, nombre, QStringLiteral("xlsx"),
+            QStringLiteral("Planilla de Excel (*.xlsx);;Texto separado por punto y coma (*.csv)")};
+}
+
 QString GuardarEnArchivo(const PedidoDeGuardado& pedido, const std::function<void(const QString& ruta)>& escribir)
 {
-    const QString ruta = DialogoArchivo({.titulo = pedido.titulo,
-                                         .nombreInicial = {},
-                                         .filtro = QStringLiteral("*.") + pedido.extension,
-                                         .extension = pedido.extension,
-                                         .debeExistir = false,
-                                         .propuesta = propuesta(pedido)});
+    const QString ruta =
+        DialogoArchivo({.titulo = pedido.titulo,
+                        .nombreInicial = {},
+                        .filtro = pedido.filtro.isEmpty() ? QStringLiteral("*.") + pedido.extension : pedido.filtro,
+                        .extension = pedido.extension,
+                        .debeExistir = false,
+                        .propuesta = propuesta(pedido)});
     if (ruta.isEmpty() || !ConfirmarDestino(ruta))
     {
         return {};

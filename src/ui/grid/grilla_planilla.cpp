@@ -1,11 +1,12 @@
 // What goes from a grid to a spreadsheet and comes from there, and the menu that offers it.
-#include "base/files/planilla.h"
+#include "base/files/planilla_xlsx.h"
 #include "ui/doors/anuncio.h"
 #include "ui/doors/guardado.h"
 #include "ui/doors/mensajes.h"
 #include "ui/grid/grilla_modelo.h"
 #include "ui/grid/pegado.h"
 #include "ui/shell/error_fatal.h"
+#include "ui/shell/trabajo_largo.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -16,19 +17,37 @@
 
 namespace
 {
-planilla::Filas filasDe(const Grilla& grilla)
+planilla::Celda celdaDe(const ColumnaDeGrilla& columna, const QVariant& valor)
 {
-    planilla::Filas filas(std::size_t(grilla.filas()) + 1);
+    planilla::Celda celda{textoParaPlanilla(columna, valor)};
+    if (valor.metaType() == QMetaType::fromType<Moneda>())
+    {
+        celda.valor = valor.value<Moneda>();
+    }
+    else if (valor.typeId() == QMetaType::QDate)
+    {
+        celda.valor = valor.toDate();
+    }
+    else if (valor.typeId() == QMetaType::LongLong)
+    {
+        celda.valor = valor.toLongLong();
+    }
+    return celda;
+}
+
+planilla::Tabla tablaDe(const Grilla& grilla)
+{
+    planilla::Tabla filas(std::size_t(grilla.filas()) + 1);
     for (int columna = 1; columna <= grilla.columnas(); ++columna)
     {
         if (!grilla.seVe(columna))
         {
             continue;
         }
-        filas[0] += grilla.texto(columna, 0);
+        filas[0].push_back({grilla.texto(columna, 0), {}, true});
         for (int fila = 1; fila <= grilla.filas(); ++fila)
         {
-            filas[std::size_t(fila)] += textoParaPlanilla(grilla.columna(columna), grilla.valor(columna, fila));
+            filas[std::size_t(fila)].push_back(celdaDe(grilla.columna(columna), grilla.valor(columna, fila)));
         }
     }
     return filas;
@@ -132,7 +151,7 @@ void Grilla::copiar()
 {
     if (hayQueLlevar())
     {
-        QGuiApplication::clipboard()->setText(planilla::tabulado(filasDe(*this)));
+        QGuiApplication::clipboard()->setText(planilla::tabulado(planilla::textos(tablaDe(*this))));
         avisar((filas() == 1 ? QStringLiteral("Se copió %1") : QStringLiteral("Se copiaron %1")).arg(cuantas(filas())));
     }
 }
@@ -144,9 +163,13 @@ void Grilla::exportar()
         return;
     }
     const QString nombre = m_nombreDePlanilla.isEmpty() ? finDelTitulo(this) : m_nombreDePlanilla;
-    const planilla::Filas filas = filasDe(*this);
-    const QString ruta = GuardarEnArchivo({QStringLiteral("Exportar a planilla"), nombre, QStringLiteral("csv")},
-                                          [&](const QString& archivo) { planilla::escribirCsv(archivo, filas); });
+    const planilla::Tabla filas = tablaDe(*this);
+    const auto escribir = [&](const QString& archivo)
+    {
+        TrabajoLargo trabajo(QStringLiteral("Exportando"), TrabajoLargo::Cancelable::Si);
+        planilla::escribir(archivo, filas, trabajo.aviso());
+    };
+    const QString ruta = GuardarEnArchivo(pedidoDePlanilla(QStringLiteral("Exportar a planilla"), nombre), escribir);
     if (!ruta.isEmpty())
     {
         avisar(QStringLiteral("Exportación de %1 en %2").arg(cuantas(int(filas.size()) - 1), ruta));

@@ -2,6 +2,7 @@
 
 #include "base/error_de_ejecucion.h"
 #include "base/files/archivos.h"
+#include "base/files/planilla_xlsx.h"
 #include "ui/doors/dialogos.h"
 #include "ui/doors/guardado.h"
 #include "ui/doors/impresion.h"
@@ -326,23 +327,29 @@ void VistaDeInforme::guardarPdf(const QString& ruta)
 
 void VistaDeInforme::pedirPdf()
 {
-    guardar(QStringLiteral("Guardar PDF"), QStringLiteral("pdf"), [this](const QString& ruta) { guardarPdf(ruta); });
+    guardar({QStringLiteral("Guardar PDF"), m_nombre, QStringLiteral("pdf")},
+            [this](const QString& ruta) { guardarPdf(ruta); });
 }
 
 void VistaDeInforme::exportar()
 {
     const auto escribir = [this](const QString& ruta)
     {
+        const auto leer = [this]
+        {
+            TrabajoLargo trabajo(QStringLiteral("Preparando las filas"), TrabajoLargo::Cancelable::Si);
+            return filasDeTablas(m_hojas->paginas().contenido(), trabajo.aviso());
+        };
+        const planilla::Tabla filas = leer();
         TrabajoLargo trabajo(QStringLiteral("Exportando"), TrabajoLargo::Cancelable::Si);
-        planilla::escribirCsv(ruta, filasDeTablas(m_hojas->paginas().contenido(), trabajo.aviso()));
+        planilla::escribir(ruta, filas, trabajo.aviso());
     };
-    guardar(QStringLiteral("Exportar"), QStringLiteral("csv"), escribir);
+    guardar(pedidoDePlanilla(QStringLiteral("Exportar"), m_nombre), escribir);
 }
 
-void VistaDeInforme::guardar(const QString& titulo, const QString& extension,
-                             const std::function<void(const QString&)>& escribir)
+void VistaDeInforme::guardar(const PedidoDeGuardado& pedido, const std::function<void(const QString&)>& escribir)
 {
-    const QString ruta = GuardarEnArchivo({titulo, m_nombre, extension}, escribir);
+    const QString ruta = GuardarEnArchivo(pedido, escribir);
     if (ruta.isEmpty())
     {
         return;

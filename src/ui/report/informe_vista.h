@@ -9,6 +9,7 @@
 class QAction;
 class QLabel;
 class QPrinter;
+struct PedidoDeGuardado;
 
 /// The pages one below the other, painted as they come into view.
 class HojasDeInforme : public QAbstractScrollArea
@@ -64,7 +65,7 @@ private:
     void exportar();
     void abrirLoGuardado();
     /// Asks where and has it written there; then the status bar tells where it lies.
-    void guardar(const QString& titulo, const QString& extension, const std::function<void(const QString&)>& escribir);
+    void guardar(const PedidoDeGuardado& pedido, const std::function<void(const QString&)>& escribir);
     /// Failures name `destino`. Only a file in the making can be given up: a printer puts out what it has got.
     void pintarEn(QPrinter& impresora, int desde, int hasta, const QString& destino,
                   TrabajoLargo::Cancelable cancelable);
