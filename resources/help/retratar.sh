@@ -8,6 +8,6 @@ instalar "${paquetes_de_prueba[@]}"
 carpeta=/opt/Altoverde # an installation: it can be read in the pictures
 "$aqui/../../examples/recorrido/recorrer.sh" "$construccion" "$carpeta" >/dev/null
 for retrato in "$carpeta"/retratos/*.png; do
-  convert "$retrato" -strip -colors 255 -define png:compression-level=9 "PNG8:$aqui/$(basename "$retrato")"
+  convert "$retrato" -strip -define png:compression-level=9 "PNG24:$aqui/$(basename "$retrato")" # white stays white
 done
 rm -rf "$carpeta"

@@ -90,6 +90,7 @@ void Version::lblLink_Click()
 void Version::colorDelEnlace(bool encima)
 {
     QPalette paleta = ui->lblLink->palette();
-    paleta.setColor(QPalette::WindowText, encima ? QColor(255, 0, 0) : QColor(0, 0, 255));
+    const QColor color = encima ? QColor(255, 0, 0) : QColor(0, 0, 255);
+    paleta.setColor(QPalette::WindowText, Estilo::deAltoContraste() ? palette().color(QPalette::WindowText) : color);
     ui->lblLink->setPalette(paleta);
 }

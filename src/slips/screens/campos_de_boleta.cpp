@@ -14,9 +14,9 @@ int anchoDe(QLineEdit* campo, const QString& muestra)
     campo->ensurePolished();
     return campo->fontMetrics().horizontalAdvance(muestra) + marco;
 }
+} // namespace
 
-/// All amounts in one column at the right, the short fields only as wide as what they hold.
-void ajustarAnchos(Ui::Boletas& ui)
+void CamposDeBoleta::ajustarAnchos(Ui::Boletas& ui)
 {
     const int importe = anchoDe(ui.txtTotal_0, QStringLiteral("$ 9.999.999.999,99")); // the totals are bold
     for (QLineEdit* campo : {ui.txtArt100, ui.txtArt101A, ui.txtArt101B, ui.txtImporte, ui.txtInteres_0,
@@ -34,7 +34,6 @@ void ajustarAnchos(Ui::Boletas& ui)
         campo->setFixedWidth(anchoDe(campo, QStringLiteral("999")));
     }
 }
-} // namespace
 
 void CamposDeBoleta::disponer(Ui::Boletas& ui)
 {
@@ -63,7 +62,6 @@ void CamposDeBoleta::disponer(Ui::Boletas& ui)
     {
         Estilo::soloMuestra(campo);
     }
-    ajustarAnchos(ui);
     Estilo::boton(ui.cmdBoletas, QStringLiteral("boleta"), true);
     Estilo::boton(ui.cmdBuscar, QStringLiteral("buscar"));
     Estilo::boton(ui.cmdEliminar, QStringLiteral("eliminar"));

@@ -13,8 +13,12 @@ namespace CamposDeBoleta
 {
 inline constexpr int sinLimite = 32767; ///< characters
 
-/// Gives each field what may be typed into it, its looks and its width, and the list of payments its columns.
+/// Gives each field what may be typed into it and its looks, and the list of payments its columns.
 void disponer(Ui::Boletas& ui);
+
+/// All amounts in one column at the right, the short fields only as wide as what they hold. For the load of the screen:
+/// what is measured here takes the place of what the form fixes.
+void ajustarAnchos(Ui::Boletas& ui);
 
 /// Shows an amount with its mask: longer than what may be typed.
 void mostrar(QLineEdit* campo, const QString& texto);

@@ -30,8 +30,13 @@ static bool loDiceElSistema()
 
 bool altoContraste()
 {
-    const QPalette paleta = QGuiApplication::palette();
-    const auto [oscuro, claro] =
-        std::minmax({paleta.color(QPalette::Window).lightness(), paleta.color(QPalette::WindowText).lightness()});
-    return loDiceElSistema() || (oscuro == 0 && claro == 255);
+    // As the start found it: who asks later, under the program's own palette, gets the same answer.
+    static const bool pedido = []
+    {
+        const QPalette paleta = QGuiApplication::palette();
+        const auto [oscuro, claro] =
+            std::minmax({paleta.color(QPalette::Window).lightness(), paleta.color(QPalette::WindowText).lightness()});
+        return loDiceElSistema() || (oscuro == 0 && claro == 255);
+    }();
+    return pedido;
 }

@@ -1,5 +1,6 @@
 #include "ui/grid/grilla_delegado.h"
 
+#include "ui/doors/contraste.h"
 #include "ui/doors/mensajes.h"
 #include "ui/grid/editor_de_texto.h"
 #include "ui/grid/grilla_modelo.h"
@@ -63,6 +64,7 @@ constexpr QColor amarilloInactivo{0xf4, 0xf1, 0xb8};
 Grilla::Delegado::Delegado(Grilla* grilla)
     : QStyledItemDelegate(grilla)
     , m_grilla(grilla)
+    , m_coloresDelUsuario(altoContraste())
 {
 }
 
@@ -80,6 +82,23 @@ QColor Grilla::Delegado::fondo(int fila) const
     return QColor::fromRgb(m_grilla->m_modelo->color(fila));
 }
 
+Grilla::Delegado::Colores Grilla::Delegado::coloresDe(int fila) const
+{
+    const QPalette paleta = m_grilla->palette();
+    const bool amarilla = fondo(fila) == Grilla::amarillo;
+    if (m_coloresDelUsuario) // a yellow row is his chosen one; what another colour tells, the row's text tells too
+    {
+        const QColor letra = paleta.color(amarilla ? QPalette::HighlightedText : QPalette::Text);
+        return {paleta.color(amarilla ? QPalette::Highlight : QPalette::Base), letra, letra};
+    }
+    if (!m_grilla->isEnabled())
+    {
+        return {amarilla ? amarilloInactivo : paleta.color(QPalette::Base),
+                paleta.color(QPalette::Disabled, QPalette::Text), marcoDeCelda};
+    }
+    return {fondo(fila), Qt::black, marcoDeCelda};
+}
+
 void Grilla::Delegado::initStyleOption(QStyleOptionViewItem* opcion, const QModelIndex& celda) const
 {
     QStyledItemDelegate::initStyleOption(opcion, celda);
@@ -89,23 +108,18 @@ void Grilla::Delegado::initStyleOption(QStyleOptionViewItem* opcion, const QMode
 
 void Grilla::Delegado::paint(QPainter* pintor, const QStyleOptionViewItem& opcion, const QModelIndex& celda) const
 {
-    const bool activa = m_grilla->isEnabled();
-    QColor color = fondo(celda.row());
-    if (!activa)
-    {
-        color = color == Grilla::amarillo ? amarilloInactivo : m_grilla->palette().color(QPalette::Base);
-    }
-    pintor->fillRect(opcion.rect, color);
+    const Colores colores = coloresDe(celda.row());
+    pintor->fillRect(opcion.rect, colores.fondo);
 
     QStyleOptionViewItem pintada = opcion;
-    const QColor letra = activa ? QColor(Qt::black) : m_grilla->palette().color(QPalette::Disabled, QPalette::Text);
-    pintada.palette.setColor(QPalette::All, QPalette::Text, letra);
+    pintada.palette.setColor(QPalette::All, QPalette::Text, colores.letra);
     QStyledItemDelegate::paint(pintor, pintada, celda);
 
     if (columna(celda).clase == ColumnaDeGrilla::Tilde)
     {
-        QStyleOptionViewItem marca = pintada;
-        marca.palette.setColor(QPalette::Window, bordeDeTilde); // its outline is drawn a shade darker
+        QStyleOptionViewItem marca = m_coloresDelUsuario ? opcion : pintada; // its box has a ground of its own
+        const QColor borde = m_coloresDelUsuario ? marca.palette.color(QPalette::Text) : bordeDeTilde;
+        marca.palette.setColor(QPalette::Window, borde); // the outline is drawn a shade darker
         marca.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
         marca.state |= celda.data(Qt::CheckStateRole).toInt() == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
         const QStyle* estilo = m_grilla->style();
@@ -114,12 +128,12 @@ void Grilla::Delegado::paint(QPainter* pintor, const QStyleOptionViewItem& opcio
         marca.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, lado, opcion.rect);
         estilo->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &marca, pintor, m_grilla);
     }
-    if (activa && m_grilla->hasFocus() && celda == m_grilla->currentIndex())
+    if (m_grilla->isEnabled() && m_grilla->hasFocus() && celda == m_grilla->currentIndex())
     {
         pintor->save();
         pintor->setRenderHint(QPainter::Antialiasing, false);
         pintor->setBrush(Qt::NoBrush);
-        pintor->setPen(QPen(marcoDeCelda, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        pintor->setPen(QPen(colores.marco, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
         pintor->drawRect(opcion.rect.adjusted(1, 1, -1, -1));
         pintor->restore();
     }

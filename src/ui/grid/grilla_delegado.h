@@ -23,6 +23,7 @@ public:
     void avisarEditada();
     [[nodiscard]] QWidget* editor() const { return m_editor; }
 
+    /// The colour that tells what the row is; it is painted in the user's own under high contrast.
     [[nodiscard]] QColor fondo(int fila) const;
 
     void paint(QPainter* pintor, const QStyleOptionViewItem& opcion, const QModelIndex& celda) const override;
@@ -39,11 +40,19 @@ protected:
     void initStyleOption(QStyleOptionViewItem* opcion, const QModelIndex& celda) const override;
 
 private:
+    struct Colores
+    {
+        QColor fondo;
+        QColor letra;
+        QColor marco; ///< of the current cell
+    };
+    [[nodiscard]] Colores coloresDe(int fila) const;
     [[nodiscard]] const ColumnaDeGrilla& columna(const QModelIndex& celda) const;
     [[nodiscard]] QWidget* editorDeLista(QWidget* padre, const ColumnaDeGrilla& columna) const;
     bool teclaDelEditor(QWidget* editor, const QKeyEvent& evento);
 
     Grilla* m_grilla;
+    bool m_coloresDelUsuario;           ///< he has asked for high contrast
     mutable QPointer<QWidget> m_editor; ///< there is one at most
     mutable QPersistentModelIndex m_celda;
     mutable QPersistentModelIndex m_guardada; ///< stored and not yet told

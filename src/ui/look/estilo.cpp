@@ -9,12 +9,10 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPainter>
-#include <QPlainTextEdit>
 #include <QProxyStyle>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QTabBar>
-#include <QTextEdit>
 #include <QTranslator>
 #include <algorithm>
 
@@ -107,7 +105,7 @@ public:
     explicit IconoDeAdvertencia(QLabel* etiqueta)
         : QObject(etiqueta)
         , m_etiqueta(etiqueta)
-        , m_icono(iconoDeTrazos(QStringLiteral("advertencia"), rojoOscuro, rojoOscuro))
+        , m_icono(dibujo(QStringLiteral("advertencia"), rojoOscuro, rojoOscuro))
     {
         etiqueta->installEventFilter(this);
         etiqueta->setContentsMargins(lado() + 6, 0, 0, 0);
@@ -253,6 +251,11 @@ void Estilo::aplicar(QApplication& aplicacion, bool delUsuario)
     QApplication::setWindowIcon(iconoDelPrograma());
 }
 
+bool Estilo::deAltoContraste()
+{
+    return coloresDelUsuario;
+}
+
 QIcon Estilo::icono(const QString& nombre)
 {
     traerRecursos();
@@ -280,20 +283,9 @@ void Estilo::botonPeligroso(QWidget* boton, const QString& icono)
     vestirBoton(boton, icono, "peligro");
 }
 
-void Estilo::soloMuestra(QWidget* campo)
+void Estilo::soloMuestra(QLineEdit* campo)
 {
-    if (auto* linea = qobject_cast<QLineEdit*>(campo))
-    {
-        linea->setReadOnly(true);
-    }
-    else if (auto* texto = qobject_cast<QTextEdit*>(campo))
-    {
-        texto->setReadOnly(true);
-    }
-    else if (auto* plano = qobject_cast<QPlainTextEdit*>(campo))
-    {
-        plano->setReadOnly(true);
-    }
+    campo->setReadOnly(true);
     campo->setFocusPolicy(Qt::ClickFocus);
     marcar(campo, "soloMuestra");
 }

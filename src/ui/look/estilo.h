@@ -5,6 +5,7 @@
 #include <QString>
 
 class QApplication;
+class QLineEdit;
 class QPainter;
 class QRect;
 class QWidget;
@@ -14,6 +15,8 @@ namespace Estilo
 {
 /// `coloresDelUsuario`: he has asked for high contrast, and none of the program's colours is put over his.
 void aplicar(QApplication& aplicacion, bool coloresDelUsuario = false);
+/// Are the colours the user's own? Who paints with another one asks.
+[[nodiscard]] bool deAltoContraste();
 [[nodiscard]] QPalette paleta();
 /// A line drawing of the program's family: "nueva", "copiar", "eliminar", "grabar", "cancelar", "buscar", ...
 /// Sharp at every size; grey while its control is disabled. An unknown name gives a null icon.
@@ -24,7 +27,7 @@ void boton(QWidget* boton, const QString& icono, bool principal = false);
 /// The button of a command that cannot be undone: dark red, as the warnings.
 void botonPeligroso(QWidget* boton, const QString& icono);
 /// Fields that only show: flat, on the tinted ground, out of the tab order (a click lets their text be copied).
-void soloMuestra(QWidget* campo);
+void soloMuestra(QLineEdit* campo);
 /// A warning label: dark red with its icon before the text. The label's text is the caller's, and may change.
 void advertencia(QWidget* etiqueta);
 /// A label that asks for a look, in amber, or no longer does; its words say why.

@@ -1,16 +1,17 @@
 #include "ui/look/iconos.h"
 
 #include <QFile>
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QImage>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmapCache>
 #include <algorithm>
 
 namespace
 {
 constexpr QColor grisApagado{0x96, 0xa1, 0xaa};
-constexpr QColor blancoElegido{0xff, 0xff, 0xff};
 
 QString rutaDelDibujo(const QString& nombre)
 {
@@ -64,7 +65,8 @@ public:
 private:
     [[nodiscard]] QPixmap dibujado(int lado, QIcon::Mode modo) const
     {
-        const QColor unico = modo == QIcon::Disabled ? grisApagado : blancoElegido;
+        const QColor unico =
+            modo == QIcon::Disabled ? grisApagado : QGuiApplication::palette().color(QPalette::HighlightedText);
         const bool propios = modo != QIcon::Disabled && modo != QIcon::Selected;
         const QColor trazo = propios ? m_trazo : unico;
         const QColor acento = propios ? m_acento : unico;

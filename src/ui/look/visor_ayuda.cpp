@@ -1,11 +1,14 @@
 #include "ui/look/visor_ayuda.h"
 
+#include "ui/look/estilo.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
@@ -42,6 +45,18 @@ QString leer(const QString& ruta)
 {
     QFile archivo(ruta);
     return archivo.open(QIODevice::ReadOnly) ? QString::fromUtf8(archivo.readAll()) : QString();
+}
+
+/// The look of the pages, without its colours where they are the user's.
+QString hojaDeEstilo(const QString& carpeta)
+{
+    static const QRegularExpression color(QStringLiteral("[a-z-]*color:[^;}]*;?"));
+    QString hoja = leer(carpeta + QStringLiteral("/estilo.css"));
+    if (Estilo::deAltoContraste())
+    {
+        hoja.remove(color);
+    }
+    return hoja;
 }
 
 constexpr int margen = 18;
@@ -153,7 +168,7 @@ void VisorDeAyuda::armar()
     m_hoja->setAccessibleName(QStringLiteral("Página de ayuda"));
     m_hoja->setOpenLinks(false);
     m_hoja->document()->setDocumentMargin(margen);
-    m_hoja->document()->setDefaultStyleSheet(leer(m_carpeta + QStringLiteral("/estilo.css")));
+    m_hoja->document()->setDefaultStyleSheet(hojaDeEstilo(m_carpeta));
     m_sinResultado->setObjectName(QStringLiteral("lblSinResultado"));
     m_sinResultado->setWordWrap(true);
 
@@ -283,7 +298,15 @@ void VisorDeAyuda::resaltar()
                 marca.cursor.setPosition(parrafo.position() + static_cast<int>(i));
                 marca.cursor.setPosition(parrafo.position() + static_cast<int>(i + palabra.size()),
                                          QTextCursor::KeepAnchor);
-                marca.format.setBackground(fondoDeMarca);
+                if (Estilo::deAltoContraste())
+                {
+                    marca.format.setBackground(palette().highlight());
+                    marca.format.setForeground(palette().highlightedText());
+                }
+                else
+                {
+                    marca.format.setBackground(fondoDeMarca);
+                }
                 marcas.push_back(marca);
             }
         }

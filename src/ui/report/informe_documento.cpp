@@ -117,6 +117,7 @@ std::unique_ptr<QTextDocument> DocumentoDeInforme::hacer(const std::string& html
     documento->setDocumentMargin(0);
     // Each letter by itself: a ligature would be found by nobody who looks for the name in the PDF.
     QFont letra(QStringLiteral("DejaVu Sans"), 9);
+    letra.setFamilies({letra.family(), QStringLiteral("Segoe UI")}); // for Windows, which has not the first
     letra.setStyleStrategy(QFont::PreferNoShaping);
     documento->setDefaultFont(letra);
     documento->setDefaultStyleSheet(hoja.estilo);

@@ -1,6 +1,7 @@
 #include "ui/shell/navegacion.h"
 
 #include "ui/doors/caja_abierta.h"
+#include "ui/fields/anchos.h"
 #include "ui/shell/contenedores.h"
 #include "ui/shell/trabajo_largo.h"
 
@@ -117,6 +118,7 @@ Pantalla* Navegacion::cargada(const QString& nombre)
             pantalla = fabrica->second();
             if (!pantalla.isNull())
             {
+                ensancharCampos(*pantalla);
                 pantalla->cargar();
                 lista = true;
             }
