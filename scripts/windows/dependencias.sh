@@ -12,6 +12,7 @@ readonly almacen=${ALTOVERDE_DEPENDENCIAS:-${XDG_CACHE_HOME:-$HOME/.cache}/altov
 readonly tareas=${TAREAS:-$(nproc)}
 readonly cadena=$fuente/cmake/windows.cmake
 mkdir -p "$almacen" build
+rm -f "$almacen/listas/listo" # a version of since the last time is not in the lists of then
 
 # Qt of the program and of its tests. Direct2D must be on: this version compiles DirectWrite only with it, and
 # Qt6PrintSupport does not link without; the screen that is drawn with it is not wanted. Debian's tarball has no wintab.h,
@@ -47,6 +48,24 @@ FIN
   origen=generado construir
 }
 
+# Static, and without what reads: it only packs the sheets of the next one.
+receta_zlib() {
+  mkdir -p generado
+  cat > generado/CMakeLists.txt <<'FIN'
+cmake_minimum_required(VERSION 3.25)
+project(zlib C)
+set(fuentes adler32 compress crc32 deflate trees zutil)
+list(TRANSFORM fuentes PREPEND ${CMAKE_SOURCE_DIR}/../fuente/)
+list(TRANSFORM fuentes APPEND .c)
+add_library(z STATIC ${fuentes})
+install(TARGETS z)
+install(FILES ../fuente/zlib.h ../fuente/zconf.h TYPE INCLUDE)
+FIN
+  origen=generado construir
+}
+
+receta_libxlsxwriter() { construir -DBUILD_SHARED_LIBS=OFF -DUSE_NO_MD5=ON; }
+
 # FTP, and HTTP because this version does not link without it.
 receta_curl() {
   construir -DBUILD_CURL_EXE=OFF -DBUILD_TESTING=OFF -DCURL_ENABLE_SSL=OFF -DCURL_ZLIB=OFF -DUSE_LIBIDN2=OFF \
@@ -61,14 +80,16 @@ receta_cabeceras() {
   (cd fuente && apt-get download "libboost1.81-dev=$(version_de libboost1.81-dev)" && dpkg -x libboost1.81-dev_*.deb .)
   mkdir -p "$destino/include"
   cp -a fuente/usr/include/boost /usr/include/kainjow "$destino/include/"
+  cat fuente/usr/share/doc/libboost1.81-dev/copyright /usr/share/doc/libkainjow-mustache-dev/copyright > "$destino/licencia.txt"
 }
 
-# construir OPTION...: configure, build and install the unpacked source (or $origen) into $destino
+# construir OPTION...: configure, build and install the unpacked source (or $origen) into $destino, its licence as well
 construir() {
   cmake -S "${origen:-fuente}" -B obra -G Ninja -DCMAKE_TOOLCHAIN_FILE="$cadena" -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_INSTALL_PREFIX="$destino" "$@"
   cmake --build obra -j "$tareas"
   cmake --install obra --strip
+  cp fuente/debian/copyright "$destino/licencia.txt"
 }
 
 version_de() {
@@ -94,11 +115,10 @@ apt_fuentes() {
   apt-get "${opciones[@]}" "$@"
 }
 
-# dependencia NAME [SOURCE-PACKAGE HOST-PACKAGE]: the version is that of the host's package
+# dependencia NAME [SOURCE-PACKAGE HOST-PACKAGE]: the version is the host's package's; without one, the headers'
 dependencia() {
-  local nombre=$1 paquete=${2:-} version=propia
-  version=$(version_de "${3:-libboost1.81-dev}")
-  local huella
+  local nombre=$1 paquete=${2:-} version una huella
+  version=$(for una in ${3:-libboost1.81-dev libkainjow-mustache-dev}; do version_de "$una"; done | xargs)
   huella=$({ declare -f "receta_$nombre" construir apagadas && echo "$version" && grep COMPILER "$cadena" &&
     x86_64-w64-mingw32-g++-posix -dumpfullversion; } | sha256sum | cut -c1-12)
   local destino=$almacen/$nombre-$huella
@@ -109,7 +129,7 @@ dependencia() {
     ( # not part of a condition: a failure must end it
       cd -P "$obra"
       if [ -n "$paquete" ] && [ ! -e fuente ]; then
-        apt_fuentes source --download-only "$paquete=$version"
+        apt_fuentes source --download-only "$paquete=${version%+b[0-9]*}" # one rebuilt alone has no source of its own
         rm -rf desempacada
         dpkg-source --no-check -x "$paquete"_*.dsc desempacada
         mv desempacada fuente
@@ -127,6 +147,8 @@ dependencia() {
 : > build/dependencias.txt
 dependencia qtbase qt6-base qt6-base-dev
 dependencia sqlite3 sqlite3 libsqlite3-dev
+dependencia zlib zlib zlib1g-dev
+dependencia libxlsxwriter libxlsxwriter libxlsxwriter-dev
 dependencia curl curl libcurl4-openssl-dev
 dependencia googletest googletest libgtest-dev
 dependencia cabeceras

@@ -22,11 +22,25 @@ falla() {
   exit 1
 }
 
+# esperar WHAT COMMAND...: until the command succeeds; a minute and more without it is a failure of that name.
+esperar() {
+  local que=$1
+  shift
+  for _ in $(seq 300); do
+    "$@" && return 0
+    sleep 0.2
+  done
+  falla "$que"
+}
+
+# arrancar FOLDER: as a user does, without the build's libraries on the path; whatever hangs, it ends.
+arrancar() { WINEPATH='' exec timeout -k 10 600 wine "$1/Altoverde.exe"; }
+
 pantalla() {
   rm -f "$salidas/pantalla.$$"
   Xvfb -displayfd 7 -noreset -screen 0 1280x1000x24 7>"$salidas/pantalla.$$" >/dev/null 2>&1 &
   trap 'kill %Xvfb; wineserver -k' EXIT
-  while [ ! -s "$salidas/pantalla.$$" ]; do sleep 0.1; done
+  esperar 'no arranca Xvfb' test -s "$salidas/pantalla.$$"
   DISPLAY=:$(cat "$salidas/pantalla.$$")
   export DISPLAY
   wineserver -p # one for all programs: each start would take a second
@@ -68,11 +82,10 @@ abrir_y_compactar() {
   QT_QPA_PLATFORM=offscreen $1 "$PWD/$salidas/compactar.guion" --en "$PWD/$carpeta" || falla "no se abre $2"
 }
 
-# Starts the program of a folder as a user does, without the build's libraries on the path, takes a picture of its main
-# window and closes it.
+# Starts the program of a folder, takes a picture of its main window and closes it.
 arrancar_y_ver() {
   local quien programa
-  WINEPATH='' wine "$1/Altoverde.exe" &
+  arrancar "$1" &
   programa=$!
   for _ in $(seq 300); do
     quien=$(xdotool search --onlyvisible --name 'Menu Principal' 2>/dev/null | tail -n 1) || true
@@ -88,16 +101,20 @@ arrancar_y_ver() {
 # cerrar PROCESS PART: as the cross of its window does.
 cerrar() {
   wine taskkill /im Altoverde.exe >/dev/null
-  wait "$1" || falla "$2: el programa terminó con un error"
+  wait "$1" || falla "$2: el programa terminó con un error, o no terminó ($?)"
 }
+
+no() { ! "$@"; }
+registrado() { wine reg query "$1" >/dev/null 2>&1; }
 
 datos_de() { (cd "$1" && find . -name '*.mdb' -exec sha256sum {} + | sort); }
 
 # Install, start, upgrade, start, uninstall: the data stay byte for byte, and nothing else stays.
 instalado() {
-  local instalador destino antes
+  local version instalador destino antes
   local -r clave='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Altoverde'
-  instalador=$(echo dist/windows/altoverde-*-instalar.exe)
+  version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$construccion/CMakeCache.txt")
+  instalador=dist/windows/altoverde-$version-instalar.exe
   destino="$WINEPREFIX/drive_c/Ñandú y Compañía/Altoverde"
   rm -rf "$destino"
   wine reg add "$clave" /v InstallLocation /d "$(winepath -w "$destino")" /f >/dev/null # where it installs by itself
@@ -114,8 +131,8 @@ instalado() {
   [ "$antes" = "$(datos_de "$destino")" ] || falla "instalar otra vez tocó los datos"
   arrancar_y_ver "$destino" actualizado
   wine "$destino/desinstalar.exe" /S
-  while [ -e "$destino/desinstalar.exe" ]; do sleep 0.2; done # it goes on by itself, from a copy
-  while wine reg query "$clave" >/dev/null 2>&1; do sleep 0.2; done
+  esperar 'no se desinstala' no test -e "$destino/desinstalar.exe" # it goes on by itself, from a copy
+  esperar "queda $clave" no registrado "$clave"
   [ "$antes" = "$(datos_de "$destino")" ] || falla "desinstalar tocó los datos"
   [ "$(find "$destino" -type f | wc -l)" = "$(echo "$antes" | wc -l)" ] || falla "quedaron archivos: $(find "$destino" -type f)"
 }
@@ -153,9 +170,9 @@ dos_copias() {
   cp -R "$construccion/paquete/Altoverde" "$carpeta"
   printf 'menu "Utilidades" "Mantenimiento" dice "%s"\nsalir\n' \
     '70 - Permiso denegado o archivo en uso: otra copia del programa está usando la base de datos' > "$salidas/dos_copias.guion"
-  WINEPATH='' wine "$carpeta/Altoverde.exe" &
+  arrancar "$carpeta" &
   programa=$!
-  while [ ! -e "$carpeta/DBBrivo.ldb" ]; do sleep 0.2; done
+  esperar 'dos copias a la vez: el programa no abre la base' test -e "$carpeta/DBBrivo.ldb"
   scripts/windows/wine.sh "$construccion/bin/robot.exe" "$PWD/$salidas/dos_copias.guion" --en "$PWD/$carpeta" ||
     falla "dos copias a la vez"
   cerrar "$programa" "dos copias a la vez"

@@ -17,7 +17,6 @@
 namespace
 {
 constexpr int esperaEnMilisegundos = 50; // between two calls of the notice
-constexpr int finDeLectura = 0;          // SHUT_RD, SD_RECEIVE
 
 struct ListaDeCurl
 {
@@ -94,6 +93,19 @@ curl_socket_t abrirConexion(void* quien, curlsocktype, curl_sockaddr* direccion)
         puerta->puerto = puerto;
     }
     return socket(direccion->family, direccion->socktype, direccion->protocol);
+}
+
+/// The library would wait for the answer to its QUIT without any limit of ours. Nothing happens to CURL_SOCKET_BAD.
+void noEsperarLaDespedida(curl_socket_t control)
+{
+#ifdef _WIN32
+    // A wait may outlast the reading there. So this QUIT is ours: the library can send none then, and waits for none.
+    constexpr char despedida[] = "QUIT\r\n";
+    send(control, despedida, sizeof despedida - 1, 0);
+    shutdown(control, SD_SEND);
+#else
+    shutdown(control, SHUT_RD);
+#endif
 }
 
 struct Respuesta
@@ -333,23 +345,13 @@ bool TransporteFtp::cerrar()
 {
     const bool habia = std::exchange(m_interno->puerta.conectado, false);
     // The connection lives in the multi handle: it says QUIT when that goes.
-    // Its answer would be waited for without any limit of ours: there is nothing to be read any more.
-    const curl_socket_t control = std::exchange(m_interno->control, CURL_SOCKET_BAD);
-    if (control != CURL_SOCKET_BAD)
-    {
-        shutdown(control, finDeLectura);
-    }
+    noEsperarLaDespedida(std::exchange(m_interno->control, CURL_SOCKET_BAD));
     curl_easy_cleanup(std::exchange(m_interno->facil, nullptr));
     if (m_interno->varios != nullptr)
     {
         curl_multi_cleanup(std::exchange(m_interno->varios, nullptr));
     }
     return habia;
-}
-
-bool TransporteFtp::conectado() const
-{
-    return m_interno->puerta.conectado;
 }
 
 QString TransporteFtp::directorioActual()

@@ -41,7 +41,6 @@ public:
     bool conectar(const Cuenta& cuenta);
     /// Says goodbye and does not wait for the answer. False when there was no connection.
     bool cerrar();
-    [[nodiscard]] bool conectado() const;
     /// After conectar(): false when the library itself could not be started.
     [[nodiscard]] bool iniciada() const;
 
