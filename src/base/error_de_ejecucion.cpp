@@ -16,10 +16,6 @@ QString descripcionDe(ErrorDeEjecucion::Numero numero)
         return QStringLiteral("No coinciden los tipos");
     case ErrorDeEjecucion::LineaDemasiadoLarga:
         return QStringLiteral("El archivo tiene una línea demasiado larga");
-    case ErrorDeEjecucion::NumeroDeArchivo:
-        return QStringLiteral("El número de archivo no está abierto o no es válido");
-    case ErrorDeEjecucion::ModoDeArchivo:
-        return QStringLiteral("El archivo está abierto en otro modo");
     case ErrorDeEjecucion::ErrorDeDispositivo:
         return QStringLiteral("Error de lectura o escritura del disco");
     case ErrorDeEjecucion::ArchivoNoEncontrado:

@@ -5,7 +5,6 @@
 namespace
 {
 QString reemplazo;
-TransporteFtp::Limites limitesFtp = limitesDelPrograma;
 } // namespace
 
 TransporteFtp::Cuenta CuentaFtp()
@@ -14,17 +13,7 @@ TransporteFtp::Cuenta CuentaFtp()
             QStringLiteral("administrador"), QStringLiteral("KT-marcados")};
 }
 
-TransporteFtp::Limites LimitesFtp()
-{
-    return limitesFtp;
-}
-
 void reemplazarServidorFtp(const QString& servidor)
 {
     reemplazo = servidor;
-}
-
-void reemplazarLimitesFtp(const TransporteFtp::Limites& limites)
-{
-    limitesFtp = limites;
 }

@@ -12,8 +12,5 @@ inline constexpr auto directorioFtp = u"/DDJJ/";
 void reemplazarServidorFtp(const QString& servidor);
 
 /// How long the server may keep the program waiting.
-inline constexpr TransporteFtp::Limites limitesDelPrograma{.conexion = std::chrono::seconds(20),
-                                                           .sinAvance = std::chrono::seconds(30)};
-[[nodiscard]] TransporteFtp::Limites LimitesFtp();
-/// Replaces them for tests.
-void reemplazarLimitesFtp(const TransporteFtp::Limites& limites = limitesDelPrograma);
+inline constexpr TransporteFtp::Limites limitesFtp{.conexion = std::chrono::seconds(20),
+                                                   .sinAvance = std::chrono::seconds(30)};

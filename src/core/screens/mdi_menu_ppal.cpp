@@ -29,6 +29,13 @@ QString carpetaDeAyuda()
 {
     return Rutinas::RutaApp + QStringLiteral("ayuda");
 }
+
+/// For the screens that read ModoAbrir. The others must not touch it: an open slip goes on reading it.
+void abrirEn(quint8 modo, const QString& pantalla)
+{
+    Rutinas::ModoAbrir = modo;
+    Navegacion::instancia().mostrar(pantalla);
+}
 } // namespace
 
 MDIMenuPpal::MDIMenuPpal(QWidget* padre)
@@ -36,8 +43,7 @@ MDIMenuPpal::MDIMenuPpal(QWidget* padre)
     , ui(std::make_unique<Ui::MDIMenuPpal>())
 {
     ui->setupUi(this);
-    const QString version = Rutinas::Conexion.consultar("SELECT * FROM Parametros").primera().texto("Version");
-    setWindowTitle(windowTitle() + QStringLiteral(" - Versión: ") + version);
+    setWindowTitle(windowTitle() + QStringLiteral(" - Versión: ") + Rutinas::VersionDe(Rutinas::Conexion));
     MostrarVersion = false;
 
     Navegacion::instancia().fijarVentana(this, ui->area);
@@ -79,17 +85,26 @@ void MDIMenuPpal::conectarMenu()
         entrada->setIcon(Estilo::icono(icono));
         connect(entrada, &QAction::triggered, this, [accion] { protegido(accion); });
     };
-    alElegir(ui->mnuArchivo_0, QStringLiteral("empresa"), [this] { mnuArchivo_Click(0); });
-    alElegir(ui->mnuProceso_0, QStringLiteral("declaracion"), [this] { mnuProceso_Click(0); });
-    alElegir(ui->mnuProceso_2, QStringLiteral("acta"), [this] { mnuProceso_Click(2); });
-    alElegir(ui->mnuTool_0, QStringLiteral("impresora"), [this] { mnuTool_Click(0); });
-    alElegir(ui->mnuTool_1, QStringLiteral("respaldo"), [this] { mnuTool_Click(1); });
-    alElegir(ui->mnuTool_2, QStringLiteral("mantenimiento"), [this] { mnuTool_Click(2); });
-    alElegir(ui->mnuTool_3, QStringLiteral("depurar"), [this] { mnuTool_Click(3); });
+    alElegir(ui->mnuArchivo_0, QStringLiteral("empresa"), [] { abrirEn(0, QStringLiteral("Empresas")); });
+    alElegir(ui->mnuProceso_0, QStringLiteral("declaracion"), [] { abrirEn(0, QStringLiteral("DDJJ")); });
+    alElegir(ui->mnuProceso_2, QStringLiteral("acta"),
+             []
+             {
+                 Rutinas::CuitActual.clear();
+                 abrirEn(2, QStringLiteral("Boletas"));
+             });
+    alElegir(ui->mnuTool_0, QStringLiteral("impresora"), ConfigurarImpresora);
+    alElegir(ui->mnuTool_1, QStringLiteral("respaldo"),
+             [] { Navegacion::instancia().mostrar(QStringLiteral("Backup")); });
+    alElegir(ui->mnuTool_2, QStringLiteral("mantenimiento"), [this] { mantenimiento(); });
+    alElegir(ui->mnuTool_3, QStringLiteral("depurar"),
+             [] { Navegacion::instancia().mostrar(QStringLiteral("Depurar")); });
     // The entries of the bar itself carry no icon: the style would show it in the place of their caption.
     // The bar has no letters of its own: Alt and a letter belongs to the buttons of the screens. F10 opens it.
-    connect(ui->mnuAyuda, &QAction::triggered, this, [this] { protegido([this] { mnuAyuda_Click(); }); });
-    connect(ui->mnuAcerca, &QAction::triggered, this, [this] { protegido([this] { mnuAcerca_Click(); }); });
+    connect(ui->mnuAyuda, &QAction::triggered, this,
+            [] { protegido([] { VisorDeAyuda::abrir(carpetaDeAyuda(), QString()); }); });
+    connect(ui->mnuAcerca, &QAction::triggered, this,
+            [] { protegido([] { Navegacion::instancia().mostrarModal(QStringLiteral("Acercade")); }); });
     connect(ui->mnuSalir, &QAction::triggered, this, [this] { protegido([this] { mnuSalir_Click(); }); });
 }
 
@@ -167,51 +182,6 @@ void MDIMenuPpal::mostrarEstado()
     Estilo::atencion(m_copia, aviso.atencion);
 }
 
-void MDIMenuPpal::mnuArchivo_Click(int indice)
-{
-    if (indice == 0)
-    {
-        Rutinas::ModoAbrir = 0;
-        Navegacion::instancia().mostrar(QStringLiteral("Empresas"));
-    }
-}
-
-void MDIMenuPpal::mnuProceso_Click(int indice)
-{
-    if (indice == 0)
-    {
-        Rutinas::ModoAbrir = 0;
-        Navegacion::instancia().mostrar(QStringLiteral("DDJJ"));
-    }
-    else if (indice == 2)
-    {
-        Rutinas::ModoAbrir = 2;
-        Rutinas::CuitActual.clear();
-        Navegacion::instancia().mostrar(QStringLiteral("Boletas"));
-    }
-}
-
-void MDIMenuPpal::mnuTool_Click(int indice)
-{
-    switch (indice)
-    {
-    case 0:
-        ConfigurarImpresora();
-        break;
-    case 1:
-        Navegacion::instancia().mostrar(QStringLiteral("Backup"));
-        break;
-    case 2:
-        mantenimiento();
-        break;
-    case 3:
-        Navegacion::instancia().mostrar(QStringLiteral("Depurar"));
-        break;
-    default:
-        break;
-    }
-}
-
 void MDIMenuPpal::mantenimiento()
 {
     Rutinas::ConLaBaseCerrada(
@@ -227,16 +197,6 @@ void MDIMenuPpal::mantenimiento()
                 MsgBox(QStringLiteral("LA BASE HA SIDO COMPACTADA Y REPARADA CON EXITO."), Caja::Exclamacion);
             }
         });
-}
-
-void MDIMenuPpal::mnuAyuda_Click()
-{
-    VisorDeAyuda::abrir(carpetaDeAyuda(), QString());
-}
-
-void MDIMenuPpal::mnuAcerca_Click()
-{
-    Navegacion::instancia().mostrarModal(QStringLiteral("Acercade"));
 }
 
 void MDIMenuPpal::mnuSalir_Click()

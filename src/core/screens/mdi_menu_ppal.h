@@ -34,11 +34,6 @@ protected:
     void changeEvent(QEvent* evento) override;
 
 private:
-    void mnuArchivo_Click(int indice);
-    void mnuProceso_Click(int indice);
-    void mnuTool_Click(int indice);
-    void mnuAyuda_Click();
-    void mnuAcerca_Click();
     void mnuSalir_Click();
     void MDIForm_Activate();
     void mantenimiento();

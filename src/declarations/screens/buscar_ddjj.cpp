@@ -1,5 +1,6 @@
 #include "declarations/screens/buscar_ddjj.h"
 
+#include "core/nombre_ddjj.h"
 #include "core/rutinas.h"
 #include "declarations/copia_ddjj.h"
 #include "exchange/informe_ddjj.h"
@@ -33,8 +34,7 @@ BuscarDDJJ::BuscarDDJJ(QWidget* padre)
     Estilo::advertencia(ui->lblRecuerde);
     Estilo::boton(ui->cmdAceptar, QStringLiteral("aceptar"), true);
     Estilo::boton(ui->cmdCancelar, QStringLiteral("cancelar"));
-    conectar(ui->vsDDJJ, &Grilla::clic, &BuscarDDJJ::vsDDJJ_Click);
-    conectar(ui->vsDDJJ, &Grilla::dejarCelda, &BuscarDDJJ::vsDDJJ_LeaveCell);
+    conectar(ui->vsDDJJ, &Grilla::elegida, &BuscarDDJJ::elegirFila);
     conectar(ui->cmdAceptar, &QPushButton::clicked, &BuscarDDJJ::cmdAceptar_Click);
     conectar(ui->cmdCancelar, &QPushButton::clicked, &BuscarDDJJ::cmdCancelar_Click);
 }
@@ -69,7 +69,7 @@ void BuscarDDJJ::mostrarAdvertencia()
 {
     const bool hay = hayNomina(Rutinas::Conexion, destino());
     ui->lblRecuerde->setText(hay ? QStringLiteral("Recuerde que la Declaración Jurada del Periodo: ") +
-                                       ui->txtPeriodo_0->text() + QStringLiteral(" - ") + ui->txtSecuencia_0->text() +
+                                       textoDe(destino()) +
                                        QStringLiteral("  tiene Empleados ingresados.  Los mismos serán eliminados con "
                                                       "la presente operación.")
                                  : QString());
@@ -82,22 +82,6 @@ void BuscarDDJJ::elegirFila(int fila)
     m_fuente = m_fuentes.at(static_cast<std::size_t>(fila) - 1);
     ui->txtPeriodo_1->setText(m_fuente->periodo.toString(u"yyyy/MM"));
     ui->txtSecuencia_1->setText(QString::number(m_fuente->secuencia));
-}
-
-void BuscarDDJJ::vsDDJJ_Click(int, int fila)
-{
-    if (fila != 0)
-    {
-        elegirFila(fila);
-    }
-}
-
-void BuscarDDJJ::vsDDJJ_LeaveCell(int, int fila, int, int nuevaFila)
-{
-    if (fila != 0 && nuevaFila != -1)
-    {
-        elegirFila(nuevaFila);
-    }
 }
 
 void BuscarDDJJ::cmdAceptar_Click()

@@ -28,8 +28,6 @@ private:
     void llenarLista();
     void mostrarAdvertencia();
     void elegirFila(int fila);
-    void vsDDJJ_Click(int columna, int fila);
-    void vsDDJJ_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
     void cmdAceptar_Click();
     void cmdCancelar_Click();
 

@@ -1,6 +1,7 @@
 #include "declarations/screens/ddjj.h"
 
 #include "base/numbers/formato.h"
+#include "core/nombre_ddjj.h"
 #include "core/rutinas.h"
 #include "core/screens/eleccion_empresa.h"
 #include "core/vigencia.h"
@@ -85,8 +86,7 @@ void DDJJ::vestir()
 
 void DDJJ::conectarMandos()
 {
-    conectar(ui->vsDDJJ, &Grilla::clic, &DDJJ::vsDDJJ_Click);
-    conectar(ui->vsDDJJ, &Grilla::dejarCelda, &DDJJ::vsDDJJ_LeaveCell);
+    conectar(ui->vsDDJJ, &Grilla::elegida, &DDJJ::seleccionar);
     conectar(ui->vsDDJJ, &Grilla::dobleClic,
              [this](int /*columna*/, int fila)
              {
@@ -303,22 +303,6 @@ void DDJJ::CargarDeclaraciones()
     Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 
-void DDJJ::vsDDJJ_Click(int /*columna*/, int fila)
-{
-    if (fila != 0)
-    {
-        seleccionar(fila);
-    }
-}
-
-void DDJJ::vsDDJJ_LeaveCell(int /*columna*/, int fila, int /*nuevaColumna*/, int nuevaFila)
-{
-    if (fila != 0 && nuevaFila != -1)
-    {
-        seleccionar(nuevaFila);
-    }
-}
-
 void DDJJ::seleccionar(int fila)
 {
     ui->vsDDJJ->pintarTodo(Grilla::blanco);
@@ -341,8 +325,7 @@ void DDJJ::mostrarSecuencia(int secuencia)
 void DDJJ::MostrarDDJJ()
 {
     LimpiarDatos(false);
-    ui->fraPeriodo->setTitle(QStringLiteral("Periodo: %1 - %2")
-                                 .arg(clave().periodo.toString(u"yyyy/MM"), QString::number(clave().secuencia)));
+    ui->fraPeriodo->setTitle(QStringLiteral("Periodo: ") + textoDe(clave()));
     const TotalesDDJJ totales = calcularTotales(Rutinas::Conexion, clave());
     ui->txtFecha->setText(totales.fecha.toString(u"dd/MM/yy"));
     if (!totales.sumas)

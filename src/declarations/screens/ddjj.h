@@ -50,8 +50,6 @@ private:
     void mostrarSumas(const SumasDDJJ& sumas);
     void mostrarSecuencia(int secuencia);
     void seleccionar(int fila);
-    void vsDDJJ_Click(int columna, int fila);
-    void vsDDJJ_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
     void txtAnio_LostFocus();
 
     // Life of a declaration: ddjj_ciclo.cpp

@@ -114,7 +114,7 @@ void EnvioDeDDJJ::EnviarDDJJPorFtp(bool Avisar)
 bool EnvioDeDDJJ::subir()
 {
     TrabajoLargo trabajo(QStringLiteral("Enviando la Declaración Jurada"));
-    FTP_Class ftp{LimitesFtp()};
+    FTP_Class ftp{limitesFtp};
     ftp.setAviso(trabajo.aviso());
     ftp.TipoTransferencia = transferenciaAscii;
     if (!ConectarServidorFtp(ftp))
@@ -148,9 +148,9 @@ void EnvioDeDDJJ::EnviarDDJJPorCorreo()
     }
     try
     {
-        const Recordset parametros = Rutinas::Conexion.consultar("SELECT * FROM Parametros");
-        Correo({parametros.primera().texto("EMail"), ArchivoDDJJ + QStringLiteral(" - Envio DD.JJ."), QString(),
-                rutaArchivoDDJJ(ArchivoDDJJ)});
+        const QString buzon =
+            Rutinas::Conexion.primera("SELECT * FROM Parametros", [](const Fila& fila) { return fila.texto("EMail"); });
+        Correo({buzon, ArchivoDDJJ + QStringLiteral(" - Envio DD.JJ."), QString(), rutaArchivoDDJJ(ArchivoDDJJ)});
         MsgBox(QStringLiteral("El Correo correspondiente ha sido enviado correctamente."));
     }
     catch (const ErrorDeEjecucion& error)

@@ -1,6 +1,7 @@
 #include "declarations/screens/mes_de_empresas_pantalla.h"
 
 #include "base/reloj.h"
+#include "core/nombre_ddjj.h"
 #include "core/rutinas.h"
 #include "core/screens/eleccion_empresa.h"
 #include "core/vigencia.h"
@@ -25,13 +26,9 @@ constexpr int ultimoAnio = 9999;      // what the field holds
 FilaDeGrilla celdas(const MesDeEmpresa& empresa)
 {
     const bool declarada = empresa.secuencia.has_value();
-    const QString ultima =
-        empresa.ultima
-            ? QStringLiteral("%1 - %2").arg(empresa.ultima->periodo.toString(u"yyyy/MM")).arg(empresa.ultima->secuencia)
-            : QStringLiteral("Ninguna");
     return {empresa.cuit,
             empresa.razon,
-            ultima,
+            empresa.ultima ? textoDe(*empresa.ultima) : QStringLiteral("Ninguna"),
             declarada ? QStringLiteral("Sí") : QStringLiteral("No"),
             declarada ? QVariant(qlonglong{empresa.personas}) : QVariant(),
             declarada ? QVariant::fromValue(empresa.aDepositar) : QVariant(),

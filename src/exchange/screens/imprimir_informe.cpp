@@ -13,17 +13,17 @@ void ImprimirInforme(const ClaveDDJJ& clave, const QString& mes, const QString& 
         MsgBox(QStringLiteral("Debe ingresar primero la Nómina de Empleados."), Caja::Exclamacion);
         return;
     }
-    const Recordset empresa =
-        Rutinas::Conexion.consultar("SELECT Empresas.*, Rubros.Nombre FROM Empresas INNER JOIN Rubros "
-                                    "ON Empresas.Rubro = Rubros.Codigo WHERE Empresas.CUIT = ?",
-                                    clave.cuit);
+    // Prepared before an index is taken, so that a base without these tables takes none.
+    Sentencia empresa = Rutinas::Conexion.preparar("SELECT Empresas.*, Rubros.Nombre FROM Empresas INNER JOIN Rubros "
+                                                   "ON Empresas.Rubro = Rubros.Codigo WHERE Empresas.CUIT = ?");
     Informe informe;
     informe.ArchivoInforme = Rutinas::RutaApp + archivoDeInforme(cual);
     informe.NombreDeArchivo =
         nombreDeDeclaracion(clave) +
         (cual == InformeDDJJ::Declaracion ? QStringLiteral(" nomina") : QStringLiteral(" datos incompletos"));
     const qint64 indice = Rutinas::ObtenerIndice();
-    informe.Formulas = valoresDeInforme(empresa.primera(), clave, indice, mes, anio, cual);
+    informe.Formulas = empresa.primera(
+        [&](const Fila& fila) { return valoresDeInforme(fila, clave, indice, mes, anio, cual); }, clave.cuit);
     // The rows are staged for this one reading, and only it sees them: nothing is left by whoever is killed meanwhile.
     Conexion datos;
     datos.abrir(Rutinas::rutaBase(), Conexion::Modo::SoloLectura);

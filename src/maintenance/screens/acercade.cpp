@@ -26,6 +26,5 @@ Acercade::~Acercade() = default;
 
 void Acercade::cargar()
 {
-    const QString version = Rutinas::Conexion.consultar("SELECT * FROM Parametros").primera().texto("Version");
-    ui->lblVersion->setText(QStringLiteral("Versión: ") + version);
+    ui->lblVersion->setText(QStringLiteral("Versión: ") + Rutinas::VersionDe(Rutinas::Conexion));
 }

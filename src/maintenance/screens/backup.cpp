@@ -24,7 +24,7 @@ QString avisoDeVersion()
     QString version;
     try
     {
-        version = Rutinas::Conexion.consultar("SELECT Version FROM Parametros").primera().texto("Version");
+        version = Rutinas::VersionDe(Rutinas::Conexion);
     }
     catch (const ErrorDeEjecucion&)
     {

@@ -25,8 +25,7 @@ Depurar::Depurar(QWidget* padre)
     ui->lblAlcance->ensurePolished();
     ui->lblAlcance->setMinimumHeight(renglones * ui->lblAlcance->fontMetrics().lineSpacing());
     m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa, {{}, [this] { CargarPeriodos(); }}, this);
-    conectar(ui->vsDDJJ, &Grilla::clic, &Depurar::vsDDJJ_Click);
-    conectar(ui->vsDDJJ, &Grilla::dejarCelda, &Depurar::vsDDJJ_LeaveCell);
+    conectar(ui->vsDDJJ, &Grilla::elegida, &Depurar::elegirFila);
     conectar(ui->txtAnio, &QLineEdit::textEdited, [this] { mostrarAlcance(); });
     conectar(ui->cmdEliminar, &QPushButton::clicked, &Depurar::cmdEliminar_Click);
 }
@@ -54,22 +53,6 @@ void Depurar::CargarPeriodos()
     ui->vsDDJJ->cargar(m_periodos, [](QDate periodo) { return FilaDeGrilla{periodo.toString(u"yyyy/MM")}; });
     mostrarAlcance();
     Q_EMIT Navegacion::instancia().cambioDePantalla();
-}
-
-void Depurar::vsDDJJ_Click(int, int fila)
-{
-    if (fila != 0)
-    {
-        elegirFila(fila);
-    }
-}
-
-void Depurar::vsDDJJ_LeaveCell(int, int fila, int, int nuevaFila)
-{
-    if (fila != 0 && nuevaFila != -1)
-    {
-        elegirFila(nuevaFila);
-    }
 }
 
 /// The list runs from new to old: what is yellow, from the row to the last one, is what goes.

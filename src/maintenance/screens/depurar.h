@@ -25,8 +25,6 @@ public:
 
 private:
     void CargarPeriodos();
-    void vsDDJJ_Click(int columna, int fila);
-    void vsDDJJ_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
     void elegirFila(int fila);
     void cmdEliminar_Click();
     void limpiarEleccion();

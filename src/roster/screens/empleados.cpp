@@ -131,8 +131,8 @@ void Empleados::vestir()
     Estilo::boton(ui->cmdEmpleado_5, QStringLiteral("buscar_empleado"));
     Estilo::boton(ui->cmdEmpleado_9, QStringLiteral("salir"));
     Estilo::boton(ui->cmdSucursal, QStringLiteral("sucursal"));
-    for (QWidget* campo : {ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia, txtAyN[1], txtAyN[2],
-                           ui->txtSucursal, txtImporte[3], txtImporte[4], txtImporte[5]})
+    for (QLineEdit* campo : {ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia, txtAyN[1], txtAyN[2],
+                             ui->txtSucursal, txtImporte[3], txtImporte[4], txtImporte[5]})
     {
         Estilo::soloMuestra(campo);
     }

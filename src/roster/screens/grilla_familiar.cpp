@@ -1,17 +1,13 @@
 #include "roster/screens/grilla_familiar.h"
 
+#include "ui/shell/campos.h"
+
 #include <QKeyEvent>
 
 namespace
 {
 constexpr int largoDelNombre = 40;
 constexpr qint64 documentoMaximo = 99999999;
-
-bool esEnter(const QKeyEvent& evento)
-{
-    return (evento.key() == Qt::Key_Return || evento.key() == Qt::Key_Enter) &&
-           (evento.modifiers() & ~Qt::KeypadModifier) == 0;
-}
 } // namespace
 
 GrillaFamiliar::GrillaFamiliar(QWidget* padre)
@@ -58,7 +54,7 @@ bool GrillaFamiliar::focusNextPrevChild(bool siguiente)
 
 void GrillaFamiliar::keyPressEvent(QKeyEvent* evento)
 {
-    if (esEnter(*evento) && filaActual() == filas() && enBlanco(filas()))
+    if (campos::esEnter(*evento) && filaActual() == filas() && enBlanco(filas()))
     {
         focusNextPrevChild(true);
         return;

@@ -45,8 +45,7 @@ void Boletas::armarEventos()
     conectar(ui->cmdBuscar, &QPushButton::clicked, &Boletas::cmdBuscar_Click);
     conectar(ui->cmdEliminar, &QPushButton::clicked, &Boletas::cmdEliminar_Click);
     conectar(ui->cmdBoletas, &QPushButton::clicked, &Boletas::cmdBoletas_Click);
-    conectar(ui->vsActas, &Grilla::clic, &Boletas::vsActas_Click);
-    conectar(ui->vsActas, &Grilla::dejarCelda, &Boletas::vsActas_LeaveCell);
+    conectar(ui->vsActas, &Grilla::elegida, &Boletas::cargarFila);
     alDejar(ui->MaskFecha, &Boletas::MaskFecha_Validate);
     for (int indice = 0; indice < 3; ++indice)
     {
@@ -73,6 +72,7 @@ int Boletas::tipo() const
 
 void Boletas::cargar()
 {
+    CamposDeBoleta::ajustarAnchos(*ui);
     // One place and size for the three, also while none of them shows.
     QSize lugar;
     for (QGroupBox* marco : {ui->fraPeriodo_0, ui->fraPeriodo_1, ui->fraPeriodo_2})
@@ -187,15 +187,16 @@ bool Boletas::prepararActa()
 bool Boletas::elegirEmpresaDeActa()
 {
     // Two rows are enough to know.
-    const Recordset empresas = Rutinas::Conexion.consultar("SELECT Cuit FROM Empresas LIMIT 2");
-    if (empresas.vacio())
+    const auto cuits = Rutinas::Conexion.lista("SELECT Cuit FROM Empresas LIMIT 2",
+                                               [](const Fila& fila) { return fila.texto("Cuit"); });
+    if (cuits.empty())
     {
         MsgBox(QStringLiteral("DEBE INGRESAR PRIMERO LOS DATOS DE LA EMPRESA CORRESPONDIENTE."), Caja::Exclamacion);
         return false;
     }
-    if (empresas.cantidad() == 1)
+    if (cuits.size() == 1)
     {
-        CuitActual = empresas.primera().texto("Cuit");
+        CuitActual = cuits.front();
         return true;
     }
     Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpresa"));
@@ -216,12 +217,11 @@ void Boletas::CargarEmpresa(const QString& cuit)
         exigirEmpresa(Rutinas::Conexion, cuit);
     }
     ui->txtCuit->setText(cuit);
-    const Recordset filas = Rutinas::Conexion.consultar("SELECT * FROM Empresas WHERE CUIT = ?", cuit);
-    const Fila empresa = filas.primera();
-    ui->txtRazon->setText(empresa.texto("Razon"));
-    ui->txtDomicilio->setText(domicilioDeBoleta(
-        empresa.texto("Calle"), empresa.enteroONulo("Numero").value_or(0), empresa.texto("NroLocal"),
-        empresa.texto("Piso"), empresa.texto("Depto"), empresa.texto("CodPos"), empresa.texto("Localidad")));
+    const auto [razon, domicilio] = Rutinas::Conexion.primera(
+        "SELECT * FROM Empresas WHERE CUIT = ?",
+        [](const Fila& fila) { return std::pair(fila.texto("Razon"), domicilioDeBoleta(fila)); }, cuit);
+    ui->txtRazon->setText(razon);
+    ui->txtDomicilio->setText(domicilio);
     for (QLineEdit* campo : {ui->txtRazon, ui->txtDomicilio})
     {
         campo->setCursorPosition(0);
@@ -430,20 +430,4 @@ void Boletas::cargarFila(int fila)
     CamposDeBoleta::mostrar(ui->txtImporte, CamposDeBoleta::paraEditar(pago.importe - pago.interes));
     (void)txtInteres_Validate(2);
     (void)txtImporte_Validate();
-}
-
-void Boletas::vsActas_Click(int, int fila)
-{
-    if (fila != 0)
-    {
-        cargarFila(fila);
-    }
-}
-
-void Boletas::vsActas_LeaveCell(int, int, int nuevaColumna, int nuevaFila)
-{
-    if (nuevaColumna != -1 || nuevaFila != -1)
-    {
-        vsActas_Click(nuevaColumna, nuevaFila);
-    }
 }

@@ -62,8 +62,6 @@ private:
     bool txtImporte_Validate();
     void campoImporte_GotFocus(QLineEdit* campo);
     void txtDias_GotFocus(QLineEdit* campo);
-    void vsActas_Click(int columna, int fila);
-    void vsActas_LeaveCell(int columna, int fila, int nuevaColumna, int nuevaFila);
 
     [[nodiscard]] bool revisarFecha();
     [[nodiscard]] bool revisarInteres();

@@ -1,5 +1,6 @@
 #include "ui/fields/campo_mascara.h"
 
+#include "base/digitos.h"
 #include "ui/fields/filtro_de_entrada.h"
 
 #include <QFocusEvent>
@@ -8,9 +9,6 @@
 #include <QPainter>
 #include <QStyleOptionFrame>
 #include <algorithm>
-
-const QString CampoMascara::cuitVacio = QStringLiteral("__-________-_");
-const QString CampoMascara::fechaVacia = QStringLiteral("__/__/____");
 
 namespace
 {

@@ -33,9 +33,6 @@ public:
     /// Shows "dd-mm-yyyy" while the field does not hold the focus.
     void setFechaConGuiones(bool con);
 
-    static const QString cuitVacio;  ///< "__-________-_"
-    static const QString fechaVacia; ///< "__/__/____"
-
 protected:
     void focusInEvent(QFocusEvent* evento) override;
     void focusOutEvent(QFocusEvent* evento) override;

@@ -30,9 +30,3 @@ private:
     std::function<QChar(QChar)> m_alTeclear;
     std::function<void(QLineEdit*, const QString&)> m_alPegar;
 };
-
-/// "0" to "9" and nothing that other scripts call a digit.
-[[nodiscard]] inline bool esDigito(QChar caracter)
-{
-    return caracter >= QLatin1Char('0') && caracter <= QLatin1Char('9');
-}

@@ -1,5 +1,6 @@
 #include "ui/grid/grilla.h"
 
+#include "ui/fields/anchos.h"
 #include "ui/grid/grilla_delegado.h"
 #include "ui/grid/grilla_modelo.h"
 
@@ -33,12 +34,14 @@ Grilla::Grilla(QWidget* padre)
     horizontalHeader()->setSectionsClickable(true);
     medir();
     agregarAccion(QStringLiteral("Copiar"), QKeySequence::Copy, &Grilla::copiar);
-    agregarAccion(QStringLiteral("Exportar a planilla (CSV)..."), QKeySequence::UnknownKey, &Grilla::exportar);
+    agregarAccion(QStringLiteral("Exportar a planilla..."), QKeySequence::UnknownKey, &Grilla::exportar);
 
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int seccion) { Q_EMIT clic(m_modelo->propia(seccion) + 1, 0); });
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
             [this](int seccion) { Q_EMIT dobleClic(m_modelo->propia(seccion) + 1, 0); });
+    connect(this, &Grilla::clic, this, [this](int, int fila) { elegir(fila); });
+    connect(this, &Grilla::dejarCelda, this, [this](int, int, int, int nuevaFila) { elegir(nuevaFila); });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* nuevo) { alCambiarFoco(nuevo); });
 }
 
@@ -281,7 +284,7 @@ void Grilla::medir()
     const QFontMetrics letra = fontMetrics();
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setDefaultSectionSize(letra.height() + 9);
-    const double escala = std::clamp(fontInfo().pixelSize() / 12.0, 0.75, 6.0); // 9 points at 96 dpi are 12 pixels
+    const double escala = std::clamp(fontInfo().pixelSize() / double(letraDeFormularios), 0.75, 6.0);
     QHeaderView* cabeza = horizontalHeader();
     for (int i = 0; i < m_modelo->columnCount(); ++i)
     {

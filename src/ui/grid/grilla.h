@@ -144,6 +144,9 @@ Q_SIGNALS:
     /// The current cell moves, by mouse or keyboard; with none before, the first cell is the one left. nuevaFila is -1
     /// when the grid is left for another control of its window.
     void dejarCelda(int columna, int fila, int nuevaColumna, int nuevaFila);
+    /// A row, from 1 on, is clicked, or the current cell moves to or within it; before whoever else listens to clic or
+    /// dejarCelda. A click that moves the cell tells it twice: at the press and at the release.
+    void elegida(int fila);
     /// The user changed a cell.
     void celdaEditada(int columna, int fila);
     /// Enter on a row of a grid that is not edited. When nobody listens, Enter goes to the next control.
@@ -177,6 +180,7 @@ private:
         int nuevaFila = 0;
     };
 
+    void elegir(int fila);
     [[nodiscard]] int columnaDe(const QModelIndex& celda) const; ///< 0 for none
     [[nodiscard]] int primeraVisible() const;
     [[nodiscard]] int primeraEditable() const; ///< the first one shown where there is none

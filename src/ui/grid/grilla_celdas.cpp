@@ -1,5 +1,6 @@
 #include "ui/grid/grilla_celdas.h"
 
+#include "base/digitos.h"
 #include "base/error_de_ejecucion.h"
 #include "base/numbers/formato.h"
 
@@ -18,24 +19,12 @@ std::optional<Moneda> leerImporte(const QString& texto)
     }
 }
 
-bool soloCifras(QStringView texto)
-{
-    for (const QChar c : texto)
-    {
-        if (c < u'0' || c > u'9')
-        {
-            return false;
-        }
-    }
-    return !texto.isEmpty();
-}
-
 /// Day, month and year between slashes; "_" is a place of the mask where nothing was typed.
 std::optional<QDate> leerFechaDeCelda(QString texto)
 {
     texto.remove(u'_').remove(u' ');
     const QStringList partes = texto.split(u'/');
-    if (partes.size() != 3 || !soloCifras(partes[0]) || !soloCifras(partes[1]) || !soloCifras(partes[2]) ||
+    if (partes.size() != 3 || !sonDigitos(partes[0]) || !sonDigitos(partes[1]) || !sonDigitos(partes[2]) ||
         partes[0].size() > 2 || partes[1].size() > 2)
     {
         return std::nullopt;
@@ -57,7 +46,7 @@ LecturaDeCelda leerEntero(const ColumnaDeGrilla& columna, const QString& texto)
 {
     bool bien = false;
     const qlonglong numero = texto.toLongLong(&bien);
-    if (!soloCifras(texto) || (!bien && columna.maximo == 0))
+    if (!sonDigitos(texto) || (!bien && columna.maximo == 0))
     {
         return {{}, QStringLiteral("El valor ingresado no es un número entero.")};
     }

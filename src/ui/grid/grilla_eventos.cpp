@@ -172,6 +172,14 @@ void Grilla::mouseReleaseEvent(QMouseEvent* evento)
     }
 }
 
+void Grilla::elegir(int fila)
+{
+    if (fila > 0)
+    {
+        Q_EMIT elegida(fila);
+    }
+}
+
 void Grilla::mouseDoubleClickEvent(QMouseEvent* evento)
 {
     m_presionada = QPersistentModelIndex();

@@ -1,5 +1,6 @@
 #include "ui/grid/pegado.h"
 
+#include "base/digitos.h"
 #include "base/files/planilla.h"
 #include "ui/fields/busqueda_por_letras.h"
 #include "ui/grid/importe_pegado.h"
@@ -12,12 +13,6 @@ constexpr qsizetype textoMaximo = 4'000'000; // characters; 20,000 rows of the w
 constexpr qsizetype rechazosDichos = 10;
 constexpr qsizetype titulosALaVista = 60;
 
-bool hayCifrasSolas(const QString& texto)
-{
-    return !texto.isEmpty() &&
-           std::all_of(texto.cbegin(), texto.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
-
 /// Digits alone of a C.U.I.L. with or without its hyphens; empty when it is none.
 QString claveDe(const QString& texto)
 {
@@ -26,7 +21,7 @@ QString claveDe(const QString& texto)
     {
         cifras.remove(11, 1).remove(2, 1);
     }
-    return cifras.size() == 11 && hayCifrasSolas(cifras) ? cifras : QString();
+    return cifras.size() == 11 && sonDigitos(cifras) ? cifras : QString();
 }
 
 bool sinNada(const QStringList& fila)

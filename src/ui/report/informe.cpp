@@ -6,11 +6,6 @@
 #include "ui/shell/navegacion.h"
 #include "ui/shell/trabajo_largo.h"
 
-void Informe::reset()
-{
-    *this = Informe();
-}
-
 int Informe::PrintReport()
 {
     return imprimir(nullptr);

@@ -11,8 +11,6 @@ class Conexion;
 class Informe
 {
 public:
-    /// Forgets file names and values.
-    void reset();
     QString ArchivoInforme; ///< path of the layout
     QString ArchivoDatos;   ///< path of the database file, read over a read-only connection
     ValoresDeInforme Formulas;

@@ -307,23 +307,8 @@ DatosDeInforme DatosDeInforme::leer(const PlantillaDeInforme& plantilla, Conexio
     const std::optional<qint64> indice = indiceDe(datos.valores);
     for (const ConsultaDeInforme& consulta : plantilla.consultas)
     {
-        const Latido latido(conexion,
-                            [&]
-                            {
-                                if (aviso)
-                                {
-                                    aviso(0, 0);
-                                }
-                            });
-        try
-        {
-            datos.conjuntos.emplace(consulta.nombre, ejecutar(conexion, consulta, indice));
-        }
-        catch (const ErrorDeEjecucion&)
-        {
-            latido.relanzar();
-            throw;
-        }
+        conLatido(conexion, aviso,
+                  [&] { datos.conjuntos.emplace(consulta.nombre, ejecutar(conexion, consulta, indice)); });
     }
     return datos;
 }
