@@ -1,6 +1,7 @@
 #include "companies/busqueda_empresa.h"
 
 #include "base/db/conexion.h"
+#include "core/cuit.h"
 
 #include <string>
 
@@ -8,7 +9,7 @@ std::vector<EmpresaHallada> buscarEmpresas(Conexion& conexion, const QString& cu
 {
     std::string sql = "SELECT Cuit, Razon FROM Empresas WHERE Cuit IS NOT NULL";
     std::vector<Valor> valores;
-    if (cuit != QStringLiteral("__-________-_"))
+    if (cuit != cuitVacio)
     {
         sql += " AND Cuit = ?";
         valores.emplace_back(cuit);

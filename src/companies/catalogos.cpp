@@ -28,12 +28,10 @@ const Sentencias& de(Catalogo catalogo)
 
 std::vector<EntradaDeCatalogo> leerCatalogo(Conexion& conexion, Catalogo catalogo)
 {
-    std::vector<EntradaDeCatalogo> entradas;
-    conexion.recorrer(de(catalogo).leer,
-                      [&](const Fila& fila) {
-                          entradas.push_back({fila.entero("Codigo"), fila.texto("Nombre")});
-                      });
-    return entradas;
+    return conexion.lista(de(catalogo).leer,
+                          [](const Fila& fila) {
+                              return EntradaDeCatalogo{fila.entero("Codigo"), fila.texto("Nombre")};
+                          });
 }
 
 QStringList nombresDe(const std::vector<EntradaDeCatalogo>& entradas)
@@ -49,12 +47,12 @@ QStringList nombresDe(const std::vector<EntradaDeCatalogo>& entradas)
 
 std::optional<qint64> codigoDe(Conexion& conexion, Catalogo catalogo, const QString& nombre)
 {
-    const Recordset filas = conexion.consultar(de(catalogo).codigo, nombre);
-    return filas.vacio() ? std::nullopt : std::optional(filas.primera().entero("Codigo"));
+    return conexion.una(
+        de(catalogo).codigo, [](const Fila& fila) { return fila.entero("Codigo"); }, nombre);
 }
 
 std::optional<QString> nombreDeRubro(Conexion& conexion, const QString& codigo)
 {
-    const Recordset filas = conexion.consultar("SELECT Nombre FROM Rubros WHERE Codigo = ?", codigo);
-    return filas.vacio() ? std::nullopt : std::optional(filas.primera().texto("Nombre"));
+    return conexion.una(
+        "SELECT Nombre FROM Rubros WHERE Codigo = ?", [](const Fila& fila) { return fila.texto("Nombre"); }, codigo);
 }

@@ -53,40 +53,37 @@ ValoresDeColumnas valoresDe(const Empresa& e)
 
 std::optional<Empresa> cargarEmpresa(Conexion& conexion, const QString& cuit)
 {
-    const Recordset filas = conexion.consultar("SELECT Empresas.*, Provincias.Nombre "
-                                               "FROM Empresas LEFT JOIN Provincias "
-                                               "ON Empresas.Provincia = Provincias.Codigo "
-                                               "WHERE Empresas.Cuit = ?",
-                                               cuit);
-    if (filas.vacio())
-    {
-        return std::nullopt;
-    }
-    const Fila fila = filas.primera();
-    return Empresa{.cuit = fila.texto("Cuit"),
-                   .razon = fila.texto("Razon"),
-                   .fantasia = fila.texto("Fantasia"),
-                   .calle = fila.texto("Calle"),
-                   .numero = fila.texto("Numero"),
-                   .nroLocal = fila.texto("NroLocal"),
-                   .piso = fila.texto("Piso"),
-                   .depto = fila.texto("Depto"),
-                   .codPos = fila.texto("CodPos"),
-                   .localidad = fila.texto("Localidad"),
-                   .provincia = fila.enteroONulo("Provincia").value_or(0),
-                   .nombreProvincia = fila.texto("Nombre"),
-                   .telefono = fila.texto("Telefono"),
-                   .fax = fila.texto("Fax"),
-                   .rubro = fila.texto("Rubro"),
-                   .contacto = fila.texto("Contacto"),
-                   .web = fila.texto("Web"),
-                   .email = fila.texto("Email"),
-                   .estudio = fila.texto("Estudio"),
-                   .estDomicilio = fila.texto("Est_Domicilio"),
-                   .estCodPos = fila.texto("Est_CodPos"),
-                   .estLocalidad = fila.texto("Est_Localidad"),
-                   .estTelefono = fila.texto("Est_Telefono"),
-                   .estEmail = fila.texto("Est_EMail")};
+    return conexion.una(
+        "SELECT Empresas.*, Provincias.Nombre FROM Empresas LEFT JOIN Provincias "
+        "ON Empresas.Provincia = Provincias.Codigo WHERE Empresas.Cuit = ?",
+        [](const Fila& fila)
+        {
+            return Empresa{.cuit = fila.texto("Cuit"),
+                           .razon = fila.texto("Razon"),
+                           .fantasia = fila.texto("Fantasia"),
+                           .calle = fila.texto("Calle"),
+                           .numero = fila.texto("Numero"),
+                           .nroLocal = fila.texto("NroLocal"),
+                           .piso = fila.texto("Piso"),
+                           .depto = fila.texto("Depto"),
+                           .codPos = fila.texto("CodPos"),
+                           .localidad = fila.texto("Localidad"),
+                           .provincia = fila.enteroONulo("Provincia").value_or(0),
+                           .nombreProvincia = fila.texto("Nombre"),
+                           .telefono = fila.texto("Telefono"),
+                           .fax = fila.texto("Fax"),
+                           .rubro = fila.texto("Rubro"),
+                           .contacto = fila.texto("Contacto"),
+                           .web = fila.texto("Web"),
+                           .email = fila.texto("Email"),
+                           .estudio = fila.texto("Estudio"),
+                           .estDomicilio = fila.texto("Est_Domicilio"),
+                           .estCodPos = fila.texto("Est_CodPos"),
+                           .estLocalidad = fila.texto("Est_Localidad"),
+                           .estTelefono = fila.texto("Est_Telefono"),
+                           .estEmail = fila.texto("Est_EMail")};
+        },
+        cuit);
 }
 
 void insertarEmpresa(Conexion& conexion, const Empresa& empresa)

@@ -1,6 +1,7 @@
 #include "companies/guardar_empresa.h"
 
 #include "base/db/conexion.h"
+#include "core/cuit.h"
 #include "core/vigencia.h"
 
 namespace
@@ -92,7 +93,7 @@ std::optional<EmpresaLeida> leerEmpresa(Conexion& conexion, const QString& cuit)
 
 std::optional<FaltaEnEmpresa> revisarEmpresa(Empresa& empresa, bool hayProvincia)
 {
-    if (empresa.cuit.isEmpty() || empresa.cuit == QStringLiteral("__-________-_"))
+    if (empresa.cuit.isEmpty() || empresa.cuit == cuitVacio)
     {
         return FaltaEnEmpresa{CampoEmpresa::Cuit, QStringLiteral("Debe ingresar el Nro. de C.U.I.T. de la Empresa.")};
     }

@@ -42,20 +42,18 @@ void insertarResponsable(Conexion& conexion, const QString& cuit, const FilaResp
 
 std::vector<FilaResponsable> cargarResponsables(Conexion& conexion, const QString& cuit)
 {
-    std::vector<FilaResponsable> filas;
-    conexion.recorrer(
+    return conexion.lista(
         "SELECT Empresas_Responsables.AyN, Documentos.Nombre AS Nombre_DOC, Empresas_Responsables.NroDoc, "
         "Empresas_Responsables.Domicilio, Empresas_Responsables.Localidad "
         "FROM Empresas_Responsables INNER JOIN Documentos ON Empresas_Responsables.TipoDoc = Documentos.Codigo "
         "WHERE Empresas_Responsables.CUIT = ? "
         "ORDER BY Empresas_Responsables.AyN",
-        [&](const Fila& fila)
+        [](const Fila& fila)
         {
-            filas.push_back({fila.texto("AyN"), fila.texto("Nombre_DOC"), fila.enteroONulo("NroDoc"),
-                             fila.texto("Domicilio"), fila.texto("Localidad")});
+            return FilaResponsable{fila.texto("AyN"), fila.texto("Nombre_DOC"), fila.enteroONulo("NroDoc"),
+                                   fila.texto("Domicilio"), fila.texto("Localidad")};
         },
         cuit);
-    return filas;
 }
 
 std::optional<QString> guardarResponsables(Conexion& conexion, const QString& cuit,

@@ -44,39 +44,40 @@ void escribir(Conexion& conexion, const QString& cuit, FilaSucursal& fila)
 /// Deletes the branches still marked, unless one of them has employees: then the text of the refusal.
 std::optional<QString> barrerMarcadas(Conexion& conexion, const QString& cuit)
 {
-    const Recordset marcadas =
-        conexion.consultar("SELECT * FROM Empresas_Sucursales WHERE CUIT = ? AND Marca = 1 ORDER BY ID", cuit);
-    for (const Fila& fila : marcadas)
-    {
-        if (conexion.hay("SELECT * FROM DDJJ_Empleados WHERE Cuit = ? AND Sucursal = ?", cuit, fila.entero("ID")))
+    std::optional<QString> rechazo;
+    const bool hay = conexion.recorrer(
+        "SELECT * FROM Empresas_Sucursales WHERE CUIT = ? AND Marca = 1 ORDER BY ID",
+        [&](const Fila& fila)
         {
-            return QStringLiteral("Error - No se puede Eliminar la Sucursal ") + fila.texto("Sucursal") +
-                   QStringLiteral(" - ") + fila.texto("Domicilio") + QLatin1Char(' ') + fila.texto("Numero") +
-                   QStringLiteral(" - ") + fila.texto("Localidad") +
-                   QStringLiteral(".  Tiene Empleados asignados a dicha Sucursal.");
-        }
-    }
-    if (!marcadas.vacio())
+            if (conexion.hay("SELECT * FROM DDJJ_Empleados WHERE Cuit = ? AND Sucursal = ?", cuit, fila.entero("ID")))
+            {
+                rechazo = QStringLiteral("Error - No se puede Eliminar la Sucursal ") + fila.texto("Sucursal") +
+                          QStringLiteral(" - ") + fila.texto("Domicilio") + QLatin1Char(' ') + fila.texto("Numero") +
+                          QStringLiteral(" - ") + fila.texto("Localidad") +
+                          QStringLiteral(".  Tiene Empleados asignados a dicha Sucursal.");
+            }
+            return !rechazo;
+        },
+        cuit);
+    if (hay && !rechazo)
     {
         conexion.ejecutar("DELETE FROM Empresas_Sucursales WHERE CUIT = ? AND Marca = 1", cuit);
     }
-    return std::nullopt;
+    return rechazo;
 }
 } // namespace
 
 std::vector<FilaSucursal> cargarSucursales(Conexion& conexion, const QString& cuit)
 {
-    std::vector<FilaSucursal> filas;
-    conexion.recorrer(
+    return conexion.lista(
         "SELECT * FROM Empresas_Sucursales WHERE CUIT = ? ORDER BY Sucursal, Localidad, ID",
-        [&](const Fila& fila)
+        [](const Fila& fila)
         {
-            filas.push_back({fila.entero("ID"), fila.texto("Sucursal"), fila.texto("Domicilio"),
-                             fila.enteroONulo("Numero"), fila.texto("Localidad"), fila.texto("CodPos"),
-                             fila.texto("Telefono")});
+            return FilaSucursal{fila.entero("ID"),          fila.texto("Sucursal"),  fila.texto("Domicilio"),
+                                fila.enteroONulo("Numero"), fila.texto("Localidad"), fila.texto("CodPos"),
+                                fila.texto("Telefono")};
         },
         cuit);
-    return filas;
 }
 
 SucursalEliminada::SucursalEliminada(const FilaSucursal& fila)

@@ -4,9 +4,9 @@
 
 namespace
 {
-std::optional<QString> primerTexto(const Recordset& filas, const char* columna)
+QString leerCuit(const Fila& fila)
 {
-    return filas.vacio() ? std::nullopt : std::optional(filas.primera().texto(columna));
+    return fila.texto("Cuit");
 }
 } // namespace
 
@@ -20,19 +20,19 @@ QStringList razonesDeEmpresas(Conexion& conexion)
 
 std::optional<QString> razonDeCuit(Conexion& conexion, const QString& cuit)
 {
-    return primerTexto(conexion.consultar("SELECT Razon FROM Empresas WHERE Cuit = ?", cuit), "Razon");
+    return conexion.una(
+        "SELECT Razon FROM Empresas WHERE Cuit = ?", [](const Fila& fila) { return fila.texto("Razon"); }, cuit);
 }
 
 std::optional<QString> cuitDeRazon(Conexion& conexion, const QString& razon)
 {
-    return primerTexto(conexion.consultar("SELECT Cuit FROM Empresas WHERE (Razon = ?1 AND Razon = ?1 COLLATE BINARY) "
-                                          "OR (?1 = '' AND Razon IS NULL) LIMIT 1",
-                                          razon),
-                       "Cuit");
+    return conexion.una("SELECT Cuit FROM Empresas WHERE (Razon = ?1 AND Razon = ?1 COLLATE BINARY) "
+                        "OR (?1 = '' AND Razon IS NULL) LIMIT 1",
+                        leerCuit, razon);
 }
 
 std::optional<QString> cuitDeUnicaEmpresa(Conexion& conexion)
 {
-    const Recordset filas = conexion.consultar("SELECT Cuit FROM Empresas LIMIT 2");
-    return filas.cantidad() == 1 ? primerTexto(filas, "Cuit") : std::nullopt;
+    const auto cuits = conexion.lista("SELECT Cuit FROM Empresas LIMIT 2", leerCuit);
+    return cuits.size() == 1 ? std::optional(cuits.front()) : std::nullopt;
 }

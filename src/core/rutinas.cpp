@@ -1,12 +1,12 @@
 #include "core/rutinas.h"
 
+#include "base/digitos.h"
 #include "base/directorio_programa.h"
 #include "base/error_de_ejecucion.h"
 #include "base/files/archivos.h"
 #include "configuracion.h"
 
 #include <QDir>
-#include <algorithm>
 #include <array>
 #include <exception>
 #include <optional>
@@ -93,7 +93,7 @@ void SubirUnaVersion()
     std::optional<QString> version;
     try
     {
-        version = Conexion.consultar("SELECT * FROM Parametros").primera().texto("Version");
+        version = VersionDe(Conexion);
     }
     catch (const ErrorDeEjecucion& error)
     {
@@ -184,14 +184,18 @@ bool VerificarCuit(const QString& conMascara)
 {
     QString digitos = conMascara.mid(0, 2) + conMascara.mid(3, 8) + conMascara.mid(12);
     digitos.remove(QLatin1Char('_'));
-    const bool soloDigitos = std::all_of(digitos.cbegin(), digitos.cend(),
-                                         [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
-    return soloDigitos && digitos.size() == 11 && VerificarCuit(digitos.toLongLong());
+    return digitos.size() == 11 && sonDigitos(digitos) && VerificarCuit(digitos.toLongLong());
+}
+
+QString VersionDe(::Conexion& conexion)
+{
+    return conexion.primera("SELECT * FROM Parametros", [](const Fila& fila) { return fila.texto("Version"); });
 }
 
 qint64 ObtenerIndice()
 {
-    const qint64 indice = Conexion.consultar("SELECT Indice FROM Parametros").primera().entero("Indice") + 1;
+    const auto leer = [](const Fila& fila) { return fila.entero("Indice"); };
+    const qint64 indice = Conexion.primera("SELECT Indice FROM Parametros", leer) + 1;
     Conexion.ejecutar("UPDATE Parametros SET Indice = ?", indice);
     return indice;
 }

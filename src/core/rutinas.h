@@ -56,6 +56,9 @@ void ActualizarA20();
 /// The same from a masked text; false when digits are missing.
 [[nodiscard]] bool VerificarCuit(const QString& conMascara);
 
+/// What Parametros.Version says. Throws ErrorDeEjecucion 3021 when the table has no row.
+[[nodiscard]] QString VersionDe(::Conexion& conexion);
+
 /// A new report index: reads Parametros.Indice, adds one, writes it back.
 [[nodiscard]] qint64 ObtenerIndice();
 /// Deletes a run's staged rows, and what killed programs have left of earlier ones. The counter keeps its value.

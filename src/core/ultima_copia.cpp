@@ -4,9 +4,11 @@
 
 UltimaCopia leerUltimaCopia(Conexion& conexion)
 {
-    const Recordset parametros = conexion.consultar("SELECT * FROM Parametros");
-    const Fila fila = parametros.primera();
-    return {fila.texto("Bak_Carpeta"), fila.fecha("Bak_Fecha"), fila.hora("Bak_Hora")};
+    return conexion.primera(
+        "SELECT * FROM Parametros",
+        [](const Fila& fila) {
+            return UltimaCopia{fila.texto("Bak_Carpeta"), fila.fecha("Bak_Fecha"), fila.hora("Bak_Hora")};
+        });
 }
 
 AvisoDeCopia avisoDeCopia(const UltimaCopia& ultima, QDate hoy)

@@ -1,6 +1,7 @@
 #include "core/vigencia.h"
 
 #include "base/db/conexion.h"
+#include "core/nombre_ddjj.h"
 
 void exigirDeclaracion(Conexion& conexion, const ClaveDDJJ& clave)
 {
@@ -8,9 +9,9 @@ void exigirDeclaracion(Conexion& conexion, const ClaveDDJJ& clave)
                       clave.periodo, clave.secuencia))
     {
         ++YaNoEsta::m_veces;
-        throw YaNoEsta(QStringLiteral("La Declaración Jurada %1 - %2 ya no se encuentra en la Base: fue eliminada "
+        throw YaNoEsta(QStringLiteral("La Declaración Jurada %1 ya no se encuentra en la Base: fue eliminada "
                                       "desde otra ventana u otro puesto.  No se ha grabado ningún dato.")
-                           .arg(clave.periodo.toString(u"yyyy/MM"), QString::number(clave.secuencia)));
+                           .arg(textoDe(clave)));
     }
 }
 

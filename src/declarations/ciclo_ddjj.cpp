@@ -51,11 +51,9 @@ int crearDeclaracion(Conexion& conexion, const QString& cuit, QDate periodo, QDa
 {
     Transaccion transaccion(conexion);
     exigirEmpresa(conexion, cuit);
-    const std::optional<qint64> ultima =
-        conexion
-            .consultar("SELECT Max(Secuencia) AS UltSecuencia FROM DDJJ WHERE Cuit = ? AND Periodo = ?", cuit, periodo)
-            .primera()
-            .enteroONulo("UltSecuencia");
+    const std::optional<qint64> ultima = conexion.primera(
+        "SELECT Max(Secuencia) AS UltSecuencia FROM DDJJ WHERE Cuit = ? AND Periodo = ?",
+        [](const Fila& fila) { return fila.enteroONulo("UltSecuencia"); }, cuit, periodo);
     const int secuencia = ultima ? static_cast<int>(*ultima + 1) : 0;
     borrarNomina(conexion, {cuit, periodo, secuencia});
     conexion.ejecutar("INSERT INTO DDJJ (Cuit, Periodo, Secuencia, Fecha) VALUES (?, ?, ?, ?)", cuit, periodo,

@@ -2,25 +2,22 @@
 
 #include "base/db/conexion.h"
 #include "base/db/latido.h"
+#include "core/nombre_ddjj.h"
 #include "core/vigencia.h"
 
 std::vector<ClaveDDJJ> fuentesDeCopia(Conexion& conexion, const ClaveDDJJ& destino)
 {
-    std::vector<ClaveDDJJ> fuentes;
     // Only whether a declaration has people counts, so they are not counted.
-    for (const Fila& fila : conexion.consultar("SELECT Periodo, Secuencia FROM DDJJ WHERE Cuit = ? AND EXISTS "
-                                               "(SELECT 1 FROM DDJJ_Empleados WHERE DDJJ_Empleados.Cuit = DDJJ.Cuit "
-                                               "AND DDJJ_Empleados.Periodo = DDJJ.Periodo "
-                                               "AND DDJJ_Empleados.Secuencia = DDJJ.Secuencia) "
-                                               "ORDER BY Periodo DESC, Secuencia DESC",
-                                               destino.cuit))
-    {
-        const ClaveDDJJ fuente{destino.cuit, fila.fecha("Periodo"), static_cast<int>(fila.entero("Secuencia"))};
-        if (fuente != destino)
-        {
-            fuentes.push_back(fuente);
-        }
-    }
+    auto fuentes = conexion.lista(
+        "SELECT Periodo, Secuencia FROM DDJJ WHERE Cuit = ? AND EXISTS "
+        "(SELECT 1 FROM DDJJ_Empleados WHERE DDJJ_Empleados.Cuit = DDJJ.Cuit "
+        "AND DDJJ_Empleados.Periodo = DDJJ.Periodo AND DDJJ_Empleados.Secuencia = DDJJ.Secuencia) "
+        "ORDER BY Periodo DESC, Secuencia DESC",
+        [&](const Fila& fila) {
+            return ClaveDDJJ{destino.cuit, fila.fecha("Periodo"), static_cast<int>(fila.entero("Secuencia"))};
+        },
+        destino.cuit);
+    std::erase(fuentes, destino);
     return fuentes;
 }
 
@@ -53,9 +50,9 @@ void copiarNomina(Conexion& conexion, const ClaveDDJJ& destino, const ClaveDDJJ&
     conLatido(conexion, aviso, [&] { copiados = reemplazarNomina(conexion, destino, fuente); });
     if (copiados == 0)
     {
-        throw YaNoEsta(QStringLiteral("La Declaración Jurada %1 - %2 ya no tiene Empleados: fueron eliminados desde "
+        throw YaNoEsta(QStringLiteral("La Declaración Jurada %1 ya no tiene Empleados: fueron eliminados desde "
                                       "otra ventana u otro puesto.  No se ha grabado ningún dato.")
-                           .arg(fuente.periodo.toString(u"yyyy/MM"), QString::number(fuente.secuencia)));
+                           .arg(textoDe(fuente)));
     }
     transaccion.confirmar();
 }

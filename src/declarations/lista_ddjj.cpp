@@ -4,12 +4,10 @@
 
 std::vector<ClaveDDJJ> listarDeclaraciones(Conexion& conexion, const QString& cuit)
 {
-    std::vector<ClaveDDJJ> declaraciones;
-    conexion.recorrer(
+    return conexion.lista(
         "SELECT Periodo, Secuencia FROM DDJJ WHERE Cuit = ? ORDER BY Periodo DESC, Secuencia DESC",
         [&](const Fila& fila) {
-            declaraciones.push_back({cuit, fila.fecha("Periodo"), static_cast<int>(fila.entero("Secuencia"))});
+            return ClaveDDJJ{cuit, fila.fecha("Periodo"), static_cast<int>(fila.entero("Secuencia"))};
         },
         cuit);
-    return declaraciones;
 }

@@ -51,39 +51,38 @@ std::optional<SumasDDJJ> sumarGrupos(Conexion& conexion, const ClaveDDJJ& clave)
         clave.cuit, clave.periodo, clave.secuencia);
     return sumas;
 }
+
+qint64 contados(const Fila& fila)
+{
+    return fila.entero("QCuil");
+}
 } // namespace
 
 TotalesDDJJ calcularTotales(Conexion& conexion, const ClaveDDJJ& clave)
 {
-    const Recordset declaracion =
-        conexion.consultar("SELECT Fecha FROM DDJJ WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
-                           clave.periodo, clave.secuencia);
-    if (declaracion.vacio())
+    const auto fecha = conexion.una(
+        "SELECT Fecha FROM DDJJ WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?",
+        [](const Fila& fila) { return fila.fecha("Fecha"); }, clave.cuit, clave.periodo, clave.secuencia);
+    if (!fecha)
     {
         exigirDeclaracion(conexion, clave); // says which
+        throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro);
     }
     TotalesDDJJ totales;
-    totales.fecha = declaracion.primera().fecha("Fecha");
+    totales.fecha = *fecha;
     totales.sumas = sumarGrupos(conexion, clave);
     if (!totales.sumas)
     {
         return totales;
     }
     totales.incompletos =
-        conexion
-            .consultar("SELECT Count(Cuil) AS QCuil FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? "
-                       "AND Secuencia = ? AND (TipoDoc = 0 OR NroDoc = 0 OR Sexo IS NULL OR Nacio IS NULL "
-                       "OR EstCivil = 0 OR Categoria = 0 OR Ingreso IS NULL)",
-                       clave.cuit, clave.periodo, clave.secuencia)
-            .primera()
-            .entero("QCuil");
+        conexion.primera("SELECT Count(Cuil) AS QCuil FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? "
+                         "AND Secuencia = ? AND (TipoDoc = 0 OR NroDoc = 0 OR Sexo IS NULL OR Nacio IS NULL "
+                         "OR EstCivil = 0 OR Categoria = 0 OR Ingreso IS NULL)",
+                         contados, clave.cuit, clave.periodo, clave.secuencia);
     // The whole month, whatever the sequence.
-    totales.jornadaReducida =
-        conexion
-            .consultar("SELECT Count(Cuil) AS QCuil FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? "
-                       "AND QHoras <> 200",
-                       clave.cuit, clave.periodo)
-            .primera()
-            .entero("QCuil");
+    totales.jornadaReducida = conexion.primera(
+        "SELECT Count(Cuil) AS QCuil FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND QHoras <> 200", contados,
+        clave.cuit, clave.periodo);
     return totales;
 }

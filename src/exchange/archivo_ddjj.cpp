@@ -107,16 +107,18 @@ void imprimir(const Renglon& renglon)
 
 void escribirEmpresa(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglon& renglon)
 {
-    const Recordset empresas = conexion.consultar("SELECT * FROM Empresas WHERE CUIT = ?", datos.cuit);
-    const Fila empresa = empresas.primera();
-    renglon.empezar('0');
-    renglon.agregar(empresa.utf8("Cuit"));
-    for (const QString& deLaPantalla : {datos.anio, dosDigitos(datos.mes), dosDigitos(datos.secuencia)})
+    const auto escribir = [&](const Fila& empresa)
     {
-        renglon.agregar(deLaPantalla.toStdString());
-    }
-    renglon.agregar(empresa, camposEmpresa);
-    imprimir(renglon);
+        renglon.empezar('0');
+        renglon.agregar(empresa.utf8("Cuit"));
+        for (const QString& deLaPantalla : {datos.anio, dosDigitos(datos.mes), dosDigitos(datos.secuencia)})
+        {
+            renglon.agregar(deLaPantalla.toStdString());
+        }
+        renglon.agregar(empresa, camposEmpresa);
+        return renglon.bytes(); // a view of it
+    };
+    ArchivoUno::imprimir(conexion.primera("SELECT * FROM Empresas WHERE CUIT = ?", escribir, datos.cuit));
 }
 
 /// One line a row.

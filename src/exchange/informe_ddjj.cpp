@@ -1,6 +1,7 @@
 #include "exchange/informe_ddjj.h"
 
 #include "base/db/conexion.h"
+#include "core/domicilio.h"
 
 namespace
 {
@@ -65,24 +66,6 @@ void prepararIncompletos(Conexion& conexion, const ClaveDDJJ& clave, qint64 indi
         clave.cuit, clave.periodo, clave.secuencia);
 }
 
-/// Street, then what has a value of number (unless 0), premises, floor and flat.
-QString domicilio(const Fila& empresa)
-{
-    QString texto = empresa.texto("Calle");
-    if (const qint64 numero = empresa.enteroONulo("Numero").value_or(0); numero != 0)
-    {
-        texto += QLatin1Char(' ') + QString::number(numero);
-    }
-    for (const char* columna : {"NroLocal", "Piso", "Depto"})
-    {
-        if (const QString parte = empresa.texto(columna); !parte.isEmpty())
-        {
-            texto += QLatin1Char(' ') + parte;
-        }
-    }
-    return texto;
-}
-
 QString entreParentesis(const QString& texto)
 {
     return QLatin1Char('(') + texto + QLatin1Char(')');
@@ -98,11 +81,9 @@ bool hayNomina(Conexion& conexion, const ClaveDDJJ& clave)
 void crearPreparacion(Conexion& conexion)
 {
     (void)conexion.preparar("SELECT * FROM main.RptEmpleados"); // a base without the table is told as one
-    QString tabla = conexion
-                        .consultar("SELECT sql FROM main.sqlite_schema WHERE type = 'table' "
-                                   "AND name = 'RptEmpleados' COLLATE NOCASE")
-                        .primera()
-                        .texto("sql");
+    QString tabla = conexion.primera(
+        "SELECT sql FROM main.sqlite_schema WHERE type = 'table' AND name = 'RptEmpleados' COLLATE NOCASE",
+        [](const Fila& fila) { return fila.texto("sql"); });
     constexpr QLatin1String crear("CREATE TABLE");
     conexion.ejecutar("PRAGMA temp_store = MEMORY");
     conexion.ejecutar(tabla.replace(0, crear.size(), QStringLiteral("CREATE TEMP TABLE")).toStdString());
@@ -137,7 +118,7 @@ ValoresDeInforme valoresDeInforme(const Fila& empresa, const ClaveDDJJ& clave, q
     const auto agregar = [&](const char* nombre, const QString& texto) {
         valores.push_back({QString::fromLatin1(nombre), texto});
     };
-    agregar("Domicilio", domicilio(empresa));
+    agregar("Domicilio", domicilioDeEmpresa(empresa));
     agregar("Localidad", entreParentesis(empresa.texto("CodPos")) + QLatin1Char(' ') + empresa.texto("Localidad"));
     agregar("Telefono", empresa.texto("Telefono"));
     agregar("Actividad", empresa.texto("Nombre"));

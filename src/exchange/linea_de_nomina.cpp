@@ -17,7 +17,7 @@ constexpr int anioMinimo = 100;
     throw FallaDeCampo{ErrorDeEjecucion::NoCoincidenTipos, campo};
 }
 
-bool esDigito(char c)
+bool esCifra(char c)
 {
     return c >= '0' && c <= '9';
 }
@@ -37,7 +37,7 @@ std::string_view sinBlancosAlrededor(std::string_view texto)
 /// Of at most nine digits, so that it fits.
 int numeroDe(std::string_view digitos, const char* campo)
 {
-    if (digitos.empty() || !std::all_of(digitos.begin(), digitos.end(), esDigito))
+    if (digitos.empty() || !std::all_of(digitos.begin(), digitos.end(), esCifra))
     {
         noCoincide(campo);
     }
@@ -87,7 +87,7 @@ int LineaDeNomina::valor(std::size_t posicion, std::size_t ancho) const
     int numero = 0;
     for (const char c : trozo(posicion, ancho))
     {
-        if (esDigito(c))
+        if (esCifra(c))
         {
             numero = numero * 10 + (c - '0');
         }
@@ -152,7 +152,7 @@ void LineaDeNomina::cuil(std::string& destino) const
 {
     constexpr std::size_t largo = 11;
     const std::string_view digitos = trozo(1, largo);
-    if (digitos.size() != largo || !std::all_of(digitos.begin(), digitos.end(), esDigito))
+    if (digitos.size() != largo || !std::all_of(digitos.begin(), digitos.end(), esCifra))
     {
         noCoincide("Cuil");
     }

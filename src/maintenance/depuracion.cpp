@@ -39,24 +39,21 @@ void exigirPeriodo(Conexion& conexion, const QString& cuit, QDate periodo)
 
 std::vector<QDate> periodosDeEmpresa(Conexion& conexion, const QString& cuit)
 {
-    std::vector<QDate> periodos;
-    for (const Fila& fila :
-         conexion.consultar("SELECT Periodo FROM DDJJ WHERE CUIT = ? GROUP BY Periodo ORDER BY Periodo DESC", cuit))
-    {
-        periodos.push_back(fila.fecha("Periodo"));
-    }
-    return periodos;
+    return conexion.lista(
+        "SELECT Periodo FROM DDJJ WHERE CUIT = ? GROUP BY Periodo ORDER BY Periodo DESC",
+        [](const Fila& fila) { return fila.fecha("Periodo"); }, cuit);
 }
 
 AlcanceDeDepuracion alcanceDeDepuracion(Conexion& conexion, const QString& cuit, QDate periodoHasta)
 {
     const QDate limite = limiteDe(periodoHasta);
-    const Recordset filas = conexion.consultar("SELECT Count(*) AS Declaraciones, Count(DISTINCT Periodo) AS Meses, "
-                                               "(SELECT Count(*) FROM DDJJ_Empleados" +
-                                                   loQueSeVa + ") AS Empleados FROM DDJJ" + loQueSeVa,
-                                               cuit, limite, cuit, limite);
-    const Fila fila = filas.primera();
-    return {fila.entero("Declaraciones"), fila.entero("Meses"), fila.entero("Empleados")};
+    return conexion.primera(
+        "SELECT Count(*) AS Declaraciones, Count(DISTINCT Periodo) AS Meses, (SELECT Count(*) FROM DDJJ_Empleados" +
+            loQueSeVa + ") AS Empleados FROM DDJJ" + loQueSeVa,
+        [](const Fila& fila) {
+            return AlcanceDeDepuracion{fila.entero("Declaraciones"), fila.entero("Meses"), fila.entero("Empleados")};
+        },
+        cuit, limite, cuit, limite);
 }
 
 QString textoDelAlcance(const AlcanceDeDepuracion& alcance, QDate periodoHasta, const QString& razon)

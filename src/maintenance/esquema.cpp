@@ -71,15 +71,15 @@ void exigirEsquema(const QString& ruta)
     {
         exigirColumnas(conexion, QString::fromLatin1(tabla.nombre), QString::fromLatin1(tabla.columnas).split(u' '));
     }
-    const Recordset parametros = conexion.consultar("SELECT Version FROM Parametros");
-    if (parametros.vacio())
+    const auto version =
+        conexion.una("SELECT Version FROM Parametros", [](const Fila& fila) { return fila.texto("Version"); });
+    if (!version)
     {
         falta(QStringLiteral("la fila de Parametros"));
     }
     // Each version up to 1.2 brought a column to both; one that is not known counts as the newest.
-    const QString version = parametros.primera().texto("Version");
     QStringList sumas = {QStringLiteral("Acuerdo"), QStringLiteral("Acuerdo2")};
-    sumas.resize(version == QLatin1String("1.0") ? 0 : version == QLatin1String("1.1") ? 1 : 2);
+    sumas.resize(*version == QLatin1String("1.0") ? 0 : *version == QLatin1String("1.1") ? 1 : 2);
     exigirColumnas(conexion, QStringLiteral("DDJJ_Empleados"), sumas);
     exigirColumnas(conexion, QStringLiteral("RptEmpleados"), sumas);
 }

@@ -15,12 +15,6 @@ namespace
 {
 const QString nombreBase = QStringLiteral("DBBrivo.mdb");
 
-bool mismoArchivo(const QString& uno, const QString& otro)
-{
-    const auto identidad = sistema::identidad(uno);
-    return identidad && identidad == sistema::identidad(otro);
-}
-
 /// Copies a database with the changes that its last user left beside it, who died at work. The copy takes them in: the
 /// origin is only read.
 void copiarEntera(const QString& origen, Archivos::Parte& parte, const Aviso& aviso)
@@ -152,7 +146,7 @@ FallaDeRestauracion revisarRestauracion(const QString& origen, const QString& de
     {
         return FallaDeRestauracion::SinOrigen;
     }
-    if (origen == destino || mismoArchivo(origen, destino))
+    if (origen == destino || sistema::mismoArchivo(origen, destino))
     {
         return FallaDeRestauracion::SobreSiMisma;
     }

@@ -1,6 +1,7 @@
 #include "roster/busqueda_empleado.h"
 
 #include "base/db/conexion.h"
+#include "core/cuit.h"
 
 #include <string>
 
@@ -9,7 +10,7 @@ std::vector<EmpleadoHallado> buscarEmpleados(Conexion& conexion, const ClaveDDJJ
 {
     std::string sql = "SELECT Cuil, AyN, ART101A FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?";
     std::vector<Valor> valores{Valor(clave.cuit), Valor(clave.periodo), Valor(clave.secuencia)};
-    if (cuil != QStringLiteral("__-________-_"))
+    if (cuil != cuitVacio)
     {
         sql += " AND Cuil = ?";
         valores.emplace_back(cuil);

@@ -60,13 +60,8 @@ Empleado leer(const Fila& fila)
     return e;
 }
 
-std::optional<QString> primeraSucursal(const Recordset& filas)
+QString leerSucursal(const Fila& fila)
 {
-    if (filas.vacio())
-    {
-        return std::nullopt;
-    }
-    const Fila fila = filas.primera();
     const qint64 numero = fila.enteroONulo("Numero").value_or(0);
     return fila.texto("Sucursal") + QStringLiteral(" - ") + fila.texto("Domicilio") + QLatin1Char(' ') +
            (numero != 0 ? QString::number(numero) : QString()) + QStringLiteral(" - ") + fila.texto("Localidad");
@@ -76,56 +71,46 @@ std::optional<QString> primeraSucursal(const Recordset& filas)
 std::optional<Empleado> cargarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, AccionEmpleado accion,
                                        const QString& cuil)
 {
-    std::optional<Empleado> hallado;
-    const auto primero = [&](const Fila& fila)
-    {
-        hallado = leer(fila);
-        return false;
-    };
     const auto buscar = [&](const std::string& sql, const auto&... limite)
-    { conexion.recorrer(sql, primero, clave.cuit, clave.periodo, clave.secuencia, limite...); };
+    { return conexion.una(sql, leer, clave.cuit, clave.periodo, clave.secuencia, limite...); };
 
     const std::string base = consultaBase;
     switch (accion)
     {
     case AccionEmpleado::Anterior:
-        buscar(base + " AND DDJJ_Empleados.Cuil < ?" + descendente, cuil);
-        break;
+        return buscar(base + " AND DDJJ_Empleados.Cuil < ?" + descendente, cuil);
     case AccionEmpleado::Siguiente:
-        buscar(base + " AND DDJJ_Empleados.Cuil > ?" + ascendente, cuil);
-        break;
+        return buscar(base + " AND DDJJ_Empleados.Cuil > ?" + ascendente, cuil);
     case AccionEmpleado::Buscado:
-        buscar(base + " AND DDJJ_Empleados.Cuil = ?" + ascendente, cuil);
-        break;
+        return buscar(base + " AND DDJJ_Empleados.Cuil = ?" + ascendente, cuil);
     case AccionEmpleado::Ultimo:
-        buscar(base + descendente);
-        break;
+        return buscar(base + descendente);
     case AccionEmpleado::Primero:
     case AccionEmpleado::Inicio:
-        buscar(base + ascendente);
         break;
     }
-    return hallado;
+    return buscar(base + ascendente);
 }
 
 LugarEnNomina lugarEnNomina(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil)
 {
-    const Recordset filas =
-        conexion.consultar("SELECT Count(CASE WHEN Cuil <= ? THEN 1 END) AS Lugar, Count(*) AS Total "
-                           "FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?",
-                           cuil, clave.cuit, clave.periodo, clave.secuencia);
-    const Fila fila = filas.primera();
-    return {fila.entero("Lugar"), fila.entero("Total")};
+    return conexion.primera(
+        "SELECT Count(CASE WHEN Cuil <= ? THEN 1 END) AS Lugar, Count(*) AS Total "
+        "FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?",
+        [](const Fila& fila) {
+            return LugarEnNomina{fila.entero("Lugar"), fila.entero("Total")};
+        },
+        cuil, clave.cuit, clave.periodo, clave.secuencia);
 }
 
 std::optional<QString> textoSucursal(Conexion& conexion, qint64 id, const QString& cuit)
 {
-    return primeraSucursal(conexion.consultar("SELECT * FROM Empresas_Sucursales WHERE ID = ? AND Cuit = ?", id, cuit));
+    return conexion.una("SELECT * FROM Empresas_Sucursales WHERE ID = ? AND Cuit = ?", leerSucursal, id, cuit);
 }
 
 std::optional<QString> textoSucursal(Conexion& conexion, qint64 id)
 {
-    return primeraSucursal(conexion.consultar("SELECT * FROM Empresas_Sucursales WHERE ID = ?", id));
+    return conexion.una("SELECT * FROM Empresas_Sucursales WHERE ID = ?", leerSucursal, id);
 }
 
 EmpleadoEliminado::EmpleadoEliminado(const QString& cuil)

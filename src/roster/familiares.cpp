@@ -53,22 +53,21 @@ void insertarFamiliar(Conexion& conexion, const QString& cuil, const FilaFamilia
 
 std::vector<FilaFamiliar> cargarFamiliares(Conexion& conexion, const QString& cuil)
 {
-    std::vector<FilaFamiliar> filas;
-    for (const Fila& fila : conexion.consultar(
-             "SELECT Familiar.Nombre AS Nombre_FAM, Documentos.Nombre AS Nombre_DOC, Empleados_Familiares.NroDoc, "
-             "Empleados_Familiares.AyN, Empleados_Familiares.Sexo, Empleados_Familiares.Nacio "
-             "FROM Empleados_Familiares "
-             "INNER JOIN Familiar ON Empleados_Familiares.Familiar = Familiar.Codigo "
-             "INNER JOIN Documentos ON Documentos.Codigo = Empleados_Familiares.TipoDoc "
-             "WHERE Empleados_Familiares.CUIL = ? "
-             "ORDER BY Familiar.Nombre, Empleados_Familiares.Nacio DESC",
-             cuil))
-    {
-        const bool esFemenino = fila.enteroONulo("Sexo") == 0;
-        filas.push_back({fila.texto("Nombre_FAM"), fila.texto("Nombre_DOC"), fila.enteroONulo("NroDoc"),
-                         fila.texto("AyN"), esFemenino ? femenino : masculino, fila.fecha("Nacio")});
-    }
-    return filas;
+    return conexion.lista(
+        "SELECT Familiar.Nombre AS Nombre_FAM, Documentos.Nombre AS Nombre_DOC, Empleados_Familiares.NroDoc, "
+        "Empleados_Familiares.AyN, Empleados_Familiares.Sexo, Empleados_Familiares.Nacio "
+        "FROM Empleados_Familiares "
+        "INNER JOIN Familiar ON Empleados_Familiares.Familiar = Familiar.Codigo "
+        "INNER JOIN Documentos ON Documentos.Codigo = Empleados_Familiares.TipoDoc "
+        "WHERE Empleados_Familiares.CUIL = ? "
+        "ORDER BY Familiar.Nombre, Empleados_Familiares.Nacio DESC",
+        [](const Fila& fila)
+        {
+            const bool esFemenino = fila.enteroONulo("Sexo") == 0;
+            return FilaFamiliar{fila.texto("Nombre_FAM"), fila.texto("Nombre_DOC"),          fila.enteroONulo("NroDoc"),
+                                fila.texto("AyN"),        esFemenino ? femenino : masculino, fila.fecha("Nacio")};
+        },
+        cuil);
 }
 
 bool guardarFamiliares(Conexion& conexion, const QString& cuil, const std::vector<FilaFamiliar>& filas)

@@ -4,13 +4,13 @@
 #include "base/db/insertar.h"
 #include "base/error_de_ejecucion.h"
 #include "base/numbers/formato.h"
+#include "core/cuit.h"
 #include "core/vigencia.h"
 
 #include <limits>
 
 namespace
 {
-const QString cuilVacio = QStringLiteral("__-________-_");
 constexpr int horasMinimas = 100;
 constexpr int horasMaximas = 200;
 
@@ -159,7 +159,7 @@ bool cuilExistente(Conexion& conexion, const ClaveDDJJ& clave, const QString& cu
 std::optional<FaltaEnEmpleado> revisarEmpleado(Conexion& conexion, const QString& cuit, const EntradaEmpleado& entrada)
 {
     using Campo = CampoEmpleado;
-    if (entrada.cuil == cuilVacio)
+    if (entrada.cuil == cuitVacio)
     {
         return FaltaEnEmpleado{Campo::Cuil, 0, QStringLiteral("Debe informar el Nro. de Cuil del Empleado.")};
     }

@@ -123,19 +123,17 @@ void agregarCambios(Cambios& cambios, const FilaSueldo& leida, const Guardada& g
 
 std::vector<FilaSueldo> cargarSueldos(Conexion& conexion, const ClaveDDJJ& clave)
 {
-    std::vector<FilaSueldo> filas;
-    conexion.recorrer(
+    return conexion.lista(
         "SELECT DDJJ_Empleados.*, Categorias.Nombre AS Nombre_Cat FROM DDJJ_Empleados "
         "LEFT JOIN Categorias ON DDJJ_Empleados.Categoria = Categorias.Codigo "
         "WHERE DDJJ_Empleados.CUIT = ? AND DDJJ_Empleados.Periodo = ? AND DDJJ_Empleados.Secuencia = ? "
         "ORDER BY DDJJ_Empleados.Cuil",
-        [&](const Fila& fila)
+        [](const Fila& fila)
         {
-            filas.push_back({fila.texto("Cuil"), fila.texto("AyN"), fila.texto("Nombre_Cat"), sueldoMostrado(fila),
-                             acuerdoMostrado(fila)});
+            return FilaSueldo{fila.texto("Cuil"), fila.texto("AyN"), fila.texto("Nombre_Cat"), sueldoMostrado(fila),
+                              acuerdoMostrado(fila)};
         },
         clave.cuit, clave.periodo, clave.secuencia);
-    return filas;
 }
 
 int actualizarSueldos(Conexion& conexion, const ClaveDDJJ& clave, std::vector<FilaSueldo>& filas,

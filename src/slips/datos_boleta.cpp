@@ -1,10 +1,18 @@
 #include "slips/datos_boleta.h"
 
 #include "base/db/conexion.h"
+#include "core/rutinas.h"
 #include "slips/numero_boleta.h"
 
 namespace
 {
+/// Some employees of a declaration and what they earn.
+struct Personal
+{
+    qint64 empleados = 0;
+    Moneda remuneracion;
+};
+
 void agregarPeriodo(ValoresDeInforme& valores, const Boleta& boleta, const QString& tipoPago)
 {
     valores.push_back({QStringLiteral("TipoPago"), tipoPago});
@@ -18,25 +26,29 @@ void agregarAportes(ValoresDeInforme& valores, Conexion& conexion, const Boleta&
     valores.push_back({QStringLiteral("Aporte_1A"), boleta.art101A});
     valores.push_back({QStringLiteral("Aporte_1B"), boleta.art101B});
     const ClaveDDJJ& clave = boleta.declaracion;
-    {
-        const Recordset todos = conexion.consultar(
-            "SELECT Sum(Imponible) AS RemImponible, Count(Cuil) AS SumEmpleados, Sum(Acuerdo) AS SumAcuerdo, "
-            "Sum(Acuerdo2) AS SumAcuerdo2 FROM DDJJ_Empleados WHERE CUIT = ? AND Periodo = ? AND Secuencia = ?",
-            boleta.cuit, clave.periodo, clave.secuencia);
-        const Fila fila = todos.primera();
-        valores.push_back({QStringLiteral("Empleados_2"), fila.entero("SumEmpleados")});
-        valores.push_back({QStringLiteral("Remuneracion_2"),
-                           fila.moneda("RemImponible") + fila.moneda("SumAcuerdo") + fila.moneda("SumAcuerdo2")});
-    }
+    const Personal todos = conexion.primera(
+        "SELECT Sum(Imponible) AS RemImponible, Count(Cuil) AS SumEmpleados, Sum(Acuerdo) AS SumAcuerdo, "
+        "Sum(Acuerdo2) AS SumAcuerdo2 FROM DDJJ_Empleados WHERE CUIT = ? AND Periodo = ? AND Secuencia = ?",
+        [](const Fila& fila)
+        {
+            return Personal{fila.entero("SumEmpleados"),
+                            fila.moneda("RemImponible") + fila.moneda("SumAcuerdo") + fila.moneda("SumAcuerdo2")};
+        },
+        boleta.cuit, clave.periodo, clave.secuencia);
+    valores.push_back({QStringLiteral("Empleados_2"), todos.empleados});
+    valores.push_back({QStringLiteral("Remuneracion_2"), todos.remuneracion});
     // Of the members only the taxable remuneration counts, without the agreement sums.
-    const Recordset afiliados =
-        conexion.consultar("SELECT Sum(Imponible) AS RemImponible, Count(Cuil) AS SumEmpleados FROM DDJJ_Empleados "
-                           "WHERE CUIT = ? AND Periodo = ? AND Secuencia = ? AND Afiliado = 1",
-                           boleta.cuit, clave.periodo, clave.secuencia);
-    const Fila fila = afiliados.primera();
-    const qint64 cantidad = fila.entero("SumEmpleados");
-    valores.push_back({QStringLiteral("Empleados_1"), cantidad});
-    valores.push_back({QStringLiteral("Remuneracion_1"), cantidad == 0 ? Moneda() : fila.moneda("RemImponible")});
+    const Personal afiliados = conexion.primera(
+        "SELECT Sum(Imponible) AS RemImponible, Count(Cuil) AS SumEmpleados FROM DDJJ_Empleados "
+        "WHERE CUIT = ? AND Periodo = ? AND Secuencia = ? AND Afiliado = 1",
+        [](const Fila& fila)
+        {
+            const qint64 cantidad = fila.entero("SumEmpleados");
+            return Personal{cantidad, cantidad == 0 ? Moneda() : fila.moneda("RemImponible")};
+        },
+        boleta.cuit, clave.periodo, clave.secuencia);
+    valores.push_back({QStringLiteral("Empleados_1"), afiliados.empleados});
+    valores.push_back({QStringLiteral("Remuneracion_1"), afiliados.remuneracion});
 }
 
 void agregarActa(ValoresDeInforme& valores, const Boleta& boleta, const TextosDeBoleta& textos)
@@ -56,7 +68,7 @@ ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const
         textos.domicilio.endsWith(sinLocalidad) ? textos.domicilio.chopped(sinLocalidad.size()) : textos.domicilio;
     const QString otros = boleta.dias == 0 ? QString() : QStringLiteral("INTERES %1 DIAS").arg(textos.dias);
     ValoresDeInforme valores{
-        {QStringLiteral("Version"), conexion.consultar("SELECT * FROM Parametros").primera().texto("Version")},
+        {QStringLiteral("Version"), Rutinas::VersionDe(conexion)},
         {QStringLiteral("CUIT"), boleta.cuit},
         {QStringLiteral("Domicilio"), domicilio},
         {QStringLiteral("Empresa"), textos.empresa},

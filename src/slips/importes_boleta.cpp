@@ -2,6 +2,8 @@
 
 #include "base/db/conexion.h"
 #include "base/numbers/formato.h"
+#include "core/domicilio.h"
+#include "core/nombre_ddjj.h"
 #include "core/vigencia.h"
 
 namespace
@@ -9,12 +11,13 @@ namespace
 /// Throws 94 for an empty roster.
 AportesDeBoleta sumar(Conexion& conexion, const ClaveDDJJ& clave)
 {
-    const Recordset sumas =
-        conexion.consultar("SELECT Sum(ART100) AS Sum100, Sum(ART101A) AS Sum101A, Sum(ART101B) AS Sum101B "
-                           "FROM DDJJ_Empleados WHERE CUIT = ? AND Periodo = ? AND Secuencia = ?",
-                           clave.cuit, clave.periodo, clave.secuencia);
-    const Fila fila = sumas.primera();
-    return {fila.moneda("Sum100"), fila.moneda("Sum101A"), fila.moneda("Sum101B"), false};
+    return conexion.primera(
+        "SELECT Sum(ART100) AS Sum100, Sum(ART101A) AS Sum101A, Sum(ART101B) AS Sum101B "
+        "FROM DDJJ_Empleados WHERE CUIT = ? AND Periodo = ? AND Secuencia = ?",
+        [](const Fila& fila) {
+            return AportesDeBoleta{fila.moneda("Sum100"), fila.moneda("Sum101A"), fila.moneda("Sum101B"), false};
+        },
+        clave.cuit, clave.periodo, clave.secuencia);
 }
 
 /// A number of more than four decimals, cut so that it rounds to two as the whole of it: what follows the third decimal
@@ -38,9 +41,9 @@ void exigirNomina(Conexion& conexion, const ClaveDDJJ& clave)
     if (!conexion.hay("SELECT 1 FROM DDJJ_Empleados WHERE CUIT = ? AND Periodo = ? AND Secuencia = ?", clave.cuit,
                       clave.periodo, clave.secuencia))
     {
-        throw YaNoEsta(QStringLiteral("La Nómina de Empleados de la Declaración Jurada %1 - %2 ya no se encuentra en "
+        throw YaNoEsta(QStringLiteral("La Nómina de Empleados de la Declaración Jurada %1 ya no se encuentra en "
                                       "la Base: fue eliminada desde otra ventana u otro puesto.")
-                           .arg(clave.periodo.toString(u"yyyy/MM"), QString::number(clave.secuencia)));
+                           .arg(textoDe(clave)));
     }
 }
 
@@ -84,20 +87,8 @@ QString importeParaEditar(const QString& texto)
     return valor && *valor == 0.0F ? QString() : despojado;
 }
 
-QString domicilioDeBoleta(const QString& calle, qint64 numero, const QString& nroLocal, const QString& piso,
-                          const QString& depto, const QString& codPos, const QString& localidad)
+QString domicilioDeBoleta(const Fila& empresa)
 {
-    QString domicilio = calle;
-    if (numero != 0)
-    {
-        domicilio += QLatin1Char(' ') + QString::number(numero);
-    }
-    for (const QString& parte : {nroLocal, piso, depto})
-    {
-        if (!parte.isEmpty())
-        {
-            domicilio += QLatin1Char(' ') + parte;
-        }
-    }
-    return domicilio + QStringLiteral(" - (") + codPos + QStringLiteral(") ") + localidad;
+    return domicilioDeEmpresa(empresa) + QStringLiteral(" - (") + empresa.texto("CodPos") + QStringLiteral(") ") +
+           empresa.texto("Localidad");
 }

@@ -6,6 +6,7 @@
 #include <QString>
 
 class Conexion;
+class Fila;
 
 /// The three contributions of a declaration, added over its roster; in a rectification their differences against the
 /// original.
@@ -36,7 +37,5 @@ void exigirNomina(Conexion& conexion, const ClaveDDJJ& clave);
 /// An amount field on entry: without "$ " and thousands' dots, and empty when it comes to 0.
 [[nodiscard]] QString importeParaEditar(const QString& texto);
 
-/// Street, number unless 0, premises, floor and flat unless empty, then " - (postal code) town".
-[[nodiscard]] QString domicilioDeBoleta(const QString& calle, qint64 numero, const QString& nroLocal,
-                                        const QString& piso, const QString& depto, const QString& codPos,
-                                        const QString& localidad);
+/// The address of a company, a row of Empresas, then " - (postal code) town".
+[[nodiscard]] QString domicilioDeBoleta(const Fila& empresa);

@@ -1,5 +1,6 @@
 #include "slips/numero_boleta.h"
 
+#include "base/digitos.h"
 #include "base/error_de_ejecucion.h"
 #include "base/numbers/formato.h"
 
@@ -55,7 +56,7 @@ int digito(const QString& texto, int posicion)
 /// A character's value; what is no digit counts 0.
 int valorDe(QChar c)
 {
-    return c >= QLatin1Char('0') && c <= QLatin1Char('9') ? c.digitValue() : 0;
+    return esDigito(c) ? c.digitValue() : 0;
 }
 
 int verificadorDesdeElFinal(const QString& texto)

@@ -58,28 +58,32 @@ void registrarPago(Conexion& conexion, const Boleta& b)
 
 std::vector<PagoDeActa> listarPagosDeActas(Conexion& conexion, const QString& cuit, int cuenta)
 {
-    std::vector<PagoDeActa> pagos;
-    for (const Fila& fila : conexion.consultar("SELECT Pago, Fecha, NroActa, Cuota, Importe FROM PAGOS "
-                                               "WHERE Cuit = ? AND Tipo = 2 AND Cuenta = ? "
-                                               "ORDER BY NroActa DESC, Cuota DESC",
-                                               cuit, cuenta))
-    {
-        pagos.push_back({fila.entero("Pago"), fila.fecha("Fecha"), fila.entero("NroActa"), fila.entero("Cuota"),
-                         fila.moneda("Importe")});
-    }
-    return pagos;
+    return conexion.lista(
+        "SELECT Pago, Fecha, NroActa, Cuota, Importe FROM PAGOS WHERE Cuit = ? AND Tipo = 2 AND Cuenta = ? "
+        "ORDER BY NroActa DESC, Cuota DESC",
+        [](const Fila& fila)
+        {
+            return PagoDeActa{fila.entero("Pago"), fila.fecha("Fecha"), fila.entero("NroActa"), fila.entero("Cuota"),
+                              fila.moneda("Importe")};
+        },
+        cuit, cuenta);
 }
 
 PagoGuardado cargarPago(Conexion& conexion, qint64 pago)
 {
-    const Recordset filas = conexion.consultar("SELECT * FROM PAGOS WHERE Pago = ?", pago);
-    if (filas.vacio())
+    const auto guardado = conexion.una(
+        "SELECT * FROM PAGOS WHERE Pago = ?",
+        [](const Fila& fila)
+        {
+            return PagoGuardado{fila.entero("Dias"), fila.moneda("Interes"), fila.entero("NroActa"),
+                                fila.entero("Cuota"), fila.moneda("Importe")};
+        },
+        pago);
+    if (!guardado)
     {
         avisarQueNoEsta();
     }
-    const Fila fila = filas.primera();
-    return {fila.entero("Dias"), fila.moneda("Interes"), fila.entero("NroActa"), fila.entero("Cuota"),
-            fila.moneda("Importe")};
+    return *guardado;
 }
 
 void eliminarPago(Conexion& conexion, qint64 pago)

@@ -69,7 +69,6 @@ std::unique_ptr<detalle::Base> abrirBase(const QString& ruta, int modo)
 
 struct Conexion::Interno
 {
-    QString ruta;
     std::optional<Candado> candado;
     std::unique_ptr<detalle::Base> base;
     std::unordered_map<std::string_view, std::shared_ptr<detalle::Preparada>> preparadas; // keys lie in the values
@@ -147,7 +146,6 @@ void Conexion::abrir(const QString& ruta, Modo modo)
 {
     cerrar();
     auto nuevo = std::make_unique<Interno>();
-    nuevo->ruta = QDir::toNativeSeparators(QFileInfo(ruta).absoluteFilePath());
     if (modo == Modo::SoloLectura)
     {
         nuevo->base = abrirBase(ruta, SQLITE_OPEN_READONLY);
@@ -178,11 +176,6 @@ void Conexion::cerrar()
 bool Conexion::abierta() const
 {
     return m_interno != nullptr;
-}
-
-QString Conexion::ruta() const
-{
-    return m_interno ? m_interno->ruta : QString();
 }
 
 Conexion::Interno& Conexion::interno() const
@@ -282,11 +275,13 @@ Transaccion::~Transaccion()
 {
     try
     {
-        deshacer();
+        if (m_abierta && m_conexion.abierta() && m_conexion.enTransaccion()) // SQLite undoes some failures by itself
+        {
+            m_conexion.ejecutar("ROLLBACK");
+        }
     }
-    catch (...) // nothing is left to undo, or the connection is gone
+    catch (...) // NOLINT(bugprone-empty-catch): nothing is left to undo, or the connection is gone
     {
-        m_abierta = false;
     }
 }
 
@@ -294,17 +289,4 @@ void Transaccion::confirmar()
 {
     m_conexion.ejecutar("COMMIT");
     m_abierta = false;
-}
-
-void Transaccion::deshacer()
-{
-    if (!m_abierta)
-    {
-        return;
-    }
-    m_abierta = false;
-    if (m_conexion.abierta() && m_conexion.enTransaccion()) // SQLite undoes some failures by itself
-    {
-        m_conexion.ejecutar("ROLLBACK");
-    }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/aviso.h"
+#include "base/error_de_ejecucion.h"
 #include "base/numbers/moneda.h"
 
 #include <QByteArray>
@@ -17,7 +18,6 @@
 #include <vector>
 
 class Candado;
-class Recordset;
 class Sentencia;
 
 namespace detalle
@@ -90,8 +90,8 @@ private:
     QByteArray m_propio;
 };
 
-/// One row. Columns are found without regard to case, once a statement; an unknown name throws ErrorDeEjecucion 3265.
-/// A row of a visitor is good during its call only; a row of a Recordset as long as the Recordset.
+/// One row, good during the call of its visitor only. Columns are found without regard to case, once a statement; an
+/// unknown name throws ErrorDeEjecucion 3265.
 class Fila
 {
 public:
@@ -113,13 +113,9 @@ public:
     [[nodiscard]] int columnas() const;
     /// Name of column `numero`, from 0, as the statement gives it.
     [[nodiscard]] const char* nombre(int numero) const;
-    /// The type with which the table declares column `numero` ("CURRENCY", "DATE" ...); empty for an expression.
-    [[nodiscard]] const char* tipo(int numero) const;
 
 private:
-    friend class Recordset;
     friend class Sentencia;
-    friend class Conexion;
     struct Celda
     {
         Valor::Clase clase = Valor::Clase::Nulo;
@@ -128,58 +124,7 @@ private:
     };
     [[nodiscard]] Celda celda(const char* columna) const;
     const detalle::Columnas* m_columnas = nullptr;
-    detalle::Preparada* m_viva = nullptr; // a visitor's row, read from the statement
-    const Recordset* m_copia = nullptr;   // a snapshot's row
-    std::size_t m_numero = 0;
-};
-
-/// Snapshot of a query: it has a row count and does not see later changes.
-class Recordset
-{
-public:
-    class Iterador
-    {
-    public:
-        using value_type = Fila;
-        using difference_type = std::ptrdiff_t;
-        Iterador(const Recordset* de, std::size_t n)
-            : m_de(de)
-            , m_n(n)
-        {
-        }
-        Fila operator*() const { return (*m_de)[m_n]; }
-        Iterador& operator++()
-        {
-            ++m_n;
-            return *this;
-        }
-        bool operator==(const Iterador& otro) const { return m_n == otro.m_n; }
-
-    private:
-        const Recordset* m_de;
-        std::size_t m_n;
-    };
-    [[nodiscard]] std::size_t cantidad() const { return m_filas; }
-    [[nodiscard]] bool vacio() const { return m_filas == 0; }
-    /// Row `n`, from 0. Throws ErrorDeEjecucion 3021 past the last one.
-    [[nodiscard]] Fila operator[](std::size_t n) const;
-    [[nodiscard]] Fila primera() const { return (*this)[0]; }
-    [[nodiscard]] Iterador begin() const { return {this, 0}; }
-    [[nodiscard]] Iterador end() const { return {this, m_filas}; }
-
-private:
-    friend class Fila;
-    friend class Sentencia;
-    struct Celda
-    {
-        Valor::Clase clase;
-        qint64 entero; // the number, or where the text starts in m_textos
-        qint64 largo;  // of the text
-    };
-    std::shared_ptr<const detalle::Columnas> m_columnas;
-    std::vector<Celda> m_celdas;
-    std::string m_textos;
-    std::size_t m_filas = 0;
+    detalle::Preparada* m_preparada = nullptr;
 };
 
 /// A prepared statement of a Conexion, cheap to copy; for loops that must not look it up by its text each time.
@@ -200,12 +145,6 @@ public:
     {
         const Valor lista[] = {Valor(valores)..., Valor(nullptr)};
         return recorrerCon(lista, sizeof...(A), [](const Fila&) { return false; });
-    }
-    template <class... A>
-    [[nodiscard]] Recordset consultar(const A&... valores)
-    {
-        const Valor lista[] = {Valor(valores)..., Valor(nullptr)};
-        return consultarCon(lista, sizeof...(A));
     }
     /// Calls visitante(const Fila&) for each row; a visitor that returns false stops. True when there was a row.
     template <class V, class... A>
@@ -240,6 +179,17 @@ public:
             valores...);
         return hallada;
     }
+    /// The same of a query that has a row: throws ErrorDeEjecucion 3021 when there is none.
+    template <class L, class... A>
+    [[nodiscard]] auto primera(L&& leer, const A&... valores)
+    {
+        auto hallada = una(leer, valores...);
+        if (!hallada)
+        {
+            throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro);
+        }
+        return *std::move(hallada);
+    }
     /// What `leer`(const Fila&) makes of each row, in the order of the query.
     template <class L, class... A>
     [[nodiscard]] auto lista(L&& leer, const A&... valores) -> std::vector<std::invoke_result_t<L&, const Fila&>>
@@ -250,7 +200,6 @@ public:
     }
     /// The forms for a list of values made at run time.
     int ejecutarCon(const Valor* valores, std::size_t cantidad);
-    Recordset consultarCon(const Valor* valores, std::size_t cantidad);
     bool recorrerCon(const Valor* valores, std::size_t cantidad, const std::function<bool(const Fila&)>& visitante);
 
 private:
@@ -284,18 +233,12 @@ public:
     /// Closing twice is harmless.
     void cerrar();
     [[nodiscard]] bool abierta() const;
-    [[nodiscard]] QString ruta() const;
 
     [[nodiscard]] Sentencia preparar(std::string_view sql);
     template <class... A>
     int ejecutar(std::string_view sql, const A&... valores)
     {
         return preparar(sql).ejecutar(valores...);
-    }
-    template <class... A>
-    [[nodiscard]] Recordset consultar(std::string_view sql, const A&... valores)
-    {
-        return preparar(sql).consultar(valores...);
     }
     template <class V, class... A>
     bool recorrer(std::string_view sql, V&& visitante, const A&... valores)
@@ -307,6 +250,12 @@ public:
     [[nodiscard]] auto una(std::string_view sql, L&& leer, const A&... valores)
     {
         return preparar(sql).una(leer, valores...);
+    }
+    /// The same of a query that has a row: throws ErrorDeEjecucion 3021 when there is none.
+    template <class L, class... A>
+    [[nodiscard]] auto primera(std::string_view sql, L&& leer, const A&... valores)
+    {
+        return preparar(sql).primera(leer, valores...);
     }
     /// What `leer`(const Fila&) makes of each row, in the order of the query.
     template <class L, class... A>
@@ -365,7 +314,6 @@ public:
     Transaccion(const Transaccion&) = delete;
     Transaccion& operator=(const Transaccion&) = delete;
     void confirmar();
-    void deshacer();
 
 private:
     Conexion& m_conexion;

@@ -2,6 +2,7 @@
 
 #include "base/db/conexion.h"
 #include "base/error_de_ejecucion.h"
+#include "base/utf8.h"
 
 #include <QChar>
 #include <array>
@@ -32,41 +33,6 @@ constexpr std::array<unsigned char, 128> hacerPlegadas()
     return tabla;
 }
 constexpr std::array<unsigned char, 128> plegadas = hacerPlegadas();
-
-bool continua(std::string_view texto, std::size_t i)
-{
-    return i < texto.size() && (static_cast<unsigned char>(texto[i]) & 0xC0U) == 0x80U;
-}
-
-/// The character at `i`, which moves past it. A byte that is no UTF-8 stands for itself, above all characters.
-char32_t tomar(std::string_view texto, std::size_t& i)
-{
-    const auto primero = static_cast<unsigned char>(texto[i]);
-    ++i;
-    if (primero < 0x80)
-    {
-        return primero;
-    }
-    const std::size_t largo = primero >= 0xF0 && primero < 0xF5   ? 3
-                              : primero >= 0xE0 && primero < 0xF0 ? 2
-                              : primero >= 0xC2 && primero < 0xE0 ? 1
-                                                                  : 0;
-    char32_t c = primero & (0x3FU >> largo);
-    for (std::size_t n = 0; n < largo; ++n)
-    {
-        if (!continua(texto, i + n))
-        {
-            return 0x110000U + primero;
-        }
-        c = (c << 6U) | (static_cast<unsigned char>(texto[i + n]) & 0x3FU);
-    }
-    if (largo == 0)
-    {
-        return 0x110000U + primero;
-    }
-    i += largo;
-    return c;
-}
 
 char32_t plegar(char32_t c)
 {
@@ -117,8 +83,8 @@ int compararDesde(std::string_view a, std::string_view b, std::size_t i, std::si
     int acentos = 0;
     while (i < a.size() && j < b.size())
     {
-        const Peso izquierdo = pesar(tomar(a, i));
-        const Peso derecho = pesar(tomar(b, j));
+        const Peso izquierdo = pesar(tomarCaracter(a, i));
+        const Peso derecho = pesar(tomarCaracter(b, j));
         if (izquierdo.letra != derecho.letra)
         {
             return izquierdo.letra < derecho.letra ? -1 : 1;
@@ -149,7 +115,7 @@ std::string plegado(std::string_view texto)
     for (std::size_t i = 0; i < texto.size();)
     {
         const std::size_t antes = i;
-        const char32_t c = tomar(texto, i);
+        const char32_t c = tomarCaracter(texto, i);
         const char32_t llano = plegar(c);
         if (c < 0x80)
         {
@@ -187,7 +153,7 @@ void likeEspanol(sqlite3_context* contexto, int cantidad, sqlite3_value** valore
     {
         const std::string_view texto = textoDe(valores[2]);
         std::size_t i = 0;
-        escape = texto.empty() ? 0 : tomar(texto, i);
+        escape = texto.empty() ? 0 : tomarCaracter(texto, i);
         if (i == 0 || i != texto.size())
         {
             sqlite3_result_error(contexto, "ESCAPE expression must be a single character", -1);

@@ -66,19 +66,7 @@ Valor::Valor(QTime hora)
 Fila::Celda Fila::celda(const char* columna) const
 {
     const int numero = m_columnas->numero(columna);
-    if (m_copia != nullptr)
-    {
-        const std::size_t ancho = m_columnas->columnas.size();
-        const Recordset::Celda& celda = m_copia->m_celdas[m_numero * ancho + static_cast<std::size_t>(numero)];
-        Celda leida{celda.clase, celda.entero, {}};
-        if (celda.clase == Valor::Clase::Texto)
-        {
-            leida.texto = std::string_view(m_copia->m_textos)
-                              .substr(static_cast<std::size_t>(celda.entero), static_cast<std::size_t>(celda.largo));
-        }
-        return leida;
-    }
-    sqlite3_stmt* sentencia = m_viva->sentencia;
+    sqlite3_stmt* sentencia = m_preparada->sentencia;
     switch (sqlite3_column_type(sentencia, numero))
     {
     case SQLITE_NULL:
@@ -94,11 +82,7 @@ Fila::Celda Fila::celda(const char* columna) const
 
 bool Fila::esNulo(const char* columna) const
 {
-    if (m_viva != nullptr)
-    {
-        return sqlite3_column_type(m_viva->sentencia, m_columnas->numero(columna)) == SQLITE_NULL;
-    }
-    return celda(columna).clase == Valor::Clase::Nulo;
+    return sqlite3_column_type(m_preparada->sentencia, m_columnas->numero(columna)) == SQLITE_NULL;
 }
 
 std::optional<qint64> Fila::enteroONulo(const char* columna) const
@@ -118,13 +102,10 @@ std::optional<qint64> Fila::enteroONulo(const char* columna) const
 
 qint64 Fila::entero(const char* columna) const
 {
-    if (m_viva != nullptr)
+    const int cual = m_columnas->numero(columna);
+    if (sqlite3_column_type(m_preparada->sentencia, cual) == SQLITE_INTEGER)
     {
-        const int cual = m_columnas->numero(columna);
-        if (sqlite3_column_type(m_viva->sentencia, cual) == SQLITE_INTEGER)
-        {
-            return sqlite3_column_int64(m_viva->sentencia, cual);
-        }
+        return sqlite3_column_int64(m_preparada->sentencia, cual);
     }
     const auto numero = enteroONulo(columna);
     if (!numero)
@@ -224,23 +205,5 @@ int Fila::columnas() const
 
 const char* Fila::nombre(int numero) const
 {
-    return m_columnas->columnas.at(static_cast<std::size_t>(numero)).nombre.c_str();
-}
-
-const char* Fila::tipo(int numero) const
-{
-    return m_columnas->columnas.at(static_cast<std::size_t>(numero)).tipo.c_str();
-}
-
-Fila Recordset::operator[](std::size_t n) const
-{
-    if (n >= m_filas)
-    {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro);
-    }
-    Fila fila;
-    fila.m_columnas = m_columnas.get();
-    fila.m_copia = this;
-    fila.m_numero = n;
-    return fila;
+    return m_columnas->columnas.at(static_cast<std::size_t>(numero)).c_str();
 }

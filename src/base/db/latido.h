@@ -19,8 +19,6 @@ public:
     ~Latido();
     Latido(const Latido&) = delete;
     Latido& operator=(const Latido&) = delete;
-    /// Throws what stopped a statement; does nothing when none was stopped.
-    void relanzar() const;
     /// What `trabajo` gives. The failure of a statement that was stopped is what stopped it.
     template <class T>
     auto durante(const T& trabajo) const -> decltype(trabajo())
@@ -37,6 +35,8 @@ public:
     }
 
 private:
+    /// Throws what stopped a statement; does nothing when none was stopped.
+    void relanzar() const;
     static int latir(void* este);
     sqlite3* m_base;
     std::function<void()> m_aviso;

@@ -34,12 +34,7 @@ struct FinDeEspera
 /// Names of a statement's columns, and the way from a name as the program writes it to its number.
 struct Columnas
 {
-    struct Columna
-    {
-        std::string nombre;
-        std::string tipo;
-    };
-    std::vector<Columna> columnas;
+    std::vector<std::string> columnas;
 
     explicit Columnas(sqlite3_stmt* sentencia);
     [[nodiscard]] int numero(const char* nombre) const
@@ -77,14 +72,14 @@ struct Preparada
     /// True for a row, false at the end.
     [[nodiscard]] bool paso();
     /// The columns as they are now: a change of the schema can change those of "*".
-    [[nodiscard]] const std::shared_ptr<const Columnas>& columnas();
+    [[nodiscard]] const Columnas& columnas();
 
     std::string sql;
     sqlite3_stmt* sentencia = nullptr;
     bool enUso = false;
 
 private:
-    std::shared_ptr<const Columnas> m_columnas;
+    std::optional<Columnas> m_columnas;
     int m_preparaciones = 0;
 };
 

@@ -29,8 +29,7 @@ detalle::Columnas::Columnas(sqlite3_stmt* sentencia)
     const int cantidad = sqlite3_column_count(sentencia);
     for (int i = 0; i < cantidad; ++i)
     {
-        const char* tipo = sqlite3_column_decltype(sentencia, i);
-        columnas.push_back({sqlite3_column_name(sentencia, i), tipo == nullptr ? "" : tipo});
+        columnas.emplace_back(sqlite3_column_name(sentencia, i));
     }
 }
 
@@ -46,7 +45,7 @@ int detalle::Columnas::buscar(const char* nombre) const
     }
     for (std::size_t i = 0; i < columnas.size(); ++i)
     {
-        if (qstricmp(columnas[i].nombre.c_str(), nombre) == 0)
+        if (qstricmp(columnas[i].c_str(), nombre) == 0)
         {
             m_usadas.push_back({nombre, static_cast<int>(i)});
             return static_cast<int>(i);
@@ -156,15 +155,15 @@ bool detalle::Preparada::paso()
     return false;
 }
 
-const std::shared_ptr<const detalle::Columnas>& detalle::Preparada::columnas()
+const detalle::Columnas& detalle::Preparada::columnas()
 {
     const int preparaciones = sqlite3_stmt_status(sentencia, SQLITE_STMTSTATUS_REPREPARE, 0);
     if (!m_columnas || preparaciones != m_preparaciones)
     {
-        m_columnas = std::make_shared<const Columnas>(sentencia);
+        m_columnas.emplace(sentencia);
         m_preparaciones = preparaciones;
     }
-    return m_columnas;
+    return *m_columnas;
 }
 
 int Sentencia::ejecutarCon(const Valor* valores, std::size_t cantidad)
@@ -189,52 +188,11 @@ bool Sentencia::recorrerCon(const Valor* valores, std::size_t cantidad,
     {
         return false;
     }
-    const std::shared_ptr<const detalle::Columnas> columnas = preparada.columnas();
     Fila fila;
-    fila.m_columnas = columnas.get();
-    fila.m_viva = &preparada;
+    fila.m_columnas = &preparada.columnas();
+    fila.m_preparada = &preparada;
     while (visitante(fila) && preparada.paso())
     {
     }
     return true;
-}
-
-Recordset Sentencia::consultarCon(const Valor* valores, std::size_t cantidad)
-{
-    const std::shared_ptr<detalle::Preparada> viva = m_preparada;
-    detalle::Preparada& preparada = *viva;
-    const detalle::Uso uso(preparada, valores, cantidad);
-    Recordset copia;
-    if (!preparada.paso())
-    {
-        copia.m_columnas = preparada.columnas();
-        return copia;
-    }
-    copia.m_columnas = preparada.columnas();
-    sqlite3_stmt* sentencia = preparada.sentencia;
-    const int ancho = static_cast<int>(copia.m_columnas->columnas.size());
-    copia.m_celdas.reserve(copia.m_columnas->columnas.size());
-    do
-    {
-        for (int i = 0; i < ancho; ++i)
-        {
-            switch (sqlite3_column_type(sentencia, i))
-            {
-            case SQLITE_NULL:
-                copia.m_celdas.push_back({Valor::Clase::Nulo, 0, 0});
-                break;
-            case SQLITE_INTEGER:
-                copia.m_celdas.push_back({Valor::Clase::Entero, sqlite3_column_int64(sentencia, i), 0});
-                break;
-            default:
-                const auto* texto = reinterpret_cast<const char*>(sqlite3_column_text(sentencia, i));
-                const auto largo = static_cast<std::size_t>(sqlite3_column_bytes(sentencia, i));
-                copia.m_celdas.push_back(
-                    {Valor::Clase::Texto, static_cast<qint64>(copia.m_textos.size()), static_cast<qint64>(largo)});
-                copia.m_textos.append(texto == nullptr ? "" : texto, largo);
-            }
-        }
-        ++copia.m_filas;
-    } while (preparada.paso());
-    return copia;
 }

@@ -181,7 +181,7 @@ void Archivos::Parte::colocar()
 void Archivos::copiar(const QString& origen, const QString& destino)
 {
     exigirArchivo(origen);
-    if (const auto mismo = sistema::identidad(origen); mismo && mismo == sistema::identidad(destino))
+    if (sistema::mismoArchivo(origen, destino))
     {
         exigir(EBUSY, destino);
     }

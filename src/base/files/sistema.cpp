@@ -233,3 +233,9 @@ int sistema::asegurarCarpeta(const QString& ruta)
 }
 
 #endif
+
+bool sistema::mismoArchivo(const QString& uno, const QString& otro)
+{
+    const auto cual = identidad(uno);
+    return cual && cual == identidad(otro);
+}

@@ -29,6 +29,8 @@ using Archivo = std::unique_ptr<std::FILE, CierraArchivo>;
 /// when there is none.
 using Identidad = std::pair<quint64, quint64>;
 [[nodiscard]] std::optional<Identidad> identidad(const QString& ruta);
+/// Do both lead to one file or folder, which is there?
+[[nodiscard]] bool mismoArchivo(const QString& uno, const QString& otro);
 
 /// Puts `origen` in the place of `destino`, which may exist, in one step; 0, or the errno value of the failure.
 [[nodiscard]] int mover(const QString& origen, const QString& destino);

@@ -1,5 +1,7 @@
 #include "base/files/windows1252.h"
 
+#include "base/utf8.h"
+
 #include <QString>
 #include <algorithm>
 #include <array>
@@ -39,31 +41,6 @@ bool esAscii(char c)
 {
     return static_cast<unsigned char>(c) < 0x80;
 }
-
-/// Takes one character off the front of `utf8`; an ill-formed one gives U+FFFD and takes one byte.
-char32_t tomarCaracter(std::string_view& utf8)
-{
-    const auto primero = static_cast<unsigned char>(utf8.front());
-    const std::size_t largo = primero < 0x80 ? 1 : primero < 0xC2 ? 0 : primero < 0xE0 ? 2 : primero < 0xF0 ? 3 : 4;
-    if (largo == 0 || primero > 0xF4 || utf8.size() < largo)
-    {
-        utf8.remove_prefix(1);
-        return 0xFFFD;
-    }
-    char32_t caracter = largo == 1 ? primero : primero & (0x7FU >> largo);
-    for (std::size_t i = 1; i < largo; ++i)
-    {
-        const auto byte = static_cast<unsigned char>(utf8[i]);
-        if ((byte & 0xC0U) != 0x80)
-        {
-            utf8.remove_prefix(1);
-            return 0xFFFD;
-        }
-        caracter = (caracter << 6U) | (byte & 0x3FU);
-    }
-    utf8.remove_prefix(largo);
-    return caracter;
-}
 } // namespace
 
 void agregarUtf8(std::string& destino, std::string_view bytes)
@@ -98,7 +75,9 @@ void agregarWindows1252(std::string& destino, std::string_view utf8, std::size_t
         maximo -= ascii;
         if (maximo > 0 && !utf8.empty())
         {
-            destino += aByte(tomarCaracter(utf8));
+            std::size_t tomados = 0;
+            destino += aByte(tomarCaracter(utf8, tomados));
+            utf8.remove_prefix(tomados);
             --maximo;
         }
     }

@@ -18,7 +18,8 @@ QString enGrupos(quint64 numero)
 
 quint64 magnitud(qint64 numero)
 {
-    return static_cast<quint64>(numero < 0 ? -numero : numero);
+    const auto sinSigno = static_cast<quint64>(numero);
+    return numero < 0 ? 0 - sinSigno : sinSigno; // the lowest number has no positive twin
 }
 
 QString mostrar(Moneda importe, bool miles, const char* prefijo = "")

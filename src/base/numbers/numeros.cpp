@@ -1,15 +1,12 @@
 #include "base/numbers/numeros.h"
 
+#include "base/digitos.h"
+
 #include <algorithm>
 #include <charconv>
 
 namespace
 {
-bool esDigito(QChar c)
-{
-    return c >= u'0' && c <= u'9';
-}
-
 /// Takes the digits at the front of `texto` into `destino`.
 void tomarDigitos(QStringView& texto, std::string& destino)
 {

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QString>
+
+class Fila;
+
+/// The street of a company, a row of Empresas, then what has a value of number (unless 0), premises, floor and flat.
+[[nodiscard]] QString domicilioDeEmpresa(const Fila& empresa);
