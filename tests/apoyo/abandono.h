@@ -16,8 +16,6 @@ public:
         QTimer::singleShot(0, qApp, [] { emergente()->click(); });
     }
     ~Abandono() { TrabajoLargo::fijarDemora(500); }
-    Abandono(const Abandono&) = delete;
-    Abandono& operator=(const Abandono&) = delete;
 
 private:
     static QPushButton* emergente()

@@ -1,7 +1,6 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/rutas.h"
 
-#include "apoyo/archivos_de_prueba.h"
 #include "base/directorio_programa.h"
 
 #include <QDir>
@@ -51,16 +50,6 @@ void BaseDePrueba::arrancar()
 {
     Rutinas::CerrarBase();
     Rutinas::Main([] {});
-}
-
-QString BaseDePrueba::ruta(const QString& nombre) const
-{
-    return QDir::toNativeSeparators(m_carpeta.filePath(nombre));
-}
-
-QByteArray BaseDePrueba::leer(const QString& nombre) const
-{
-    return leerArchivo(ruta(nombre));
 }
 
 QString BaseDePrueba::escribir(const QString& nombre, const QByteArray& contenido) const

@@ -14,8 +14,6 @@ class CajasDePrueba
 public:
     CajasDePrueba();
     ~CajasDePrueba();
-    CajasDePrueba(const CajasDePrueba&) = delete;
-    CajasDePrueba& operator=(const CajasDePrueba&) = delete;
 
     /// A box of this kind with exactly this text. `respuesta` counts for questions.
     CajasDePrueba& espera(Caja clase, const QString& texto, bool respuesta = true)

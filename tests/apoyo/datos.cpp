@@ -77,33 +77,27 @@ qint64 poner(Conexion& conexion, const char* tabla, const ValoresDeColumnas& val
     return numero;
 }
 
-std::string filasDe(const Recordset& filas)
+std::string filaDe(const Fila& fila)
 {
-    std::string todas;
-    for (const Fila& fila : filas)
+    std::string toda;
+    std::set<QByteArray> nombres;
+    for (int i = 0; i < fila.columnas(); ++i)
     {
-        std::set<QByteArray> nombres;
-        todas += todas.empty() ? "" : ";";
-        for (int i = 0; i < fila.columnas(); ++i)
+        if (!nombres.insert(QByteArray(fila.nombre(i)).toLower()).second)
         {
-            if (!nombres.insert(QByteArray(fila.nombre(i)).toLower()).second)
-            {
-                throw std::invalid_argument(std::string("two columns are called ") + fila.nombre(i));
-            }
-            todas += i > 0 ? "|" : "";
-            todas += fila.esNulo(fila.nombre(i)) ? "Null" : fila.texto(fila.nombre(i)).toStdString();
+            throw std::invalid_argument(std::string("two columns are called ") + fila.nombre(i));
         }
+        toda += i > 0 ? "|" : "";
+        toda += fila.esNulo(fila.nombre(i)) ? "Null" : fila.texto(fila.nombre(i)).toStdString();
     }
-    return todas;
+    return toda;
 }
 
 std::string fueraDeTransaccion(const std::function<void()>& regla)
 {
     const auto mirar = reinterpret_cast<void (*)()>(seguir);
-    const QString ruta = Rutinas::Conexion.ruta();
     sqlite3_auto_extension(mirar);
-    Rutinas::Conexion.cerrar();
-    Rutinas::Conexion.abrir(ruta);
+    Rutinas::AbrirBase();
     Rutinas::Conexion.ejecutar("PRAGMA synchronous=OFF");
     sqlite3_cancel_auto_extension(mirar);
     fuera.clear();

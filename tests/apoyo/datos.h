@@ -4,6 +4,7 @@
 #include "base/error_de_ejecucion.h"
 #include "core/rutinas.h"
 
+#include <QDir>
 #include <functional>
 #include <string>
 
@@ -17,12 +18,16 @@ inline qint64 poner(const char* tabla, const ValoresDeColumnas& valores = {})
     return poner(Rutinas::Conexion, tabla, valores);
 }
 
-/// What a query gives, as "a|b;c|d": values as they are stored, a null as "Null". Throws when two columns share a name.
-[[nodiscard]] std::string filasDe(const Recordset& filas);
+/// What a query gives, as "a|b;c|d", and one row: values as they are stored, a null as "Null". Throws when two columns
+/// share a name.
+[[nodiscard]] std::string filaDe(const Fila& fila);
 template <class... A>
 [[nodiscard]] std::string filas(Conexion& conexion, std::string_view sql, const A&... valores)
 {
-    return filasDe(conexion.consultar(sql, valores...));
+    std::string todas;
+    conexion.recorrer(
+        sql, [&](const Fila& fila) { todas += (todas.empty() ? "" : ";") + filaDe(fila); }, valores...);
+    return todas;
 }
 template <class... A>
 [[nodiscard]] std::string filas(std::string_view sql, const A&... valores)
@@ -34,7 +39,8 @@ template <class... A>
 template <class... A>
 [[nodiscard]] qint64 cuantos(Conexion& conexion, const std::string& desde, const A&... valores)
 {
-    return conexion.consultar("SELECT count(*) AS N FROM " + desde, valores...).primera().entero("N");
+    const auto leer = [](const Fila& fila) { return fila.entero("N"); };
+    return conexion.primera("SELECT count(*) AS N FROM " + desde, leer, valores...);
 }
 template <class... A>
 [[nodiscard]] qint64 cuantos(const std::string& desde, const A&... valores)

@@ -29,11 +29,6 @@ Hijo::Hijo(const QString& prueba, const QString& ruta)
     EXPECT_FALSE(m_dicho.isEmpty()) << "the child ended early:\n" << todo.constData();
 }
 
-Hijo::~Hijo()
-{
-    matar();
-}
-
 bool Hijo::seguir()
 {
     m_proceso.write("\n");

@@ -12,9 +12,7 @@ class Hijo
 public:
     /// Starts `prueba` ("Suite.DISABLED_Parte") on `ruta` and returns when the child is where it should be.
     Hijo(const QString& prueba, const QString& ruta);
-    ~Hijo();
-    Hijo(const Hijo&) = delete;
-    Hijo& operator=(const Hijo&) = delete;
+    ~Hijo() { matar(); }
 
     /// What the child told with listoYEsperar; empty when it failed before.
     [[nodiscard]] const QString& dicho() const { return m_dicho; }

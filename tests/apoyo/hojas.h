@@ -9,11 +9,8 @@ namespace hojas
 {
 struct Palabra
 {
-    int hoja;         ///< from 0
-    double izquierda; ///< points
-    double arriba;
-    double derecha;
-    double abajo;
+    int hoja;                                 ///< from 0
+    double izquierda, arriba, derecha, abajo; ///< points
     QString texto;
 };
 

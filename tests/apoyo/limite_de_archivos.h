@@ -21,8 +21,6 @@ public:
         setrlimit(RLIMIT_FSIZE, &m_antes);
         std::signal(SIGXFSZ, m_senal);
     }
-    LimiteDeArchivos(const LimiteDeArchivos&) = delete;
-    LimiteDeArchivos& operator=(const LimiteDeArchivos&) = delete;
 
 private:
     void (*m_senal)(int);

@@ -1,9 +1,6 @@
 #include "apoyo/servidor_ftp_de_prueba.h"
 #include "apoyo/rutas.h"
 
-#include "apoyo/archivos_de_prueba.h"
-
-#include <QDirIterator>
 #include <gtest/gtest.h>
 
 ServidorFtpDePrueba::ServidorFtpDePrueba(const QString& como)
@@ -17,11 +14,6 @@ ServidorFtpDePrueba::ServidorFtpDePrueba(const QString& como)
     EXPECT_FALSE(m_direccion.isEmpty()) << "the server did not start; its complaint stands above";
 }
 
-ServidorFtpDePrueba::~ServidorFtpDePrueba()
-{
-    terminar();
-}
-
 void ServidorFtpDePrueba::terminar()
 {
     if (m_proceso.state() != QProcess::NotRunning)
@@ -32,25 +24,8 @@ void ServidorFtpDePrueba::terminar()
     }
 }
 
-QStringList ServidorFtpDePrueba::archivos() const
-{
-    QStringList todos;
-    QDirIterator vuelta(m_carpeta.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (vuelta.hasNext())
-    {
-        todos += QDir(m_carpeta.path()).relativeFilePath(vuelta.next());
-    }
-    todos.sort();
-    return todos;
-}
-
 QByteArray ServidorFtpDePrueba::ordenes()
 {
     m_ordenes += m_proceso.readAllStandardOutput();
     return QByteArray(m_ordenes).trimmed().replace('\n', '|');
-}
-
-QByteArray ServidorFtpDePrueba::leer(const QString& archivo) const
-{
-    return leerArchivo(m_carpeta.filePath(archivo));
 }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QByteArray>
+#include "apoyo/archivos_de_prueba.h"
+
 #include <QProcess>
-#include <QString>
-#include <QStringList>
 #include <QTemporaryDir>
 
 /// A real FTP server of the test's own on this machine, "si" or "lleno": what con_ftp.py offers. It
@@ -12,15 +11,14 @@ class ServidorFtpDePrueba
 {
 public:
     explicit ServidorFtpDePrueba(const QString& como);
-    ~ServidorFtpDePrueba();
-    ServidorFtpDePrueba(const ServidorFtpDePrueba&) = delete;
-    ServidorFtpDePrueba& operator=(const ServidorFtpDePrueba&) = delete;
+    ~ServidorFtpDePrueba() { terminar(); }
 
     [[nodiscard]] const QString& direccion() const { return m_direccion; } ///< host:port
     /// Ends it, so that what it has received no longer changes.
     void terminar();
-    [[nodiscard]] QStringList archivos() const; ///< all that it has received, as "DDJJ/x.txt"
-    [[nodiscard]] QByteArray leer(const QString& archivo) const;
+    /// All that it has received, as "DDJJ/x.txt DDJJ/y.txt".
+    [[nodiscard]] QString archivos() const { return QString::fromStdString(archivosDe(m_carpeta.path())); }
+    [[nodiscard]] QByteArray leer(const QString& archivo) const { return leerArchivo(m_carpeta.filePath(archivo)); }
     /// After terminar(): the commands that came, with "|" between them.
     [[nodiscard]] QByteArray ordenes();
 

@@ -28,7 +28,7 @@ protected:
         conexion.ejecutar("CREATE INDEX i ON t (n)");
         conexion.ejecutar(
             "WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM c WHERE i < 5000) "
-            "INSERT INTO t SELECT 'Ñandú ' || char(65 + i % 2 * 32 + i % 26) || hex(randomblob(40)) FROM c");
+            "INSERT INTO t SELECT 'Ñandú ' || char(65 + i % 2 * 32 + i % 26) || printf('%080d', i * 7919) FROM c");
         conexion.cerrar();
     }
     [[nodiscard]] std::string archivos() const { return archivosDe(carpeta.path()); }

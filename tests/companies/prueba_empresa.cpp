@@ -10,11 +10,7 @@ namespace
 {
 const QString otroCuit = "30-50001091-2";
 
-struct PruebaEmpresa : testing::Test
-{
-    BaseDePrueba base;
-    Conexion& conexion = base.conexion();
-};
+using PruebaEmpresa = ConBase;
 } // namespace
 
 TEST_F(PruebaEmpresa, LaBajaTomaLasTresTablasDeEsaEmpresaSolaOTodoQueda)

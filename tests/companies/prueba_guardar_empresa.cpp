@@ -22,7 +22,7 @@ FilaResponsable responsable(const char* ayn, const char* tipo = "DNI", std::opti
     return {ayn, tipo, documento, "Calle 2", {}};
 }
 
-struct GuardarEmpresa : testing::Test
+struct GuardarEmpresa : ConBase
 {
     /// A company with a text of its own in every field, an apostrophe in several.
     GuardarEmpresa()
@@ -35,8 +35,6 @@ struct GuardarEmpresa : testing::Test
         entrada.empresa.razon = "Cambiada";
     }
 
-    BaseDePrueba base;
-    Conexion& conexion = base.conexion();
     /// What the screen holds; each save is of another name, so that its trace is seen.
     EntradaEmpresa entrada;
 
@@ -112,7 +110,9 @@ TEST_F(GuardarEmpresa, LoRechazadoDeshaceTodo)
                                      FilaSucursal{.numero = 0}, FilaSucursal{.telefono = "461"}})
     {
         entrada.sucursales = {{sucursal(0, "30"), mala}};
-        EXPECT_TRUE(rechazo().startsWith("Los datos de las Sucursales están incompletos."));
+        EXPECT_EQ("Los datos de las Sucursales están incompletos.  Por favor, verifique los mismos (Nro. de Sucursal, "
+                  "Domicilio y Localidad).",
+                  rechazo());
     }
     entrada.sucursales = {{sucursal(0, "1", "Calle", std::nullopt)}};
     EXPECT_EQ("13", rechazo());
@@ -122,7 +122,7 @@ TEST_F(GuardarEmpresa, LoRechazadoDeshaceTodo)
           responsable("Uno", "DNI", std::nullopt), FilaResponsable{.localidad = "Berisso"}})
     {
         entrada.responsables = {{responsable("Entra"), malo}};
-        EXPECT_TRUE(rechazo().startsWith("Los datos de los Responsables están incompletos."));
+        EXPECT_EQ("Los datos de los Responsables están incompletos.  Por favor, verifique los mismos.", rechazo());
     }
     EXPECT_EQ(0, (*entrada.sucursales)[3].id); // nothing of it stayed
     entrada.responsables = {{responsable("Uno", "Carnet")}};

@@ -22,12 +22,11 @@ struct PantallaConEmpresa : Pantalla
     [[nodiscard]] QString empresaEnCurso() const override { return empresa; }
     QString empresa;
     [[nodiscard]] bool dejaLoTipeado() override { return !tipeado; }
-    bool dejaCerrar = true;
-    bool tipeado = false;
+    bool dejaCerrar = true, tipeado = false;
 };
 
 /// A database, the main window on it, and an end of the process that only counts.
-struct MenuTest : testing::Test
+struct MenuTest : ConBase
 {
     MenuTest()
     {
@@ -47,7 +46,6 @@ struct MenuTest : testing::Test
     [[nodiscard]] QString enCurso() const { return menu.findChild<QLabel*>("lblEmpresaEnCurso")->text() + u'/'; }
 
     Navegacion& navegacion = Navegacion::instancia();
-    BaseDePrueba base;
     CajasDePrueba cajas;
     std::vector<int> estados;
     MDIMenuPpal menu;

@@ -33,9 +33,8 @@ TEST(OtroPuesto, DISABLED_Tiene)
 const char* const graba = "BEGIN IMMEDIATE";
 const char* const confirma = "BEGIN EXCLUSIVE"; // as in the moment of a COMMIT: nobody reads either
 
-struct AlLado : testing::Test
+struct AlLado : ConBase
 {
-    BaseDePrueba base;
     CajasDePrueba cajas;
     std::unique_ptr<Hijo> otro;
 

@@ -12,9 +12,8 @@ const QDate mayo(2009, 5, 1);
 const QDate hoy(2009, 6, 3);
 
 /// The company of the tests and another one.
-struct CicloDDJJ : testing::Test
+struct CicloDDJJ : ConBase
 {
-    BaseDePrueba base;
     Conexion& c = base.conexion();
     CicloDDJJ()
     {
@@ -27,14 +26,10 @@ struct CicloDDJJ : testing::Test
 // In what order, and with which words: in the script.
 TEST(PeriodoDDJJ, DesdeEneroDe2006YSeProponeElSiguiente)
 {
-    for (const auto& [anio, mes, vale] : {std::tuple{"2005", "12", false},
-                                          {"7", "5", false},
-                                          {"2006", "0", false},
-                                          {"2006", "1", true},
-                                          {"2006", "13", false},
-                                          {"9999", "12", true}})
+    for (const QString caso : {"2005/12!", "7/5!", "2006/0!", "2006/1", "2006/13!", "9999/12"}) // "!": refused
     {
-        EXPECT_EQ(vale, !comprobarPeriodo(anio, mes)) << anio << "/" << mes;
+        const QStringList partes = QString(caso).remove(u'!').split(u'/');
+        EXPECT_EQ(caso.endsWith(u'!'), comprobarPeriodo(partes[0], partes[1]).has_value()) << qPrintable(caso);
     }
     EXPECT_EQ(std::nullopt, proponerPeriodo(std::nullopt));
     EXPECT_EQ(QDate(2008, 1, 1), proponerPeriodo(QDate(2007, 12, 1)));

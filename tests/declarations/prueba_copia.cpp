@@ -13,9 +13,8 @@ const ClaveDDJJ destino{dePrueba::cuit, dePrueba::periodo, 1};
 
 /// The source with two people, the target with one of its own, and so has the other sequence of its month; nobody in
 /// June.
-struct Copia : testing::Test
+struct Copia : ConBase
 {
-    BaseDePrueba base;
     Conexion& c = base.conexion();
     Copia()
     {

@@ -14,17 +14,15 @@ namespace
 {
 const QString archivo = "30-12345678-1 2009-05 00.txt";
 
-struct EnvioDDJJ : testing::Test
+struct EnvioDDJJ : ConBase
 {
-    BaseDePrueba base;
     CajasDePrueba cajas;
 
     EnvioDDJJ()
     {
-        for (const char* tabla : {"Empresas", "DDJJ", "DDJJ_Empleados"})
-        {
-            poner(tabla);
-        }
+        poner("Empresas");
+        poner("DDJJ");
+        poner("DDJJ_Empleados");
     }
     /// With its file gone by the time it is to be sent, perhaps.
     EnvioDeDDJJ envio(bool sinArchivo)

@@ -25,9 +25,8 @@ struct Cerrada : Pantalla
     void cargar() override { cerrar(); }
 };
 
-struct MandosDDJJ : testing::Test
+struct MandosDDJJ : ConBase
 {
-    BaseDePrueba base;
     CajasDePrueba cajas;
     std::unique_ptr<DDJJ> pantalla;
 

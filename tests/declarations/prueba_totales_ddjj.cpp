@@ -11,9 +11,8 @@ const ClaveDDJJ original{dePrueba::cuit, dePrueba::periodo, 0};
 const ClaveDDJJ rectificativa{dePrueba::cuit, dePrueba::periodo, 1};
 
 /// A declaration and, around it, others that must not count.
-struct TotalesDeDDJJ : testing::Test
+struct TotalesDeDDJJ : ConBase
 {
-    BaseDePrueba base;
     Conexion& c = base.conexion();
     TotalesDeDDJJ()
     {
@@ -67,26 +66,19 @@ TEST_F(TotalesDeDDJJ, CuentaLosDatosIncompletosYLasJornadasReducidas)
 {
     poner("DDJJ_Empleados");
     poner("DDJJ_Empleados", {{"Secuencia", 1}});
-    for (const auto& [cambio, incompletos, reducidas] :
-         {std::tuple{"TipoDoc = 0", 1, 0},
-          {"NroDoc = 0", 1, 0},
-          {"Sexo = NULL", 1, 0},
-          {"Nacio = NULL", 1, 0},
-          {"EstCivil = 0", 1, 0},
-          {"Categoria = 0", 1, 0},
-          {"Ingreso = NULL", 1, 0},
-          {"TipoDoc = 0, NroDoc = 0", 1, 0},
-          {"Calle = NULL, Sucursal = NULL, Egreso = NULL, NroDoc = NULL", 0, 0},
-          {"QHoras = NULL", 0, 0},
-          {"QHoras = 100", 0, 1},
-          {"QHoras = 0", 0, 1},
-          {"QHoras = 201", 0, 1}})
+    // How many, and the change of one person.
+    for (const QString caso :
+         {"10 TipoDoc = 0", "10 NroDoc = 0", "10 Sexo = NULL", "10 Nacio = NULL", "10 EstCivil = 0", "10 Categoria = 0",
+          "10 Ingreso = NULL", "10 TipoDoc = 0, NroDoc = 0", "00 QHoras = NULL", "01 QHoras = 100", "01 QHoras = 0",
+          "01 QHoras = 201", "00 Calle = NULL, Sucursal = NULL, Egreso = NULL, NroDoc = NULL"})
     {
         const Transaccion vuelveAtras(c);
-        c.ejecutar(std::string("UPDATE DDJJ_Empleados SET ") + cambio +
+        c.ejecutar("UPDATE DDJJ_Empleados SET " + caso.mid(3).toStdString() +
                    " WHERE Cuit = '30-12345678-1' AND Periodo = '2009-05-01' AND Secuencia = 0");
-        EXPECT_TRUE(totales().incompletos == incompletos && totales().jornadaReducida == reducidas) << cambio;
-        EXPECT_EQ(reducidas, totales(rectificativa).jornadaReducida) << cambio;
+        const int reducidas = caso[1].digitValue();
+        EXPECT_TRUE(totales().incompletos == caso[0].digitValue() && totales().jornadaReducida == reducidas)
+            << qPrintable(caso);
+        EXPECT_EQ(reducidas, totales(rectificativa).jornadaReducida) << qPrintable(caso);
     }
 }
 

@@ -39,11 +39,10 @@ const Registro registros[] = {
 struct Lugar
 {
     qsizetype linea;
-    int desde;
-    int ancho;
+    int desde, ancho;
 };
 
-struct ArchivoDdjj : testing::Test
+struct ArchivoDdjj : ConBase
 {
     ArchivoDdjj()
     {
@@ -90,7 +89,6 @@ struct ArchivoDdjj : testing::Test
             << columna.toStdString() << " = " << valor.toStdString();
     }
 
-    BaseDePrueba base;
     QString nombre;
     DatosArchivoDDJJ mayo{"30-12345678-9", QDate(2009, 5, 1), "2009", "5", "0"};
     QByteArrayList como; ///< the file of what stands above

@@ -30,7 +30,7 @@ QByteArray con(QByteArray linea, int posicion, const char* texto)
     return linea.replace(posicion - 1, static_cast<qsizetype>(std::strlen(texto)), texto);
 }
 
-struct Importacion : testing::Test
+struct Importacion : ConBase
 {
     Importacion()
     {
@@ -64,7 +64,6 @@ struct Importacion : testing::Test
         ejecutar("DELETE FROM Empleados_Familiares");
     }
 
-    BaseDePrueba base;
     static constexpr const char* empleados = "SELECT * FROM DDJJ_Empleados";
 };
 } // namespace

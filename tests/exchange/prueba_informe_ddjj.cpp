@@ -17,11 +17,9 @@ using namespace dePrueba;
 
 namespace
 {
-struct InformesDDJJ : testing::Test
+struct InformesDDJJ : ConBase
 {
-    BaseDePrueba base;
     CajasDePrueba cajas;
-    Conexion& conexion = base.conexion();
 
     void SetUp() override
     {

@@ -37,10 +37,8 @@ inline void llenarBase(int empleados)
 [[nodiscard]] inline std::string contenidoDe()
 {
     std::string todo = filas("SELECT sql FROM sqlite_schema ORDER BY name");
-    for (const Fila& tabla : Rutinas::Conexion.consultar("SELECT name FROM sqlite_schema WHERE type = 'table'"))
-    {
-        todo += filas("SELECT * FROM " + tabla.texto("name").toStdString());
-    }
+    Rutinas::Conexion.recorrer("SELECT name FROM sqlite_schema WHERE type = 'table'", [&](const Fila& tabla)
+                               { todo += filas("SELECT * FROM " + tabla.texto("name").toStdString()); });
     return todo;
 }
 

@@ -4,7 +4,7 @@
 #ifndef _WIN32
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/limite_de_archivos.h"
-#include "base/files/archivos.h"
+#include "base/files/planilla_xlsx.h"
 #include "exchange/archivo_ddjj.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/importacion.h"
@@ -24,7 +24,7 @@ QString fallaSinLugar(qint64 tope, Accion accion)
     return fallaDe(accion);
 }
 
-class DiscoLleno : public testing::Test
+class DiscoLleno : public ConBase
 {
 protected:
     [[nodiscard]] QString en(const char* nombre) const { return base.ruta(QString::fromLatin1(nombre)); }
@@ -50,7 +50,6 @@ protected:
     }
 
     QTemporaryDir fuera;
-    BaseDePrueba base;
 };
 
 TEST_F(DiscoLleno, NadaQuedaAMedias)
@@ -108,12 +107,22 @@ TEST_F(DiscoLleno, NadaQuedaAMedias)
     QFile::remove(escrito);
     // Half of the file, none of it, and all but its last two pages.
     probar("text file", lleno, {bytes / 2, 0, bytes - 8192}, grabar, nombre.toLatin1().constData());
-    // Saved over another file: the one that was there stays.
-    const QString grande = fuera.filePath(QStringLiteral("grande.txt"));
-    ASSERT_TRUE(QFile::copy(escrito, grande));
-    escribirArchivo(escrito, "el que estaba");
-    EXPECT_TRUE(fallaSinLugar(bytes / 2, [&] { Archivos::copiar(grande, escrito); }).startsWith(lleno));
-    EXPECT_EQ("el que estaba", leerArchivo(escrito));
+
+    // A sheet saved over another file, which stays until there is room for the whole new one.
+    const QString hoja = fuera.filePath(QStringLiteral("hoja.xlsx"));
+    const planilla::Tabla personas(1'000, std::vector<planilla::Celda>{{QStringLiteral("Núñez")}});
+    planilla::escribirXlsx(hoja, personas);
+    const qint64 entera = QFileInfo(hoja).size();
+    escribirArchivo(hoja, "la que estaba");
+    QString falla;
+    qint64 tope = 0;
+    do
+    {
+        EXPECT_EQ("la que estaba", leerArchivo(hoja)) << tope;
+        falla = fallaSinLugar(tope += 512, [&] { planilla::escribirXlsx(hoja, personas); });
+        EXPECT_TRUE(falla.isEmpty() || falla.startsWith(lleno)) << tope << ' ' << falla.toStdString();
+    } while (!falla.isEmpty() && !HasFailure());
+    EXPECT_NEAR(double(entera), double(QFileInfo(hoja).size()), 64) << "it tells the time of its making";
 }
 } // namespace
 #endif

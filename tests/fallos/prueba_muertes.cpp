@@ -1,7 +1,7 @@
 // Backup, restore and compaction killed at random moments: what stands afterwards is the old database or the new one,
 // whole; it opens as at every start; and what the killed ones left behind does not pile up. Each death is that of a
 // process of its own. The moments are drawn evenly over the time that the operation takes here, which is measured
-// first. ALTOVERDE_MUERTES sets the number of deaths, ALTOVERDE_SEMILLA draws other moments.
+// first, three times. ALTOVERDE_MUERTES sets the number of deaths, ALTOVERDE_SEMILLA draws other moments.
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/hijo.h"
 #include "base/directorio_programa.h"
@@ -12,6 +12,7 @@
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <chrono>
+#include <limits>
 #include <random>
 #include <thread>
 
@@ -89,11 +90,15 @@ TEST_P(Muertes, DejanUnaBaseEntera)
 {
     const int veces = pedido("ALTOVERDE_MUERTES", 20);
     std::mt19937 azar(static_cast<unsigned>(pedido("ALTOVERDE_SEMILLA", 1)));
-    preparar(0);
-    QElapsedTimer reloj;
-    reloj.start();
-    hacer(tarea, QStringLiteral("20090603_1007"));
-    const qint64 dura = reloj.nsecsElapsed() / 1000;
+    qint64 dura = std::numeric_limits<qint64>::max(); // microseconds, the least of three: a machine may stall at one
+    for (int vez = 0; vez < 3; ++vez)
+    {
+        preparar(0);
+        QElapsedTimer reloj;
+        reloj.start();
+        hacer(tarea, QStringLiteral("20090603_1007"));
+        dura = std::min(dura, reloj.nsecsElapsed() / 1000);
+    }
     const QStringList limpios = archivos();
     int enMedio = 0;
     for (int vez = 0; vez < veces && !HasFailure(); ++vez)

@@ -1,20 +1,20 @@
 #!/usr/bin/python3
-"""con_ftp.py COMO CARPETA [ORDEN...]: runs a command with an FTP server of its own, whose address it adds as
-"--ftp HOST:PORT"; the files that arrive lie in CARPETA. The exit status is the command's. Without a command it prints
-the address, serves until its input ends, and prints each command that a client sends.
-
-The bytes of a file are kept as they came. COMO:
-  si           all is well
-  cerrado      nobody listens there
-  rechaza      the password is another one
-  sin_carpeta  there is no DDJJ to go to
-  no_sube      no file may be stored
-  lleno        the disk is full after 2048 bytes
-  corta        both connections are reset after 1024 bytes of a file
-  traba        a file's bytes are not taken, and nothing is said any more
-  calla-X      nothing comes back any more from the command X on, and nothing is done: calla-CWD; calla-saludo leaves out
-               the greeting, calla-fin only what ends a transfer
-  charla-X     as calla-X, but for lines of a reply that never ends"""
+# con_ftp.py COMO CARPETA [ORDEN...]: runs a command with an FTP server of its own, whose address it adds as
+# "--ftp HOST:PORT"; the files that arrive lie in CARPETA. The exit status is the command's. Without a command it prints
+# the address, serves until its input ends, and prints each command that a client sends.
+#
+# The bytes of a file are kept as they came. COMO:
+#   si           all is well
+#   cerrado      nobody listens there
+#   rechaza      the password is another one
+#   sin_carpeta  there is no DDJJ to go to
+#   no_sube      no file may be stored
+#   lleno        the disk is full after 2048 bytes
+#   corta        both connections are reset after 1024 bytes of a file
+#   traba        a file's bytes are not taken, and nothing is said any more
+#   calla-X      nothing comes back any more from the command X on, and nothing is done: calla-CWD; calla-saludo leaves out
+#                the greeting, calla-fin only what ends a transfer
+#   charla-X     as calla-X, but for lines of a reply that never ends
 import logging
 import pathlib
 import resource

@@ -1,16 +1,16 @@
-"""jugar.py GUION TRABAJO INSTALACION BASE ROBOT...: plays one acceptance script in a fresh copy of the installation.
-The script's comment lines of these forms say what it needs, each as often as it takes:
-  # base: ARCHIVO      this file in the place of the database; it must come out as it is
-  # antes: GUION       its lines are played first; line numbers count from its first one
-  # sql: ARCHIVO       statements run on the database first
-  # datos: CARPETA     its files are copied into the program's folder
-  # borrar: ARCHIVO    not there when the program starts
-  # ftp: COMO          with an FTP server of its own, as con_ftp.py tells: si, cerrado ...
-  # salida: N          exit status of the robot, 0 unless told
-  # despues: GUION     another start of the program in the same folder
-Paths are relative to the script. Files in X.esperado/ beside X.guion must have come out equal, byte by byte; there
-Y.pdf.txt is what Y.pdf says, its blanks run together.
-The variable ROBOT_OPCIONES of the environment adds an option to the robot's own, "--pantalla" for one."""
+# jugar.py GUION TRABAJO INSTALACION BASE ROBOT...: plays one acceptance script in a fresh copy of the installation.
+# The script's comment lines of these forms say what it needs, each as often as it takes:
+#   # base: ARCHIVO      this file in the place of the database; it must come out as it is
+#   # antes: GUION       its lines are played first; line numbers count from its first one
+#   # sql: ARCHIVO       statements run on the database first
+#   # datos: CARPETA     its files are copied into the program's folder
+#   # borrar: ARCHIVO    not there when the program starts
+#   # ftp: COMO          with an FTP server of its own, as con_ftp.py tells: si, cerrado ...
+#   # salida: N          exit status of the robot, 0 unless told
+#   # despues: GUION     another start of the program in the same folder
+# Paths are relative to the script. Files in X.esperado/ beside X.guion must have come out equal, byte by byte; there
+# Y.pdf.txt is what Y.pdf says, its blanks run together.
+# The variable ROBOT_OPCIONES of the environment adds an option to the robot's own, "--pantalla" for one.
 import os
 import pathlib
 import re

@@ -9,9 +9,8 @@
 namespace
 {
 /// Company A: 2009/03 (0), 2009/04 (0, 1), 2009/05 (0); company B: 2009/02. Two employees and one payment each.
-struct Depuracion : testing::Test
+struct Depuracion : ConBase
 {
-    BaseDePrueba base;
     Conexion& c = base.conexion();
     std::vector<QDate> vistos;
 

@@ -16,7 +16,7 @@
 
 namespace
 {
-struct PantallaBackup : testing::Test
+struct PantallaBackup : ConBase
 {
     PantallaBackup()
     {
@@ -30,7 +30,6 @@ struct PantallaBackup : testing::Test
         pantalla.findChild<QTabWidget*>()->setCurrentIndex(pagina);
         pantalla.findChild<QPushButton*>("cmdOK")->click();
     }
-    BaseDePrueba base;
     CajasDePrueba cajas;
     Backup pantalla;
 };

@@ -16,7 +16,7 @@
 namespace
 {
 /// The program's database B, another one O, the safety copy S and a backup C; none of them is open.
-struct Respaldo : testing::Test
+struct Respaldo : ConBase
 {
     Respaldo()
     {
@@ -54,7 +54,6 @@ struct Respaldo : testing::Test
     }
     [[nodiscard]] std::string archivos() const { return archivosDe(base.ruta({})); }
 
-    BaseDePrueba base;
     const QString B = base.rutaBase();
     const QString O = base.ruta("otra/DBBrivo.mdb");
     const QString S = base.ruta("DBBrivo_Bak.mdb");
@@ -75,7 +74,6 @@ TEST_F(Respaldo, LaCopiaEsIgualTambienLaDeUnaBaseDanada)
     const std::pair<QByteArray, const char*> casos[] = {
         {viva, ""},
         {danada, "La base de datos está dañada (página 32 del archivo)"},
-        {viva.first(viva.size() / 2), "La base de datos está dañada"},
         {"no es una base", "El archivo no es una base de datos"},
         {nueva, ""},
     };
@@ -96,9 +94,7 @@ TEST_F(Respaldo, LaCopiaEsIgualTambienLaDeUnaBaseDanada)
 TEST_F(Respaldo, SoloUnaBaseEnteraDelProgramaReemplaza)
 {
     const std::pair<QByteArray, std::string> casos[] = {
-        {"no es una base", "26 El archivo no es una base de datos"},
         {"", noEs},
-        {viva.first(viva.size() / 2), "11 La base de datos está dañada"},
         {danada, "11 La base de datos está dañada (página 32 del archivo)"},
         {conCambio("DROP TABLE Parametros"), noEs + ": falta la tabla Parametros"},
         {conCambio("DELETE FROM Parametros"), noEs + ": falta la fila de Parametros"},
@@ -127,16 +123,16 @@ TEST_F(Respaldo, CadaTablaYColumnaHaceFalta)
     Conexion c;
     c.abrir(O);
     c.ejecutar("PRAGMA synchronous = OFF");
-    const Recordset columnas =
-        c.consultar("SELECT t.name AS t, c.name AS c FROM sqlite_schema t, pragma_table_info(t.name) c "
-                    "WHERE t.type = 'table' AND t.name NOT LIKE 'sqlite%'");
-    EXPECT_LT(100U, columnas.cantidad());
-    for (const Fila& fila : columnas)
+    const auto columnas = c.lista("SELECT t.name AS t, c.name AS c FROM sqlite_schema t, pragma_table_info(t.name) c "
+                                  "WHERE t.type = 'table' AND t.name NOT LIKE 'sqlite%'",
+                                  [](const Fila& fila) { return std::pair(fila.texto("t"), fila.texto("c")); });
+    EXPECT_LT(100U, columnas.size());
+    for (const auto& [tabla, columna] : columnas)
     {
         const QString cambio = "ALTER TABLE %1 RENAME COLUMN %2 TO %3";
-        c.ejecutar(cambio.arg(fila.texto("t"), fila.texto("c"), "x").toStdString());
-        EXPECT_EQ(26, numeroDe([&] { exigirEsquema(O); })) << (fila.texto("t") + fila.texto("c")).toStdString();
-        c.ejecutar(cambio.arg(fila.texto("t"), "x", fila.texto("c")).toStdString());
+        c.ejecutar(cambio.arg(tabla, columna, "x").toStdString());
+        EXPECT_EQ(26, numeroDe([&] { exigirEsquema(O); })) << (tabla + columna).toStdString();
+        c.ejecutar(cambio.arg(tabla, "x", columna).toStdString());
     }
     EXPECT_EQ("", falla([&] { exigirEsquema(O); }));
 }
@@ -199,7 +195,7 @@ TEST(OtraCopia, DISABLED_AMitadDeUnaTransaccion)
     conexion.ejecutar("PRAGMA cache_size = 10"); // so that changes reach the file before the commit
     Transaccion transaccion(conexion);
     conexion.ejecutar("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000) "
-                      "INSERT INTO Rubros (Codigo, Nombre) SELECT 'm' || i, hex(randomblob(30)) FROM n");
+                      "INSERT INTO Rubros (Codigo, Nombre) SELECT 'm' || i, printf('%060d', i * 7919) FROM n");
     hijo::listoYEsperar();
 }
 

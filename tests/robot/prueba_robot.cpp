@@ -67,7 +67,7 @@ TEST(Robot, UnaLineaQueNoValeFalla)
         {alta + "celda vsResponsables 1 2 \"DNX\"", "la lista no tiene «DNX»"},
         {alta + "celda vsSucursales 1 1 \"7\"", "la grilla no muestra la columna 1"},
         {"celda vsSucursales 1 3 \"x\"", "está deshabilitado con «fraDatos»"},
-        {alta + "fila vsSucursales 9", "la grilla tiene 1 filas"},
+        {alta + "pulsar vsSucursales[9]", "la grilla tiene 1 filas"},
         {"pagina \"Nada\"", "no hay página «Nada»"},
         {"informe x.pdf", "no hay ningún informe"},
         {alta + "escribir MaskCuit \"20\" Enter*2", "antes de «Enter*1» vino una caja"},
@@ -111,11 +111,11 @@ TEST(Robot, UnaLineaQueNoValeFalla)
 
 TEST(Robot, UnGuionQueNoSeLeeNoSeJuega)
 {
-    const QByteArray malas = R"(bailar|pulsar|escribir a|escribir a "sin cierre|escribir a "x"y|fila g uno|fila g -1|)"
-                             R"(celda g 0 1 x|celda g 1 0 x|celda g 1 1 x 2|espera_activo a tal|espera_activo si|)"
-                             R"(fecha 31/02/2007|fecha 01/01/2007 25:00|tecla a Enterr|tecla a Hiper+A|)"
-                             R"(tecla a Enter*0|tecla a "Enter"|salir ya|pulsar a dice|pulsar a responde tal|)"
-                             R"(pulsar a dice critico|espera a "1" foco a|pulsar a foco b c)";
+    const QByteArray malas = R"(bailar|pulsar|escribir a|escribir a "sin cierre|escribir a "x"y|doble g uno|)"
+                             R"(doble g -1|celda g 0 1 x|celda g 1 0 x|celda g 1 1 x 2|espera_activo a tal|)"
+                             R"(espera_activo si|fecha 31/02/2007|fecha 01/01/2007 25:00|tecla a Enterr|)"
+                             R"(tecla a Hiper+A|tecla a Enter*0|tecla a "Enter"|salir ya|pulsar a dice|)"
+                             R"(pulsar a responde tal|pulsar a dice critico|espera a "1" foco a|pulsar a foco b c)";
     for (const QByteArray& mala : malas.split('|'))
     {
         try

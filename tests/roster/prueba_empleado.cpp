@@ -10,11 +10,7 @@ namespace
 using dePrueba::clave;
 const QString sinCuil = "__-________-_";
 
-struct PruebaEmpleado : testing::Test
-{
-    BaseDePrueba base;
-    Conexion& conexion = base.conexion();
-};
+using PruebaEmpleado = ConBase;
 } // namespace
 
 TEST_F(PruebaEmpleado, RecorreLaNominaPorElTextoDelCuil)
@@ -27,20 +23,12 @@ TEST_F(PruebaEmpleado, RecorreLaNominaPorElTextoDelCuil)
     poner("DDJJ_Empleados", {{"Cuil", "20-0"}, {"Secuencia", 1}});
     poner("DDJJ_Empleados", {{"Cuil", "20-9"}, {"Periodo", "2009-06-01"}});
     using enum AccionEmpleado;
+    // An emptied screen compares with the untouched mask, which as a text comes after every digit.
     const std::tuple<AccionEmpleado, QString, QString> pasos[] = {
-        {Primero, "20-3", "20-1"},
-        {Inicio, "20-3", "20-1"},
-        {Ultimo, "20-1", "20-3"},
-        {Siguiente, "20-1", "20-2"},
-        {Siguiente, "20-3", "none"},
-        {Anterior, "20-3", "20-2"},
-        {Anterior, "20-1", "none"},
-        {Buscado, "20-2", "20-2"},
-        {Siguiente, "20-25", "20-3"},
-        // An emptied screen compares with the untouched mask, which as a text comes after every digit.
-        {Siguiente, sinCuil, "none"},
-        {Anterior, sinCuil, "20-3"},
-    };
+        {Primero, "20-3", "20-1"},    {Inicio, "20-3", "20-1"},    {Ultimo, "20-1", "20-3"},
+        {Siguiente, "20-1", "20-2"},  {Siguiente, "20-3", "none"}, {Anterior, "20-3", "20-2"},
+        {Anterior, "20-1", "none"},   {Buscado, "20-2", "20-2"},   {Siguiente, "20-25", "20-3"},
+        {Siguiente, sinCuil, "none"}, {Anterior, sinCuil, "20-3"}};
     const auto hallado = [&](AccionEmpleado accion, const QString& desde)
     {
         const auto empleado = cargarEmpleado(conexion, clave, accion, desde);

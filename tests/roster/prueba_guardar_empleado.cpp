@@ -25,12 +25,9 @@ EntradaEmpleado nuevo()
     return e;
 }
 
-struct GuardarEmpleado : testing::Test
+struct GuardarEmpleado : ConBase
 {
     GuardarEmpleado() { poner("DDJJ"); }
-
-    BaseDePrueba base;
-    Conexion& conexion = base.conexion();
 
     /// Every cell of the roster and of the family lists.
     [[nodiscard]] std::string todo() const

@@ -11,12 +11,9 @@ namespace
 {
 using dePrueba::clave;
 
-struct Sueldos : testing::Test
+struct Sueldos : ConBase
 {
     Sueldos() { poner("DDJJ"); }
-
-    BaseDePrueba base;
-    Conexion& conexion = base.conexion();
 
     static void empleado(const char* cuil, const char* imponible, const char* acuerdo = "0", const char* acuerdo2 = "0",
                          int horas = 200, bool afiliado = true)
@@ -123,7 +120,8 @@ TEST_F(Sueldos, LoQueOtroPuestoCambioSePreguntaAntesDeReemplazarlo)
     EXPECT_EQ("Pérez Juan, Sueldo=1.000,00>1.234,50;Pérez Juan, Acuerdo=100,00>110,00",
               cambiosAl([&] { return actualizarSueldos(conexion, clave, filas, leidas); }));
     EXPECT_EQ(antes, todo());
-    EXPECT_EQ(2, actualizarSueldos(conexion, clave, filas, {})); // asked for a second time, they are replaced
+    // Asked for a second time, they are replaced.
+    EXPECT_EQ("", fueraDeTransaccion([&] { EXPECT_EQ(2, actualizarSueldos(conexion, clave, filas, {})); }));
     EXPECT_EQ("20000000|0|0|300000|150000|150000|70000", guardado("20-1"));
     EXPECT_EQ("10000000|1000000|0|220000|110000|110000|70000", guardado("20-2"));
     filas[0].acuerdo = Moneda::deTexto("200000,10"); // a reading shows 200.000,09

@@ -17,9 +17,8 @@ using namespace dePrueba;
 
 namespace
 {
-struct BoletaImpresa : testing::Test
+struct BoletaImpresa : ConBase
 {
-    BaseDePrueba base;
     TextosDeBoleta textos{"Panadería y Confitería \"La Ñusta\" <S.R.L.> & D'An",
                           "Avenida del Libertador General 12345 12 3 B - (B1870ABC) Ñorquín de la Costa",
                           "PAGO DE ACTAS - SEGURO DE SEPELIO",

@@ -9,10 +9,8 @@ using namespace dePrueba;
 
 namespace
 {
-struct ImportesDeBoleta : testing::Test
+struct ImportesDeBoleta : ConBase
 {
-    BaseDePrueba base;
-
     /// A declaration with a roster of one, whose three contributions are these.
     static void nomina(int secuencia, const char* art100, const char* art101A, const char* art101B)
     {

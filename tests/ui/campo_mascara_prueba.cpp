@@ -60,11 +60,8 @@ struct Campos : testing::Test
     }
 
     QWidget ventana;
-    QLineEdit primero;
-    CampoMascara cuit;
-    CampoMascara fecha;
-    QLineEdit digitos;
-    QLineEdit importe;
+    QLineEdit primero, digitos, importe;
+    CampoMascara cuit, fecha;
     QComboBox horas;
 };
 } // namespace

@@ -42,6 +42,13 @@ TEST(Dialogos, ElNombreElegidoRecibeSuExtensionYSobreOtroArchivoSePregunta)
         EXPECT_EQ(QDir::toNativeSeparators(carpeta.filePath(vuelve)),
                   DialogoArchivo({"Guardar", inicial, "*", "txt", false}));
     }
+    escribirArchivo(carpeta.filePath("vieja.xls"), "x");
+    for (const auto& [nombre, vuelve] : {std::pair("a", "a.xlsx"), {"a.CSV", "a.CSV"}, {"vieja.xls", "vieja.xls.xlsx"}})
+    {
+        conElDialogo(nombre);
+        EXPECT_EQ(QDir::toNativeSeparators(carpeta.filePath(vuelve)),
+                  DialogoArchivo({"Guardar", inicial, "Excel (*.xlsx);;Texto (*.csv)", "xlsx", false}));
+    }
     CajasDePrueba cajas;
     const QString pregunta = "El archivo 'hay.txt' ya existe. ¿Desea reemplazarlo?";
     cajas.espera(Caja::Pregunta, pregunta, false)

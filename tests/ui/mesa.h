@@ -63,10 +63,7 @@ public:
     QPushButton* accion = new QPushButton("&Grabar");
     QTabWidget* paginas = new QTabWidget;
     QTableWidget* grilla = new QTableWidget(3, 2);
-    int acciones = 0;
-    int activaciones = 0;
-    int descargas = 0;
-    int chequeos = 0;
+    int acciones = 0, activaciones = 0, descargas = 0, chequeos = 0;
     bool dejaCerrar = true;
     std::function<void()> alRechazar = [] {};
     std::function<void()> alActivar = [] {};
@@ -105,8 +102,6 @@ public:
         navegacion.fijarVentana(nullptr, nullptr);
         PantallaDePrueba::alCargar = [](P) {};
     }
-    Mesa(const Mesa&) = delete;
-    Mesa& operator=(const Mesa&) = delete;
 
     P abrir(const QString& nombre)
     {

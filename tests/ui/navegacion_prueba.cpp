@@ -105,6 +105,16 @@ TEST(Navegacion, UnaDeCadaSeCargaOcultaYSeVeConElFocoQuePidioDentroDelArea)
     EXPECT_TRUE(mesa.area->rect().contains(una->hija().geometry()));
 }
 
+TEST(Navegacion, LosCamposDeAnchoFijoCrecenConLaLetra)
+{
+    Mesa mesa;
+    auto* una = new PantallaDePrueba("Una");
+    una->b->setFixedWidth(104);
+    una->setFont(QFont(una->font().family(), 18)); // twice the forms' own
+    mesa.navegacion.registrar("Una", [una] { return una; });
+    EXPECT_EQ(mesa.abrir("Una").b->width(), 208);
+}
+
 TEST(Navegacion, LaQueVuelveTieneElFocoDondeEstaba)
 {
     for (const bool maximizada : {false, true})

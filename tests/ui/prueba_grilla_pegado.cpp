@@ -1,8 +1,7 @@
 // What a spreadsheet's cells become in a grid of amounts.
+#include "grilla_de_prueba.h"
 #include "ui/grid/grilla_celdas.h"
 #include "ui/grid/pegado.h"
-
-#include <gtest/gtest.h>
 
 namespace
 {
@@ -118,4 +117,35 @@ TEST(PegadoEnGrilla, UnPortapapelesHostil)
               textoDePegado(prepararPegado(QString(10'000'000, u'1'), tresPersonas)));
     EXPECT_EQ("Se pegó 1 importe.\nLa primera fila, «CUIL Básico», se tomó como encabezado.",
               textoDePegado(prepararPegado("CUIL\tBásico\n20000000011\t1", tresPersonas)));
+}
+
+TEST_F(PruebaGrilla, PegaComoSiSeTecleara)
+{
+    g.setPegable(Nombre);
+    // The amounts after the gestures, with a star when the grid is changed.
+    const auto quedan = [this](const char* caja, const char* texto, const char* gestos)
+    {
+        QGuiApplication::clipboard()->setText(texto);
+        const Caja clase = QString(caja).contains("No") ? Caja::Exclamacion : Caja::Informacion;
+        *caja != '\0' ? static_cast<void>(cajas.espera(clase, caja)) : void();
+        tras(gestos);
+        return g.texto(Sueldo, 1) + '|' + g.texto(Sueldo, 2) + '|' + g.texto(Sueldo, 3) + (g.cambiada() ? "*" : "");
+    };
+    tras("5,1");
+    EXPECT_EQ("11,00||33,00*", quedan("Se pegaron 2 importes.", "11\n\n33", "Ctrl+V"));
+    EXPECT_EQ("editada 5,1; editada 5,3", eventos.join("; "));
+    EXPECT_EQ("1.000,00||", quedan("", "", "Ctrl+Z"));
+    EXPECT_EQ("1.000,00||", quedan("No se pegó ningún importe.\n\nNo se tomó 1:\nAna: «1,234».  Tiene más de dos "
+                                   "decimales.",
+                                   "1,234", "Ctrl+V"));
+    EXPECT_EQ("1.000,00|22,00|*",
+              quedan("Se pegaron 3 importes.", "1\n2\n3", "Ctrl+V Down '22 Return Ctrl+Z")); // typed since
+    tras("5,1");
+    EXPECT_EQ("5,00|22,00|*", quedan("Se pegó 1 importe.", "5", "Ctrl+V"));
+    g.setCambiada(false); // saved
+    EXPECT_EQ("5,00|22,00|", quedan("", "", "Ctrl+Z"));
+    for (const char* texto : {"$ 1.500,00\r\n", "10\n20", "-5"}) // into an open cell; the last two do not go in
+    {
+        EXPECT_EQ("5,00|1.500,00|*", quedan("", texto, "5,2 F2 Ctrl+V Return"));
+    }
 }

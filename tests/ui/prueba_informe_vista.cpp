@@ -5,6 +5,7 @@
 #include "informe_de_prueba.h"
 #include "ui/doors/dialogos.h"
 #include "ui/doors/impresion.h"
+#include "ui/report/informe_tabla.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/trabajo_largo.h"
 
@@ -107,14 +108,14 @@ TEST_F(VistaPrevia, ProponeUnNombreExportaLaTablaYAbreLoGuardado)
     const auto elegir = [&](const PedidoDeArchivo& pedido)
     {
         pedidos << QFileInfo(pedido.propuesta).fileName();
-        return pedidos.size() == 1 ? QString() : informe.ruta("salida");
+        return pedidos.size() == 1 ? QString() : informe.ruta(pedidos.size() == 2 ? "salida" : "salida.csv");
     };
     reemplazarDialogoArchivo(elegir);
     reemplazarAbrirEnlace([&](const QString& enlace) { return abierto = enlace, !abierto.endsWith("csv"); });
     const std::tuple<VistaDeInforme*, const char*, const char*, const char*> casos[] = {
         {&vista, "cmdPdf", "Prueba.pdf", ""},
         {&vista, "cmdPdf", "Prueba.pdf", "salida.pdf"},
-        {&otra, "cmdExportar", "30-1 2026-10 nomina.csv", "salida.csv"},
+        {&otra, "cmdExportar", "30-1 2026-10 nomina.xlsx", "salida.csv"},
     };
     for (const auto& [cual, gesto, propuesto, queda] : casos)
     {
@@ -133,6 +134,15 @@ TEST_F(VistaPrevia, ProponeUnNombreExportaLaTablaYAbreLoGuardado)
     reemplazarAbrirEnlace({});
     const QByteArray tabla = "Nombre;Importe\r\n\"Ana &  ;Eva!\";1.234,50\r\nTotal;;fin\r\n";
     EXPECT_EQ(leerArchivo(informe.ruta("salida.csv")), "\xEF\xBB\xBF" + tabla + "\r\n" + tabla);
+    const auto sinTitulo = informe.paginas(
+        "<table filas=\"Filas\"><tbody><tr><td>{{A}}</td><td align=\"right\">{{A}}</td></tr></tbody></table>",
+        InformeDePrueba::filas({"A"}, {{"007"}, {"48"}, {"-1.234,50"}, {"05/03/1980"}, {"1,234"}}));
+    QString clases;
+    for (const auto& fila : filasDeTablas(sinTitulo.contenido()))
+    {
+        clases += QString("%1%2 ").arg(fila[0].valor.index()).arg(fila[1].valor.index());
+    }
+    EXPECT_EQ(clases, "00 01 22 33 00 ") << "texts, a whole number, amounts, dates";
 }
 
 TEST_F(VistaPrevia, ImprimeLasHojasPedidas)

@@ -81,9 +81,13 @@ void salir(const Jugada& jugada, const Argumentos&)
     recorrerMenu(jugada, {"Salir"});
 }
 
-void pulsar(const Jugada&, const Argumentos& a)
+/// A control, or a row of a grid: "vsGrilla[2]".
+void pulsar(const Jugada& jugada, const Argumentos& a)
 {
-    entrada::clic(controles::buscarUsable(a[0].texto));
+    static const QRegularExpression deGrilla("^(.*)\\[(\\d+)\\]$");
+    const QRegularExpressionMatch fila = deGrilla.match(a[0].texto);
+    fila.hasMatch() ? pulsarFila(jugada, fila.captured(1), fila.captured(2).toInt(), false)
+                    : entrada::clic(controles::buscarUsable(a[0].texto));
 }
 
 /// Brings the focus to a field by a click on `donde`; false when it was refused.

@@ -46,32 +46,9 @@ Grilla* grillaConFila(const QString& nombre, int fila)
     return fila <= grilla->filas() ? grilla : throw Falla("la grilla tiene %1 filas", grilla->filas());
 }
 
-void pulsarFila(const Jugada& jugada, const Argumentos& a, bool doble)
-{
-    const int fila = a[1].numero();
-    Grilla* grilla = grillaConFila(a[0].texto, fila);
-    const int columna = columnaParaPulsar(*grilla, fila);
-    if (fila == 0)
-    {
-        const QHeaderView* titulos = grilla->horizontalHeader();
-        const int seccion = qMax(0, grilla->indice(columna, 1).column());
-        const int x = titulos->sectionViewportPosition(seccion) + titulos->sectionSize(seccion) / 2;
-        clic(jugada, titulos->viewport(), QPoint(x, titulos->viewport()->height() / 2), doble);
-        return;
-    }
-    const QModelIndex celda = grilla->indice(columna, fila);
-    grilla->scrollTo(celda);
-    clic(jugada, grilla->viewport(), lugarDe(*grilla, celda), doble);
-}
-
-void fila(const Jugada& jugada, const Argumentos& a)
-{
-    pulsarFila(jugada, a, false);
-}
-
 void doble(const Jugada& jugada, const Argumentos& a)
 {
-    pulsarFila(jugada, a, true);
+    pulsarFila(jugada, a[0].texto, a[1].numero(), true);
 }
 
 void marcar(const Jugada& jugada, Grilla* grilla, const QPersistentModelIndex& celda, const QString& texto)
@@ -145,7 +122,24 @@ void celda(const Jugada& jugada, const Argumentos& a)
 
 std::span<const Verbo> verbosDeGrilla()
 {
-    static constexpr Verbo todos[] = {{"fila", "cf", fila}, {"doble", "cf", doble}, {"celda", "cn(nt)", celda}};
+    static constexpr Verbo todos[] = {{"doble", "cf", doble}, {"celda", "cn(nt)", celda}};
     return todos;
+}
+
+void pulsarFila(const Jugada& jugada, const QString& nombre, int fila, bool dosVeces)
+{
+    Grilla* grilla = grillaConFila(nombre, fila);
+    const int columna = columnaParaPulsar(*grilla, fila);
+    if (fila == 0)
+    {
+        const QHeaderView* titulos = grilla->horizontalHeader();
+        const int seccion = qMax(0, grilla->indice(columna, 1).column());
+        const int x = titulos->sectionViewportPosition(seccion) + titulos->sectionSize(seccion) / 2;
+        clic(jugada, titulos->viewport(), QPoint(x, titulos->viewport()->height() / 2), dosVeces);
+        return;
+    }
+    const QModelIndex lugar = grilla->indice(columna, fila);
+    grilla->scrollTo(lugar);
+    clic(jugada, grilla->viewport(), lugarDe(*grilla, lugar), dosVeces);
 }
 } // namespace guion

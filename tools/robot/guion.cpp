@@ -177,6 +177,7 @@ std::vector<Paso> Lector::leer()
     {
         tomarSufijo(pasos.back());
     }
+    pasos.front().archivos.swap(pasos.back().archivos); // a dialog may come at any of them
     return pasos;
 }
 

@@ -48,7 +48,8 @@ struct CajaEsperada
     QString texto;
 };
 
-/// A line that does several things of a kind is as many steps; only the first has its text.
+/// A line that does several things of a kind is as many steps; only the first has its text and its answers to file
+/// dialogs, only the last what else comes of it.
 struct Paso
 {
     int linea = 0; ///< of the script, from 1

@@ -233,7 +233,7 @@ void Robot::jugarPaso()
         m_actuo = &paso;
         m_contexto.cajas.clear();
         m_contexto.respuestas = paso.respuestas;
-        m_contexto.archivos = paso.archivos;
+        m_contexto.archivos += paso.archivos;
     }
     ++m_contexto.lineas;
     ejecutar(enJuego(), [&] { paso.verbo->jugar(Jugada(m_contexto), paso.argumentos); });
@@ -253,7 +253,8 @@ bool Robot::terminaLinea()
 void Robot::comprobarDespues(const guion::Paso& paso)
 {
     exigirCajas(m_contexto.cajas, paso.cajas);
-    if (!m_contexto.respuestas.isEmpty() || !m_contexto.archivos.isEmpty())
+    const bool sigue = m_siguiente < m_pasos.size() && m_pasos[m_siguiente].linea == paso.linea;
+    if (!m_contexto.respuestas.isEmpty() || (!sigue && !m_contexto.archivos.isEmpty()))
     {
         throw Falla(m_contexto.archivos.isEmpty() ? "no vino la pregunta" : "no se pidió el archivo");
     }
