@@ -93,6 +93,17 @@ std::string filaDe(const Fila& fila)
     return toda;
 }
 
+std::string juntas(const std::vector<std::string>& textos)
+{
+    std::string todos;
+    for (const std::string& texto : textos)
+    {
+        todos += todos.empty() ? "" : ";";
+        todos += texto;
+    }
+    return todos;
+}
+
 std::string fueraDeTransaccion(const std::function<void()>& regla)
 {
     const auto mirar = reinterpret_cast<void (*)()>(seguir);

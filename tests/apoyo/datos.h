@@ -7,6 +7,7 @@
 #include <QDir>
 #include <functional>
 #include <string>
+#include <vector>
 
 /// Adds a row to `tabla` and gives its automatic number. What is put into a CURRENCY column as a text is an amount as
 /// typed: "1000" or "12,50". The columns that are not named get what the table of default rows has for them
@@ -18,16 +19,15 @@ inline qint64 poner(const char* tabla, const ValoresDeColumnas& valores = {})
     return poner(Rutinas::Conexion, tabla, valores);
 }
 
-/// What a query gives, as "a|b;c|d", and one row: values as they are stored, a null as "Null". Throws when two columns
-/// share a name.
+/// A row as "a|b", each value as it is stored and a null as "Null". Throws when two columns share a name.
 [[nodiscard]] std::string filaDe(const Fila& fila);
+/// "a|b;c|d"
+[[nodiscard]] std::string juntas(const std::vector<std::string>& textos);
+/// What a query gives, its rows joined.
 template <class... A>
 [[nodiscard]] std::string filas(Conexion& conexion, std::string_view sql, const A&... valores)
 {
-    std::string todas;
-    conexion.recorrer(
-        sql, [&](const Fila& fila) { todas += (todas.empty() ? "" : ";") + filaDe(fila); }, valores...);
-    return todas;
+    return juntas(conexion.lista(sql, filaDe, valores...));
 }
 template <class... A>
 [[nodiscard]] std::string filas(std::string_view sql, const A&... valores)
