@@ -2,13 +2,13 @@
 
 #include "base/error_de_ejecucion.h"
 #include "base/files/archivos.h"
+#include "base/files/libro_entero.h"
 #include "base/numbers/formato.h"
 
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <clocale>
@@ -83,21 +83,6 @@ qsizetype anchoDe(const planilla::Celda& celda)
     }
     const auto* importe = std::get_if<Moneda>(&celda.valor);
     return importe == nullptr ? celda.texto.size() : conMiles(*importe).size();
-}
-
-/// Bytes of the sheet in a finished workbook, as the directory at its end tells; 0 when there is none.
-qint64 largoDeLaHoja(const QString& archivo)
-{
-    constexpr qint64 cabeDeSobra = 8192;               // the directory has some ten entries
-    constexpr qsizetype delNombre = 46, delLargo = 24; // places in an entry
-    QFile libro(archivo);
-    if (!libro.open(QIODevice::ReadOnly) || !libro.seek(std::max(qint64{0}, libro.size() - cabeDeSobra)))
-    {
-        return 0;
-    }
-    const QByteArray fin = libro.readAll();
-    const qsizetype nombre = fin.lastIndexOf("xl/worksheets/sheet1.xml");
-    return nombre < delNombre ? 0 : qint64{qFromLittleEndian<quint32>(fin.constData() + nombre - delNombre + delLargo)};
 }
 
 /// The library writes decimals with the mark of the C library's locale, and a sheet knows the dot alone.
@@ -227,12 +212,11 @@ void Libro::cerrar()
         const auto ancho = static_cast<double>(std::min(m_anchos[columna], columnaMasAncha) + 2);
         exigirHoja(worksheet_set_column(m_hoja, lugar, lugar, ancho, nullptr));
     }
-    // The library looks neither whether its rows could be written nor whether the sheet that it packs is whole.
+    // The library looks neither whether its rows could be written nor whether the parts that it packs are whole.
     const bool escritas = std::fflush(m_hoja->file) == 0 && std::ferror(m_hoja->file) == 0;
     exigirHoja(escritas ? LXW_NO_ERROR : LXW_ERROR_ZIP_FILE_OPERATION);
-    const qint64 deFilas = std::ftell(m_hoja->file);
     exigirHoja(workbook_close(std::exchange(m_libro, nullptr)));
-    exigirHoja(largoDeLaHoja(archivo()) >= deFilas ? LXW_NO_ERROR : LXW_ERROR_ZIP_FILE_OPERATION);
+    exigirHoja(planilla::estaEntero(archivo()) ? LXW_NO_ERROR : LXW_ERROR_ZIP_FILE_OPERATION);
 }
 } // namespace
 
