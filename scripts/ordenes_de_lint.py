@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
 """Writes the compile commands of a build so that clang can read them: it takes no precompiled header of g++, so each
-command includes the header's text instead. Prints the sources. Arguments: the build folder, the folder to write into."""
+command includes the header's text instead. Prints what there is to read: a folder's sources in one go, where the build
+compiles them so. Arguments: the build folder, the folder to write into, and the sources asked for, all of them when there
+are none."""
 import json
 import pathlib
 import re
@@ -8,7 +10,7 @@ import sys
 
 
 def main() -> None:
-    construccion, destino = (pathlib.Path(argumento).resolve() for argumento in sys.argv[1:3])
+    construccion, destino, *pedidas = (pathlib.Path(argumento).resolve() for argumento in sys.argv[1:])
     destino.mkdir(parents=True, exist_ok=True)
 
     def texto(hallado: re.Match[str]) -> str:
@@ -17,11 +19,16 @@ def main() -> None:
         copia.write_text(cabecera.read_text(encoding="utf-8"), encoding="utf-8")
         return str(copia)
 
+    def pedido(fuente: pathlib.Path) -> bool:
+        return not pedidas or any(
+            una == fuente or f'#include "{una}"' in fuente.read_text(encoding="utf-8") for una in pedidas
+        )
+
     ordenes = []
     for orden in json.loads((construccion / "compile_commands.json").read_text(encoding="utf-8")):
-        if orden["file"].endswith(".cpp") and "_autogen" not in orden["file"]:
+        if not re.search("_autogen|cmake_pch", orden["file"]) and pedido(pathlib.Path(orden["file"])):
             linea = re.sub(r"/\S+/cmake_pch\.hxx(?!\.)", texto, orden["command"])
-            orden["command"] = re.sub(r" -(fpch-preprocess|Winvalid-pch)\b", "", linea)
+            orden["command"] = re.sub(r" -(fpch-preprocess|Winvalid-pch|Wno-subobject-linkage)\b", "", linea)
             ordenes.append(orden)
             print(orden["file"])
     (destino / "compile_commands.json").write_text(json.dumps(ordenes, indent=0), encoding="utf-8")

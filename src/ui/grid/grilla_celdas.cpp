@@ -132,7 +132,7 @@ QString textoParaPlanilla(const ColumnaDeGrilla& columna, const QVariant& valor)
 
 QString admitidosEnCelda(const ColumnaDeGrilla& columna)
 {
-    const QString cifras = QStringLiteral("0123456789");
+    QString cifras = QStringLiteral("0123456789");
     switch (columna.clase)
     {
     case ColumnaDeGrilla::Entero:

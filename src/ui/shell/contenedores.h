@@ -30,7 +30,11 @@ protected:
     void closeEvent(QCloseEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
-    bool focusNextPrevChild(bool siguiente) override { return QWidget::focusNextPrevChild(siguiente); }
+    // Not the scroll area's, which scrolls as well: `mostrarFoco` does.
+    bool focusNextPrevChild(bool siguiente) override
+    {
+        return QWidget::focusNextPrevChild(siguiente); // NOLINT(bugprone-parent-virtual-call)
+    }
 };
 
 /// The child window around a modeless screen.
