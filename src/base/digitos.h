@@ -1,16 +1,17 @@
 #pragma once
 
-#include <QStringView>
 #include <algorithm>
 
-/// "0" to "9" and nothing that other scripts call a digit.
-[[nodiscard]] constexpr bool esDigito(QChar caracter)
+/// "0" to "9" and nothing that other scripts call a digit. Of a byte as of a QChar.
+template <class Letra>
+[[nodiscard]] constexpr bool esDigito(Letra letra)
 {
-    return caracter >= u'0' && caracter <= u'9';
+    return letra >= Letra(u'0') && letra <= Letra(u'9');
 }
 
-/// Digits alone, and one at least.
-[[nodiscard]] inline bool sonDigitos(QStringView texto)
+/// Digits alone, and one at least. Of a text of bytes as of one of QChars.
+template <class Texto>
+[[nodiscard]] bool sonDigitos(const Texto& texto)
 {
-    return !texto.isEmpty() && std::all_of(texto.begin(), texto.end(), esDigito);
+    return texto.size() > 0 && std::all_of(texto.begin(), texto.end(), [](auto letra) { return esDigito(letra); });
 }

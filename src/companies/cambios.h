@@ -30,7 +30,9 @@ struct FilaMostrada
     qint64 clave = 0;
     QStringList celdas;
 
-    friend std::weak_ordering operator<=>(const FilaMostrada&, const FilaMostrada&) = default;
+    friend std::weak_ordering
+    operator<=>(const FilaMostrada&,
+                const FilaMostrada&) = default; // NOLINT(modernize-use-nullptr): a 0 of its own
 };
 
 /// The fields that differ. Both lists hold the same fields in the same order.

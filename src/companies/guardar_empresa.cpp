@@ -42,6 +42,7 @@ QString numero(std::optional<qint64> uno)
 std::vector<FilaMostrada> filasDe(const std::vector<FilaSucursal>& sucursales)
 {
     std::vector<FilaMostrada> filas;
+    filas.reserve(sucursales.size());
     for (const FilaSucursal& s : sucursales)
     {
         filas.push_back({s.id, {s.sucursal, s.domicilio, numero(s.numero), s.localidad, s.codPos, s.telefono}});
@@ -52,6 +53,7 @@ std::vector<FilaMostrada> filasDe(const std::vector<FilaSucursal>& sucursales)
 std::vector<FilaMostrada> filasDe(const std::vector<FilaResponsable>& responsables)
 {
     std::vector<FilaMostrada> filas;
+    filas.reserve(responsables.size());
     for (const FilaResponsable& r : responsables)
     {
         filas.push_back({0, {r.ayn, r.tipoDoc, numero(r.nroDoc), r.domicilio, r.localidad}});

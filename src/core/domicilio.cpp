@@ -18,3 +18,9 @@ QString domicilioDeEmpresa(const Fila& empresa)
     }
     return texto;
 }
+
+QString domicilioDeSucursal(const Fila& sucursal)
+{
+    const qint64 numero = sucursal.enteroONulo("Numero").value_or(0);
+    return sucursal.texto("Domicilio") + QLatin1Char(' ') + (numero != 0 ? QString::number(numero) : QString());
+}

@@ -1,5 +1,6 @@
 #include "exchange/linea_de_nomina.h"
 
+#include "base/digitos.h"
 #include "base/error_de_ejecucion.h"
 #include "base/files/windows1252.h"
 
@@ -17,11 +18,6 @@ constexpr int anioMinimo = 100;
     throw FallaDeCampo{ErrorDeEjecucion::NoCoincidenTipos, campo};
 }
 
-bool esCifra(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 bool soloDe(std::string_view texto, char c)
 {
     return texto.find_first_not_of(c) == std::string_view::npos;
@@ -37,7 +33,7 @@ std::string_view sinBlancosAlrededor(std::string_view texto)
 /// Of at most nine digits, so that it fits.
 int numeroDe(std::string_view digitos, const char* campo)
 {
-    if (digitos.empty() || !std::all_of(digitos.begin(), digitos.end(), esCifra))
+    if (!sonDigitos(digitos))
     {
         noCoincide(campo);
     }
@@ -87,7 +83,7 @@ int LineaDeNomina::valor(std::size_t posicion, std::size_t ancho) const
     int numero = 0;
     for (const char c : trozo(posicion, ancho))
     {
-        if (esCifra(c))
+        if (esDigito(c))
         {
             numero = numero * 10 + (c - '0');
         }
@@ -152,7 +148,7 @@ void LineaDeNomina::cuil(std::string& destino) const
 {
     constexpr std::size_t largo = 11;
     const std::string_view digitos = trozo(1, largo);
-    if (digitos.size() != largo || !std::all_of(digitos.begin(), digitos.end(), esCifra))
+    if (digitos.size() != largo || !sonDigitos(digitos))
     {
         noCoincide("Cuil");
     }

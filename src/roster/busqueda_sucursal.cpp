@@ -1,6 +1,7 @@
 #include "roster/busqueda_sucursal.h"
 
 #include "base/db/conexion.h"
+#include "core/domicilio.h"
 
 std::vector<SucursalListada> listarSucursales(Conexion& conexion, const QString& cuit)
 {
@@ -8,10 +9,7 @@ std::vector<SucursalListada> listarSucursales(Conexion& conexion, const QString&
         "SELECT * FROM Empresas_Sucursales WHERE Cuit = ? ORDER BY Sucursal",
         [](const Fila& fila)
         {
-            const qint64 numero = fila.enteroONulo("Numero").value_or(0);
-            const QString domicilio =
-                fila.texto("Domicilio") + QLatin1Char(' ') + (numero != 0 ? QString::number(numero) : QString());
-            return SucursalListada{fila.entero("ID"),    fila.texto("Sucursal"),  domicilio,
+            return SucursalListada{fila.entero("ID"),    fila.texto("Sucursal"),  domicilioDeSucursal(fila),
                                    fila.texto("CodPos"), fila.texto("Localidad"), fila.texto("Telefono")};
         },
         cuit);

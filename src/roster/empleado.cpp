@@ -1,6 +1,7 @@
 #include "roster/empleado.h"
 
 #include "base/db/conexion.h"
+#include "core/domicilio.h"
 
 #include <string>
 
@@ -62,9 +63,8 @@ Empleado leer(const Fila& fila)
 
 QString leerSucursal(const Fila& fila)
 {
-    const qint64 numero = fila.enteroONulo("Numero").value_or(0);
-    return fila.texto("Sucursal") + QStringLiteral(" - ") + fila.texto("Domicilio") + QLatin1Char(' ') +
-           (numero != 0 ? QString::number(numero) : QString()) + QStringLiteral(" - ") + fila.texto("Localidad");
+    const QString separador = QStringLiteral(" - ");
+    return fila.texto("Sucursal") + separador + domicilioDeSucursal(fila) + separador + fila.texto("Localidad");
 }
 } // namespace
 

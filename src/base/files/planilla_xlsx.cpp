@@ -247,7 +247,7 @@ void planilla::escribirXlsx(const QString& ruta, const Tabla& tabla, const Aviso
         libro.escribir(fila, tabla[fila]);
         if (aviso && (fila + 1) % filasEntreAvisos == 0)
         {
-            aviso(static_cast<qint64>(fila + 1), static_cast<qint64>(tabla.size()));
+            aviso(static_cast<qint64>(fila) + 1, static_cast<qint64>(tabla.size()));
         }
     }
     libro.cerrar();

@@ -39,7 +39,8 @@ bool unaSolaLinea(const QString& texto)
 
 size_t leerParaSubir(char* destino, size_t tamano, size_t cantidad, void* quien)
 {
-    const qint64 leidos = static_cast<QIODevice*>(quien)->read(destino, static_cast<qint64>(tamano * cantidad));
+    const qint64 leidos =
+        static_cast<QIODevice*>(quien)->read(destino, static_cast<qint64>(tamano) * static_cast<qint64>(cantidad));
     return leidos < 0 ? CURL_READFUNC_ABORT : static_cast<size_t>(leidos);
 }
 

@@ -3,6 +3,7 @@
 #include "base/error_de_ejecucion.h"
 #include "base/numbers/formato.h"
 #include "base/reloj.h"
+#include "core/lista_empresas.h"
 #include "core/rutinas.h"
 #include "core/screens/validar.h"
 #include "core/vigencia.h"
@@ -186,18 +187,15 @@ bool Boletas::prepararActa()
 
 bool Boletas::elegirEmpresaDeActa()
 {
-    // Two rows are enough to know.
-    const auto cuits = Rutinas::Conexion.lista("SELECT Cuit FROM Empresas LIMIT 2",
-                                               [](const Fila& fila) { return fila.texto("Cuit"); });
-    if (cuits.empty())
+    if (const auto unica = cuitDeUnicaEmpresa(Rutinas::Conexion))
+    {
+        CuitActual = *unica;
+        return true;
+    }
+    if (!Rutinas::Conexion.hay("SELECT 1 FROM Empresas"))
     {
         MsgBox(QStringLiteral("DEBE INGRESAR PRIMERO LOS DATOS DE LA EMPRESA CORRESPONDIENTE."), Caja::Exclamacion);
         return false;
-    }
-    if (cuits.size() == 1)
-    {
-        CuitActual = cuits.front();
-        return true;
     }
     Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpresa"));
     return !CuitActual.isEmpty();

@@ -33,7 +33,7 @@ PedidoDeGuardado pedidoDePlanilla(const QString& titulo, const QString& nombre)
 
 QString GuardarEnArchivo(const PedidoDeGuardado& pedido, const std::function<void(const QString& ruta)>& escribir)
 {
-    const QString ruta =
+    QString ruta =
         DialogoArchivo({.titulo = pedido.titulo,
                         .nombreInicial = {},
                         .filtro = pedido.filtro.isEmpty() ? QStringLiteral("*.") + pedido.extension : pedido.filtro,

@@ -15,7 +15,7 @@ namespace
 QString digitosDe(const QString& texto)
 {
     QString digitos;
-    std::copy_if(texto.begin(), texto.end(), std::back_inserter(digitos), esDigito);
+    std::copy_if(texto.begin(), texto.end(), std::back_inserter(digitos), [](QChar c) { return esDigito(c); });
     return digitos;
 }
 
@@ -125,7 +125,7 @@ void CampoMascara::pegar(const QString& texto)
 int CampoMascara::finDeLoEscrito() const
 {
     const QString visible = displayText();
-    const auto ultimo = std::find_if(visible.rbegin(), visible.rend(), esDigito);
+    const auto ultimo = std::find_if(visible.rbegin(), visible.rend(), [](QChar c) { return esDigito(c); });
     int fin = static_cast<int>(visible.rend() - ultimo);
     if (fin > 0 && fin < visible.size() && visible.at(fin) != QLatin1Char('_'))
     {
