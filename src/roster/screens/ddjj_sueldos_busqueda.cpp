@@ -74,10 +74,7 @@ void DDJJ_Sueldos::buscarDesde(int fila)
     }
     if (!buscado.isEmpty())
     {
-        if (m_filaAntes > 0)
-        {
-            ui->vsSueldos->setFilaActual(m_filaAntes, columnaSueldo); // not at whom its first letters found
-        }
+        ui->vsSueldos->setFilaActual(m_filaAntes, columnaSueldo); // not at whom its first letters found
         anunciar(QStringLiteral("Nadie tiene «%1» en su C.U.I.L. o en su nombre").arg(ui->txtBuscar->text()));
     }
 }
