@@ -280,7 +280,7 @@ void Boletas::CargarActas()
         ui->vsActas->cargar(listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), fondo()),
                             [](const PagoDeActa& pago)
                             {
-                                return FilaDeGrilla{pago.fecha.toString(u"dd/MM/yy"), pago.nroActa, pago.cuota,
+                                return FilaDeGrilla{pago.fecha, pago.nroActa, pago.cuota,
                                                     QVariant::fromValue(pago.importe), pago.pago};
                             });
     }

@@ -38,7 +38,7 @@ void CamposDeBoleta::ajustarAnchos(Ui::Boletas& ui)
 void CamposDeBoleta::disponer(Ui::Boletas& ui)
 {
     ui.MaskFecha->setClase(CampoMascara::Fecha);
-    ui.vsActas->setColumnas({{ColumnaDeGrilla::Fija, QStringLiteral("Fecha"), 90},
+    ui.vsActas->setColumnas({{ColumnaDeGrilla::Fija, QStringLiteral("Fecha"), 90, 0, {}, false, true},
                              {ColumnaDeGrilla::Fija, QStringLiteral("Nº Acta"), 90, 0, {}, true},
                              {ColumnaDeGrilla::Fija, QStringLiteral("Cuota"), 70, 0, {}, true},
                              {ColumnaDeGrilla::Decimal, QStringLiteral("Importe"), -1},

@@ -34,7 +34,8 @@ struct ColumnaDeGrilla
     int ancho = 100;   ///< pixels at 96 dpi; 0 hides the column, -1 takes what is left over
     qint64 maximo = 0; ///< whole pesos for amounts: 9999999 lets 9999999,99 pass
     QStringList opciones = {};
-    bool derecha = false; ///< right-aligned whatever its kind (whole numbers and amounts are anyway)
+    bool derecha = false;   ///< right-aligned whatever its kind (whole numbers and amounts are anyway)
+    bool anioCorto = false; ///< its dates are shown DD/MM/YY
 };
 
 /// The cells of one row, from the first column on.
@@ -45,8 +46,8 @@ using FilaDeGrilla = std::vector<QVariant>;
 /// Keys: arrows move; typing replaces a cell's value, F2 and double click edit it, Escape gives up; Enter commits and
 /// goes to the next cell that can be edited; Space sets a tick; Tab leaves the grid (from an editor: the next cell).
 /// A grid that is edited has a current cell as soon as it has the focus, and Up and Down keep to columns that can be
-/// typed into; what is typed into a fixed one is announced. Ctrl+C copies the whole grid for a spreadsheet; a right
-/// click opens the menu of what can be done with it.
+/// typed into; what is typed into a fixed one is announced. Ctrl+C copies the whole grid for a spreadsheet, or the rows
+/// marked by Shift or Ctrl where they are several; a right click opens the menu of what can be done with it.
 class Grilla : public QTableView
 {
     Q_OBJECT
@@ -168,6 +169,9 @@ protected:
     QModelIndex moveCursor(CursorAction accion, Qt::KeyboardModifiers teclas) override;
     bool edit(const QModelIndex& celda, EditTrigger disparo, QEvent* evento) override;
     void keyboardSearch(const QString& letra) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& celda,
+                                                                       const QEvent* evento) const override;
+    void selectionChanged(const QItemSelection& marcadas, const QItemSelection& anteriores) override;
 
 private:
     class Modelo;
@@ -206,6 +210,7 @@ private:
     void abrirMenu(QPoint lugar);
     void abrirMenuConTeclado();
     [[nodiscard]] bool hayQueLlevar() const;
+    [[nodiscard]] std::vector<int> filasMarcadas() const; ///< from the first to the last
     void copiar();
     void exportar();
     void pegar();
@@ -219,6 +224,7 @@ private:
     bool m_silencio = false;
     bool m_tieneFoco = false;
     bool m_sinCursor = false;
+    bool m_variasMarcadas = false; ///< more rows than the current one
     QString m_textoVacio;
     int m_entradas = 0;
     std::optional<Salto> m_salto;

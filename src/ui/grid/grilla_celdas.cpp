@@ -107,7 +107,7 @@ QString textoDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor)
     }
     if (valor.typeId() == QMetaType::QDate)
     {
-        return valor.toDate().toString(u"dd/MM/yyyy");
+        return valor.toDate().toString(columna.anioCorto ? u"dd/MM/yy" : u"dd/MM/yyyy");
     }
     return valor.toString();
 }
@@ -126,6 +126,10 @@ QString textoParaPlanilla(const ColumnaDeGrilla& columna, const QVariant& valor)
     if (columna.clase == ColumnaDeGrilla::Tilde)
     {
         return valor.toBool() ? QStringLiteral("Sí") : QStringLiteral("No");
+    }
+    if (valor.typeId() == QMetaType::QDate)
+    {
+        return valor.toDate().toString(u"dd/MM/yyyy");
     }
     return textoParaEditar(columna, valor);
 }

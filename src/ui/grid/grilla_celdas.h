@@ -8,7 +8,8 @@
 [[nodiscard]] QString textoDeCelda(const ColumnaDeGrilla& columna, const QVariant& valor);
 /// As it stands in an editor: amounts without thousands separators.
 [[nodiscard]] QString textoParaEditar(const ColumnaDeGrilla& columna, const QVariant& valor);
-/// As a spreadsheet takes it: amounts without thousands separators, ticks as "Sí" and "No".
+/// As a spreadsheet takes it: amounts without thousands separators, dates with all of their year, ticks as
+/// "Sí" and "No".
 [[nodiscard]] QString textoParaPlanilla(const ColumnaDeGrilla& columna, const QVariant& valor);
 /// The characters that can be typed or pasted into a cell; empty: any.
 [[nodiscard]] QString admitidosEnCelda(const ColumnaDeGrilla& columna);
