@@ -58,6 +58,7 @@ bool tocado(const QWidget* editor, const QModelIndex& celda)
 
 constexpr QColor marcoDeCelda{0x14, 0x3f, 0x5e};
 constexpr QColor bordeDeTilde{0xb0, 0xbb, 0xc4};
+constexpr QColor filaMarcada{0xcf, 0xe3, 0xf2};
 constexpr QColor amarilloInactivo{0xf4, 0xf1, 0xb8};
 } // namespace
 
@@ -108,7 +109,15 @@ void Grilla::Delegado::initStyleOption(QStyleOptionViewItem* opcion, const QMode
 
 void Grilla::Delegado::paint(QPainter* pintor, const QStyleOptionViewItem& opcion, const QModelIndex& celda) const
 {
-    const Colores colores = coloresDe(celda.row());
+    Colores colores = coloresDe(celda.row());
+    if (m_grilla->m_variasMarcadas && (opcion.state & QStyle::State_Selected) && m_grilla->isEnabled() &&
+        fondo(celda.row()) != Grilla::amarillo)
+    {
+        const QPalette& paleta = m_grilla->palette();
+        colores.fondo = m_coloresDelUsuario ? paleta.color(QPalette::Highlight) : filaMarcada;
+        colores.letra = m_coloresDelUsuario ? paleta.color(QPalette::HighlightedText) : colores.letra;
+        colores.marco = m_coloresDelUsuario ? colores.letra : colores.marco;
+    }
     pintor->fillRect(opcion.rect, colores.fondo);
 
     QStyleOptionViewItem pintada = opcion;

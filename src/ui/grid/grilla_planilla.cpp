@@ -14,6 +14,8 @@
 #include <QGuiApplication>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <algorithm>
+#include <numeric>
 
 namespace
 {
@@ -35,9 +37,9 @@ planilla::Celda celdaDe(const ColumnaDeGrilla& columna, const QVariant& valor)
     return celda;
 }
 
-planilla::Tabla tablaDe(const Grilla& grilla)
+planilla::Tabla tablaDe(const Grilla& grilla, const std::vector<int>& cuales)
 {
-    planilla::Tabla filas(std::size_t(grilla.filas()) + 1);
+    planilla::Tabla filas(cuales.size() + 1);
     for (int columna = 1; columna <= grilla.columnas(); ++columna)
     {
         if (!grilla.seVe(columna))
@@ -45,12 +47,19 @@ planilla::Tabla tablaDe(const Grilla& grilla)
             continue;
         }
         filas[0].push_back({grilla.texto(columna, 0), {}, true});
-        for (int fila = 1; fila <= grilla.filas(); ++fila)
+        for (std::size_t i = 0; i < cuales.size(); ++i)
         {
-            filas[std::size_t(fila)].push_back(celdaDe(grilla.columna(columna), grilla.valor(columna, fila)));
+            filas[i + 1].push_back(celdaDe(grilla.columna(columna), grilla.valor(columna, cuales[i])));
         }
     }
     return filas;
+}
+
+std::vector<int> todasLasFilas(const Grilla& grilla)
+{
+    std::vector<int> todas(static_cast<std::size_t>(grilla.filas()));
+    std::iota(todas.begin(), todas.end(), 1);
+    return todas;
 }
 
 QString cuantas(int filas)
@@ -147,12 +156,48 @@ bool Grilla::hayQueLlevar() const
     return filas() > 0;
 }
 
+QItemSelectionModel::SelectionFlags Grilla::selectionCommand(const QModelIndex& celda, const QEvent* evento) const
+{
+    // What the program moves to is marked alone, whatever keys are held down meanwhile.
+    return evento != nullptr ? QTableView::selectionCommand(celda, evento)
+                             : QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+}
+
+void Grilla::selectionChanged(const QItemSelection& marcadas, const QItemSelection& anteriores)
+{
+    QTableView::selectionChanged(marcadas, anteriores);
+    const bool varias = filasMarcadas().size() > 1;
+    if (varias || m_variasMarcadas)
+    {
+        viewport()->update(); // the current row shows its mark only beside others
+    }
+    m_variasMarcadas = varias;
+}
+
+std::vector<int> Grilla::filasMarcadas() const
+{
+    std::vector<int> filas;
+    const QItemSelection marcadas = selectionModel()->selection();
+    for (const QItemSelectionRange& tramo : marcadas)
+    {
+        for (int fila = tramo.top(); fila <= tramo.bottom(); ++fila)
+        {
+            filas.push_back(fila + 1);
+        }
+    }
+    std::sort(filas.begin(), filas.end());
+    filas.erase(std::unique(filas.begin(), filas.end()), filas.end());
+    return filas;
+}
+
 void Grilla::copiar()
 {
     if (hayQueLlevar())
     {
-        QGuiApplication::clipboard()->setText(planilla::tabulado(planilla::textos(tablaDe(*this))));
-        avisar((filas() == 1 ? QStringLiteral("Se copió %1") : QStringLiteral("Se copiaron %1")).arg(cuantas(filas())));
+        const std::vector<int> cuales = m_variasMarcadas ? filasMarcadas() : todasLasFilas(*this);
+        QGuiApplication::clipboard()->setText(planilla::tabulado(planilla::textos(tablaDe(*this, cuales))));
+        const int copiadas = static_cast<int>(cuales.size());
+        avisar((copiadas == 1 ? QStringLiteral("Se copió %1") : QStringLiteral("Se copiaron %1")).arg(cuantas(copiadas)));
     }
 }
 
@@ -163,7 +208,7 @@ void Grilla::exportar()
         return;
     }
     const QString nombre = m_nombreDePlanilla.isEmpty() ? finDelTitulo(this) : m_nombreDePlanilla;
-    const planilla::Tabla filas = tablaDe(*this);
+    const planilla::Tabla filas = tablaDe(*this, todasLasFilas(*this));
     const auto escribir = [&](const QString& archivo)
     {
         TrabajoLargo trabajo(QStringLiteral("Exportando"), TrabajoLargo::Cancelable::Si);
