@@ -113,12 +113,11 @@ void MDIMenuPpal::armarBarraDeEstado()
     m_rutaBase = parteDeEstado(QStringLiteral("lblRutaBase"));
     m_rutaBase->setText(Rutinas::rutaBase());
     m_rutaBase->setToolTip(Rutinas::rutaBase());
-    m_rutaBase->setAccessibleName(QStringLiteral("Base de datos en uso"));
+    m_rutaBase->setAccessibleName(QStringLiteral("Base de datos en uso: ") + Rutinas::rutaBase());
     m_rutaBase->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_copia = parteDeEstado(QStringLiteral("lblUltimaCopia"));
     m_lugar = parteDeEstado(QStringLiteral("lblLugarEnCurso"));
     m_empresa = parteDeEstado(QStringLiteral("lblEmpresaEnCurso"));
-    m_empresa->setAccessibleName(QStringLiteral("Empresa en curso"));
     m_rutaBase->setMinimumWidth(1);  // where there is little room it is cut before the others
     statusBar()->setMinimumWidth(1); // long texts are no reason for a window wider than the screen
     connect(&Navegacion::instancia(), &Navegacion::cambioDePantalla, this, &MDIMenuPpal::mostrarEstado);
@@ -176,7 +175,10 @@ void MDIMenuPpal::mostrarEstado()
 {
     const Navegacion& navegacion = Navegacion::instancia();
     m_lugar->setText(navegacion.lugarEnCurso());
+    m_lugar->setVisible(!m_lugar->text().isEmpty()); // a screen reader hears no part without a text
     m_empresa->setText(navegacion.empresaEnCurso());
+    m_empresa->setVisible(!m_empresa->text().isEmpty());
+    m_empresa->setAccessibleName(QStringLiteral("Empresa en curso: ") + m_empresa->text());
     const AvisoDeCopia aviso = m_ultimaCopia ? avisoDeCopia(*m_ultimaCopia, Reloj::Hoy()) : AvisoDeCopia{};
     m_copia->setText(aviso.texto);
     Estilo::atencion(m_copia, aviso.atencion);

@@ -61,6 +61,7 @@ void Empleados::armarCampos()
     soloDigitos(ui->txtDocumento);
     soloDigitos(ui->txtNumero);
     soloDigitos(ui->cmbQHoras->lineEdit());
+    ui->cmbQHoras->lineEdit()->setAccessibleName(QStringLiteral("Jornada Mensual Laboral"));
     ui->cmbQHoras->setCompleter(nullptr); // "1" would become "150"
     soloImporte(txtImporte[1]);
     soloImporte(txtImporte[2]);
