@@ -57,7 +57,7 @@ planilla::Tabla tablaDe(const Grilla& grilla, const std::vector<int>& cuales)
 
 std::vector<int> todasLasFilas(const Grilla& grilla)
 {
-    std::vector<int> todas(static_cast<std::size_t>(grilla.filas()));
+    std::vector<int> todas(std::size_t(grilla.filas()));
     std::iota(todas.begin(), todas.end(), 1);
     return todas;
 }
@@ -196,8 +196,9 @@ void Grilla::copiar()
     {
         const std::vector<int> cuales = m_variasMarcadas ? filasMarcadas() : todasLasFilas(*this);
         QGuiApplication::clipboard()->setText(planilla::tabulado(planilla::textos(tablaDe(*this, cuales))));
-        const int copiadas = static_cast<int>(cuales.size());
-        avisar((copiadas == 1 ? QStringLiteral("Se copió %1") : QStringLiteral("Se copiaron %1")).arg(cuantas(copiadas)));
+        const int copiadas = int(cuales.size());
+        const QString dicho = copiadas == 1 ? QStringLiteral("Se copió %1") : QStringLiteral("Se copiaron %1");
+        avisar(dicho.arg(cuantas(copiadas)));
     }
 }
 
