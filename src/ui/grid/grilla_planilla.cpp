@@ -1,5 +1,6 @@
 // What goes from a grid to a spreadsheet and comes from there, and the menu that offers it.
 #include "base/files/planilla_xlsx.h"
+#include "base/numbers/formato.h"
 #include "ui/doors/anuncio.h"
 #include "ui/doors/guardado.h"
 #include "ui/doors/mensajes.h"
@@ -64,7 +65,7 @@ std::vector<int> todasLasFilas(const Grilla& grilla)
 
 QString cuantas(int filas)
 {
-    return filas == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(filas);
+    return filas == 1 ? QStringLiteral("1 fila") : QStringLiteral("%1 filas").arg(conMiles(qint64{filas}));
 }
 
 /// Of "Programa - Pantalla - Modo", "Pantalla - Modo".
