@@ -88,6 +88,37 @@ public:
         {
             QProxyStyle::drawPrimitive(cual, opcion, pintor, control);
         }
+        const bool conMarco = cual == PE_FrameLineEdit || cual == PE_PanelButtonCommand || cual == PE_Frame;
+        if (conMarco && coloresDelUsuario)
+        {
+            enmarcar(*opcion, *pintor);
+        }
+    }
+
+    void drawComplexControl(ComplexControl cual, const QStyleOptionComplex* opcion, QPainter* pintor,
+                            const QWidget* control) const override
+    {
+        QProxyStyle::drawComplexControl(cual, opcion, pintor, control);
+        if (cual == CC_ComboBox && coloresDelUsuario)
+        {
+            enmarcar(*opcion, *pintor);
+        }
+    }
+
+private:
+    /// The frames of the style are a darker shade of the window's colour: on black nothing of them is seen.
+    static void enmarcar(const QStyleOption& opcion, QPainter& pintor)
+    {
+        const bool conFoco = opcion.state.testFlag(State_HasFocus);
+        const int grueso = conFoco ? 2 : 1;
+        pintor.save();
+        pintor.setBrush(Qt::NoBrush);
+        for (int borde = 0; borde < grueso; ++borde)
+        {
+            pintor.setPen(opcion.palette.color(conFoco ? QPalette::Highlight : QPalette::WindowText));
+            pintor.drawRect(opcion.rect.adjusted(borde, borde, -borde - 1, -borde - 1));
+        }
+        pintor.restore();
     }
 };
 
