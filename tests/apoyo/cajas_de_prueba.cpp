@@ -53,7 +53,7 @@ QString CajasDePrueba::atenderDialogo(const PedidoDeArchivo& pedido)
         ADD_FAILURE() << "dialog that nobody expected: " << qPrintable(pedido.titulo);
         return {};
     }
-    const QString respuesta = m_archivos.front();
+    QString respuesta = m_archivos.front();
     m_archivos.pop_front();
     return respuesta;
 }

@@ -4,6 +4,7 @@
 #include "mesa.h"
 #include "ui/shell/error_fatal.h"
 
+#include <locale>
 #include <stdexcept>
 
 namespace
@@ -87,6 +88,9 @@ TEST(ErrorFatal, ElFinEsInmediato)
         std::fputs("antes", stderr);
         terminarProceso(3);
     };
+    // Where it cannot fork, the library hands numbers to the dying process as texts, which it reads without signs.
+    const std::locale deLaPrueba = std::locale::global(std::locale::classic());
     EXPECT_EXIT(terminar(), testing::ExitedWithCode(3), "^antes$");
+    std::locale::global(deLaPrueba);
 }
 } // namespace

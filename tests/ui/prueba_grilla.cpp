@@ -5,6 +5,8 @@
 #include "grilla_de_prueba.h"
 #include "ui/shell/validacion.h"
 
+#include <QDir>
+
 TEST_F(PruebaGrilla, FilasCeldasYFilaActualPorPrograma)
 {
     g.setFilas(5);
@@ -234,7 +236,8 @@ TEST_F(PruebaGrilla, SeCopiaYSeExportaLoQueSeVe)
     EXPECT_TRUE(leerArchivo(archivo).endsWith("Afiliado\r\nAna;Hijo;12;Sosa;1000,00;05/03/1980;Sí\r\n"));
     g.setFilas(0);
     tras("Ctrl+C");
-    EXPECT_EQ("Se copiaron 3 filas|Exportación de 1 fila en " + archivo + "|No hay filas", dichos.join('|'));
+    EXPECT_EQ("Se copiaron 3 filas|Exportación de 1 fila en " + QDir::toNativeSeparators(archivo) + "|No hay filas",
+              dichos.join('|'));
 }
 
 TEST_F(PruebaGrilla, LaHojaDeExcelGuardaLoQueEsCadaCelda)

@@ -15,7 +15,7 @@ std::span<const Verbo> verbosQuePreparan()
          [](const Jugada&, const Argumentos& a)
          {
              const QTime hora = a.size() > 1 ? QTime::fromString(a[1].texto, "HH:mm") : QTime(0, 0);
-             const QDateTime ahora(QDate::fromString(a[0].texto, "dd/MM/yyyy"), hora);
+             QDateTime ahora(QDate::fromString(a[0].texto, "dd/MM/yyyy"), hora);
              Reloj::reemplazar([ahora] { return ahora; });
          }},
         {"sql", "t",
