@@ -42,7 +42,7 @@ TEST_F(EnvioDDJJ, SubeComoTextoYSinArchivoQueBorrarSeDiceElError)
     envio(true).EnviarDDJJPorFtp(true);
     reemplazarServidorFtp({});
     servidor.terminar();
-    EXPECT_TRUE(servidor.ordenes().contains("TYPE A|STOR"));
+    EXPECT_TRUE(servidor.ordenes().contains("CWD //DDJJ/|PASV|TYPE A|STOR")) << servidor.ordenes().toStdString();
 }
 
 TEST_F(EnvioDDJJ, PorCorreoEntregaElArchivoYLoConserva)
