@@ -236,7 +236,13 @@ TEST_F(PruebaGrilla, SeCopiaYSeExportaLoQueSeVe)
     EXPECT_TRUE(leerArchivo(archivo).endsWith("Afiliado\r\nAna;Hijo;12;Sosa;1000,00;05/03/1980;Sí\r\n"));
     g.setFilas(0);
     tras("Ctrl+C");
-    EXPECT_EQ("Se copiaron 3 filas|Exportación de 1 fila en " + QDir::toNativeSeparators(archivo) + "|No hay filas",
+    g.setEditable(false);
+    g.setFilas(3);
+    g.selectAll();
+    g.cargar({{"Eva"}, {"Luz"}}); // none of the marked ones is there
+    tras("Ctrl+C");
+    EXPECT_EQ("Se copiaron 3 filas|Exportación de 1 fila en " + QDir::toNativeSeparators(archivo) +
+                  "|No hay filas|Se copiaron 2 filas",
               dichos.join('|'));
 }
 

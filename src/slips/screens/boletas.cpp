@@ -277,12 +277,11 @@ void Boletas::CargarActas()
     }
     else
     {
-        ui->vsActas->cargar(listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), fondo()),
-                            [](const PagoDeActa& pago)
-                            {
-                                return FilaDeGrilla{pago.fecha, pago.nroActa, pago.cuota,
-                                                    QVariant::fromValue(pago.importe), pago.pago};
-                            });
+        ui->vsActas->cargar(
+            listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), fondo()),
+            [](const PagoDeActa& pago) {
+                return FilaDeGrilla{pago.fecha, pago.nroActa, pago.cuota, QVariant::fromValue(pago.importe), pago.pago};
+            });
     }
     PagoElegido = 0;
 }

@@ -22,7 +22,7 @@ Grilla::Grilla(QWidget* padre)
     setModel(m_modelo);
     setItemDelegate(m_delegado);
     setSelectionMode(ExtendedSelection); // of rows to copy; what is chosen is the current one
-    setSelectionBehavior(SelectRows); // a press on the header must not move the current cell
+    setSelectionBehavior(SelectRows);    // a press on the header must not move the current cell
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setTabKeyNavigation(false); // Tab leads out of the grid
     setWordWrap(false);

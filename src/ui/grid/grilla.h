@@ -224,7 +224,7 @@ private:
     bool m_silencio = false;
     bool m_tieneFoco = false;
     bool m_sinCursor = false;
-    bool m_variasMarcadas = false; ///< more rows than the current one
+    bool m_variasMarcadas = false; ///< for the painting: more rows than the current one
     QString m_textoVacio;
     int m_entradas = 0;
     std::optional<Salto> m_salto;

@@ -167,7 +167,10 @@ QItemSelectionModel::SelectionFlags Grilla::selectionCommand(const QModelIndex& 
 void Grilla::selectionChanged(const QItemSelection& marcadas, const QItemSelection& anteriores)
 {
     QTableView::selectionChanged(marcadas, anteriores);
-    const bool varias = filasMarcadas().size() > 1;
+    const QItemSelection todas = selectionModel()->selection();
+    const bool varias = std::any_of(todas.cbegin(), todas.cend(),
+                                    [&](const QItemSelectionRange& tramo)
+                                    { return tramo.top() != todas.front().top() || tramo.height() > 1; });
     if (varias || m_variasMarcadas)
     {
         viewport()->update(); // the current row shows its mark only beside others
@@ -195,7 +198,11 @@ void Grilla::copiar()
 {
     if (hayQueLlevar())
     {
-        const std::vector<int> cuales = m_variasMarcadas ? filasMarcadas() : todasLasFilas(*this);
+        std::vector<int> cuales = filasMarcadas();
+        if (cuales.size() < 2) // the current one alone
+        {
+            cuales = todasLasFilas(*this);
+        }
         QGuiApplication::clipboard()->setText(planilla::tabulado(planilla::textos(tablaDe(*this, cuales))));
         const int copiadas = int(cuales.size());
         const QString dicho = copiadas == 1 ? QStringLiteral("Se copió %1") : QStringLiteral("Se copiaron %1");
