@@ -32,7 +32,7 @@ TEST(Cajas, ElTextoTalCualSobreLaVentanaDelProgramaYElNoPorDefecto)
     for (const auto& [gesto, respuesta] :
          {std::pair("Return", false), {"Esc", false}, {"Alt+S", true}, {"Alt+N", false}})
     {
-        conLaCaja([gesto](QMessageBox&) { jugar(gesto); });
+        conLaCaja([gesto = gesto](QMessageBox&) { jugar(gesto); });
         EXPECT_EQ(Preguntar("¿Borra?"), respuesta) << gesto;
     }
 }

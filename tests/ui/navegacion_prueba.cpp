@@ -127,6 +127,10 @@ TEST(Navegacion, LaQueVuelveTieneElFocoDondeEstaba)
         mesa.navegacion.mostrar("Una");
         EXPECT_TRUE(a.fecha->hasFocus()) << maximizada;
         mesa.navegacion.mostrar("Otra");
+        QApplication::focusWidget()->clearFocus(); // as where a control is disabled that has it
+        mesa.irseYVolver();
+        asentar();
+        EXPECT_EQ(mesa.navegacion.actual(), &b) << maximizada;
         b.cerrar();
         asentar();
         EXPECT_TRUE(a.fecha->hasFocus()) << maximizada;

@@ -370,6 +370,17 @@ void Navegacion::revisarActiva()
     protegido([pantalla = hija->pantalla()] { pantalla->activar(); });
 }
 
+/// The control with the focus may be gone or disabled by the time that the window comes back from a box: the toolkit
+/// would then give it to the first child by the order of the keys, and bring that one forward.
+void Navegacion::darFocoALaActiva()
+{
+    QWidget* hija = m_interno->area.isNull() ? nullptr : m_interno->area->currentSubWindow();
+    if (hija != nullptr)
+    {
+        hija->setFocus(Qt::ActiveWindowFocusReason);
+    }
+}
+
 void Navegacion::fijarAyuda(std::function<void(const QString&)> abrir)
 {
     m_interno->ayuda = std::move(abrir);
@@ -410,6 +421,10 @@ bool Navegacion::eventFilter(QObject* objeto, QEvent* evento)
     if (objeto != m_interno->ventana)
     {
         return false;
+    }
+    if (evento->type() == QEvent::WindowActivate && m_interno->ventana->focusWidget() == nullptr)
+    {
+        darFocoALaActiva();
     }
     if (evento->type() == QEvent::Close && TrabajoLargo::enCurso())
     {

@@ -64,6 +64,7 @@ private:
     [[nodiscard]] Pantalla* hijaActiva() const;
     /// Runs activar() on the child that has become the active one.
     void revisarActiva();
+    void darFocoALaActiva();
     void pedirRevision();
     void alTomarFoco(QWidget* control);
 
