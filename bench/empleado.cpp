@@ -7,6 +7,7 @@
 
 #include <array>
 #include <map>
+#include <utility>
 
 namespace
 {
@@ -25,7 +26,10 @@ struct Tamano
 {
     int empresas;
     int nomina;
-    auto operator<=>(const Tamano&) const = default;
+    bool operator<(const Tamano& otro) const
+    {
+        return std::pair(empresas, nomina) < std::pair(otro.empresas, otro.nomina);
+    }
     [[nodiscard]] std::string cuit() const { return numerada("30-", empresas / 2); }
 };
 

@@ -61,7 +61,7 @@ TEST_F(ArchivoDeBase, LoQueNoEsUnaBaseFallaAlAbrirAlComprobarYAlCompactarSinQueS
         EXPECT_EQ(mala, leerArchivo(base));
         EXPECT_EQ("Bäse ñ.mdb", archivos());
     }
-    escribirArchivo(base, con(4096 * 20, 4096 * 5, 'Z'));
+    escribirArchivo(base, con(20 * qsizetype{4096}, 5 * qsizetype{4096}, 'Z'));
     EXPECT_TRUE(compactando().starts_with("11 La base de datos está dañada"));
     escribirArchivo(base, bytes);
     ajeno(base, "PRAGMA writable_schema=ON; UPDATE sqlite_schema SET sql = "

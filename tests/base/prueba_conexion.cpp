@@ -99,12 +99,13 @@ TEST_F(ConexionAbierta, UnaSentenciaSirveDespuesDeUnError)
     EXPECT_EQ(25, numeroDe([&] { return insertar.ejecutar(7); })); // too few values
     EXPECT_EQ(25, numeroDe([&] { return insertar.ejecutar(7, "a", "b"); }));
     // Past what the database takes; the text is not even looked at.
-    EXPECT_EQ(18, numeroDe([&] { return insertar.ejecutar(7, std::string_view("", 1'000'000'001)); }));
+    constexpr std::size_t demasiados = 1'000'000'001;
+    EXPECT_EQ(18, numeroDe([&] { return insertar.ejecutar(7, std::string_view("", demasiados)); }));
     EXPECT_EQ(1, insertar.ejecutar(7, nullptr));
     for (const auto& [sql, numero] : {std::pair("DELETE FROM nada", 1), std::pair("esto no es SQL", 1),
                                       std::pair("DELETE FROM t; DELETE FROM t", 21), std::pair("  ", 21)})
     {
-        EXPECT_EQ(numero, numeroDe([&] { return conexion.ejecutar(sql); })) << sql;
+        EXPECT_EQ(numero, numeroDe([&, sql = sql] { return conexion.ejecutar(sql); })) << sql;
     }
     EXPECT_EQ(3, conexion.ejecutar("DELETE FROM t ;\n"));
 }

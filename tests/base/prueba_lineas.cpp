@@ -66,7 +66,7 @@ TEST_F(Lineas, LoQueNoSePuedeLeerNiEscribir)
     EXPECT_EQ(75, numeroDe([&] { LectorDeLineas{carpeta.path()}; }));
     EXPECT_EQ(75, numeroDe([&] { EscritorDeLineas{carpeta.path()}; }));
     // A line without an end fails instead of filling the memory.
-    EXPECT_EQ(14, numeroDe([&] { return lineas("corta\r\n" + QByteArray(5 * 1024 * 1024, 'x')); }));
+    EXPECT_EQ(14, numeroDe([&] { return lineas("corta\r\n" + QByteArray(5'242'880, 'x')); }));
     EXPECT_EQ(14, numeroDe([&] { return lineas(QByteArray(1048576, 'x')); }));
     EXPECT_EQ(76, numeroDe([&] { EscritorDeLineas{archivo + "/falta"}; })) << "below a file";
 }

@@ -51,7 +51,7 @@ struct GuardarEmpresa : ConBase
     [[nodiscard]] std::string cambios()
     {
         const std::string antes = todo();
-        const std::string textos = cambiosAl([&] { return guardarEmpresa(conexion, entrada); });
+        std::string textos = cambiosAl([&] { return guardarEmpresa(conexion, entrada); });
         EXPECT_TRUE(textos == "stored" || antes == todo());
         return textos;
     }

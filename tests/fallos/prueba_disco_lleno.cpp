@@ -95,7 +95,7 @@ TEST_F(DiscoLleno, NadaQuedaAMedias)
 
     const QString nomina = fuera.filePath(QStringLiteral("nomina.txt"));
     escribirArchivo(nomina, nominaDe(5'000));
-    probar("import", sinEscribir, {largo + 4096, 16 * 1024, 0},
+    probar("import", sinEscribir, {largo + 4096, 16'384, 0},
            [&] { (void)importarNomina(base.conexion(), clave, nomina, FormatoDeNomina::AfipSijp); });
     EXPECT_EQ(11'001, cuantos("DDJJ_Empleados"));
 

@@ -34,7 +34,7 @@ struct Respaldo : ConBase
         c.abrir(ruta);
         c.ejecutar(sql);
         c.cerrar();
-        const QByteArray bytes = leerArchivo(ruta);
+        QByteArray bytes = leerArchivo(ruta);
         QFile::remove(archivoDeCandado(ruta));
         QFile::remove(ruta);
         return bytes;

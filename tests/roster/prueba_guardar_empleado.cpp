@@ -54,7 +54,7 @@ struct GuardarEmpleado : ConBase
     [[nodiscard]] std::string cambios(const EntradaEmpleado& entrada) const
     {
         const std::string antes = todo();
-        const std::string textos = cambiosAl([&] { return guardarEmpleado(conexion, clave, entrada); });
+        std::string textos = cambiosAl([&] { return guardarEmpleado(conexion, clave, entrada); });
         EXPECT_TRUE(textos == "stored" || antes == todo());
         return textos;
     }
