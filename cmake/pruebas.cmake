@@ -1,13 +1,12 @@
 set(ENTORNO_DE_PRUEBAS QT_QPA_PLATFORM=offscreen TZ=UTC)
 if(WIN32)
   # Left out there: what starts this system's own tools, which no program for Windows can (readers of PDF, an FTP server: the
-  # scripts and scripts/windows/probar.sh look at the same), and what stands still or is drawn otherwise under Wine alone.
+  # scripts and scripts/windows/probar.sh look at the same).
   set(fuera
     VistaPrevia.GuardaUnPdf* VistaPrevia.ImprimeLasHojas*
     PruebaGrilla.LaHojaDeExcel* Informe.LosValores* Informe.NingunaFila* Informe.LoQueVaJunto* Informe.OtroPapel*
     BoletaImpresa.UnLector* BoletaImpresa.LaMasLarga* InformesDDJJ.SalgaBien* InformesDDJJ.LasHojas*
-    FtpClass.UnEnvio* FtpClass.TodasLasOperaciones* EnvioDDJJ.SubeComoTexto*
-    Cajas.* Campos.LaMascaraPorPrograma*)
+    FtpClass.UnEnvio* FtpClass.TodasLasOperaciones* EnvioDDJJ.SubeComoTexto*)
   list(JOIN fuera ":" fuera)
   list(APPEND ENTORNO_DE_PRUEBAS GTEST_FILTER=-${fuera})
 endif()

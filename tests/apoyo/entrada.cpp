@@ -79,6 +79,7 @@ void Entrada::conLaCaja(std::function<void(QMessageBox&)> haz)
         if (caja != nullptr && caja->isVisible() && caja->isActiveWindow())
         {
             haz(*caja);
+            QTimer::singleShot(0, qApp, [] {}); // Windows: the box's loop, left inside another, looks once more
             return;
         }
         if (caja != nullptr)
