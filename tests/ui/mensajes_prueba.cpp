@@ -2,6 +2,7 @@
 
 #include "base/error_de_ejecucion.h"
 #include "mesa.h"
+#include "ui/doors/caja_abierta.h"
 #include "ui/shell/error_fatal.h"
 
 #include <locale>
@@ -35,6 +36,13 @@ TEST(Cajas, ElTextoTalCualSobreLaVentanaDelProgramaYElNoPorDefecto)
         conLaCaja([gesto = gesto](QMessageBox&) { jugar(gesto); });
         EXPECT_EQ(Preguntar("¿Borra?"), respuesta) << gesto;
     }
+    QWidget vista; // what comes after its box, before the window system has made it active again, is still its own
+    activar(vista);
+    conLaCaja([](QMessageBox&) { jugar("Return"); });
+    MsgBox("Listo", Caja::Informacion);
+    EXPECT_EQ(ventanaParaCaja(), &vista);
+    vista.hide();
+    EXPECT_EQ(ventanaParaCaja(), &mesa.ventana);
 }
 
 TEST(ErrorFatal, SeInformaUnaVezConNumeroYDescripcionYElDeAvisoNoTerminaNada)

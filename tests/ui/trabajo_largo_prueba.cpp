@@ -118,6 +118,7 @@ TEST_F(Trabajo, LoQueSeTecleaSePulsaOSeCierraMientrasTantoSePierde)
 
 TEST_F(Trabajo, SuBotonOEscapeLoCancela)
 {
+    const QShortcut suyo(QKeySequence(Qt::Key_Escape), &mesa.ventana); // of a window that closes by it
     const std::function<void()> gestos[] = {[this] { clic(*hallar<QPushButton>("cmdCancelarTrabajo")); },
                                             [this] { tecla(Qt::Key_Escape); }};
     for (const auto& cancelar : gestos)

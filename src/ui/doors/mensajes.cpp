@@ -100,15 +100,14 @@ CajaAbierta::~CajaAbierta()
 
 QWidget* ventanaParaCaja()
 {
-    if (QWidget* modal = QApplication::activeModalWidget())
+    // When a dialog has closed no window is active until the system says so: what comes belongs where it came from.
+    static QPointer<QWidget> ultima;
+    QWidget* modal = QApplication::activeModalWidget();
+    if (QWidget* activa = modal != nullptr ? modal : QApplication::activeWindow())
     {
-        return modal;
+        ultima = activa;
     }
-    if (QWidget* activa = QApplication::activeWindow())
-    {
-        return activa;
-    }
-    return ventanaPrincipal;
+    return !ultima.isNull() && ultima->isVisible() ? ultima : ventanaPrincipal;
 }
 
 void fijarVentanaParaCajas(QWidget* principal)

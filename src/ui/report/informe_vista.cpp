@@ -289,7 +289,8 @@ void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const Q
     impresora.setFullPage(true);
     impresora.setPageMargins(QMarginsF()); // on Windows they move what is painted on the full page, too
     impresora.setDocName(windowTitle());
-    TrabajoLargo trabajo(QStringLiteral("Imprimiendo"), cancelable);
+    const bool enPapel = cancelable == TrabajoLargo::Cancelable::No;
+    TrabajoLargo trabajo(enPapel ? QStringLiteral("Imprimiendo") : QStringLiteral("Guardando el PDF"), cancelable);
     QPainter pintor;
     if (!pintor.begin(&impresora))
     {

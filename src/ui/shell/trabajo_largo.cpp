@@ -48,6 +48,9 @@ public:
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
             return !esParaCancelar(objeto, evento);
+        case QEvent::ShortcutOverride: // else the window's own shortcut would keep Escape from the work
+            evento->accept();
+            return true;
         case QEvent::KeyPress:
             if (objeto->isWindowType() && !botonCancelar.isNull() &&
                 static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape)
@@ -64,7 +67,6 @@ public:
         case QEvent::KeyRelease:
         case QEvent::Wheel:
         case QEvent::ContextMenu:
-        case QEvent::ShortcutOverride:
         case QEvent::Shortcut:
         case QEvent::InputMethod:
         case QEvent::TouchBegin:
