@@ -21,6 +21,7 @@ void conElDialogo(const QString& nombre)
             conElDialogo(nombre);
             return;
         }
+        EXPECT_EQ(dialogo->labelText(QFileDialog::Accept), "Guardar");
         dialogo->findChild<QLineEdit*>("fileNameEdit")->setText(nombre);
         nombre.isEmpty() ? dialogo->reject() : static_cast<QDialog*>(dialogo)->accept();
     };

@@ -63,6 +63,10 @@ QString elegirArchivo(const PedidoDeArchivo& pedido)
     QFileDialog dialogo(ventanaParaCaja(), pedido.titulo);
     dialogo.setAcceptMode(QFileDialog::AcceptOpen);
     dialogo.setFileMode(pedido.debeExistir ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!pedido.debeExistir)
+    {
+        dialogo.setLabelText(QFileDialog::Accept, QStringLiteral("Guardar"));
+    }
     dialogo.setNameFilter(pedido.filtro.isEmpty() ? QStringLiteral("*") : pedido.filtro);
     dialogo.setDefaultSuffix(pedido.extension);
     if (dialogo.nameFilters().size() > 1)
