@@ -22,6 +22,7 @@ TEST(Cajas, ElTextoTalCualSobreLaVentanaDelProgramaYElNoPorDefecto)
         EXPECT_EQ(caja.textFormat(), Qt::PlainText);
         EXPECT_EQ(caja.windowTitle(), "Altoverde");
         EXPECT_EQ(caja.parentWidget(), &mesa.ventana);
+        EXPECT_EQ(caja.findChild<QLabel*>("qt_msgboxex_icon_label")->accessibleName(), "Atención");
         EXPECT_TRUE(hayCajaAbierta());
         pulsar(*una.accion); // blocked
         jugar("Esc");

@@ -54,6 +54,22 @@ void exigirALaVista(QWidget* control)
     }
 }
 
+/// What a label or the caption of a frame shows is heard, too: a name of its own or a frame around takes its place.
+void exigirQueSeLea(QWidget* control)
+{
+    const bool rotulo = qobject_cast<const QLabel*>(control) != nullptr;
+    if (!rotulo && qobject_cast<const QGroupBox*>(control) == nullptr)
+    {
+        return;
+    }
+    const QString muestra = controles::textoDe(control);
+    const QString dice = QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
+    if ((rotulo && dice.isEmpty()) || !dice.contains(muestra))
+    {
+        throw Falla("«%1» muestra \"%2\", y dice \"%3\"", nombreDelControl(control), muestra, dice);
+    }
+}
+
 void exigirQueSeDiga(QWidget* control)
 {
     QAccessibleInterface* voz = QAccessible::queryAccessibleInterface(control);
@@ -98,6 +114,7 @@ void exigirAlcance()
             continue;
         }
         exigirEntero(control);
+        exigirQueSeLea(control);
         if (control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0 && control->focusProxy() == nullptr)
         {
             exigirALaVista(control);

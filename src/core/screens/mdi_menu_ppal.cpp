@@ -99,6 +99,11 @@ void MDIMenuPpal::conectarMenu()
     alElegir(ui->mnuTool_2, QStringLiteral("mantenimiento"), [this] { mantenimiento(); });
     alElegir(ui->mnuTool_3, QStringLiteral("depurar"),
              [] { Navegacion::instancia().mostrar(QStringLiteral("Depurar")); });
+    ui->barra->setAccessibleName(QStringLiteral("Menú"));
+    for (QMenu* menu : ui->barra->findChildren<QMenu*>())
+    {
+        menu->setAccessibleName(menu->title());
+    }
     // The entries of the bar itself carry no icon: the style would show it in the place of their caption.
     // The bar has no letters of its own: Alt and a letter belongs to the buttons of the screens. F10 opens it.
     connect(ui->mnuAyuda, &QAction::triggered, this,

@@ -78,6 +78,7 @@ void Backup::cargar()
     ui->txtOrigen_0->setText(Rutinas::rutaBase());
     ui->txtDestino_1->setText(Rutinas::rutaBase());
     const UltimaCopia ultima = leerUltimaCopia(Rutinas::Conexion);
+    ui->lblUltimo->setHidden(ultima.carpeta.isEmpty());
     if (ultima.carpeta.isEmpty())
     {
         ui->lblUltimo->clear();

@@ -22,6 +22,10 @@ Depurar::Depurar(QWidget* padre)
     Estilo::advertencia(ui->Label3);
     Estilo::botonPeligroso(ui->cmdEliminar, QStringLiteral("depurar"));
     constexpr int renglones = 4; // their room stays, so that nothing jumps
+    QSizePolicy politica = ui->lblAlcance->sizePolicy();
+    politica.setRetainSizeWhenHidden(true);
+    ui->lblAlcance->setSizePolicy(politica);
+    ui->lblAlcance->hide();
     ui->lblAlcance->ensurePolished();
     ui->lblAlcance->setMinimumHeight(renglones * ui->lblAlcance->fontMetrics().lineSpacing());
     m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa, {{}, [this] { CargarPeriodos(); }}, this);
@@ -78,6 +82,7 @@ void Depurar::mostrarAlcance()
         elegido ? textoDelAlcance(alcanceDeDepuracion(Rutinas::Conexion, m_eleccion->cuit(), PeriodoHasta),
                                   PeriodoHasta, m_eleccion->razon())
                 : QString());
+    ui->lblAlcance->setHidden(ui->lblAlcance->text().isEmpty());
 }
 
 void Depurar::cmdEliminar_Click()

@@ -76,6 +76,7 @@ private:
 
     void CalcularAportes();
     void mostrarAportes(const Aportes& aportes);
+    void mostrarTotal(const QString& importe);
     bool MaskCuil_Validate(int indice);
     void txtAyN_LostFocus();
     bool MaskFecha_Validate(int indice);

@@ -169,9 +169,15 @@ void Empleados::CalcularAportes()
     }
 }
 
+void Empleados::mostrarTotal(const QString& importe)
+{
+    ui->lblRemTotal->setText(importe);
+    ui->lblRemTotal->setAccessibleName(QStringLiteral("Remuneración Total: ") + importe); // heard in the text's place
+}
+
 void Empleados::mostrarAportes(const Aportes& aportes)
 {
-    ui->lblRemTotal->setText(sinMiles(aportes.total));
+    mostrarTotal(sinMiles(aportes.total));
     ponerEntero(txtImporte[3], sinMiles(aportes.art100));
     ponerEntero(txtImporte[4], sinMiles(aportes.art101A));
     ponerEntero(txtImporte[5], sinMiles(aportes.art101B));

@@ -86,7 +86,7 @@ void Empleados::mostrar(const Empleado& empleado)
     ui->chkAfiliado_1->setChecked(empleado.afiliado);
     ui->chkAfiliado_2->setChecked(empleado.afiliado);
     SucursalActual = empleado.sucursal;
-    ui->lblRemTotal->setText(dosDecimales(empleado.imponible + empleado.acuerdo));
+    mostrarTotal(dosDecimales(empleado.imponible + empleado.acuerdo));
     ponerEntero(txtImporte[1], dosDecimales(empleado.imponible));
     ponerEntero(txtImporte[2], dosDecimales(empleado.acuerdo));
     ponerEntero(txtImporte[3], dosDecimales(empleado.art100));
@@ -158,7 +158,7 @@ void Empleados::LimpiarEmpleado()
     SucursalActual = 0;
     ui->chkAfiliado_1->setChecked(true); // a new employee starts as a member
     ui->chkAfiliado_2->setChecked(true);
-    ui->lblRemTotal->clear();
+    mostrarTotal(QString());
     for (std::size_t i = 1; i < txtImporte.size(); ++i)
     {
         ponerEntero(txtImporte[i], QString());

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -33,11 +34,25 @@ QMessageBox::Icon iconoDe(Caja clase)
     return QMessageBox::NoIcon;
 }
 
+/// The picture tells the kind of box to the eye alone.
+void nombrarDibujo(const QMessageBox& caja)
+{
+    if (auto* dibujo = caja.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label")))
+    {
+        const bool pregunta = caja.icon() == QMessageBox::Question;
+        const bool informa = caja.icon() == QMessageBox::Information;
+        dibujo->setAccessibleName(pregunta  ? QStringLiteral("Pregunta")
+                                  : informa ? QStringLiteral("Información")
+                                            : QStringLiteral("Atención"));
+    }
+}
+
 bool mostrarCaja(const DatosDeCaja& datos)
 {
     QMessageBox caja(iconoDe(datos.clase), datos.titulo, QString(), QMessageBox::NoButton, ventanaParaCaja());
     caja.setTextFormat(Qt::PlainText); // texts of users and files come in
     caja.setText(datos.texto);
+    nombrarDibujo(caja);
     if (datos.clase == Caja::Pregunta)
     {
         caja.setStandardButtons(QMessageBox::Yes | QMessageBox::No);

@@ -178,6 +178,7 @@ void VisorDeAyuda::armar()
     columna->addWidget(m_sinResultado);
     columna->addWidget(m_contenido);
     auto* partes = new QSplitter(this);
+    partes->setAccessibleName(QStringLiteral("Contenido y página"));
     partes->addWidget(lado);
     partes->addWidget(m_hoja);
     partes->setStretchFactor(1, 1);
