@@ -26,7 +26,7 @@ Version::Version(QWidget* padre)
     ui->lblLink->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred); // the ground beside it is no link
     ui->lblLink->setCursor(Qt::PointingHandCursor);
     ui->lblLink->setFocusPolicy(Qt::StrongFocus);
-    ui->lblLink->setAccessibleName(QStringLiteral("Enlace a la nueva versión"));
+    ui->lblLink->setAccessibleName(QStringLiteral("Enlace a la nueva versión: ") + ui->lblLink->text());
     ui->lblLink->setMouseTracking(true);
     ui->lblLink->installEventFilter(this);
     setMouseTracking(true);
