@@ -38,17 +38,12 @@ QString descripcionDe(ErrorDeEjecucion::Numero numero)
         return QStringLiteral("No hay un registro actual");
     case ErrorDeEjecucion::ColumnaDesconocida:
         return QStringLiteral("No se encontró la columna");
+    case ErrorDeEjecucion::ErrorInterno:
+        return QStringLiteral("Error interno");
+    case ErrorDeEjecucion::LlamadaNoValida:
+        break;
     }
     return QStringLiteral("Error de ejecución");
-}
-
-QString conDetalle(QString descripcion, const QString& detalle)
-{
-    if (!detalle.isEmpty())
-    {
-        descripcion += QStringLiteral(": ") + detalle;
-    }
-    return descripcion;
 }
 } // namespace
 
@@ -59,7 +54,12 @@ ErrorDeEjecucion::ErrorDeEjecucion(int numero, QString descripcion)
 {
 }
 
-ErrorDeEjecucion::ErrorDeEjecucion(Numero numero, const QString& detalle)
-    : ErrorDeEjecucion(static_cast<int>(numero), conDetalle(descripcionDe(numero), detalle))
+ErrorDeEjecucion::ErrorDeEjecucion(Numero numero)
+    : ErrorDeEjecucion(numero, descripcionDe(numero))
 {
+}
+
+ErrorDeEjecucion ErrorDeEjecucion::conDetalle(Numero numero, const QString& detalle)
+{
+    return {numero, detalle.isEmpty() ? descripcionDe(numero) : descripcionDe(numero) + QStringLiteral(": ") + detalle};
 }

@@ -12,11 +12,13 @@ class ErrorDeEjecucion : public std::exception
 public:
     enum Numero : int
     {
+        LlamadaNoValida = 5,
         Desbordamiento = 6,
         SinMemoria = 7,
         DivisionPorCero = 11,
         NoCoincidenTipos = 13,
         LineaDemasiadoLarga = 14,
+        ErrorInterno = 51,
         ArchivoNoEncontrado = 53,
         ArchivoYaAbierto = 55,
         ErrorDeDispositivo = 57,
@@ -29,10 +31,19 @@ public:
         SinRegistro = 3021,
         ColumnaDesconocida = 3265,
     };
+    /// Those of SQLite's codes that are asked for outside the database layer.
+    enum CodigoDeBase : int
+    {
+        SentenciaRechazada = 1, ///< it makes no sense as the tables are
+        BaseOcupada = 5,        ///< in the low byte: another copy of the program writes
+        NoEsBase = 26,
+    };
 
     ErrorDeEjecucion(int numero, QString descripcion);
-    /// One of the numbers above with its standard description; detalle, if any, follows after ": ".
-    explicit ErrorDeEjecucion(Numero numero, const QString& detalle = {});
+    /// One of the numbers above with its standard description.
+    explicit ErrorDeEjecucion(Numero numero);
+    /// The same with `detalle` after ": ".
+    [[nodiscard]] static ErrorDeEjecucion conDetalle(Numero numero, const QString& detalle);
 
     [[nodiscard]] int numero() const { return m_numero; }
     [[nodiscard]] const QString& descripcion() const { return m_descripcion; }

@@ -90,7 +90,7 @@ Cambios compararFilas(const QString& campo, std::vector<FilaMostrada> antes, std
 }
 
 CambiadoPorOtro::CambiadoPorOtro(Cambios cambios)
-    : ErrorParaAvisar(int{EnUso}, pregunta(cambios))
+    : ErrorParaAvisar(EnUso, pregunta(cambios))
     , m_cambios(std::move(cambios))
 {
 }

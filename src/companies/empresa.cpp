@@ -15,8 +15,8 @@ qint64 numeroDe(const Empresa& empresa)
     const qint64 numero = empresa.numero.toLongLong(&esNumero);
     if (!esNumero)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
-                               QStringLiteral("el número del domicilio no es un número"));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos,
+                                           QStringLiteral("el número del domicilio no es un número"));
     }
     return numero;
 }

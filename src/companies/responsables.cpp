@@ -27,8 +27,8 @@ void insertarResponsable(Conexion& conexion, const QString& cuit, const FilaResp
     const auto tipoDoc = codigoDe(conexion, Catalogo::Documentos, fila.tipoDoc);
     if (!tipoDoc)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro,
-                               QStringLiteral("No existe el tipo de documento %1").arg(fila.tipoDoc));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::SinRegistro,
+                                           QStringLiteral("No existe el tipo de documento %1").arg(fila.tipoDoc));
     }
     insertar(conexion, "Empresas_Responsables",
              {{"CUIT", cuit},

@@ -21,8 +21,9 @@ void escribir(Conexion& conexion, const QString& cuit, FilaSucursal& fila)
 {
     if (!fila.numero)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
-                               QStringLiteral("falta el número del domicilio de la sucursal %1").arg(fila.sucursal));
+        throw ErrorDeEjecucion::conDetalle(
+            ErrorDeEjecucion::NoCoincidenTipos,
+            QStringLiteral("falta el número del domicilio de la sucursal %1").arg(fila.sucursal));
     }
     ValoresDeColumnas valores{
         {"Sucursal", fila.sucursal}, {"Domicilio", fila.domicilio}, {"Numero", *fila.numero},

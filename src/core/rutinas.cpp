@@ -36,7 +36,6 @@ bool sinFallar(Paso&& paso)
 template <class Paso>
 void enUnaTransaccion(Paso&& paso)
 {
-    constexpr int rechazada = 1; // SQLite's code for a statement that makes no sense as the tables are
     sinFallar(
         [&]
         {
@@ -47,7 +46,7 @@ void enUnaTransaccion(Paso&& paso)
             }
             catch (const ErrorDeEjecucion& error)
             {
-                if (error.numero() != rechazada)
+                if (error.numero() != ErrorDeEjecucion::SentenciaRechazada)
                 {
                     throw;
                 }
@@ -97,8 +96,7 @@ void SubirUnaVersion()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        constexpr int ocupada = 5;
-        if ((error.numero() & 0xFF) == ocupada)
+        if ((error.numero() & 0xFF) == ErrorDeEjecucion::BaseOcupada)
         {
             return;
         }

@@ -11,7 +11,7 @@ class YaNoEsta : public ErrorParaAvisar
 {
 public:
     explicit YaNoEsta(const QString& descripcion)
-        : ErrorParaAvisar(int{SinRegistro}, descripcion)
+        : ErrorParaAvisar(SinRegistro, descripcion)
     {
     }
     /// How often it was found out since the start that a declaration or a company is gone. A screen that opens another

@@ -255,8 +255,8 @@ void tomarLinea(Importacion& importacion, const LineaDeNomina& linea, FormatoDeN
     }
     catch (const FallaDeCampo& falla)
     {
-        throw ErrorDeEjecucion(static_cast<ErrorDeEjecucion::Numero>(falla.numero),
-                               QStringLiteral("línea %1, campo %2").arg(numero).arg(QLatin1String(falla.campo)));
+        throw ErrorDeEjecucion::conDetalle(
+            falla.numero, QStringLiteral("línea %1, campo %2").arg(numero).arg(QLatin1String(falla.campo)));
     }
     catch (const ErrorDeEjecucion& error)
     {
@@ -274,7 +274,8 @@ std::string leerLineas(LectorDeLineas& archivo, const Aviso& aviso)
     {
         if (lineas.size() + static_cast<std::size_t>(linea.size()) > archivoMasLargo)
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::SinMemoria, QStringLiteral("el archivo tiene más de 64 MB"));
+            throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::SinMemoria,
+                                               QStringLiteral("el archivo tiene más de 64 MB"));
         }
         lineas.append(linea.data(), static_cast<std::size_t>(linea.size())) += '\n';
         if (numero % lineasPorTramo == 0)

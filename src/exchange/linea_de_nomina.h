@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/error_de_ejecucion.h"
+
 #include <QByteArrayView>
 #include <array>
 #include <optional>
@@ -9,7 +11,7 @@
 /// Thrown for a field that does not hold what it must; the import adds the line's number.
 struct FallaDeCampo
 {
-    int numero; ///< of ErrorDeEjecucion
+    ErrorDeEjecucion::Numero numero;
     const char* campo;
 };
 

@@ -103,7 +103,7 @@ void Renglon::agregarFecha(std::string_view guardada, const Campo& campo)
     // Stored YYYY-MM-DD.
     if (guardada.size() != 10 || guardada[4] != '-' || guardada[7] != '-')
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, QString::fromLatin1(campo.columna));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos, QString::fromLatin1(campo.columna));
     }
     m_bytes.append(guardada, 5, 2).append(guardada, 8, 2).append(guardada, 0, 4);
 }

@@ -56,8 +56,8 @@ void SumasDeNomina::agregar(qint64 familiares, std::initializer_list<Moneda> imp
             m_importes += importe < Moneda() ? -importe : importe;
         }
     }
-    catch (const ErrorDeEjecucion& error)
+    catch (const ErrorDeEjecucion&)
     {
-        throw FallaDeCampo{error.numero(), "Imponible"};
+        throw FallaDeCampo{ErrorDeEjecucion::Desbordamiento, "Imponible"};
     }
 }

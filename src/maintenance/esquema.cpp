@@ -39,7 +39,8 @@ constexpr Tabla tablas[] = {
 
 [[noreturn]] void falta(const QString& que)
 {
-    throw ErrorDeEjecucion(26, QStringLiteral("El archivo no es una base de datos de este programa: falta ") + que);
+    throw ErrorDeEjecucion(ErrorDeEjecucion::NoEsBase,
+                           QStringLiteral("El archivo no es una base de datos de este programa: falta ") + que);
 }
 
 void exigirColumnas(Conexion& conexion, const QString& tabla, const QStringList& columnas)

@@ -26,7 +26,7 @@ qint64 codigo(Conexion& conexion, Catalogo catalogo, const QString& nombre)
     const auto hallado = codigoDe(conexion, catalogo, nombre);
     if (!hallado)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinRegistro, nombre);
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::SinRegistro, nombre);
     }
     return *hallado;
 }
@@ -37,8 +37,8 @@ void insertarFamiliar(Conexion& conexion, const QString& cuil, const FilaFamilia
     const qint64 familiar = codigo(conexion, Catalogo::Familiar, fila.familiar);
     if (!fila.nroDoc)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
-                               QStringLiteral("falta el número de documento de %1").arg(fila.ayn));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos,
+                                           QStringLiteral("falta el número de documento de %1").arg(fila.ayn));
     }
     insertar(conexion, "Empleados_Familiares",
              {{"CUIL", cuil},

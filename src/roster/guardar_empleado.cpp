@@ -20,7 +20,7 @@ qint64 enteroDe(const QString& texto)
     const qint64 valor = texto.toLongLong(&bien);
     if (!bien)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, texto);
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos, texto);
     }
     return valor;
 }
@@ -44,7 +44,7 @@ float flotanteDe(const QString& texto)
     const std::optional<float> valor = LeerNumero(texto);
     if (!valor)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, texto);
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos, texto);
     }
     return *valor;
 }

@@ -86,7 +86,7 @@ public:
         }
         if (!guardada.horas)
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::UsoDeNull, QStringLiteral("QHoras"));
+            throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::UsoDeNull, QStringLiteral("QHoras"));
         }
         const float sueldo = flotante(nueva.sueldo);
         const float acuerdo = flotante(nueva.acuerdo);

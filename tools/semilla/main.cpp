@@ -21,7 +21,7 @@ void sembrar(const QString& ruta, const QStringList& textos)
         QFile archivo(texto);
         if (!archivo.open(QIODevice::ReadOnly))
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::ArchivoNoEncontrado, texto);
+            throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::ArchivoNoEncontrado, texto);
         }
         ejecutarEnBase(ruta, archivo.readAll().toStdString());
     }

@@ -255,7 +255,7 @@ void Conexion::crear(const QString& ruta)
 {
     if (QFileInfo::exists(ruta))
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(ruta));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(ruta));
     }
     detalle::Base(comoUtf8(ruta), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)
         .ejecutar("PRAGMA application_id=" + std::to_string(idDePrograma));

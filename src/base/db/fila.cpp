@@ -6,7 +6,7 @@ namespace
 {
 [[noreturn]] void noCoincide(const char* columna)
 {
-    throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, QString::fromUtf8(columna));
+    throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos, QString::fromUtf8(columna));
 }
 
 /// The whole of the text as a number; false when it is none.
@@ -110,7 +110,7 @@ qint64 Fila::entero(const char* columna) const
     const auto numero = enteroONulo(columna);
     if (!numero)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::UsoDeNull, QString::fromUtf8(columna));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::UsoDeNull, QString::fromUtf8(columna));
     }
     return *numero;
 }

@@ -143,8 +143,8 @@ Archivos::Parte::Parte(const QString& destino, const QString& nombre)
     exigir(QFileInfo(carpetaDe(m_real)).isDir() ? 0 : ENOENT, m_destino);
     if (const QString motivo = impedimento(m_real); !motivo.isEmpty())
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso,
-                               QDir::toNativeSeparators(m_destino) + QLatin1Char(' ') + motivo);
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::SinAcceso,
+                                           QDir::toNativeSeparators(m_destino) + QLatin1Char(' ') + motivo);
     }
     borrarTodo(m_ruta);
 }

@@ -23,15 +23,16 @@ namespace
 {
 [[noreturn]] void enUso()
 {
-    throw ErrorDeEjecucion(ErrorDeEjecucion::EnUso,
-                           QStringLiteral("otra copia del programa está usando la base de datos"));
+    throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::EnUso,
+                                       QStringLiteral("otra copia del programa está usando la base de datos"));
 }
 
 /// Whoever may not write the lock file may not write the database either: the folder is what there is to mend.
 [[noreturn]] void sinPermiso(const QString& ruta)
 {
-    throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QStringLiteral("no se puede escribir en la carpeta ") +
-                                                            QDir::toNativeSeparators(QFileInfo(ruta).absolutePath()));
+    throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::SinAcceso,
+                                       QStringLiteral("no se puede escribir en la carpeta ") +
+                                           QDir::toNativeSeparators(QFileInfo(ruta).absolutePath()));
 }
 
 boost::interprocess::file_lock tomar(const QString& ruta, Candado::Modo modo)
@@ -67,7 +68,7 @@ Candado::Candado(const QString& ruta, Modo modo)
     const QString carpeta = QFileInfo(archivo).absolutePath();
     if (!QFileInfo(carpeta).isDir())
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::RutaNoEncontrada, QDir::toNativeSeparators(carpeta));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::RutaNoEncontrada, QDir::toNativeSeparators(carpeta));
     }
     std::weak_ptr<Cerradura>& tomada = cerraduras[archivo];
     m_cerradura = tomada.lock();

@@ -41,6 +41,6 @@ ErrorDeEjecucion::Numero numeroDe(int error, const QString& ruta, detalle::Opera
 void detalle::fallarArchivo(int error, const QString& ruta, Operacion operacion)
 {
     const QString detalle = QDir::toNativeSeparators(ruta);
-    throw ErrorDeEjecucion(numeroDe(error, ruta, operacion),
-                           error == EISDIR ? detalle + QStringLiteral(" es una carpeta") : detalle);
+    throw ErrorDeEjecucion::conDetalle(numeroDe(error, ruta, operacion),
+                                       error == EISDIR ? detalle + QStringLiteral(" es una carpeta") : detalle);
 }

@@ -86,7 +86,7 @@ bool LectorDeLineas::hayMas(std::size_t& i)
     {
         if (m_bloque.size() >= lineaMasLarga)
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::LineaDemasiadoLarga, m_ruta);
+            throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::LineaDemasiadoLarga, m_ruta);
         }
         m_bloque.resize(m_bloque.size() * 2);
     }

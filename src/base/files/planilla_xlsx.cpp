@@ -171,9 +171,9 @@ void Libro::exigirHoja(lxw_error error) const
         throw ErrorDeEjecucion(ErrorDeEjecucion::SinMemoria);
     case LXW_ERROR_CREATING_XLSX_FILE:
     case LXW_ERROR_CREATING_TMPFILE:
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(m_carpeta));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(m_carpeta));
     default:
-        throw ErrorDeEjecucion(ErrorDeEjecucion::DiscoLleno, QDir::toNativeSeparators(m_carpeta));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::DiscoLleno, QDir::toNativeSeparators(m_carpeta));
     }
 }
 
@@ -224,7 +224,7 @@ void planilla::escribirXlsx(const QString& ruta, const Tabla& tabla, const Aviso
 {
     if (tabla.size() > filasDeHoja)
     {
-        throw ErrorParaAvisar(int{ErrorDeEjecucion::Desbordamiento},
+        throw ErrorParaAvisar(ErrorDeEjecucion::Desbordamiento,
                               QStringLiteral("Una planilla de Excel no admite más de %1 filas.  Guárdela como texto, "
                                              "con un nombre que termine en \".csv\".")
                                   .arg(conMiles(static_cast<qint64>(filasDeHoja))));
@@ -234,7 +234,7 @@ void planilla::escribirXlsx(const QString& ruta, const Tabla& tabla, const Aviso
     const QTemporaryDir carpeta;
     if (!carpeta.isValid())
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(QDir::tempPath()));
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::SinAcceso, QDir::toNativeSeparators(QDir::tempPath()));
     }
     const ConPunto punto;
     Libro libro(carpeta.path());

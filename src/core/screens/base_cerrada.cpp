@@ -10,13 +10,11 @@
 namespace
 {
 constexpr unsigned long entreIntentos = 50; // ms
-constexpr int ocupada = 5;                  // SQLite's code while another desk writes
 int paciencia = 60'000;                     // ms
 std::function<void()> alVolver;
 
 std::optional<ErrorDeEjecucion> fallaDe(const std::function<void()>& cuerpo)
 {
-    constexpr int otraFalla = 5;
     try
     {
         cuerpo();
@@ -28,7 +26,7 @@ std::optional<ErrorDeEjecucion> fallaDe(const std::function<void()>& cuerpo)
     }
     catch (const std::exception& error)
     {
-        return ErrorDeEjecucion(otraFalla, QString::fromUtf8(error.what()));
+        return ErrorDeEjecucion(ErrorDeEjecucion::LlamadaNoValida, QString::fromUtf8(error.what()));
     }
 }
 
@@ -43,7 +41,7 @@ bool reabrirEsperando()
         {
             return true;
         }
-        if (falla->numero() != ErrorDeEjecucion::EnUso && (falla->numero() & 0xFF) != ocupada)
+        if (falla->numero() != ErrorDeEjecucion::EnUso && (falla->numero() & 0xFF) != ErrorDeEjecucion::BaseOcupada)
         {
             throw ErrorDeEjecucion(*falla);
         }

@@ -46,7 +46,7 @@ bool EnvioDeDDJJ::GrabarArchivoDDJJ()
     {
         if (!m_clave)
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, QStringLiteral("secuencia"));
+            throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos, QStringLiteral("secuencia"));
         }
         exigirEmpresa(Rutinas::Conexion, m_clave->cuit);
         exigirDeclaracion(Rutinas::Conexion, *m_clave);

@@ -146,7 +146,7 @@ Boleta Boletas::boleta() const
     const std::optional<QDate> fecha = LeerFecha(ui->MaskFecha->text());
     if (!fecha)
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, ui->MaskFecha->text());
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos, ui->MaskFecha->text());
     }
     b.fecha = *fecha;
     b.art100 = m_aportes.art100;

@@ -42,7 +42,7 @@ void Correo(const MensajeDeCorreo& mensaje)
     }
     if (!mensaje.adjunto.isEmpty() && !QFileInfo::exists(mensaje.adjunto))
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::ArchivoNoEncontrado, mensaje.adjunto);
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::ArchivoNoEncontrado, mensaje.adjunto);
     }
     if (entregarAlSistema(mensaje))
     {

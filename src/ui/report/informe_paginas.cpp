@@ -107,7 +107,7 @@ void PaginasDeInforme::compaginar(const Aviso& aviso)
     m_fin = area().height() - alto(m_contenido->plantilla().pie);
     if (m_fin - m_inicio < menorCuerpo || area().width() < menorCuerpo)
     {
-        throw ErrorDeEjecucion(int{ErrorDeEjecucion::NoCoincidenTipos},
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
                                QStringLiteral("El informe no entra en una página tan chica."));
     }
     m_tablas.resize(m_contenido->bandas());

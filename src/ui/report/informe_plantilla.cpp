@@ -22,7 +22,7 @@ public:
         QFile archivo(ruta);
         if (!archivo.open(QIODevice::ReadOnly))
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::ArchivoNoEncontrado, m_plantilla.nombre);
+            throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::ArchivoNoEncontrado, m_plantilla.nombre);
         }
         m_texto = QString::fromUtf8(archivo.readAll());
         m_xml.addData(m_texto);
@@ -54,7 +54,7 @@ public:
 private:
     [[noreturn]] void fallar(const QString& causa) const
     {
-        throw ErrorDeEjecucion(int{ErrorDeEjecucion::NoCoincidenTipos},
+        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
                                QStringLiteral("El informe %1 no es válido, línea %2: %3")
                                    .arg(m_plantilla.nombre)
                                    .arg(m_xml.lineNumber())
@@ -367,6 +367,6 @@ std::string PlantillaDeInforme::rellenar(const std::string& trozo, const kainjow
 
 void PlantillaDeInforme::fallar(const QString& causa) const
 {
-    throw ErrorDeEjecucion(int{ErrorDeEjecucion::NoCoincidenTipos},
+    throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos,
                            QStringLiteral("El informe %1 no es válido: %2").arg(nombre, causa));
 }

@@ -61,7 +61,7 @@ void agregarFilas(const std::string& html, planilla::Tabla& filas)
     }
     if (xml.hasError())
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, xml.errorString());
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos, xml.errorString());
     }
 }
 } // namespace

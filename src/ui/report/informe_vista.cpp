@@ -282,7 +282,7 @@ void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const Q
     pagina.setMargins({ancho, ancho, ancho, ancho});
     if (!impresora.setPageLayout(pagina))
     {
-        throw ErrorParaAvisar(int{ErrorDeEjecucion::NoCoincidenTipos},
+        throw ErrorParaAvisar(ErrorDeEjecucion::NoCoincidenTipos,
                               QStringLiteral("La impresora no admite el papel del informe.  Elija otro con "
                                              "\"Configurar página\"."));
     }
@@ -294,13 +294,13 @@ void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const Q
     QPainter pintor;
     if (!pintor.begin(&impresora))
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::SinAcceso, destino);
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::SinAcceso, destino);
     }
     for (int hoja = desde; hoja <= hasta; ++hoja)
     {
         if (hoja > desde && !impresora.newPage())
         {
-            throw ErrorDeEjecucion(ErrorDeEjecucion::DiscoLleno, destino);
+            throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::DiscoLleno, destino);
         }
         pintor.save();
         pintor.scale(impresora.logicalDpiX() / 72.0, impresora.logicalDpiY() / 72.0);
@@ -310,7 +310,7 @@ void VistaDeInforme::pintarEn(QPrinter& impresora, int desde, int hasta, const Q
     }
     if (!pintor.end())
     {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::DiscoLleno, destino);
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::DiscoLleno, destino);
     }
 }
 

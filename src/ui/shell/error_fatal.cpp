@@ -4,6 +4,7 @@
 #include "ui/doors/mensajes.h"
 #include "ui/shell/trabajo_largo.h"
 
+#include <QScopedValueRollback>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
@@ -11,21 +12,9 @@
 namespace
 {
 constexpr int estadoDeError = 3;
-constexpr int llamadaNoValida = 5;
-constexpr int sinMemoria = 7;
-constexpr int errorInterno = 51;
 
 std::function<void(int)> finReemplazado;
-bool informando = false;
-
-/// While it lives, a second error is not reported: it is a consequence of the first.
-struct Informe
-{
-    Informe() { informando = true; }
-    ~Informe() { informando = false; }
-    Informe(const Informe&) = delete;
-    Informe& operator=(const Informe&) = delete;
-};
+bool informando = false; ///< a second error is not reported: it is a consequence of the first
 } // namespace
 
 void informarErrorFatal(const ErrorDeEjecucion& error)
@@ -34,7 +23,7 @@ void informarErrorFatal(const ErrorDeEjecucion& error)
     {
         return;
     }
-    const Informe informe;
+    const QScopedValueRollback informe(informando, true);
     try
     {
         MsgBox(QStringLiteral("Se ha producido el error '%1' en tiempo de ejecución:\n\n%2")
@@ -82,14 +71,14 @@ void protegido(const std::function<void()>& cuerpo)
     }
     catch (const std::bad_alloc&)
     {
-        informarErrorFatal(ErrorDeEjecucion(sinMemoria, QStringLiteral("Memoria insuficiente")));
+        informarErrorFatal(ErrorDeEjecucion(ErrorDeEjecucion::SinMemoria, QStringLiteral("Memoria insuficiente")));
     }
     catch (const std::exception& error)
     {
-        informarErrorFatal(ErrorDeEjecucion(llamadaNoValida, QString::fromUtf8(error.what())));
+        informarErrorFatal(ErrorDeEjecucion(ErrorDeEjecucion::LlamadaNoValida, QString::fromUtf8(error.what())));
     }
     catch (...)
     {
-        informarErrorFatal(ErrorDeEjecucion(errorInterno, QStringLiteral("Error interno")));
+        informarErrorFatal(ErrorDeEjecucion(ErrorDeEjecucion::ErrorInterno));
     }
 }
