@@ -5,6 +5,7 @@
 #include "base/error_de_ejecucion.h"
 #include "base/files/archivos.h"
 #include "configuracion.h"
+#include "core/versiones.h"
 
 #include <QDir>
 #include <array>
@@ -101,16 +102,16 @@ void SubirUnaVersion()
             return;
         }
     }
-    const auto desde = [&](const char* cual, void (*paso)())
+    const auto desde = [&](QLatin1String cual, void (*paso)())
     {
-        if (!version || *version == QLatin1String(cual))
+        if (!version || *version == cual)
         {
             enUnaTransaccion(paso);
         }
     };
-    desde("1.0", ActualizarA11);
-    desde("1.1", ActualizarA12);
-    desde("1.2", ActualizarA20);
+    desde(versiones::inicial, ActualizarA11);
+    desde(versiones::conAcuerdo, ActualizarA12);
+    desde(versiones::conAcuerdo2, ActualizarA20);
     cerarNulos("SELECT 1 FROM DDJJ_Empleados WHERE Acuerdo IS NULL",
                "UPDATE DDJJ_Empleados SET Acuerdo = 0 WHERE Acuerdo IS NULL");
     cerarNulos("SELECT 1 FROM DDJJ_Empleados WHERE Acuerdo2 IS NULL",
@@ -130,7 +131,7 @@ void CerrarBase()
 
 void ActualizarA11()
 {
-    Conexion.ejecutar("UPDATE Parametros SET Version = '1.1'");
+    Conexion.ejecutar("UPDATE Parametros SET Version = ?", versiones::conAcuerdo.data());
     Conexion.ejecutar("ALTER TABLE DDJJ_Empleados ADD COLUMN Acuerdo CURRENCY DEFAULT 0");
     Conexion.ejecutar("ALTER TABLE RptEmpleados ADD COLUMN Acuerdo CURRENCY DEFAULT 0");
     Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo = 0");
@@ -141,7 +142,7 @@ void ActualizarA11()
 
 void ActualizarA12()
 {
-    Conexion.ejecutar("UPDATE Parametros SET Version = '1.2'");
+    Conexion.ejecutar("UPDATE Parametros SET Version = ?", versiones::conAcuerdo2.data());
     Conexion.ejecutar("ALTER TABLE DDJJ_Empleados ADD COLUMN Acuerdo2 CURRENCY DEFAULT 0");
     Conexion.ejecutar("ALTER TABLE RptEmpleados ADD COLUMN Acuerdo2 CURRENCY DEFAULT 0");
     Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo2 = 0");
@@ -151,7 +152,8 @@ void ActualizarA12()
 
 void ActualizarA20()
 {
-    Conexion.ejecutar("UPDATE Parametros SET Version = '2.0', EMail = ?", configuracion::buzonDdjj);
+    Conexion.ejecutar("UPDATE Parametros SET Version = ?, EMail = ?", versiones::actual.data(),
+                      configuracion::buzonDdjj);
 }
 
 quint8 CalcularDV(qint64 primerosDiez)

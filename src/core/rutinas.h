@@ -7,8 +7,6 @@
 #include <QString>
 #include <functional>
 
-class CampoMascara;
-
 /// The public variables through which screens hand state to each other, set just before a screen is shown and
 /// overwritten by whichever screen acts last, and the routines that all of them share.
 namespace Rutinas

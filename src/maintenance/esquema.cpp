@@ -2,6 +2,7 @@
 
 #include "base/db/conexion.h"
 #include "base/error_de_ejecucion.h"
+#include "core/versiones.h"
 
 #include <QSet>
 #include <QStringList>
@@ -78,9 +79,9 @@ void exigirEsquema(const QString& ruta)
     {
         falta(QStringLiteral("la fila de Parametros"));
     }
-    // Each version up to 1.2 brought a column to both; one that is not known counts as the newest.
+    // A version that is not known counts as the newest.
     QStringList sumas = {QStringLiteral("Acuerdo"), QStringLiteral("Acuerdo2")};
-    sumas.resize(*version == QLatin1String("1.0") ? 0 : *version == QLatin1String("1.1") ? 1 : 2);
+    sumas.resize(*version == versiones::inicial ? 0 : *version == versiones::conAcuerdo ? 1 : 2);
     exigirColumnas(conexion, QStringLiteral("DDJJ_Empleados"), sumas);
     exigirColumnas(conexion, QStringLiteral("RptEmpleados"), sumas);
 }

@@ -6,6 +6,7 @@
 #include "core/rutinas.h"
 #include "core/screens/base_cerrada.h"
 #include "core/ultima_copia.h"
+#include "core/versiones.h"
 #include "maintenance/respaldo.h"
 #include "ui/doors/dialogos.h"
 #include "ui/doors/mensajes.h"
@@ -30,7 +31,7 @@ QString avisoDeVersion()
     {
         return {};
     }
-    return !version.isEmpty() && version < QLatin1String("2.0")
+    return !version.isEmpty() && version < versiones::actual
                ? QStringLiteral("\n\nLa que se restauró es de la versión %1: cierre y vuelva a abrir el programa para "
                                 "actualizarla.")
                      .arg(version)
