@@ -85,7 +85,7 @@ int Grilla::columnas() const
 void Grilla::setFilas(int filas)
 {
     const QScopedValueRollback callado(m_silencio, true);
-    if (m_delegado->editando() && filas < filaActual())
+    if (editando() && filas < filaActual())
     {
         cancelarEdicion();
     }
@@ -342,19 +342,19 @@ void Grilla::setTeclasDeFila(std::function<bool()> agregar, std::function<bool(i
 
 bool Grilla::editando() const
 {
-    return m_delegado->editando();
+    return m_delegado->edicion().editor() != nullptr;
 }
 
 bool Grilla::confirmarEdicion()
 {
-    const QPointer<QWidget> editor = m_delegado->editor();
+    const QPointer<QWidget> editor = m_delegado->edicion().editor();
     if (editor == nullptr)
     {
         return true;
     }
-    if (m_delegado->aceptable(editor))
+    if (m_delegado->edicion().aceptable(editor))
     {
-        m_delegado->guardar(editor);
+        m_delegado->edicion().guardar(editor);
         return true;
     }
     if (editor)
@@ -370,7 +370,7 @@ bool Grilla::confirmarEdicion()
 
 void Grilla::cancelarEdicion()
 {
-    m_delegado->cancelar();
+    m_delegado->edicion().cancelar();
 }
 
 bool Grilla::edit(const QModelIndex& celda, EditTrigger disparo, QEvent* evento)

@@ -176,6 +176,7 @@ protected:
 private:
     class Modelo;
     class Delegado;
+    class Edicion;
     struct Salto
     {
         int columna = 0;
@@ -195,6 +196,8 @@ private:
     /// Runs `entrada`, and raises dejarCelda once for where the current cell went in it.
     void conSalto(const std::function<void()>& entrada);
     bool tecla(QKeyEvent* evento);
+    /// A sign is typed into the current cell.
+    void signo(QKeyEvent* evento);
     bool teclaDeFila(int codigo);
     void agregarFila();
     /// Next cell that can be edited in this direction, or none.

@@ -65,9 +65,12 @@ constexpr QColor amarilloInactivo{0xf4, 0xf1, 0xb8};
 Grilla::Delegado::Delegado(Grilla* grilla)
     : QStyledItemDelegate(grilla)
     , m_grilla(grilla)
+    , m_edicion(std::make_unique<Edicion>(grilla, this))
     , m_coloresDelUsuario(altoContraste())
 {
 }
+
+Grilla::Delegado::~Delegado() = default;
 
 const ColumnaDeGrilla& Grilla::Delegado::columna(const QModelIndex& celda) const
 {
@@ -152,13 +155,12 @@ QWidget* Grilla::Delegado::editorDeLista(QWidget* padre, const ColumnaDeGrilla& 
 {
     auto* lista = new ListaDeCelda(padre);
     lista->addItems(columna.opciones);
-    auto* yo = const_cast<Delegado*>(this);
-    QObject::connect(lista, &QComboBox::activated, yo,
-                     [yo, lista]
+    QObject::connect(lista, &QComboBox::activated, this,
+                     [edicion = m_edicion.get(), lista]
                      {
-                         if (lista->eligeEnLista() && lista == yo->m_editor)
+                         if (lista->eligeEnLista())
                          {
-                             yo->guardar(lista);
+                             edicion->guardar(lista);
                          }
                      });
     if (abrirLista)
@@ -174,19 +176,7 @@ QWidget* Grilla::Delegado::createEditor(QWidget* padre, const QStyleOptionViewIt
     const ColumnaDeGrilla& col = columna(celda);
     QWidget* editor = col.clase == ColumnaDeGrilla::Lista ? editorDeLista(padre, col) : new EditorDeTexto(col, padre);
     editor->setAccessibleName(col.titulo);
-    m_editor = editor;
-    m_celda = celda;
-    auto* yo = const_cast<Delegado*>(this);
-    const QPointer<QWidget> guardado = editor;
-    Validacion::instancia().alDejarEditor(
-        editor, [yo, guardado] { return !guardado || yo->aceptable(guardado); },
-        [yo, guardado]
-        {
-            if (guardado)
-            {
-                yo->guardar(guardado);
-            }
-        });
+    m_edicion->empezar(editor, celda);
     return editor;
 }
 
@@ -203,84 +193,15 @@ void Grilla::Delegado::setEditorData(QWidget* editor, const QModelIndex& celda) 
     linea->selectAll();
 }
 
-void Grilla::Delegado::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& celda) const
+void Grilla::Delegado::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex&) const
 {
-    if (editor != m_editor || !tocado(editor, celda))
-    {
-        return;
-    }
-    const LecturaDeCelda leida = leerCelda(columna(celda), textoDelEditor(editor));
-    if (leida.error.isEmpty())
-    {
-        m_grilla->m_modelo->poner(m_grilla->columnaDe(celda) - 1, celda.row(), leida.valor);
-        m_grilla->tipeada(m_grilla->columnaDe(celda), celda.row() + 1);
-        m_guardada = celda;
-    }
+    m_edicion->almacenar(editor);
 }
 
 void Grilla::Delegado::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& opcion,
                                             const QModelIndex&) const
 {
     editor->setGeometry(opcion.rect);
-}
-
-bool Grilla::Delegado::editando() const
-{
-    return m_editor != nullptr;
-}
-
-bool Grilla::Delegado::aceptable(QWidget* editor)
-{
-    if (editor != m_editor || !m_celda.isValid() || !tocado(editor, m_celda))
-    {
-        return true;
-    }
-    const LecturaDeCelda leida = leerCelda(columna(m_celda), textoDelEditor(editor));
-    if (!leida.error.isEmpty())
-    {
-        MsgBox(leida.error, Caja::Informacion);
-        return false;
-    }
-    return true;
-}
-
-void Grilla::Delegado::guardar(QWidget* editor)
-{
-    if (editor != m_editor)
-    {
-        return;
-    }
-    const QPointer<QWidget> vivo = editor;
-    const QPointer<Delegado> yo = this;
-    Q_EMIT commitData(editor);
-    if (yo && vivo && m_editor == vivo)
-    {
-        m_editor = nullptr; // closing moves the focus, which would store a second time
-        Q_EMIT closeEditor(vivo, NoHint);
-    }
-    if (yo)
-    {
-        avisarEditada();
-    }
-}
-
-void Grilla::Delegado::avisarEditada()
-{
-    if (m_guardada.isValid())
-    {
-        const QModelIndex celda = m_guardada;
-        m_guardada = QPersistentModelIndex();
-        Q_EMIT m_grilla->celdaEditada(m_grilla->columnaDe(celda), celda.row() + 1);
-    }
-}
-
-void Grilla::Delegado::cancelar()
-{
-    if (QWidget* editor = m_editor)
-    {
-        m_editor = nullptr;
-        Q_EMIT closeEditor(editor, RevertModelCache);
-    }
 }
 
 bool Grilla::Delegado::teclaDelEditor(QWidget* editor, const QKeyEvent& evento)
@@ -290,7 +211,7 @@ bool Grilla::Delegado::teclaDelEditor(QWidget* editor, const QKeyEvent& evento)
     switch (codigo)
     {
     case Qt::Key_Escape:
-        cancelar();
+        m_edicion->cancelar();
         return true;
     case Qt::Key_Up:
     case Qt::Key_Down:
@@ -313,10 +234,10 @@ bool Grilla::Delegado::teclaDelEditor(QWidget* editor, const QKeyEvent& evento)
     {
         return false;
     }
-    if (aceptable(editor))
+    if (m_edicion->aceptable(editor))
     {
         const QPointer<Delegado> yo = this;
-        guardar(editor);
+        m_edicion->guardar(editor);
         if (yo)
         {
             m_grilla->seguirDespuesDeEditar(codigo);
@@ -328,7 +249,7 @@ bool Grilla::Delegado::teclaDelEditor(QWidget* editor, const QKeyEvent& evento)
 bool Grilla::Delegado::eventFilter(QObject* objeto, QEvent* evento)
 {
     auto* editor = qobject_cast<QWidget*>(objeto);
-    if (editor == nullptr || editor != m_editor)
+    if (editor == nullptr || editor != m_edicion->editor())
     {
         return false;
     }
@@ -349,9 +270,9 @@ bool Grilla::Delegado::eventFilter(QObject* objeto, QEvent* evento)
         // stays: the leaving check tells so and brings the focus back.
         const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
         if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason && !campos::tieneElFoco(editor) &&
-            leerCelda(columna(m_celda), textoDelEditor(editor)).error.isEmpty())
+            m_edicion->leida(editor).error.isEmpty())
         {
-            guardar(editor);
+            m_edicion->guardar(editor);
         }
         return false;
     }
@@ -363,4 +284,95 @@ bool Grilla::Delegado::eventFilter(QObject* objeto, QEvent* evento)
 bool Grilla::Delegado::editorEvent(QEvent*, QAbstractItemModel*, const QStyleOptionViewItem&, const QModelIndex&)
 {
     return false; // ticks are the grid's own
+}
+
+// ---- the cell being edited
+
+void Grilla::Edicion::empezar(QWidget* editor, const QModelIndex& celda)
+{
+    m_editor = editor;
+    m_celda = celda;
+    const QPointer<QWidget> vivo = editor;
+    Validacion::instancia().alDejarEditor(
+        editor, [this, vivo] { return !vivo || aceptable(vivo); },
+        [this, vivo]
+        {
+            if (vivo)
+            {
+                guardar(vivo);
+            }
+        });
+}
+
+LecturaDeCelda Grilla::Edicion::leida(const QWidget* editor) const
+{
+    return leerCelda(m_grilla->m_modelo->columna(m_celda), textoDelEditor(editor));
+}
+
+bool Grilla::Edicion::aceptable(const QWidget* editor) const
+{
+    if (editor != m_editor || !m_celda.isValid() || !tocado(editor, m_celda))
+    {
+        return true;
+    }
+    const QString error = leida(editor).error;
+    if (!error.isEmpty())
+    {
+        MsgBox(error, Caja::Informacion);
+    }
+    return error.isEmpty();
+}
+
+void Grilla::Edicion::almacenar(const QWidget* editor)
+{
+    if (editor != m_editor || !m_celda.isValid() || !tocado(editor, m_celda))
+    {
+        return;
+    }
+    const LecturaDeCelda nueva = leida(editor);
+    if (nueva.error.isEmpty())
+    {
+        m_grilla->m_modelo->poner(m_grilla->columnaDe(m_celda) - 1, m_celda.row(), nueva.valor);
+        m_grilla->tipeada(m_grilla->columnaDe(m_celda), m_celda.row() + 1);
+        m_guardada = m_celda;
+    }
+}
+
+void Grilla::Edicion::guardar(QWidget* editor)
+{
+    if (editor != m_editor)
+    {
+        return;
+    }
+    const QPointer<QWidget> vivo = editor;
+    const QPointer<Delegado> yo = m_delegado;
+    Q_EMIT m_delegado->commitData(editor);
+    if (yo && vivo && m_editor == vivo)
+    {
+        m_editor = nullptr; // closing moves the focus, which would store a second time
+        Q_EMIT m_delegado->closeEditor(vivo, QAbstractItemDelegate::NoHint);
+    }
+    if (yo)
+    {
+        avisarEditada();
+    }
+}
+
+void Grilla::Edicion::avisarEditada()
+{
+    if (m_guardada.isValid())
+    {
+        const QModelIndex celda = m_guardada;
+        m_guardada = QPersistentModelIndex();
+        Q_EMIT m_grilla->celdaEditada(m_grilla->columnaDe(celda), celda.row() + 1);
+    }
+}
+
+void Grilla::Edicion::cancelar()
+{
+    if (QWidget* editor = m_editor)
+    {
+        m_editor = nullptr;
+        Q_EMIT m_delegado->closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+    }
 }

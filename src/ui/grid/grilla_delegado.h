@@ -1,27 +1,23 @@
 #pragma once
 
 #include "ui/grid/grilla.h"
+#include "ui/grid/grilla_celdas.h"
 
 #include <QStyledItemDelegate>
+#include <memory>
 
 /// Paints the cells of a grid and makes their editors.
 class Grilla::Delegado : public QStyledItemDelegate
 {
 public:
     explicit Delegado(Grilla* grilla);
+    ~Delegado() override;
 
     bool pintaActual = false;
     /// An editor opened with F2 or a double click drops its list down; one opened by typing does not.
     bool abrirLista = false;
 
-    [[nodiscard]] bool editando() const;
-    /// True when the editor's text can be stored; else shows why not, once.
-    bool aceptable(QWidget* editor);
-    void guardar(QWidget* editor);
-    void cancelar();
-    /// Tells of the cell just stored, once its editor is closed.
-    void avisarEditada();
-    [[nodiscard]] QWidget* editor() const { return m_editor; }
+    [[nodiscard]] Edicion& edicion() const { return *m_edicion; }
 
     /// The colour that tells what the row is; it is painted in the user's own under high contrast.
     [[nodiscard]] QColor fondo(int fila) const;
@@ -52,8 +48,36 @@ private:
     bool teclaDelEditor(QWidget* editor, const QKeyEvent& evento);
 
     Grilla* m_grilla;
-    bool m_coloresDelUsuario;           ///< he has asked for high contrast
-    mutable QPointer<QWidget> m_editor; ///< there is one at most
-    mutable QPersistentModelIndex m_celda;
-    mutable QPersistentModelIndex m_guardada; ///< stored and not yet told
+    std::unique_ptr<Edicion> m_edicion;
+    bool m_coloresDelUsuario; ///< he has asked for high contrast
+};
+
+/// The cell being edited: there is one at most.
+class Grilla::Edicion
+{
+public:
+    Edicion(Grilla* grilla, Delegado* delegado)
+        : m_grilla(grilla)
+        , m_delegado(delegado)
+    {
+    }
+    void empezar(QWidget* editor, const QModelIndex& celda);
+    [[nodiscard]] QWidget* editor() const { return m_editor; } ///< none while nothing is edited
+    /// True when the editor's text can be stored; else shows why not, once.
+    [[nodiscard]] bool aceptable(const QWidget* editor) const;
+    /// What the editor's text would be in the cell.
+    [[nodiscard]] LecturaDeCelda leida(const QWidget* editor) const;
+    void guardar(QWidget* editor);
+    void cancelar();
+    /// Puts the editor's text into the cell, when the user has touched it and it can stand there.
+    void almacenar(const QWidget* editor);
+    /// Tells of the cell just stored, once its editor is closed.
+    void avisarEditada();
+
+private:
+    Grilla* m_grilla;
+    Delegado* m_delegado;
+    QPointer<QWidget> m_editor;
+    QPersistentModelIndex m_celda;
+    QPersistentModelIndex m_guardada; ///< stored and not yet told
 };

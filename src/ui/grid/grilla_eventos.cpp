@@ -12,6 +12,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace
@@ -60,14 +61,24 @@ void Grilla::currentChanged(const QModelIndex& actual, const QModelIndex& anteri
 void Grilla::conSalto(const std::function<void()>& entrada)
 {
     // A handler may reload the grid or close its screen: it runs when nothing of the view is left on the stack.
-    ++m_entradas;
-    entrada();
-    if (--m_entradas > 0)
+    const QPointer<Grilla> yo = this;
+    {
+        ++m_entradas;
+        const auto sale = qScopeGuard(
+            [&yo]
+            {
+                if (yo)
+                {
+                    --yo->m_entradas;
+                }
+            });
+        entrada();
+    }
+    if (!yo || m_entradas > 0)
     {
         return;
     }
-    const QPointer<Grilla> yo = this;
-    m_delegado->avisarEditada();
+    m_delegado->edicion().avisarEditada();
     if (yo && m_salto)
     {
         const Salto salto = *std::exchange(m_salto, std::nullopt);
@@ -270,27 +281,34 @@ bool Grilla::tecla(QKeyEvent* evento)
     }
     if (m_editable && escribe(*evento))
     {
-        const ColumnaDeGrilla columna = actual.isValid() ? m_modelo->columna(actual) : ColumnaDeGrilla();
-        const bool fija = columna.clase == ColumnaDeGrilla::Fija;
-        if (fija && codigo != Qt::Key_Space && isSignalConnected(QMetaMethod::fromSignal(&Grilla::teclaEnFija)))
-        {
-            Q_EMIT teclaEnFija(evento->text());
-        }
-        else if (fija)
-        {
-            anunciar(QStringLiteral("La columna «%1» no se modifica").arg(columna.titulo));
-        }
-        else if (admiteEnCelda(columna, evento->text().at(0)))
-        {
-            edit(actual, AnyKeyPressed, evento);
-        }
-        else
-        {
-            anunciar(noEntraEnCelda(columna, evento->text()));
-        }
+        signo(evento);
         return true; // no jumping about by letters where cells are typed into
     }
     return false;
+}
+
+void Grilla::signo(QKeyEvent* evento)
+{
+    const QModelIndex actual = currentIndex();
+    const ColumnaDeGrilla columna = actual.isValid() ? m_modelo->columna(actual) : ColumnaDeGrilla();
+    const bool fija = columna.clase == ColumnaDeGrilla::Fija;
+    const bool seOye = isSignalConnected(QMetaMethod::fromSignal(&Grilla::teclaEnFija));
+    if (fija && seOye && evento->key() != Qt::Key_Space)
+    {
+        Q_EMIT teclaEnFija(evento->text());
+    }
+    else if (fija)
+    {
+        anunciar(QStringLiteral("La columna «%1» no se modifica").arg(columna.titulo));
+    }
+    else if (admiteEnCelda(columna, evento->text().at(0)))
+    {
+        edit(actual, AnyKeyPressed, evento);
+    }
+    else
+    {
+        anunciar(noEntraEnCelda(columna, evento->text()));
+    }
 }
 
 bool Grilla::teclaDeFila(int codigo)

@@ -14,6 +14,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QStyleHints>
 #include <algorithm>
@@ -97,10 +98,13 @@ Validacion::Salida Validacion::dejar(QWidget* campo, Gesto gesto)
     const Chequeo chequeo = *hallado; // NOLINT(performance-unnecessary-copy-initialization): a check may bind others
     const QPointer<QWidget> vivo = campo;
     const QPointer<QWidget> ventana = campo->window();
-    m_enChequeo.emplace_back(campo);
-    const bool puede =
-        std::all_of(chequeo.puedeDejar.begin(), chequeo.puedeDejar.end(), [](const auto& prueba) { return prueba(); });
-    m_enChequeo.pop_back();
+    const auto enChequeo = [&](const auto& pruebas)
+    {
+        m_enChequeo.emplace_back(campo);
+        const auto fin = qScopeGuard([this] { m_enChequeo.pop_back(); });
+        return std::all_of(pruebas.begin(), pruebas.end(), [](const auto& prueba) { return prueba(); });
+    };
+    const bool puede = enChequeo(chequeo.puedeDejar);
     if (vivo.isNull() || ventana.isNull())
     {
         return puede ? Salida::Libre : Salida::Rechazada;
