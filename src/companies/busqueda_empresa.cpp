@@ -20,13 +20,8 @@ std::vector<EmpresaHallada> buscarEmpresas(Conexion& conexion, const QString& cu
         valores.emplace_back(QLatin1Char('%') + nombre + QLatin1Char('%'));
     }
     sql += nombre.isEmpty() ? " ORDER BY Razon" : " ORDER BY Cuit";
-
-    std::vector<EmpresaHallada> halladas;
-    conexion.preparar(sql).recorrerCon(valores.data(), valores.size(),
-                                       [&](const Fila& fila)
-                                       {
-                                           halladas.push_back({fila.texto("Cuit"), fila.texto("Razon")});
-                                           return true;
-                                       });
-    return halladas;
+    return conexion.preparar(sql).listaCon(valores,
+                                           [](const Fila& fila) {
+                                               return EmpresaHallada{fila.texto("Cuit"), fila.texto("Razon")};
+                                           });
 }

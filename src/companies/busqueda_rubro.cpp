@@ -19,13 +19,8 @@ std::vector<RubroHallado> buscarRubros(Conexion& conexion, const QString& codigo
         valores.emplace_back(QLatin1Char('%') + nombre + QLatin1Char('%'));
     }
     sql += " ORDER BY Codigo";
-
-    std::vector<RubroHallado> hallados;
-    conexion.preparar(sql).recorrerCon(valores.data(), valores.size(),
-                                       [&](const Fila& fila)
-                                       {
-                                           hallados.push_back({fila.texto("Codigo"), fila.texto("Nombre")});
-                                           return true;
-                                       });
-    return hallados;
+    return conexion.preparar(sql).listaCon(valores,
+                                           [](const Fila& fila) {
+                                               return RubroHallado{fila.texto("Codigo"), fila.texto("Nombre")};
+                                           });
 }

@@ -25,14 +25,9 @@ std::vector<EmpleadoHallado> buscarEmpleados(Conexion& conexion, const ClaveDDJJ
         sql += afiliado == FiltroAfiliado::Si ? " AND ART101A <> 0" : " AND ART101A = 0";
     }
     sql += nombre.isEmpty() ? " ORDER BY AyN" : " ORDER BY Cuil";
-
-    std::vector<EmpleadoHallado> hallados;
-    conexion.preparar(sql).recorrerCon(
-        valores.data(), valores.size(),
-        [&](const Fila& fila)
-        {
-            hallados.push_back({fila.texto("Cuil"), fila.texto("AyN"), fila.enteroONulo("ART101A") != qint64{0}});
-            return true;
+    return conexion.preparar(sql).listaCon(
+        valores,
+        [](const Fila& fila) {
+            return EmpleadoHallado{fila.texto("Cuil"), fila.texto("AyN"), fila.enteroONulo("ART101A") != qint64{0}};
         });
-    return hallados;
 }

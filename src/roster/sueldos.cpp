@@ -63,11 +63,10 @@ public:
     /// Throws YaNoEsta when the row is not there.
     [[nodiscard]] Guardada leer(const QString& cuil)
     {
-        std::optional<Guardada> guardada;
-        m_leer.recorrer(
-            [&](const Fila& fila) {
-                guardada = {sueldoMostrado(fila), acuerdoMostrado(fila), fila.enteroONulo("QHoras"),
-                            fila.si("Afiliado")};
+        const auto guardada = m_leer.una(
+            [](const Fila& fila) {
+                return Guardada{sueldoMostrado(fila), acuerdoMostrado(fila), fila.enteroONulo("QHoras"),
+                                fila.si("Afiliado")};
             },
             m_cuit, m_clave.periodo, m_clave.secuencia, cuil);
         if (!guardada)

@@ -36,16 +36,16 @@ public:
         Entero,
         Texto,
     };
-    Valor(std::nullptr_t) {} // NOLINT(google-explicit-constructor)
-    Valor(std::nullopt_t) {} // NOLINT(google-explicit-constructor)
-    Valor(bool si)           // NOLINT(google-explicit-constructor)
+    Valor(std::nullptr_t) {}
+    Valor(std::nullopt_t) {}
+    Valor(bool si)
         : m_clase(Clase::Entero)
         , m_entero(si ? 1 : 0)
     {
     }
     /// Any other whole number; one past 64 bits with sign does not arise in this program.
     template <std::integral T>
-    Valor(T n) // NOLINT(google-explicit-constructor)
+    Valor(T n)
         : m_clase(Clase::Entero)
         , m_entero(static_cast<qint64>(n))
     {
@@ -54,24 +54,24 @@ public:
         : m_clase(Clase::Entero)
         , m_entero(m.diezMilesimos())
     {
-    }                            // NOLINT(google-explicit-constructor)
-    Valor(const QString& texto); // NOLINT(google-explicit-constructor)
+    }
+    Valor(const QString& texto);
     Valor(std::string_view utf8)
         : m_clase(Clase::Texto)
         , m_vista(utf8)
     {
-    } // NOLINT(google-explicit-constructor)
+    }
     Valor(const char* utf8)
         : Valor(std::string_view(utf8))
     {
-    } // NOLINT(google-explicit-constructor)
+    }
     /// Stored YYYY-MM-DD; an invalid date is Null.
-    Valor(QDate fecha); // NOLINT(google-explicit-constructor)
+    Valor(QDate fecha);
     /// Stored HH:MM:SS; an invalid time is Null.
-    Valor(QTime hora); // NOLINT(google-explicit-constructor)
+    Valor(QTime hora);
     template <class T>
     Valor(const std::optional<T>& quiza)
-        : Valor(quiza ? Valor(*quiza) : Valor(nullptr)) // NOLINT(google-explicit-constructor)
+        : Valor(quiza ? Valor(*quiza) : Valor(nullptr))
     {
     }
 
@@ -179,7 +179,7 @@ public:
             valores...);
         return hallada;
     }
-    /// The same of a query that has a row: throws ErrorDeEjecucion 3021 when there is none.
+    /// What `leer`(const Fila&) makes of the first row; throws ErrorDeEjecucion 3021 when there is none.
     template <class L, class... A>
     [[nodiscard]] auto primera(L&& leer, const A&... valores)
     {
@@ -199,6 +199,18 @@ public:
         return todas;
     }
     /// The forms for a list of values made at run time.
+    template <class L>
+    [[nodiscard]] auto listaCon(const std::vector<Valor>& valores, L&& leer)
+    {
+        std::vector<std::invoke_result_t<L&, const Fila&>> todas;
+        recorrerCon(valores.data(), valores.size(),
+                    [&](const Fila& fila)
+                    {
+                        todas.push_back(leer(fila));
+                        return true;
+                    });
+        return todas;
+    }
     int ejecutarCon(const Valor* valores, std::size_t cantidad);
     bool recorrerCon(const Valor* valores, std::size_t cantidad, const std::function<bool(const Fila&)>& visitante);
 
@@ -251,7 +263,7 @@ public:
     {
         return preparar(sql).una(leer, valores...);
     }
-    /// The same of a query that has a row: throws ErrorDeEjecucion 3021 when there is none.
+    /// What `leer`(const Fila&) makes of the first row; throws ErrorDeEjecucion 3021 when there is none.
     template <class L, class... A>
     [[nodiscard]] auto primera(std::string_view sql, L&& leer, const A&... valores)
     {

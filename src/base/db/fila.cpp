@@ -4,6 +4,8 @@
 
 namespace
 {
+constexpr QStringView formatoDeHora = u"HH:mm:ss";
+
 [[noreturn]] void noCoincide(const char* columna)
 {
     throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos, QString::fromUtf8(columna));
@@ -15,15 +17,6 @@ bool leerEntero(std::string_view texto, N& numero)
 {
     const auto fin = std::from_chars(texto.data(), texto.data() + texto.size(), numero);
     return fin.ec == std::errc() && fin.ptr == texto.data() + texto.size();
-}
-
-/// Writes `n`, not negative, over the `ancho` bytes from `desde` on.
-void ponerDigitos(QByteArray& texto, qsizetype desde, qsizetype ancho, int n)
-{
-    for (qsizetype i = desde + ancho; i-- > desde; n /= 10)
-    {
-        texto[i] = static_cast<char>('0' + n % 10);
-    }
 }
 } // namespace
 
@@ -39,15 +32,12 @@ Valor::Valor(QDate fecha)
     {
         return;
     }
-    if (fecha.year() < 0 || fecha.year() > 9999)
+    m_clase = Clase::Texto;
+    m_propio = fecha.toString(Qt::ISODate).toLatin1();
+    if (m_propio.isEmpty()) // a year of five digits, or before the first
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos);
     }
-    m_clase = Clase::Texto;
-    m_propio = QByteArrayLiteral("0000-00-00");
-    ponerDigitos(m_propio, 0, 4, fecha.year());
-    ponerDigitos(m_propio, 5, 2, fecha.month());
-    ponerDigitos(m_propio, 8, 2, fecha.day());
 }
 
 Valor::Valor(QTime hora)
@@ -57,10 +47,7 @@ Valor::Valor(QTime hora)
         return;
     }
     m_clase = Clase::Texto;
-    m_propio = QByteArrayLiteral("00:00:00");
-    ponerDigitos(m_propio, 0, 2, hora.hour());
-    ponerDigitos(m_propio, 3, 2, hora.minute());
-    ponerDigitos(m_propio, 6, 2, hora.second());
+    m_propio = hora.toString(formatoDeHora).toLatin1();
 }
 
 Fila::Celda Fila::celda(const char* columna) const
@@ -167,21 +154,9 @@ QDate Fila::fecha(const char* columna) const
 QTime Fila::hora(const char* columna) const
 {
     const Celda leida = celda(columna);
-    if (leida.clase == Valor::Clase::Nulo)
-    {
-        return {};
-    }
-    const std::string_view texto = leida.texto;
-    unsigned horas = 0;
-    unsigned minutos = 0;
-    unsigned segundos = 0;
-    if (texto.size() != 8 || texto[2] != ':' || texto[5] != ':' || !leerEntero(texto.substr(0, 2), horas) ||
-        !leerEntero(texto.substr(3, 2), minutos) || !leerEntero(texto.substr(6, 2), segundos))
-    {
-        noCoincide(columna);
-    }
-    const QTime hora(static_cast<int>(horas), static_cast<int>(minutos), static_cast<int>(segundos));
-    if (!hora.isValid())
+    const QTime hora = QTime::fromString(
+        QString::fromUtf8(leida.texto.data(), static_cast<qsizetype>(leida.texto.size())), formatoDeHora);
+    if (leida.clase != Valor::Clase::Nulo && !hora.isValid())
     {
         noCoincide(columna);
     }
