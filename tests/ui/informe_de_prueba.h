@@ -21,7 +21,7 @@ public:
     }
     [[nodiscard]] QString ruta(const char* nombre) const { return m_carpeta.filePath(nombre); }
     [[nodiscard]] PaginasDeInforme paginas(const QString& cuerpo, DatosDeInforme datos = {}, const QString& cabeza = {},
-                                           const PaginasDeInforme::Aviso& aviso = {}) const
+                                           const Aviso& aviso = {}) const
     {
         return {PlantillaDeInforme::leer(escribir(cuerpo, cabeza)), std::move(datos), aviso};
     }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "base/aviso.h"
+
 #include <QString>
 #include <chrono>
-#include <functional>
 #include <memory>
 
 /// One FTP connection, passive, kept open over its operations. Nothing here throws for what the server or the net does:
@@ -26,14 +27,13 @@ public:
         QString usuario;
         QString clave;
     };
-    /// Called while an operation runs, at least once a second: bytes done and in all (0 while unknown). Must not throw.
-    using Aviso = std::function<void(qint64 hecho, qint64 total)>;
 
     explicit TransporteFtp(Limites limites);
     ~TransporteFtp();
     TransporteFtp(const TransporteFtp&) = delete;
     TransporteFtp& operator=(const TransporteFtp&) = delete;
 
+    /// Called while an operation runs, at least once a second: bytes done and in all (0 while unknown). Must not throw.
     void setAviso(Aviso aviso);
     /// Of the operations that begin from now on.
     void setLimites(Limites limites);

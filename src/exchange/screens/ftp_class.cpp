@@ -160,7 +160,7 @@ std::optional<QDateTime> FTP_Class::FechaDeArchivo(quint64 fileTime)
         .addMSecs(static_cast<qint64>(fileTime / pasosPorMilisegundo));
 }
 
-void FTP_Class::setAviso(TransporteFtp::Aviso aviso)
+void FTP_Class::setAviso(Aviso aviso)
 {
     m_transporte.setAviso(std::move(aviso));
 }

@@ -42,7 +42,7 @@ public:
     /// The moment that a FILETIME counts (100 ns since 1601, UTC); nothing past what one can hold (2^63).
     [[nodiscard]] static std::optional<QDateTime> FechaDeArchivo(quint64 fileTime);
     /// Called while the transport works, so that the screen can show that something is going on.
-    void setAviso(TransporteFtp::Aviso aviso);
+    void setAviso(Aviso aviso);
     /// Of the operations that begin from now on.
     void setLimites(TransporteFtp::Limites limites);
 

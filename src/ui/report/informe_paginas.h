@@ -4,7 +4,6 @@
 #include "ui/report/informe_documento.h"
 
 #include <QPainter>
-#include <functional>
 #include <list>
 #include <memory>
 
@@ -14,8 +13,6 @@
 class PaginasDeInforme
 {
 public:
-    using Aviso = std::function<void(qint64 hechas, qint64 todas)>;
-
     /// Lays everything out. `aviso` is told rows done and in all, and often; what it throws ends the work. Throws
     /// ErrorDeEjecucion 13 for tags that do not parse and when head and foot leave no room on the page; for a row set
     /// that no query gives.

@@ -300,7 +300,7 @@ PlantillaDeInforme PlantillaDeInforme::leer(const QString& ruta)
 }
 
 DatosDeInforme DatosDeInforme::leer(const PlantillaDeInforme& plantilla, Conexion& conexion, ValoresDeInforme valores,
-                                    const std::function<void(qint64, qint64)>& aviso)
+                                    const Aviso& aviso)
 {
     DatosDeInforme datos;
     datos.valores = std::move(valores);

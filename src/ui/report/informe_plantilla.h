@@ -1,12 +1,12 @@
 #pragma once
 
+#include "base/aviso.h"
 #include "base/numbers/valor_informe.h"
 
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QString>
 #include <QStringList>
-#include <functional>
 #include <kainjow/mustache.hpp>
 #include <map>
 #include <string>
@@ -98,8 +98,7 @@ struct DatosDeInforme
     /// Runs the layout's queries, with the value "Indice" bound where one is asked. `aviso` is called often meanwhile,
     /// and what it throws ends the work. Without queries the connection may be closed.
     [[nodiscard]] static DatosDeInforme leer(const PlantillaDeInforme& plantilla, Conexion& conexion,
-                                             ValoresDeInforme valores,
-                                             const std::function<void(qint64, qint64)>& aviso = {});
+                                             ValoresDeInforme valores, const Aviso& aviso = {});
     /// The named values and row sets as a Mustache object.
     [[nodiscard]] kainjow::mustache::data objeto() const;
 };

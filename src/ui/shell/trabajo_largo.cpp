@@ -259,7 +259,7 @@ void TrabajoLargo::avanzar(qint64 hecho, qint64 total)
     }
 }
 
-std::function<void(qint64, qint64)> TrabajoLargo::aviso()
+Aviso TrabajoLargo::aviso()
 {
     return [this](qint64 hecho, qint64 total) { avanzar(hecho, total); };
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/aviso.h"
 #include "base/error_de_ejecucion.h"
 
 #include <QString>
@@ -40,7 +41,7 @@ public:
     /// telling how far it is.
     void avanzar(qint64 hecho, qint64 total);
     /// The same as a function, for the rules.
-    [[nodiscard]] std::function<void(qint64 hecho, qint64 total)> aviso();
+    [[nodiscard]] Aviso aviso();
     [[nodiscard]] static bool enCurso();
     /// Milliseconds before the progress shows; 500 unless a test says otherwise.
     static void fijarDemora(int milisegundos);
