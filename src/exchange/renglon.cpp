@@ -3,18 +3,11 @@
 #include "base/db/conexion.h"
 #include "base/error_de_ejecucion.h"
 #include "base/files/windows1252.h"
+#include "base/numbers/numeros.h"
 
 #include <array>
 #include <charconv>
 #include <optional>
-
-namespace
-{
-quint64 magnitudDe(qint64 n)
-{
-    return n < 0 ? quint64{0} - static_cast<quint64>(n) : static_cast<quint64>(n);
-}
-} // namespace
 
 void Renglon::agregar(const Fila& fila, std::span<const Campo> campos)
 {
@@ -48,7 +41,7 @@ void Renglon::agregar(const Fila& fila, const Campo& campo)
         }
         else if (campo.clase == Campo::Numero)
         {
-            agregarNumero(*n < 0, magnitudDe(*n), campo.ancho);
+            agregarNumero(*n < 0, detalle::magnitud(*n), campo.ancho);
         }
         else
         {
@@ -86,7 +79,7 @@ void Renglon::agregarNumero(bool negativo, quint64 magnitud, std::size_t ancho)
 
 void Renglon::agregarImporte(qint64 diezMilesimos, std::size_t ancho)
 {
-    const quint64 magnitud = magnitudDe(diezMilesimos);
+    const quint64 magnitud = detalle::magnitud(diezMilesimos);
     const quint64 centavos = magnitud / 100 + (magnitud % 100 >= 50 ? 1 : 0);
     agregarNumero(diezMilesimos < 0 && centavos > 0, centavos / 100, ancho);
     m_bytes += ',';

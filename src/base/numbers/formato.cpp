@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+using detalle::magnitud;
+
 namespace
 {
 QString enGrupos(quint64 numero)
@@ -14,12 +16,6 @@ QString enGrupos(quint64 numero)
         texto.insert(i, u'.');
     }
     return texto;
-}
-
-quint64 magnitud(qint64 numero)
-{
-    const auto sinSigno = static_cast<quint64>(numero);
-    return numero < 0 ? 0 - sinSigno : sinSigno; // the lowest number has no positive twin
 }
 
 QString mostrar(Moneda importe, bool miles, const char* prefijo = "")
