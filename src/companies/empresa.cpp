@@ -9,6 +9,31 @@
 
 namespace
 {
+constexpr TextoDeEmpresa textos[] = {
+    {"Razon", "Razón Social", &Empresa::razon},
+    {"Fantasia", "Nombre Fantasía", &Empresa::fantasia},
+    {"Calle", "Calle", &Empresa::calle},
+    {"Numero", "Nro.", &Empresa::numero},
+    {"NroLocal", "Local", &Empresa::nroLocal},
+    {"Piso", "Piso", &Empresa::piso},
+    {"Depto", "Depto", &Empresa::depto},
+    {"CodPos", "Cód.Postal", &Empresa::codPos},
+    {"Localidad", "Localidad", &Empresa::localidad},
+    {"Nombre", "Provincia", &Empresa::nombreProvincia}, // of the table Provincias
+    {"Telefono", "Teléfono", &Empresa::telefono},
+    {"Fax", "Fax", &Empresa::fax},
+    {"Rubro", "Rubro", &Empresa::rubro},
+    {"Contacto", "Contacto", &Empresa::contacto},
+    {"Web", "Web", &Empresa::web},
+    {"Email", "E-Mail", &Empresa::email},
+    {"Estudio", "Contador/a", &Empresa::estudio},
+    {"Est_Domicilio", "Domicilio del Estudio", &Empresa::estDomicilio},
+    {"Est_CodPos", "Cód.Post. del Estudio", &Empresa::estCodPos},
+    {"Est_Localidad", "Localidad del Estudio", &Empresa::estLocalidad},
+    {"Est_Telefono", "Tel. del Estudio", &Empresa::estTelefono},
+    {"Est_EMail", "E-Mail del Estudio", &Empresa::estEmail},
+};
+
 qint64 numeroDe(const Empresa& empresa)
 {
     bool esNumero = false;
@@ -24,32 +49,22 @@ qint64 numeroDe(const Empresa& empresa)
 /// All columns but the key.
 ValoresDeColumnas valoresDe(const Empresa& e)
 {
-    return {
-        {"Razon", e.razon},
-        {"Fantasia", e.fantasia},
-        {"Calle", e.calle},
-        {"Numero", numeroDe(e)},
-        {"NroLocal", e.nroLocal},
-        {"Piso", e.piso},
-        {"Depto", e.depto},
-        {"CodPos", e.codPos},
-        {"Localidad", e.localidad},
-        {"Provincia", e.provincia},
-        {"Telefono", e.telefono},
-        {"Fax", e.fax},
-        {"Rubro", e.rubro},
-        {"Contacto", e.contacto},
-        {"Web", e.web},
-        {"Email", e.email},
-        {"Estudio", e.estudio},
-        {"Est_Domicilio", e.estDomicilio},
-        {"Est_CodPos", e.estCodPos},
-        {"Est_Localidad", e.estLocalidad},
-        {"Est_Telefono", e.estTelefono},
-        {"Est_EMail", e.estEmail},
-    };
+    ValoresDeColumnas valores{{"Numero", numeroDe(e)}, {"Provincia", e.provincia}};
+    for (const TextoDeEmpresa& uno : textos)
+    {
+        if (uno.lugar != &Empresa::numero && uno.lugar != &Empresa::nombreProvincia)
+        {
+            valores.push_back({uno.columna, e.*uno.lugar});
+        }
+    }
+    return valores;
 }
 } // namespace
+
+std::span<const TextoDeEmpresa> textosDeEmpresa()
+{
+    return textos;
+}
 
 std::optional<Empresa> cargarEmpresa(Conexion& conexion, const QString& cuit)
 {
@@ -58,30 +73,14 @@ std::optional<Empresa> cargarEmpresa(Conexion& conexion, const QString& cuit)
         "ON Empresas.Provincia = Provincias.Codigo WHERE Empresas.Cuit = ?",
         [](const Fila& fila)
         {
-            return Empresa{.cuit = fila.texto("Cuit"),
-                           .razon = fila.texto("Razon"),
-                           .fantasia = fila.texto("Fantasia"),
-                           .calle = fila.texto("Calle"),
-                           .numero = fila.texto("Numero"),
-                           .nroLocal = fila.texto("NroLocal"),
-                           .piso = fila.texto("Piso"),
-                           .depto = fila.texto("Depto"),
-                           .codPos = fila.texto("CodPos"),
-                           .localidad = fila.texto("Localidad"),
-                           .provincia = fila.enteroONulo("Provincia").value_or(0),
-                           .nombreProvincia = fila.texto("Nombre"),
-                           .telefono = fila.texto("Telefono"),
-                           .fax = fila.texto("Fax"),
-                           .rubro = fila.texto("Rubro"),
-                           .contacto = fila.texto("Contacto"),
-                           .web = fila.texto("Web"),
-                           .email = fila.texto("Email"),
-                           .estudio = fila.texto("Estudio"),
-                           .estDomicilio = fila.texto("Est_Domicilio"),
-                           .estCodPos = fila.texto("Est_CodPos"),
-                           .estLocalidad = fila.texto("Est_Localidad"),
-                           .estTelefono = fila.texto("Est_Telefono"),
-                           .estEmail = fila.texto("Est_EMail")};
+            Empresa empresa;
+            empresa.cuit = fila.texto("Cuit");
+            empresa.provincia = fila.enteroONulo("Provincia").value_or(0);
+            for (const TextoDeEmpresa& uno : textos)
+            {
+                empresa.*uno.lugar = fila.texto(uno.columna);
+            }
+            return empresa;
         },
         cuit);
 }

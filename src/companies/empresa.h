@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <optional>
+#include <span>
 
 class Conexion;
 
@@ -35,6 +36,16 @@ struct Empresa
 
     friend bool operator==(const Empresa&, const Empresa&) = default;
 };
+
+/// A text of a company as its table and the user know it.
+struct TextoDeEmpresa
+{
+    const char* columna;
+    const char* rotulo;
+    QString Empresa::*lugar;
+};
+/// All but the key, in the order of the screen.
+[[nodiscard]] std::span<const TextoDeEmpresa> textosDeEmpresa();
 
 /// The company of a CUIT; nothing when there is none (any more).
 [[nodiscard]] std::optional<Empresa> cargarEmpresa(Conexion& conexion, const QString& cuit);

@@ -6,32 +6,14 @@
 
 namespace
 {
-std::vector<CampoMostrado> camposDe(const Empresa& e)
+std::vector<CampoMostrado> camposDe(const Empresa& empresa)
 {
-    return {
-        {QStringLiteral("Razón Social"), e.razon},
-        {QStringLiteral("Nombre Fantasía"), e.fantasia},
-        {QStringLiteral("Calle"), e.calle},
-        {QStringLiteral("Nro."), e.numero},
-        {QStringLiteral("Local"), e.nroLocal},
-        {QStringLiteral("Piso"), e.piso},
-        {QStringLiteral("Depto"), e.depto},
-        {QStringLiteral("Cód.Postal"), e.codPos},
-        {QStringLiteral("Localidad"), e.localidad},
-        {QStringLiteral("Provincia"), e.nombreProvincia},
-        {QStringLiteral("Teléfono"), e.telefono},
-        {QStringLiteral("Fax"), e.fax},
-        {QStringLiteral("Rubro"), e.rubro},
-        {QStringLiteral("Contacto"), e.contacto},
-        {QStringLiteral("Web"), e.web},
-        {QStringLiteral("E-Mail"), e.email},
-        {QStringLiteral("Contador/a"), e.estudio},
-        {QStringLiteral("Domicilio del Estudio"), e.estDomicilio},
-        {QStringLiteral("Cód.Post. del Estudio"), e.estCodPos},
-        {QStringLiteral("Localidad del Estudio"), e.estLocalidad},
-        {QStringLiteral("Tel. del Estudio"), e.estTelefono},
-        {QStringLiteral("E-Mail del Estudio"), e.estEmail},
-    };
+    std::vector<CampoMostrado> campos;
+    for (const TextoDeEmpresa& uno : textosDeEmpresa())
+    {
+        campos.push_back({QString::fromUtf8(uno.rotulo), empresa.*uno.lugar});
+    }
+    return campos;
 }
 
 QString numero(std::optional<qint64> uno)

@@ -4,7 +4,10 @@
 #include "ui/shell/pantalla.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
+
+class QLineEdit;
 
 namespace Ui
 {
@@ -50,6 +53,8 @@ private:
     void ponerNumeros(const std::vector<FilaSucursal>& sucursales);
     void quitarEliminadas();
     bool revisarFaltas(EntradaEmpresa& entrada);
+    /// The fields that hold a text as it is stored.
+    [[nodiscard]] std::vector<std::pair<QLineEdit*, QString Empresa::*>> camposDeTexto() const;
     void llenarCampos(const Empresa& empresa);
     void mostrarGrillas(const EmpresaLeida& leida);
     void mostrarTitulo(const QString& cola = {});

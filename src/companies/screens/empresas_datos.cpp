@@ -144,34 +144,38 @@ void Empresas::MostrarEmpresa()
     Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 
+std::vector<std::pair<QLineEdit*, QString Empresa::*>> Empresas::camposDeTexto() const
+{
+    return {
+        {ui->txtRazon, &Empresa::razon},
+        {ui->txtFantasia, &Empresa::fantasia},
+        {ui->txtCalle, &Empresa::calle},
+        {ui->txtNumero, &Empresa::numero},
+        {ui->txtNroLocal, &Empresa::nroLocal},
+        {ui->txtPiso, &Empresa::piso},
+        {ui->txtDepto, &Empresa::depto},
+        {ui->txtCodPos, &Empresa::codPos},
+        {ui->txtLocalidad, &Empresa::localidad},
+        {ui->txtTelefono, &Empresa::telefono},
+        {ui->txtFax, &Empresa::fax},
+        {ui->txtCodRubro, &Empresa::rubro},
+        {ui->txtContacto, &Empresa::contacto},
+        {ui->txtWeb, &Empresa::web},
+        {ui->txtEMail, &Empresa::email},
+        {ui->txtEstudio, &Empresa::estudio},
+        {ui->txtEst_Domicilio, &Empresa::estDomicilio},
+        {ui->txtEst_CodPos, &Empresa::estCodPos},
+        {ui->txtEst_Localidad, &Empresa::estLocalidad},
+        {ui->txtEst_Telefono, &Empresa::estTelefono},
+        {ui->txtEst_Email, &Empresa::estEmail},
+    };
+}
+
 void Empresas::llenarCampos(const Empresa& empresa)
 {
-    const std::pair<QLineEdit*, const QString&> campos[] = {
-        {ui->txtRazon, empresa.razon},
-        {ui->txtFantasia, empresa.fantasia},
-        {ui->txtCalle, empresa.calle},
-        {ui->txtNumero, empresa.numero},
-        {ui->txtNroLocal, empresa.nroLocal},
-        {ui->txtPiso, empresa.piso},
-        {ui->txtDepto, empresa.depto},
-        {ui->txtCodPos, empresa.codPos},
-        {ui->txtLocalidad, empresa.localidad},
-        {ui->txtTelefono, empresa.telefono},
-        {ui->txtFax, empresa.fax},
-        {ui->txtCodRubro, empresa.rubro},
-        {ui->txtContacto, empresa.contacto},
-        {ui->txtWeb, empresa.web},
-        {ui->txtEMail, empresa.email},
-        {ui->txtEstudio, empresa.estudio},
-        {ui->txtEst_Domicilio, empresa.estDomicilio},
-        {ui->txtEst_CodPos, empresa.estCodPos},
-        {ui->txtEst_Localidad, empresa.estLocalidad},
-        {ui->txtEst_Telefono, empresa.estTelefono},
-        {ui->txtEst_Email, empresa.estEmail},
-    };
-    for (const auto& [campo, texto] : campos)
+    for (const auto& [campo, texto] : camposDeTexto())
     {
-        campo->setText(texto);
+        campo->setText(empresa.*texto);
         campo->setCursorPosition(0);
     }
 }
@@ -224,30 +228,15 @@ void Empresas::quitarEliminadas()
 
 Empresa Empresas::empresaTipeada() const
 {
-    return {.cuit = ui->MaskCuit->text(),
-            .razon = ui->txtRazon->text(),
-            .fantasia = ui->txtFantasia->text(),
-            .calle = ui->txtCalle->text(),
-            .numero = ui->txtNumero->text(),
-            .nroLocal = ui->txtNroLocal->text(),
-            .piso = ui->txtPiso->text(),
-            .depto = ui->txtDepto->text(),
-            .codPos = ui->txtCodPos->text(),
-            .localidad = ui->txtLocalidad->text(),
-            .provincia = ui->cmbProvincia->currentData().toLongLong(),
-            .nombreProvincia = ui->cmbProvincia->currentText(),
-            .telefono = ui->txtTelefono->text(),
-            .fax = ui->txtFax->text(),
-            .rubro = ui->txtCodRubro->text(),
-            .contacto = ui->txtContacto->text(),
-            .web = ui->txtWeb->text(),
-            .email = ui->txtEMail->text(),
-            .estudio = ui->txtEstudio->text(),
-            .estDomicilio = ui->txtEst_Domicilio->text(),
-            .estCodPos = ui->txtEst_CodPos->text(),
-            .estLocalidad = ui->txtEst_Localidad->text(),
-            .estTelefono = ui->txtEst_Telefono->text(),
-            .estEmail = ui->txtEst_Email->text()};
+    Empresa empresa;
+    empresa.cuit = ui->MaskCuit->text();
+    empresa.provincia = ui->cmbProvincia->currentData().toLongLong();
+    empresa.nombreProvincia = ui->cmbProvincia->currentText();
+    for (const auto& [campo, texto] : camposDeTexto())
+    {
+        empresa.*texto = campo->text();
+    }
+    return empresa;
 }
 
 EntradaEmpresa Empresas::entradaTipeada() const
