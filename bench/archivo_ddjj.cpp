@@ -276,10 +276,7 @@ public:
     }
     void programa() override
     {
-        GrabarArchivoDDJJ(m_conexion,
-                          {QString::fromLatin1(cuit), QDate(2009, 5, 1), QStringLiteral("2009"), QStringLiteral("5"),
-                           QStringLiteral("0")},
-                          m_nombre);
+        GrabarArchivoDDJJ(m_conexion, {QString::fromLatin1(cuit), QDate(2009, 5, 1), 0}, m_nombre);
     }
 
     void comprobar() override

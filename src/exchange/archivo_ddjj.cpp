@@ -5,6 +5,7 @@
 #include "base/error_de_ejecucion.h"
 #include "base/files/archivos.h"
 #include "base/numbers/formato.h"
+#include "core/nombre_ddjj.h"
 #include "exchange/archivo_uno.h"
 #include "exchange/renglon.h"
 
@@ -81,44 +82,22 @@ constexpr Campo camposFamiliar[] = {
     {Campo::Fecha, "Nacio", 8, "00000000"},
 };
 
-/// A screen's number with two digits; what is no number stays as it is.
-QString dosDigitos(const QString& texto)
-{
-    bool numero = false;
-    const int valor = texto.toInt(&numero);
-    return numero ? ceros(valor, 2) : texto;
-}
-
-int numeroDeSecuencia(const QString& texto)
-{
-    bool numero = false;
-    const int valor = texto.toInt(&numero);
-    if (!numero)
-    {
-        throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos, QStringLiteral("secuencia"));
-    }
-    return valor;
-}
-
 void imprimir(const Renglon& renglon)
 {
     ArchivoUno::imprimir(renglon.bytes());
 }
 
-void escribirEmpresa(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglon& renglon)
+void escribirEmpresa(Conexion& conexion, const ClaveDDJJ& clave, Renglon& renglon)
 {
     const auto escribir = [&](const Fila& empresa)
     {
         renglon.empezar('0');
         renglon.agregar(empresa.utf8("Cuit"));
-        for (const QString& deLaPantalla : {datos.anio, dosDigitos(datos.mes), dosDigitos(datos.secuencia)})
-        {
-            renglon.agregar(deLaPantalla.toStdString());
-        }
+        renglon.agregar((clave.periodo.toString(u"yyyyMM") + ceros(clave.secuencia, 2)).toStdString());
         renglon.agregar(empresa, camposEmpresa);
         return renglon.bytes(); // a view of it
     };
-    ArchivoUno::imprimir(conexion.primera("SELECT * FROM Empresas WHERE CUIT = ?", escribir, datos.cuit));
+    ArchivoUno::imprimir(conexion.primera("SELECT * FROM Empresas WHERE CUIT = ?", escribir, clave.cuit));
 }
 
 /// One line a row.
@@ -134,7 +113,7 @@ void escribirFilas(Sentencia consulta, const QString& clave, char tipo, std::spa
         clave);
 }
 
-void escribirEmpleados(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglon& renglon, const Aviso& aviso)
+void escribirEmpleados(Conexion& conexion, const ClaveDDJJ& clave, Renglon& renglon, const Aviso& aviso)
 {
     Sentencia familiares = conexion.preparar("SELECT * FROM Empleados_Familiares WHERE CUIL = ?");
     qint64 escritos = 0;
@@ -157,18 +136,18 @@ void escribirEmpleados(Conexion& conexion, const DatosArchivoDDJJ& datos, Renglo
         }
     };
     conexion.recorrer("SELECT * FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?", escribirEmpleado,
-                      datos.cuit, datos.periodo, numeroDeSecuencia(datos.secuencia));
+                      clave.cuit, clave.periodo, clave.secuencia);
 }
 
-void escribirLineas(Conexion& conexion, const DatosArchivoDDJJ& datos, const Aviso& aviso)
+void escribirLineas(Conexion& conexion, const ClaveDDJJ& clave, const Aviso& aviso)
 {
     Renglon renglon;
-    escribirEmpresa(conexion, datos, renglon);
-    escribirFilas(conexion.preparar("SELECT * FROM Empresas_Responsables WHERE CUIT = ?"), datos.cuit, '1',
+    escribirEmpresa(conexion, clave, renglon);
+    escribirFilas(conexion.preparar("SELECT * FROM Empresas_Responsables WHERE CUIT = ?"), clave.cuit, '1',
                   camposResponsable, renglon);
-    escribirFilas(conexion.preparar("SELECT * FROM Empresas_Sucursales WHERE CUIT = ?"), datos.cuit, '2',
+    escribirFilas(conexion.preparar("SELECT * FROM Empresas_Sucursales WHERE CUIT = ?"), clave.cuit, '2',
                   camposSucursal, renglon);
-    escribirEmpleados(conexion, datos, renglon, aviso);
+    escribirEmpleados(conexion, clave, renglon, aviso);
     ArchivoUno::cerrar();
 }
 
@@ -185,7 +164,7 @@ void trasUnaFalla(const T& haz)
     }
 }
 
-void escribirArchivo(Conexion& conexion, const DatosArchivoDDJJ& datos, const QString& nombre, const Aviso& aviso)
+void escribirArchivo(Conexion& conexion, const ClaveDDJJ& clave, const QString& nombre, const Aviso& aviso)
 {
     const QString ruta = rutaArchivoDDJJ(nombre);
     Archivos::Parte parte(ruta);
@@ -199,7 +178,7 @@ void escribirArchivo(Conexion& conexion, const DatosArchivoDDJJ& datos, const QS
     };
     try
     {
-        escribirLineas(conexion, datos, avisar);
+        escribirLineas(conexion, clave, avisar);
     }
     catch (...)
     {
@@ -211,23 +190,17 @@ void escribirArchivo(Conexion& conexion, const DatosArchivoDDJJ& datos, const QS
 }
 } // namespace
 
-QString nombreArchivoDDJJ(const DatosArchivoDDJJ& datos)
-{
-    return datos.cuit + u' ' + datos.anio + u'-' + dosDigitos(datos.mes) + u' ' + dosDigitos(datos.secuencia) +
-           QStringLiteral(".txt");
-}
-
 QString rutaArchivoDDJJ(const QString& nombreArchivo)
 {
     return QDir::toNativeSeparators(QDir(DirectorioPrograma()).filePath(nombreArchivo));
 }
 
-void GrabarArchivoDDJJ(Conexion& conexion, const DatosArchivoDDJJ& datos, QString& nombreArchivo, const Aviso& aviso)
+void GrabarArchivoDDJJ(Conexion& conexion, const ClaveDDJJ& clave, QString& nombreArchivo, const Aviso& aviso)
 {
-    nombreArchivo = nombreArchivoDDJJ(datos);
+    nombreArchivo = nombreDeDeclaracion(clave) + QStringLiteral(".txt");
     try
     {
-        escribirArchivo(conexion, datos, nombreArchivo, aviso);
+        escribirArchivo(conexion, clave, nombreArchivo, aviso);
     }
     catch (...)
     {

@@ -56,9 +56,7 @@ const std::tuple<const char*, bool, Regla> reglas[] = {
      [](auto& o, auto& a)
      { (void)importarNomina(o.c, vacia, o.base.ruta("nomina.txt"), FormatoDeNomina::AfipSijp, a); }},
     {"declaration file", true,
-     [nombre = QString()](auto& o, auto& a) mutable {
-         GrabarArchivoDDJJ(o.c, {llena.cuit, llena.periodo, "2009", "5", "0"}, nombre, a);
-     }},
+     [nombre = QString()](auto& o, auto& a) mutable { GrabarArchivoDDJJ(o.c, llena, nombre, a); }},
     {"copy", true, [](auto& o, auto& a) { copiarNomina(o.c, vacia, llena, a); }},
     {"deletion", true, [](auto& o, auto& a) { eliminarDeclaracion(o.c, llena, a); }},
     {"purge", true, [](auto& o, auto& a) { depurarHasta(o.c, llena.cuit, llena.periodo, {llena.periodo}, a); }},

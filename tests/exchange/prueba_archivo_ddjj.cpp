@@ -70,9 +70,9 @@ struct ArchivoDdjj : ConBase
 
     void ejecutar(const std::string& sql) { base.conexion().ejecutar(sql); }
     /// The file's lines, or the number of the error.
-    QByteArrayList grabar(const DatosArchivoDDJJ& datos)
+    QByteArrayList grabar(const ClaveDDJJ& clave)
     {
-        const int error = numeroDe([&] { GrabarArchivoDDJJ(base.conexion(), datos, nombre); });
+        const int error = numeroDe([&] { GrabarArchivoDDJJ(base.conexion(), clave, nombre); });
         EXPECT_FALSE(ArchivoUno::abierto());
         const QByteArray todo = error == 0 ? base.leer(nombre) : QByteArray::number(error) + "\r\n";
         EXPECT_TRUE(todo.endsWith("\r\n") && todo.count('\n') == todo.count("\r\n"));
@@ -90,7 +90,7 @@ struct ArchivoDdjj : ConBase
     }
 
     QString nombre;
-    DatosArchivoDDJJ mayo{"30-12345678-9", QDate(2009, 5, 1), "2009", "5", "0"};
+    ClaveDDJJ mayo{"30-12345678-9", QDate(2009, 5, 1), 0};
     QByteArrayList como; ///< the file of what stands above
 };
 } // namespace
@@ -141,15 +141,14 @@ TEST_F(ArchivoDdjj, CadaColumnaEnSuLugar)
 
 TEST_F(ArchivoDdjj, NombreEncabezadoYFallas)
 {
-    const std::tuple<QString, QString, QString, QString, const char*> casos[] = {
-        {"2009", "05", "0", "30-12345678-9 2009-05 00.txt", "030-12345678-920090500Bodega"},
-        {"2010", "12", "11", "30-12345678-9 2010-12 11.txt", "030-12345678-920101211Bodega"},
-        {"09", "1", "100", "30-12345678-9 09-01 100.txt", "030-12345678-90901100Bodega"},
-        {"2009", "5", "", "30-12345678-9 2009-05 .txt", "13"}, // the number of the error
+    const std::tuple<QDate, int, QString, const char*> casos[] = {
+        {{2009, 5, 1}, 0, "30-12345678-9 2009-05 00.txt", "030-12345678-920090500Bodega"},
+        {{2010, 12, 1}, 11, "30-12345678-9 2010-12 11.txt", "030-12345678-920101211Bodega"},
+        {{2009, 1, 1}, 100, "30-12345678-9 2009-01 100.txt", "030-12345678-9200901100Bodega"},
     };
-    for (const auto& [anio, mes, secuencia, suNombre, encabezado] : casos)
+    for (const auto& [periodo, secuencia, suNombre, encabezado] : casos)
     {
-        const QByteArrayList lineas = grabar({mayo.cuit, mayo.periodo, anio, mes, secuencia});
+        const QByteArrayList lineas = grabar({mayo.cuit, periodo, secuencia});
         EXPECT_EQ(suNombre, nombre);
         EXPECT_TRUE(lineas.first().startsWith(encabezado)) << lineas.first().toStdString();
     }

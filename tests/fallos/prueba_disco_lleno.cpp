@@ -99,10 +99,8 @@ TEST_F(DiscoLleno, NadaQuedaAMedias)
            [&] { (void)importarNomina(base.conexion(), clave, nomina, FormatoDeNomina::AfipSijp); });
     EXPECT_EQ(11'001, cuantos("DDJJ_Empleados"));
 
-    const DatosArchivoDDJJ datos{clave.cuit, clave.periodo, QStringLiteral("2009"), QStringLiteral("5"),
-                                 QStringLiteral("0")};
     QString nombre;
-    const auto grabar = [&] { GrabarArchivoDDJJ(base.conexion(), datos, nombre); };
+    const auto grabar = [&] { GrabarArchivoDDJJ(base.conexion(), clave, nombre); };
     ASSERT_EQ("", fallaDe(grabar).toStdString());
     const QString escrito = rutaArchivoDDJJ(nombre);
     const qint64 bytes = QFileInfo(escrito).size();

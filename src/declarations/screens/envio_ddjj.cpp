@@ -25,13 +25,6 @@ void avisarErrorDeApertura(const ErrorDeEjecucion& error)
            QStringLiteral("Error de Apertura"));
     ArchivoUno::cerrar();
 }
-
-/// The declaration as the text file wants it.
-DatosArchivoDDJJ datosDe(const ClaveDDJJ& clave)
-{
-    return {clave.cuit, clave.periodo, QString::number(clave.periodo.year()), QString::number(clave.periodo.month()),
-            QString::number(clave.secuencia)};
-}
 } // namespace
 
 EnvioDeDDJJ::EnvioDeDDJJ(std::optional<ClaveDDJJ> clave, std::function<void(const QString&)> estado)
@@ -51,7 +44,7 @@ bool EnvioDeDDJJ::GrabarArchivoDDJJ()
         exigirEmpresa(Rutinas::Conexion, m_clave->cuit);
         exigirDeclaracion(Rutinas::Conexion, *m_clave);
         TrabajoLargo trabajo(QStringLiteral("Grabando la Declaración Jurada"), TrabajoLargo::Cancelable::Si);
-        ::GrabarArchivoDDJJ(Rutinas::Conexion, datosDe(*m_clave), ArchivoDDJJ, trabajo.aviso());
+        ::GrabarArchivoDDJJ(Rutinas::Conexion, *m_clave, ArchivoDDJJ, trabajo.aviso());
     }
     catch (const YaNoEsta&)
     {
