@@ -54,12 +54,6 @@ Moneda importeTecleado(const QString& texto)
     return texto.isEmpty() ? Moneda() : Moneda::deTexto(texto);
 }
 
-/// A contribution as its field shows it, with two decimals.
-Moneda importeMostrado(float valor)
-{
-    return Moneda::enCentavos(valor);
-}
-
 std::optional<FaltaEnEmpleado> faltaJornada(const EntradaEmpleado& entrada)
 {
     bool numero = false;
@@ -103,9 +97,10 @@ ValoresDeColumnas valoresDe(const EntradaEmpleado& e, const Aportes& aportes)
         {"Egreso", e.egreso},
         {"Sucursal", e.sucursal},
         {"QHoras", enteroDe(e.qHoras)},
-        {"ART100", importeMostrado(aportes.art100)},
-        {"ART101A", importeMostrado(aportes.art101A)},
-        {"ART101B", importeMostrado(aportes.art101B)},
+        // As their fields show them.
+        {"ART100", Moneda::enCentavos(aportes.art100)},
+        {"ART101A", Moneda::enCentavos(aportes.art101A)},
+        {"ART101B", Moneda::enCentavos(aportes.art101B)},
         {"Acuerdo", importeTecleado(e.acuerdo)},
         // The screen shows the sum of both agreement sums: it goes to Acuerdo.
         {"Acuerdo2", 0},

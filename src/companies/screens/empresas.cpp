@@ -151,11 +151,6 @@ void Empresas::buscar()
     }
 }
 
-void Empresas::cmdSalir_Click()
-{
-    cerrar();
-}
-
 bool Empresas::dejaLoTipeado()
 {
     return !ui->CmdCancela->isEnabledTo(this) ||

@@ -30,7 +30,6 @@ private:
     // Commands.
     void CmdActualiza_Click();
     void CmdCancela_Click();
-    void cmdSalir_Click();
     void cmdRubro_Click();
     // Leaving checks; false keeps the focus.
     bool MaskCuit_LostFocus();

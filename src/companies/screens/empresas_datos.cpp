@@ -65,7 +65,7 @@ void Empresas::prepararBotones()
     Estilo::boton(ui->cmdRubro, QStringLiteral("rubro"));
     conectar(ui->CmdActualiza, &QPushButton::clicked, &Empresas::CmdActualiza_Click);
     conectar(ui->CmdCancela, &QPushButton::clicked, &Empresas::CmdCancela_Click);
-    conectar(ui->cmdSalir, &QPushButton::clicked, &Empresas::cmdSalir_Click);
+    conectar(ui->cmdSalir, &QPushButton::clicked, &Empresas::cerrar);
     conectar(ui->cmdRubro, &QPushButton::clicked, &Empresas::cmdRubro_Click);
     // Enter walks from the code to the contact; the search is reached by its mnemonic or a click.
     ui->cmdRubro->setFocusPolicy(Qt::ClickFocus);

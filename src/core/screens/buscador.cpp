@@ -16,12 +16,7 @@ void Buscador::armar(Grilla* grilla, std::vector<ColumnaDeGrilla> columnas, void
 
 void Buscador::buscarCon(QWidget* clave, QLineEdit* nombre)
 {
-    alDejar(clave,
-            [this]
-            {
-                Buscar();
-                return true;
-            });
+    alDejar(clave, &Buscador::Buscar);
     conectar(new TeclaSoltada(nombre), &TeclaSoltada::soltada, &Buscador::Buscar);
 }
 

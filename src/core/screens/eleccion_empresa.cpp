@@ -66,6 +66,16 @@ bool EleccionEmpresa::hayEmpresa() const
     return m_cmbEmpresa->currentIndex() != -1;
 }
 
+bool EleccionEmpresa::exigirEmpresa() const
+{
+    if (!hayEmpresa())
+    {
+        MsgBox(QStringLiteral("Debe seleccionar primero la Empresa correspondiente."), Caja::Informacion);
+        m_cmbEmpresa->setFocus();
+    }
+    return hayEmpresa();
+}
+
 QString EleccionEmpresa::cuit() const
 {
     return m_maskCuit->text();

@@ -39,8 +39,10 @@ public:
     void releer();
 
     [[nodiscard]] bool hayEmpresa() const; ///< something is chosen in the list
-    [[nodiscard]] QString cuit() const;    ///< text of MaskCuit
-    [[nodiscard]] QString razon() const;   ///< text of cmbEmpresa
+    /// The same; when nothing is, says so and goes to the list.
+    [[nodiscard]] bool exigirEmpresa() const;
+    [[nodiscard]] QString cuit() const;  ///< text of MaskCuit
+    [[nodiscard]] QString razon() const; ///< text of cmbEmpresa
 
 private:
     bool MaskCuit_Validate();

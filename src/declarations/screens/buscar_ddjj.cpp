@@ -36,7 +36,7 @@ BuscarDDJJ::BuscarDDJJ(QWidget* padre)
     Estilo::boton(ui->cmdCancelar, QStringLiteral("cancelar"));
     conectar(ui->vsDDJJ, &Grilla::elegida, &BuscarDDJJ::elegirFila);
     conectar(ui->cmdAceptar, &QPushButton::clicked, &BuscarDDJJ::cmdAceptar_Click);
-    conectar(ui->cmdCancelar, &QPushButton::clicked, &BuscarDDJJ::cmdCancelar_Click);
+    conectar(ui->cmdCancelar, &QPushButton::clicked, &BuscarDDJJ::cerrar);
 }
 
 BuscarDDJJ::~BuscarDDJJ() = default;
@@ -93,10 +93,5 @@ void BuscarDDJJ::cmdAceptar_Click()
     }
     Rutinas::SecuenciaActual = comoByte(m_fuente->secuencia);
     Rutinas::PeriodoActual = m_fuente->periodo;
-    cerrar();
-}
-
-void BuscarDDJJ::cmdCancelar_Click()
-{
     cerrar();
 }

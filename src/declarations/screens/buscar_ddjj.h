@@ -29,7 +29,6 @@ private:
     void mostrarAdvertencia();
     void elegirFila(int fila);
     void cmdAceptar_Click();
-    void cmdCancelar_Click();
 
     std::unique_ptr<Ui::BuscarDDJJ> ui;
     std::vector<ClaveDDJJ> m_fuentes; ///< the rows of vsDDJJ, in their order

@@ -12,6 +12,7 @@
 #include "ui/fields/campo_mascara.h"
 #include "ui/grid/grilla.h"
 #include "ui/look/estilo.h"
+#include "ui/shell/campos.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/validacion.h"
 #include "ui_ddjj.h"
@@ -95,12 +96,7 @@ void DDJJ::conectarMandos()
                      ui->cmdNomina->click(); // nothing where it is disabled
                  }
              });
-    alDejar(ui->txtAnio,
-            [this]
-            {
-                txtAnio_LostFocus();
-                return true;
-            });
+    alDejar(ui->txtAnio, &DDJJ::txtAnio_LostFocus);
     conectarMando(ui->cmdNueva, &DDJJ::cmdNueva_Click);
     conectarMando(ui->cmdCopiar, &DDJJ::cmdCopiar_Click);
     conectarMando(ui->cmdEliminar, &DDJJ::cmdEliminar_Click);
@@ -185,17 +181,6 @@ bool DDJJ::hayDeclaracion() const
     return m_seleccion.has_value();
 }
 
-bool DDJJ::exigirEmpresa()
-{
-    if (m_eleccion->hayEmpresa())
-    {
-        return true;
-    }
-    MsgBox(QStringLiteral("Debe seleccionar primero la Empresa correspondiente."), Caja::Informacion);
-    ui->cmbEmpresa->setFocus();
-    return false;
-}
-
 bool DDJJ::exigirPeriodo()
 {
     if (!hayDeclaracion())
@@ -226,7 +211,7 @@ void DDJJ::exigirVigencia() const
 {
     if (m_eleccion->hayEmpresa())
     {
-        ::exigirEmpresa(Rutinas::Conexion, m_eleccion->cuit());
+        exigirEmpresa(Rutinas::Conexion, m_eleccion->cuit());
     }
     if (hayDeclaracion())
     {
@@ -316,10 +301,8 @@ void DDJJ::seleccionar(int fila)
 
 void DDJJ::mostrarSecuencia(int secuencia)
 {
-    const QString texto = QString::number(secuencia);
     // Two characters do for 0 to 99. Past them the number is shown whole: cut, it would name another declaration.
-    ui->txtSecuencia->setMaxLength(qMax(2, static_cast<int>(texto.size())));
-    ui->txtSecuencia->setText(texto);
+    campos::ponerEntero(ui->txtSecuencia, QString::number(secuencia));
 }
 
 void DDJJ::MostrarDDJJ()

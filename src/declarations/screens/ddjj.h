@@ -83,7 +83,6 @@ private:
     /// Throws YaNoEsta unless the company and the declaration that are chosen, if any, still stand in the database.
     void exigirVigencia() const;
     // Each says so when it does not hold.
-    [[nodiscard]] bool exigirEmpresa();
     [[nodiscard]] bool exigirPeriodo();
     [[nodiscard]] bool exigirNomina(); ///< and goes to cmdNomina
 

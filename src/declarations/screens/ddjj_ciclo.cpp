@@ -9,7 +9,7 @@
 
 void DDJJ::cmdNueva_Click()
 {
-    if (!exigirEmpresa())
+    if (!m_eleccion->exigirEmpresa())
     {
         return;
     }
@@ -61,7 +61,7 @@ void DDJJ::cmdCancelar_Click()
 
 void DDJJ::cmdEliminar_Click()
 {
-    if (!exigirEmpresa())
+    if (!m_eleccion->exigirEmpresa())
     {
         return;
     }

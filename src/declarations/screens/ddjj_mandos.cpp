@@ -87,7 +87,7 @@ void DDJJ::cmdSueldos_Click()
 
 void DDJJ::cmdCopiar_Click()
 {
-    if (!exigirEmpresa() || !exigirPeriodo())
+    if (!m_eleccion->exigirEmpresa() || !exigirPeriodo())
     {
         return;
     }
@@ -116,7 +116,7 @@ void DDJJ::cmdCopiar_Click()
 
 void DDJJ::cmdImportar_Click()
 {
-    if (!exigirEmpresa() || !exigirPeriodo())
+    if (!m_eleccion->exigirEmpresa() || !exigirPeriodo())
     {
         return;
     }

@@ -73,7 +73,7 @@ MesDeEmpresas::MesDeEmpresas(QWidget* padre)
              [this](int /*columna*/, int fila) { fila > 0 ? irADeclaraciones(fila) : void(); });
     conectar(ui->vsEmpresas, &Grilla::entrar, [this](int /*columna*/, int fila) { irADeclaraciones(fila); });
     conectar(ui->cmdDeclaraciones, &QPushButton::clicked, [this] { irADeclaraciones(ui->vsEmpresas->filaActual()); });
-    conectar(ui->cmdSalir, &QPushButton::clicked, [this] { cerrar(); });
+    conectar(ui->cmdSalir, &QPushButton::clicked, &MesDeEmpresas::cerrar);
 }
 
 MesDeEmpresas::~MesDeEmpresas() = default;

@@ -14,9 +14,9 @@ Importar::Importar(QWidget* padre)
     Estilo::boton(ui->cmdExaminar, QStringLiteral("examinar"));
     Estilo::boton(ui->cmdOK, QStringLiteral("importar"), true);
     Estilo::boton(ui->cmdSalir, QStringLiteral("salir"));
-    conectar(ui->cmdExaminar, &QPushButton::clicked, [this] { cmdExaminar_Click(); });
-    conectar(ui->cmdOK, &QPushButton::clicked, [this] { cmdOK_Click(); });
-    conectar(ui->cmdSalir, &QPushButton::clicked, [this] { cmdSalir_Click(); });
+    conectar(ui->cmdExaminar, &QPushButton::clicked, &Importar::cmdExaminar_Click);
+    conectar(ui->cmdOK, &QPushButton::clicked, &Importar::cmdOK_Click);
+    conectar(ui->cmdSalir, &QPushButton::clicked, &Importar::cerrar);
 }
 
 Importar::~Importar() = default;
@@ -53,10 +53,5 @@ void Importar::cmdOK_Click()
     }
     Rutinas::TextoDevuelto = ui->txtOrigen->text();
     Rutinas::FormatoImportar = ui->optFormato_0->isChecked() ? 0 : 1;
-    cerrar();
-}
-
-void Importar::cmdSalir_Click()
-{
     cerrar();
 }

@@ -22,7 +22,6 @@ public:
 private:
     void cmdExaminar_Click();
     void cmdOK_Click();
-    void cmdSalir_Click();
 
     std::unique_ptr<Ui::Importar> ui;
 };

@@ -64,10 +64,10 @@ Backup::Backup(QWidget* padre)
     Estilo::boton(ui->cmdOK, QStringLiteral("respaldo"), true);
     Estilo::boton(ui->cmdSalir, QStringLiteral("salir"));
     Estilo::boton(ui->cmdExaminar, QStringLiteral("examinar"));
-    conectar(ui->SSTab1, &QTabWidget::currentChanged, [this] { SSTab1_Click(); });
-    conectar(ui->cmdExaminar, &QPushButton::clicked, [this] { cmdExaminar_Click(); });
-    conectar(ui->cmdOK, &QPushButton::clicked, [this] { cmdOK_Click(); });
-    conectar(ui->cmdSalir, &QPushButton::clicked, [this] { cmdSalir_Click(); });
+    conectar(ui->SSTab1, &QTabWidget::currentChanged, &Backup::SSTab1_Click);
+    conectar(ui->cmdExaminar, &QPushButton::clicked, &Backup::cmdExaminar_Click);
+    conectar(ui->cmdOK, &QPushButton::clicked, &Backup::cmdOK_Click);
+    conectar(ui->cmdSalir, &QPushButton::clicked, &Backup::cerrar);
 }
 
 Backup::~Backup() = default;
@@ -103,11 +103,6 @@ void Backup::cmdExaminar_Click()
     PedidoDeArchivo pedido;
     pedido.titulo = QStringLiteral("Seleccione la Base de Datos a Recuperar");
     ui->txtOrigen_1->setText(DialogoArchivo(pedido));
-}
-
-void Backup::cmdSalir_Click()
-{
-    cerrar();
 }
 
 void Backup::cmdOK_Click()

@@ -25,7 +25,6 @@ private:
     void SSTab1_Click();
     void cmdExaminar_Click();
     void cmdOK_Click();
-    void cmdSalir_Click();
     void resguardarBase();
     void restaurarBase();
     [[nodiscard]] bool puedeRestaurar();

@@ -30,7 +30,7 @@ Depurar::Depurar(QWidget* padre)
     ui->lblAlcance->setMinimumHeight(renglones * ui->lblAlcance->fontMetrics().lineSpacing());
     m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa, {{}, [this] { CargarPeriodos(); }}, this);
     conectar(ui->vsDDJJ, &Grilla::elegida, &Depurar::elegirFila);
-    conectar(ui->txtAnio, &QLineEdit::textEdited, [this] { mostrarAlcance(); });
+    conectar(ui->txtAnio, &QLineEdit::textEdited, &Depurar::mostrarAlcance);
     conectar(ui->cmdEliminar, &QPushButton::clicked, &Depurar::cmdEliminar_Click);
 }
 
@@ -87,10 +87,8 @@ void Depurar::mostrarAlcance()
 
 void Depurar::cmdEliminar_Click()
 {
-    if (!m_eleccion->hayEmpresa())
+    if (!m_eleccion->exigirEmpresa())
     {
-        MsgBox(QStringLiteral("Debe seleccionar primero la Empresa correspondiente."), Caja::Informacion);
-        ui->cmbEmpresa->setFocus();
         return;
     }
     if (ui->txtAnio->text().isEmpty())

@@ -3,6 +3,7 @@
 #include "base/numbers/formato.h"
 #include "companies/catalogos.h"
 #include "core/rutinas.h"
+#include "core/screens/validar.h"
 #include "ui/look/estilo.h"
 #include "ui_empleados.h"
 
@@ -83,37 +84,22 @@ void Empleados::armarEventos()
     {
         conectar(boton, &QPushButton::clicked, mando);
     }
-    conectar(ui->cmdEmpleado_9, &QPushButton::clicked, [this] { cerrar(); });
+    conectar(ui->cmdEmpleado_9, &QPushButton::clicked, &Empleados::cerrar);
     conectar(ui->cmdSucursal, &QPushButton::clicked, &Empleados::cmdSucursal_Click);
-    alDejar(ui->MaskCuil_0, [this] { return MaskCuil_Validate(0); });
-    alDejar(ui->txtAyN_0,
-            [this]
-            {
-                txtAyN_LostFocus();
-                return true;
-            });
-    for (int i = 0; i < 3; ++i)
+    alDejar(ui->MaskCuil_0, &Empleados::MaskCuil_Validate);
+    alDejar(ui->txtAyN_0, &Empleados::txtAyN_LostFocus);
+    for (CampoMascara* campo : MaskFecha)
     {
-        alDejar(MaskFecha[static_cast<std::size_t>(i)], [this, i] { return MaskFecha_Validate(i); });
+        alDejar(campo, [campo] { return campo->vacio() || Rutinas::ValidarFecha(*campo); });
     }
-    alDejar(ui->cmbEstadoCivil,
-            [this]
-            {
-                cmbEstadoCivil_LostFocus();
-                return true;
-            });
-    conectar(ui->cmbQHoras, &QComboBox::activated, [this] { CalcularAportes(); });
-    alDejar(ui->cmbQHoras,
-            [this]
-            {
-                CalcularAportes();
-                return true;
-            });
-    conectar(ui->chkAfiliado_1, &QCheckBox::toggled, [this] { chkAfiliado_Click(1); });
-    conectar(ui->chkAfiliado_2, &QCheckBox::toggled, [this] { chkAfiliado_Click(2); });
-    for (const int i : {1, 2})
+    alDejar(ui->cmbEstadoCivil, &Empleados::cmbEstadoCivil_LostFocus);
+    conectar(ui->cmbQHoras, &QComboBox::activated, &Empleados::CalcularAportes);
+    alDejar(ui->cmbQHoras, &Empleados::CalcularAportes);
+    conectar(ui->chkAfiliado_1, &QCheckBox::toggled, &Empleados::chkAfiliado_Click);
+    conectar(ui->chkAfiliado_2, &QCheckBox::toggled, &Empleados::chkAfiliado_Click);
+    for (QLineEdit* campo : {txtImporte[1], txtImporte[2]})
     {
-        alDejar(txtImporte[static_cast<std::size_t>(i)], [this, i] { return txtImporte_Validate(i); });
+        alDejar(campo, [this, campo] { return txtImporte_Validate(campo); });
     }
     conectar(ui->vsFamiliares, &GrillaFamiliar::seguir, &Empleados::seguirDeFamiliares);
 }

@@ -77,11 +77,10 @@ private:
     void CalcularAportes();
     void mostrarAportes(const Aportes& aportes);
     void mostrarTotal(const QString& importe);
-    bool MaskCuil_Validate(int indice);
+    bool MaskCuil_Validate();
     void txtAyN_LostFocus();
-    bool MaskFecha_Validate(int indice);
-    bool txtImporte_Validate(int indice);
-    void chkAfiliado_Click(int indice);
+    bool txtImporte_Validate(QLineEdit* campo);
+    void chkAfiliado_Click(bool afiliado);
     void cmbEstadoCivil_LostFocus();
     void seguirDeFamiliares();
     void recordarValores();

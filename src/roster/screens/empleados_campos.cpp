@@ -5,12 +5,14 @@
 #include "core/rutinas.h"
 #include "core/screens/validar.h"
 #include "roster/screens/empleados.h"
-#include "roster/screens/empleados_registro.h"
 #include "ui/doors/anuncio.h"
 #include "ui/doors/mensajes.h"
+#include "ui/shell/campos.h"
 #include "ui_empleados.h"
 
 #include <QApplication>
+
+using campos::ponerEntero;
 
 namespace
 {
@@ -36,11 +38,11 @@ void ceroSiVacio(QLineEdit* campo)
 }
 } // namespace
 
-bool Empleados::MaskCuil_Validate(int indice)
+bool Empleados::MaskCuil_Validate()
 {
     MaskCuil[1]->setText(MaskCuil[0]->text());
     MaskCuil[2]->setText(MaskCuil[0]->text());
-    const CampoMascara& campo = *MaskCuil[static_cast<std::size_t>(indice)];
+    const CampoMascara& campo = *MaskCuil[0];
     if (campo.vacio())
     {
         return true;
@@ -75,15 +77,8 @@ void Empleados::txtAyN_LostFocus()
     ponerEntero(txtAyN[2], txtAyN[0]->text());
 }
 
-bool Empleados::MaskFecha_Validate(int indice)
+bool Empleados::txtImporte_Validate(QLineEdit* campo)
 {
-    CampoMascara& campo = *MaskFecha[static_cast<std::size_t>(indice)];
-    return campo.vacio() || Rutinas::ValidarFecha(campo);
-}
-
-bool Empleados::txtImporte_Validate(int indice)
-{
-    QLineEdit* campo = txtImporte[static_cast<std::size_t>(indice)];
     const bool vale = campo->text().isEmpty() || Rutinas::VerificarNumero(campo->text());
     if (vale && !campo->text().isEmpty())
     {
@@ -93,17 +88,11 @@ bool Empleados::txtImporte_Validate(int indice)
     return vale;
 }
 
-void Empleados::chkAfiliado_Click(int indice)
+void Empleados::chkAfiliado_Click(bool afiliado)
 {
     // Membership is one fact in two boxes.
-    if (indice == 1)
-    {
-        ui->chkAfiliado_2->setChecked(ui->chkAfiliado_1->isChecked());
-    }
-    else
-    {
-        ui->chkAfiliado_1->setChecked(ui->chkAfiliado_2->isChecked());
-    }
+    ui->chkAfiliado_1->setChecked(afiliado);
+    ui->chkAfiliado_2->setChecked(afiliado);
     CalcularAportes();
 }
 

@@ -1,40 +1,24 @@
 // The record on the screen: loading, showing, emptying, and the commands that move between records.
-#include "roster/screens/empleados_registro.h"
+#include "roster/screens/empleados.h"
 
 #include "base/error_de_ejecucion.h"
 #include "base/numbers/formato.h"
 #include "core/rutinas.h"
 #include "roster/familiares.h"
-#include "roster/screens/empleados.h"
 #include "ui/doors/mensajes.h"
+#include "ui/shell/campos.h"
 #include "ui/shell/navegacion.h"
 #include "ui_empleados.h"
 
+using campos::ponerEntero;
+
 namespace
 {
-constexpr const char* limite = "limite";
-
 void elegir(QComboBox* lista, const std::optional<QString>& nombre)
 {
     lista->setCurrentIndex(nombre ? lista->findText(*nombre) : -1);
 }
-
-QString dosDecimales(Moneda importe)
-{
-    return sinMiles(importe);
-}
 } // namespace
-
-void ponerEntero(QLineEdit* campo, const QString& texto)
-{
-    if (!campo->property(limite).isValid())
-    {
-        campo->setProperty(limite, campo->maxLength());
-    }
-    campo->setMaxLength(std::max(campo->property(limite).toInt(), static_cast<int>(texto.size())));
-    campo->setText(texto);
-    campo->setCursorPosition(0);
-}
 
 void Empleados::CargarEmpleado(AccionEmpleado Accion)
 {
@@ -86,12 +70,12 @@ void Empleados::mostrar(const Empleado& empleado)
     ui->chkAfiliado_1->setChecked(empleado.afiliado);
     ui->chkAfiliado_2->setChecked(empleado.afiliado);
     SucursalActual = empleado.sucursal;
-    mostrarTotal(dosDecimales(empleado.imponible + empleado.acuerdo));
-    ponerEntero(txtImporte[1], dosDecimales(empleado.imponible));
-    ponerEntero(txtImporte[2], dosDecimales(empleado.acuerdo));
-    ponerEntero(txtImporte[3], dosDecimales(empleado.art100));
-    ponerEntero(txtImporte[4], dosDecimales(empleado.art101A));
-    ponerEntero(txtImporte[5], dosDecimales(empleado.art101B));
+    mostrarTotal(sinMiles(empleado.imponible + empleado.acuerdo));
+    ponerEntero(txtImporte[1], sinMiles(empleado.imponible));
+    ponerEntero(txtImporte[2], sinMiles(empleado.acuerdo));
+    ponerEntero(txtImporte[3], sinMiles(empleado.art100));
+    ponerEntero(txtImporte[4], sinMiles(empleado.art101A));
+    ponerEntero(txtImporte[5], sinMiles(empleado.art101B));
     mostrarSucursal(SucursalActual == 0 ? QString()
                                         : textoSucursal(Rutinas::Conexion, SucursalActual, ui->txtCuit->text()));
     mostrarFamilia(m_leido->familia);
@@ -173,7 +157,7 @@ void Empleados::agregar()
     LimpiarEmpleado();
     setWindowTitle(TituloForm + QStringLiteral(" / INGRESO"));
     ui->vsFamiliares->setFilas(1);
-    ui->vsFamiliares->irALaUltima();
+    ui->vsFamiliares->setFilaActual(1);
     ui->SSTab1->setCurrentIndex(0);
     MaskCuil[0]->setEnabled(true);
     MaskCuil[0]->setFocus();
@@ -189,7 +173,7 @@ void Empleados::modificar()
     setWindowTitle(TituloForm + QStringLiteral(" / MODIFICACION"));
     MaskCuil[0]->setEnabled(false); // which tells the save that this is no new employee
     ui->vsFamiliares->setFilas(ui->vsFamiliares->filas() + 1);
-    ui->vsFamiliares->irALaUltima();
+    ui->vsFamiliares->setFilaActual(ui->vsFamiliares->filas());
     txtAyN[0]->setFocus();
 }
 

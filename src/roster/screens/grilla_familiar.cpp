@@ -37,11 +37,6 @@ bool GrillaFamiliar::enBlanco(int fila) const
            celdaVacia(Nacio, fila);
 }
 
-void GrillaFamiliar::irALaUltima()
-{
-    setFilaActual(filas());
-}
-
 bool GrillaFamiliar::focusNextPrevChild(bool siguiente)
 {
     if (!siguiente)

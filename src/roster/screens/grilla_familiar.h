@@ -15,8 +15,6 @@ public:
     void setCatalogos(const QStringList& familiares, const QStringList& documentos);
     /// Nothing that would be stored stands in the row: no relation, number, name or birth date.
     [[nodiscard]] bool enBlanco(int fila) const;
-    /// Makes the first cell of the last row, the one for a new dependant, the current one.
-    void irALaUltima();
 
     enum Columna
     {

@@ -9,24 +9,10 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-
-namespace
-{
-/// The screen that a control lies on: a child window, a dialog or a window.
-const QWidget* pantallaDe(const QWidget* control)
-{
-    while (!control->isWindow() && qobject_cast<const QMdiSubWindow*>(control) == nullptr)
-    {
-        control = control->parentWidget();
-    }
-    return control;
-}
-} // namespace
 
 void Grilla::currentChanged(const QModelIndex& actual, const QModelIndex& anterior)
 {
@@ -97,7 +83,8 @@ void Grilla::alCambiarFoco(QWidget* nuevo)
         m_tieneFoco = true;
         return;
     }
-    if (!m_tieneFoco || pantallaDe(nuevo) != pantallaDe(this) || qobject_cast<QMenuBar*>(nuevo) != nullptr)
+    if (!m_tieneFoco || campos::ventanaDe(nuevo) != campos::ventanaDe(this) ||
+        qobject_cast<QMenuBar*>(nuevo) != nullptr)
     {
         return; // boxes, menus, lists and other windows come and go
     }

@@ -6,6 +6,7 @@
 #include "ui/doors/mensajes.h"
 #include "ui/grid/grilla_modelo.h"
 #include "ui/grid/pegado.h"
+#include "ui/shell/campos.h"
 #include "ui/shell/error_fatal.h"
 #include "ui/shell/trabajo_largo.h"
 
@@ -13,7 +14,6 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
-#include <QMdiSubWindow>
 #include <QMenu>
 #include <algorithm>
 #include <numeric>
@@ -71,11 +71,7 @@ QString cuantas(int filas)
 /// Of "Programa - Pantalla - Modo", "Pantalla - Modo".
 QString finDelTitulo(const QWidget* control)
 {
-    while (!control->isWindow() && qobject_cast<const QMdiSubWindow*>(control) == nullptr)
-    {
-        control = control->parentWidget();
-    }
-    const QString titulo = control->windowTitle();
+    const QString titulo = campos::ventanaDe(control)->windowTitle();
     const QString guion = QStringLiteral(" - ");
     return titulo.contains(guion) ? titulo.section(guion, 1) : titulo;
 }

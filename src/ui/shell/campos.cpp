@@ -30,6 +30,15 @@ bool esMarco(const QWidget* destino)
 }
 } // namespace
 
+const QWidget* campos::ventanaDe(const QWidget* control)
+{
+    while (!control->isWindow() && qobject_cast<const QMdiSubWindow*>(control) == nullptr)
+    {
+        control = control->parentWidget();
+    }
+    return control;
+}
+
 QString campos::contenido(const QWidget* campo)
 {
     if (const auto* linea = qobject_cast<const QLineEdit*>(campo))
@@ -166,4 +175,16 @@ bool campos::entraComoTab(const QWidget* campo)
     return qobject_cast<const QLineEdit*>(campo) != nullptr || qobject_cast<const QComboBox*>(campo) != nullptr ||
            qobject_cast<const QCheckBox*>(campo) != nullptr || qobject_cast<const QRadioButton*>(campo) != nullptr ||
            qobject_cast<const QAbstractSpinBox*>(campo) != nullptr || qobject_cast<const QTabBar*>(campo) != nullptr;
+}
+
+void campos::ponerEntero(QLineEdit* campo, const QString& texto)
+{
+    constexpr const char* limite = "limite"; // what may be typed there
+    if (!campo->property(limite).isValid())
+    {
+        campo->setProperty(limite, campo->maxLength());
+    }
+    campo->setMaxLength(std::max(campo->property(limite).toInt(), static_cast<int>(texto.size())));
+    campo->setText(texto);
+    campo->setCursorPosition(0);
 }

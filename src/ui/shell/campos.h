@@ -5,6 +5,8 @@
 #include <QString>
 #include <QWidget>
 
+class QLineEdit;
+
 /// What the leaving checks ask of widgets, of places in a window and of keys.
 namespace campos
 {
@@ -21,6 +23,8 @@ Clase* antepasado(QObject* objeto)
     return nullptr;
 }
 
+/// The window of a control: a child window, a dialog or a window of the system.
+[[nodiscard]] const QWidget* ventanaDe(const QWidget* control);
 /// What the user entered, to tell whether it changed since a check passed.
 [[nodiscard]] QString contenido(const QWidget* campo);
 void seleccionar(QWidget* campo);
@@ -38,6 +42,9 @@ void seleccionar(QWidget* campo);
 [[nodiscard]] bool esTab(const QKeyEvent& evento);
 /// The keys by which a grid's one-line editor is left.
 [[nodiscard]] bool dejaEditor(const QWidget* editor, const QKeyEvent& evento);
+/// Shows a text whole, also where it is longer than what may be typed there: a value that another program or an older
+/// version stored is not cut when it is saved again.
+void ponerEntero(QLineEdit* campo, const QString& texto);
 /// Enter walks on from it, as Tab does.
 [[nodiscard]] bool entraComoTab(const QWidget* campo);
 } // namespace campos

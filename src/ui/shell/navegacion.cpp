@@ -40,6 +40,19 @@ struct Navegacion::Interno
         }
         return vivas;
     }
+    /// The screens of the dialogs, that on top first.
+    [[nodiscard]] std::vector<Pantalla*> enDialogos() const
+    {
+        std::vector<Pantalla*> pantallas;
+        for (auto modal = modales.rbegin(); modal != modales.rend(); ++modal)
+        {
+            if (!modal->isNull() && (*modal)->pantalla() != nullptr)
+            {
+                pantallas.push_back((*modal)->pantalla());
+            }
+        }
+        return pantallas;
+    }
 };
 
 namespace
@@ -210,18 +223,14 @@ void Navegacion::mostrarModal(const QString& nombre)
 
 Pantalla* Navegacion::abierta(const QString& nombre) const
 {
-    for (auto modal = m_interno->modales.rbegin(); modal != m_interno->modales.rend(); ++modal)
+    for (const auto& pantallas : {m_interno->enDialogos(), hijas()})
     {
-        if (!modal->isNull() && (*modal)->pantalla() != nullptr && (*modal)->pantalla()->objectName() == nombre)
+        for (Pantalla* pantalla : pantallas)
         {
-            return (*modal)->pantalla();
-        }
-    }
-    for (Pantalla* pantalla : hijas())
-    {
-        if (pantalla->objectName() == nombre)
-        {
-            return pantalla;
+            if (pantalla->objectName() == nombre)
+            {
+                return pantalla;
+            }
         }
     }
     return nullptr;
@@ -229,14 +238,8 @@ Pantalla* Navegacion::abierta(const QString& nombre) const
 
 Pantalla* Navegacion::actual() const
 {
-    for (auto modal = m_interno->modales.rbegin(); modal != m_interno->modales.rend(); ++modal)
-    {
-        if (!modal->isNull() && (*modal)->pantalla() != nullptr)
-        {
-            return (*modal)->pantalla();
-        }
-    }
-    return hijaActiva();
+    const std::vector<Pantalla*> pantallas = m_interno->enDialogos();
+    return pantallas.empty() ? hijaActiva() : pantallas.front();
 }
 
 Pantalla* Navegacion::hijaActiva() const
@@ -248,16 +251,16 @@ Pantalla* Navegacion::hijaActiva() const
 
 QString Navegacion::empresaEnCurso() const
 {
-    for (auto modal = m_interno->modales.rbegin(); modal != m_interno->modales.rend(); ++modal)
+    std::vector<Pantalla*> pantallas = m_interno->enDialogos();
+    pantallas.push_back(hijaActiva());
+    for (const Pantalla* pantalla : pantallas)
     {
-        const Pantalla* pantalla = modal->isNull() ? nullptr : (*modal)->pantalla();
         if (pantalla != nullptr && !pantalla->empresaEnCurso().isEmpty())
         {
             return pantalla->empresaEnCurso();
         }
     }
-    const Pantalla* hija = hijaActiva();
-    return hija != nullptr ? hija->empresaEnCurso() : QString();
+    return {};
 }
 
 QString Navegacion::lugarEnCurso() const

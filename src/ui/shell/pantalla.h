@@ -65,24 +65,37 @@ protected:
                                  });
                          });
     }
-    /// Leaving check of a field: `puedeDejar` is a bool member function or callable; what it throws is reported.
+    /// Leaving check of a field, a member function or callable: false keeps the user there, as what it throws does,
+    /// which is reported. One that gives nothing lets him go.
     template <class Chequeo>
-    void alDejar(QWidget* campo, Chequeo puedeDejar)
+    void alDejar(QWidget* campo, Chequeo chequeo)
     {
+        const auto chequear = [this, chequeo]
+        {
+            if constexpr (std::is_member_function_pointer_v<Chequeo>)
+            {
+                return (propio(chequeo)->*chequeo)();
+            }
+            else
+            {
+                return chequeo();
+            }
+        };
         Validacion::instancia().alDejar(campo,
-                                        [this, puedeDejar]
+                                        [chequear]
                                         {
                                             bool puede = false; // a check that could not be made is not passed
                                             protegido(
                                                 [&]
                                                 {
-                                                    if constexpr (std::is_member_function_pointer_v<Chequeo>)
+                                                    if constexpr (std::is_void_v<decltype(chequear())>)
                                                     {
-                                                        puede = (propio(puedeDejar)->*puedeDejar)();
+                                                        chequear();
+                                                        puede = true;
                                                     }
                                                     else
                                                     {
-                                                        puede = puedeDejar();
+                                                        puede = chequear();
                                                     }
                                                 });
                                             return puede;
