@@ -165,8 +165,3 @@ Moneda Moneda::operator-() const
 {
     return Moneda(restar(0, m_valor));
 }
-
-Moneda operator*(Moneda a, std::int64_t veces)
-{
-    return Moneda(multiplicar(a.m_valor, veces));
-}

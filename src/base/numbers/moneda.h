@@ -38,8 +38,6 @@ public:
     Moneda operator-() const;
     Moneda& operator+=(Moneda otro) { return *this = *this + otro; }
     Moneda& operator-=(Moneda otro) { return *this = *this - otro; }
-    /// Exact product with a whole number.
-    friend Moneda operator*(Moneda a, std::int64_t veces);
     friend constexpr auto operator<=>(Moneda a, Moneda b) = default; // NOLINT(modernize-use-nullptr): a false alarm
 
 private:
