@@ -52,13 +52,11 @@ private:
     void seleccionar(int fila);
     void txtAnio_LostFocus();
 
-    // Life of a declaration: ddjj_ciclo.cpp
+    // Commands: ddjj_mandos.cpp
     void cmdNueva_Click();
     void cmdGrabar_Click();
     void cmdCancelar_Click();
     void cmdEliminar_Click();
-
-    // What opens other screens: ddjj_mandos.cpp
     void cmdNomina_Click();
     void cmdSueldos_Click();
     void cmdCopiar_Click();
