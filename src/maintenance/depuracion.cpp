@@ -5,6 +5,7 @@
 #include "base/numbers/formato.h"
 #include "core/vigencia.h"
 
+#include <algorithm>
 #include <string>
 
 namespace
@@ -34,6 +35,25 @@ void exigirPeriodo(Conexion& conexion, const QString& cuit, QDate periodo)
                                       "eliminadas desde otra ventana u otro puesto.  No se ha eliminado ningún dato.")
                            .arg(periodo.toString(u"yyyy/MM")));
     }
+}
+
+/// From the oldest month on, so that it is told how many are left. Of one alone nobody knows how far it is.
+void borrarNominas(Conexion& conexion, const QString& cuit, QDate limite, const Aviso& aviso)
+{
+    const std::string borrar = "DELETE FROM DDJJ_Empleados" + loQueSeVa;
+    const std::vector<QDate> periodos = periodosDeEmpresa(conexion, cuit);
+    const auto total = std::ranges::count_if(periodos, [&](QDate periodo) { return periodo <= limite; });
+    qint64 hechos = 0;
+    const Latido latido(conexion, [&] { aviso ? aviso(hechos, total > 1 ? total : 0) : void(); });
+    const auto porMeses = [&]
+    {
+        for (auto periodo = periodos.crbegin(); hechos < total; ++periodo, ++hechos)
+        {
+            conexion.ejecutar(borrar, cuit, *periodo);
+        }
+        conexion.ejecutar(borrar, cuit, limite); // what has no declaration
+    };
+    latido.durante(porMeses);
 }
 } // namespace
 
@@ -87,8 +107,7 @@ void depurarHasta(Conexion& conexion, const QString& cuit, QDate periodoHasta, c
             exigirPeriodo(conexion, cuit, periodo);
         }
     }
-    const auto borrarNominas = [&] { conexion.ejecutar("DELETE FROM DDJJ_Empleados" + loQueSeVa, cuit, limite); };
-    conLatido(conexion, aviso, borrarNominas);
+    borrarNominas(conexion, cuit, limite, aviso);
     conexion.ejecutar("DELETE FROM DDJJ" + loQueSeVa, cuit, limite);
     transaccion.confirmar();
 }
