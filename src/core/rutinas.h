@@ -2,6 +2,7 @@
 
 #include "base/aviso.h"
 #include "base/db/conexion.h"
+#include "core/clave_ddjj.h"
 
 #include <QDate>
 #include <QString>
@@ -25,6 +26,12 @@ inline quint8 FormatoImportar = 0; ///< 0 "AFIP - SIJP", 1 "B.R.I.V.O."
 inline qint32 CantidadEmpleados = 0;
 inline qint32 CantidadAfiliados = 0;
 inline bool BoletaEmitida = false; ///< a contributions slip was issued; DDJJ acts on it
+
+/// The declaration that CuitActual, PeriodoActual and SecuenciaActual name.
+[[nodiscard]] inline ClaveDDJJ declaracionActual()
+{
+    return {CuitActual, PeriodoActual, SecuenciaActual};
+}
 
 /// Path of the database file.
 [[nodiscard]] QString rutaBase();

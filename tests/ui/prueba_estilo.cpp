@@ -17,7 +17,7 @@ TEST(Aspecto, IconosTextosDeQtYCamposQueSoloMuestran)
     EXPECT_EQ(caja.button(QDialogButtonBox::Yes)->text(), "&Sí");
     EXPECT_EQ(caja.button(QDialogButtonBox::Cancel)->text().remove(u'&'), "Cancelar");
     QLineEdit campo;
-    Estilo::soloMuestra(&campo);
+    Estilo::soloMuestra({&campo});
     EXPECT_TRUE(campo.isReadOnly());
     EXPECT_FALSE(campo.focusPolicy() & Qt::TabFocus);
     Estilo::importe(&campo); // a figure too wide for its field loses no digit

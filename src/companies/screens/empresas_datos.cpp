@@ -75,7 +75,7 @@ void Empresas::prepararCampos()
 {
     soloDigitos(ui->txtNumero);
     soloDigitos(ui->txtCodRubro);
-    Estilo::soloMuestra(ui->txtNomRubro);
+    Estilo::soloMuestra({ui->txtNomRubro});
     alDejar(ui->MaskCuit, &Empresas::MaskCuit_LostFocus);
     alDejar(ui->txtCodRubro, &Empresas::txtCodRubro_LostFocus);
 }

@@ -9,14 +9,6 @@
 #include "ui/look/estilo.h"
 #include "ui_buscar_ddjj.h"
 
-namespace
-{
-ClaveDDJJ destino()
-{
-    return {Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
-}
-} // namespace
-
 BuscarDDJJ::BuscarDDJJ(QWidget* padre)
     : Pantalla(QStringLiteral("BuscarDDJJ"), padre)
     , ui(std::make_unique<Ui::BuscarDDJJ>())
@@ -26,11 +18,8 @@ BuscarDDJJ::BuscarDDJJ(QWidget* padre)
         {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Periodo"), .ancho = -1},
         {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Sec"), .ancho = 60, .derecha = true},
     });
-    for (QLineEdit* campo :
-         {ui->txtEmpresa, ui->txtCuit, ui->txtPeriodo_0, ui->txtSecuencia_0, ui->txtPeriodo_1, ui->txtSecuencia_1})
-    {
-        Estilo::soloMuestra(campo);
-    }
+    Estilo::soloMuestra(
+        {ui->txtEmpresa, ui->txtCuit, ui->txtPeriodo_0, ui->txtSecuencia_0, ui->txtPeriodo_1, ui->txtSecuencia_1});
     Estilo::advertencia(ui->lblRecuerde);
     Estilo::boton(ui->cmdAceptar, QStringLiteral("aceptar"), true);
     Estilo::boton(ui->cmdCancelar, QStringLiteral("cancelar"));
@@ -58,7 +47,7 @@ QString BuscarDDJJ::empresaEnCurso() const
 
 void BuscarDDJJ::llenarLista()
 {
-    m_fuentes = fuentesDeCopia(Rutinas::Conexion, destino());
+    m_fuentes = fuentesDeCopia(Rutinas::Conexion, Rutinas::declaracionActual());
     ui->vsDDJJ->cargar(m_fuentes,
                        [](const ClaveDDJJ& fuente) {
                            return FilaDeGrilla{fuente.periodo.toString(u"yyyy/MM"), qlonglong{fuente.secuencia}};
@@ -67,9 +56,9 @@ void BuscarDDJJ::llenarLista()
 
 void BuscarDDJJ::mostrarAdvertencia()
 {
-    const bool hay = hayNomina(Rutinas::Conexion, destino());
+    const bool hay = hayNomina(Rutinas::Conexion, Rutinas::declaracionActual());
     ui->lblRecuerde->setText(hay ? QStringLiteral("Recuerde que la Declaración Jurada del Periodo: ") +
-                                       textoDe(destino()) +
+                                       textoDe(Rutinas::declaracionActual()) +
                                        QStringLiteral("  tiene Empleados ingresados.  Los mismos serán eliminados con "
                                                       "la presente operación.")
                                  : QString());

@@ -59,16 +59,15 @@ void DDJJ::vestir()
     Estilo::boton(ui->cmdInformes_1, QStringLiteral("incompletos"));
     Estilo::boton(ui->cmdInformes_2, QStringLiteral("texto"));
 
-    Estilo::soloMuestra(ui->txtSecuencia);
-    Estilo::soloMuestra(ui->txtFecha);
+    Estilo::soloMuestra({ui->txtSecuencia, ui->txtFecha});
     for (auto* campo : txtCantidad)
     {
-        Estilo::soloMuestra(campo);
+        Estilo::soloMuestra({campo});
         Estilo::importe(campo);
     }
     for (auto* campo : txtImporte)
     {
-        Estilo::soloMuestra(campo);
+        Estilo::soloMuestra({campo});
         Estilo::importe(campo);
     }
     QPalette tenue = ui->lineaAportes->palette();

@@ -57,10 +57,7 @@ Backup::Backup(QWidget* padre)
     , ui(std::make_unique<Ui::Backup>())
 {
     ui->setupUi(this);
-    for (QLineEdit* campo : {ui->txtOrigen_0, ui->txtDestino_0, ui->txtDestino_1})
-    {
-        Estilo::soloMuestra(campo);
-    }
+    Estilo::soloMuestra({ui->txtOrigen_0, ui->txtDestino_0, ui->txtDestino_1});
     Estilo::boton(ui->cmdOK, QStringLiteral("respaldo"), true);
     Estilo::boton(ui->cmdSalir, QStringLiteral("salir"));
     Estilo::boton(ui->cmdExaminar, QStringLiteral("examinar"));

@@ -36,12 +36,11 @@ void BuscarEmpleado::Buscar()
     const FiltroAfiliado afiliado = ui->optAfiliado_1->isChecked()   ? FiltroAfiliado::Si
                                     : ui->optAfiliado_2->isChecked() ? FiltroAfiliado::No
                                                                      : FiltroAfiliado::Todos;
-    const ClaveDDJJ clave{Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
-    ui->vsGrilla->cargar(
-        buscarEmpleados(Rutinas::Conexion, clave, ui->MaskCuil->text(), ui->txtNombre->text(), afiliado),
-        [](const EmpleadoHallado& hallado) {
-            return FilaDeGrilla{hallado.cuil, hallado.ayn, hallado.afiliado};
-        });
+    ui->vsGrilla->cargar(buscarEmpleados(Rutinas::Conexion, Rutinas::declaracionActual(), ui->MaskCuil->text(),
+                                         ui->txtNombre->text(), afiliado),
+                         [](const EmpleadoHallado& hallado) {
+                             return FilaDeGrilla{hallado.cuil, hallado.ayn, hallado.afiliado};
+                         });
 }
 
 void BuscarEmpleado::elegir(int fila)

@@ -20,10 +20,7 @@ BuscarSucursal::BuscarSucursal(QWidget* padre)
               {.clase = ColumnaDeGrilla::Fija, .titulo = QStringLiteral("Teléfono"), .ancho = 120},
           },
           &Grilla::dobleClic);
-    for (QLineEdit* campo : {ui->txtEmpresa, ui->txtCuit})
-    {
-        Estilo::soloMuestra(campo);
-    }
+    Estilo::soloMuestra({ui->txtEmpresa, ui->txtCuit});
 }
 
 BuscarSucursal::~BuscarSucursal() = default;

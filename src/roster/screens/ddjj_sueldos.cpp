@@ -39,10 +39,7 @@ DDJJ_Sueldos::DDJJ_Sueldos(QWidget* padre)
     ui->vsSueldos->setPegable(1);
     conectar(ui->vsSueldos, &Grilla::celdaEditada, &DDJJ_Sueldos::vsSueldos_Editada);
     armarBusqueda();
-    for (QLineEdit* campo : {ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia})
-    {
-        Estilo::soloMuestra(campo);
-    }
+    Estilo::soloMuestra({ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia});
     Estilo::boton(ui->cmdGrabar, QStringLiteral("grabar"), true);
     Estilo::boton(ui->cmdCancelar, QStringLiteral("cancelar"));
     Estilo::boton(ui->cmdSalir, QStringLiteral("salir"));
@@ -55,7 +52,7 @@ DDJJ_Sueldos::~DDJJ_Sueldos() = default;
 
 void DDJJ_Sueldos::cargar()
 {
-    m_clave = {Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+    m_clave = Rutinas::declaracionActual();
     exigirDeclaracion(Rutinas::Conexion, m_clave); // else the screen is not shown
     ui->txtCuit->setText(m_clave.cuit);
     ui->txtRazonSocial->setText(Rutinas::EmpresaActual);

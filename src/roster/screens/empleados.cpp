@@ -118,13 +118,8 @@ void Empleados::vestir()
     Estilo::boton(ui->cmdEmpleado_5, QStringLiteral("buscar_empleado"));
     Estilo::boton(ui->cmdEmpleado_9, QStringLiteral("salir"));
     Estilo::boton(ui->cmdSucursal, QStringLiteral("sucursal"));
-    for (QLineEdit* campo : {ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia, txtAyN[1], txtAyN[2],
-                             ui->txtSucursal, txtImporte[3], txtImporte[4], txtImporte[5]})
-    {
-        Estilo::soloMuestra(campo);
-    }
-    Estilo::soloMuestra(MaskCuil[1]);
-    Estilo::soloMuestra(MaskCuil[2]);
+    Estilo::soloMuestra({ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia, MaskCuil[1], MaskCuil[2],
+                         txtAyN[1], txtAyN[2], ui->txtSucursal, txtImporte[3], txtImporte[4], txtImporte[5]});
     ui->txtSucursal->setFocusPolicy(Qt::NoFocus);
     for (std::size_t i = 1; i < txtImporte.size(); ++i)
     {
@@ -136,7 +131,7 @@ void Empleados::vestir()
 void Empleados::cargar()
 {
     TituloForm = windowTitle();
-    m_clave = {Rutinas::CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+    m_clave = Rutinas::declaracionActual();
     exigirDeclaracion(Rutinas::Conexion, m_clave); // else the screen is not shown
     ui->txtCuit->setText(m_clave.cuit);
     ui->txtRazonSocial->setText(Rutinas::EmpresaActual);

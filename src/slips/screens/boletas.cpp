@@ -237,8 +237,7 @@ void Boletas::CalcularAportes()
     {
         return;
     }
-    m_aportes =
-        calcularAportesDeBoleta(Rutinas::Conexion, {CuitActual, Rutinas::PeriodoActual, Rutinas::SecuenciaActual});
+    m_aportes = calcularAportesDeBoleta(Rutinas::Conexion, Rutinas::declaracionActual());
     if (m_aportes.menorQueOriginal)
     {
         MsgBox(

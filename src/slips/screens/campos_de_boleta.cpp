@@ -54,14 +54,11 @@ void CamposDeBoleta::disponer(Ui::Boletas& ui)
     }
     for (QLineEdit* campo : {ui.txtArt100, ui.txtArt101A, ui.txtArt101B, ui.txtTotal_0, ui.txtTotal_1, ui.txtTotal_2})
     {
-        Estilo::soloMuestra(campo);
+        Estilo::soloMuestra({campo});
         Estilo::importe(campo);
     }
-    for (QLineEdit* campo : {static_cast<QLineEdit*>(ui.txtCuit), ui.txtRazon, ui.txtDomicilio, ui.txtAnio_0,
-                             ui.txtMes_0, ui.txtSecuencia_0, ui.txtAnio_1, ui.txtMes_1, ui.txtSecuencia_1})
-    {
-        Estilo::soloMuestra(campo);
-    }
+    Estilo::soloMuestra({ui.txtCuit, ui.txtRazon, ui.txtDomicilio, ui.txtAnio_0, ui.txtMes_0, ui.txtSecuencia_0,
+                         ui.txtAnio_1, ui.txtMes_1, ui.txtSecuencia_1});
     Estilo::boton(ui.cmdBoletas, QStringLiteral("boleta"), true);
     Estilo::boton(ui.cmdBuscar, QStringLiteral("buscar"));
     Estilo::boton(ui.cmdEliminar, QStringLiteral("eliminar"));

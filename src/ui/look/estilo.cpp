@@ -314,11 +314,14 @@ void Estilo::botonPeligroso(QWidget* boton, const QString& icono)
     vestirBoton(boton, icono, "peligro");
 }
 
-void Estilo::soloMuestra(QLineEdit* campo)
+void Estilo::soloMuestra(std::initializer_list<QLineEdit*> campos)
 {
-    campo->setReadOnly(true);
-    campo->setFocusPolicy(Qt::ClickFocus);
-    marcar(campo, "soloMuestra");
+    for (QLineEdit* campo : campos)
+    {
+        campo->setReadOnly(true);
+        campo->setFocusPolicy(Qt::ClickFocus);
+        marcar(campo, "soloMuestra");
+    }
 }
 
 void Estilo::advertencia(QWidget* etiqueta)

@@ -3,6 +3,7 @@
 #include <QIcon>
 #include <QPalette>
 #include <QString>
+#include <initializer_list>
 
 class QApplication;
 class QLineEdit;
@@ -27,7 +28,7 @@ void boton(QWidget* boton, const QString& icono, bool principal = false);
 /// The button of a command that cannot be undone: dark red, as the warnings.
 void botonPeligroso(QWidget* boton, const QString& icono);
 /// Fields that only show: flat, on the tinted ground, out of the tab order (a click lets their text be copied).
-void soloMuestra(QLineEdit* campo);
+void soloMuestra(std::initializer_list<QLineEdit*> campos);
 /// A warning label: dark red with its icon before the text. The label's text is the caller's, and may change.
 void advertencia(QWidget* etiqueta);
 /// A label that asks for a look, in amber, or no longer does; its words say why.
