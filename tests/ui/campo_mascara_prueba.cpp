@@ -82,6 +82,8 @@ TEST_F(Campos, LaMascaraPorProgramaYPegada)
     fecha.setFecha(QDate(2024, 2, 29));
     EXPECT_EQ("29022024", fecha.soloDigitos());
     primero.setFocus();
+    fecha.setMinimumWidth(200); // for the widest fonts
+    asentar();
     QLineEdit comun("29-02-2024", &ventana); // what a field without a mask looks like
     comun.setGeometry(fecha.geometry());
     fecha.setFechaConGuiones(true);
