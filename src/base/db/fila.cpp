@@ -18,6 +18,16 @@ bool leerEntero(std::string_view texto, N& numero)
     const auto fin = std::from_chars(texto.data(), texto.data() + texto.size(), numero);
     return fin.ec == std::errc() && fin.ptr == texto.data() + texto.size();
 }
+
+/// Writes `n`, not negative, over the `ancho` bytes from `desde` on: the toolkit's own text of a date costs a fifth of
+/// what storing a row does.
+void ponerDigitos(QByteArray& texto, qsizetype desde, qsizetype ancho, int n)
+{
+    for (qsizetype i = desde + ancho; i-- > desde; n /= 10)
+    {
+        texto[i] = static_cast<char>('0' + n % 10);
+    }
+}
 } // namespace
 
 Valor::Valor(const QString& texto)
@@ -32,12 +42,15 @@ Valor::Valor(QDate fecha)
     {
         return;
     }
-    m_clase = Clase::Texto;
-    m_propio = fecha.toString(Qt::ISODate).toLatin1();
-    if (m_propio.isEmpty()) // a year of five digits, or before the first
+    if (fecha.year() < 0 || fecha.year() > 9999)
     {
         throw ErrorDeEjecucion(ErrorDeEjecucion::NoCoincidenTipos);
     }
+    m_clase = Clase::Texto;
+    m_propio = QByteArrayLiteral("0000-00-00");
+    ponerDigitos(m_propio, 0, 4, fecha.year());
+    ponerDigitos(m_propio, 5, 2, fecha.month());
+    ponerDigitos(m_propio, 8, 2, fecha.day());
 }
 
 Valor::Valor(QTime hora)
