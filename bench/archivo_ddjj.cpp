@@ -2,6 +2,7 @@
 
 #include "base/db/conexion.h"
 #include "base/directorio_programa.h"
+#include "base/files/sistema.h"
 #include "base_desnuda.h"
 #include "exchange/importacion.h"
 #include "medida.h"
@@ -234,7 +235,9 @@ void grabarDesnuda(desnuda::Base& base, const std::string& ruta)
         }
         familia.deNuevo();
     }
-    std::fclose(archivo);
+    desnuda::exigir(std::fclose(archivo) == 0, nullptr);
+    // What is to be sent to the organisation lies on the disk when it is told as written.
+    desnuda::exigir(sistema::asegurarArchivo(QString::fromStdString(ruta)) == 0, nullptr);
 }
 
 // ---- side by side ----

@@ -26,44 +26,21 @@ void prepararDeclaracion(Conexion& conexion, const ClaveDDJJ& clave, qint64 indi
                       indice, clave.cuit);
 }
 
-std::optional<std::string_view> textoONulo(const Fila& fila, const char* columna)
-{
-    return fila.esNulo(columna) ? std::nullopt : std::optional(fila.utf8(columna));
-}
-
 /// A Null document number is compared and not tested for Null, so it does not count as missing.
-bool incompleto(const Fila& fila)
-{
-    return fila.esNulo("Nombre_Doc") || fila.enteroONulo("NroDoc") == qint64{0} || fila.esNulo("Sexo") ||
-           fila.esNulo("Nacio") || fila.esNulo("Nombre_Est") || fila.esNulo("Nombre_Cat") || fila.esNulo("Ingreso");
-}
-
 void prepararIncompletos(Conexion& conexion, const ClaveDDJJ& clave, qint64 indice)
 {
-    Sentencia insertar =
-        conexion.preparar("INSERT INTO RptEmpleados (Indice, AyN, Cuil, TipoDoc, NroDoc, Sexo, Nacio, "
-                          "EstCivil, Categoria, Ingreso, Tipo) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, NULL)");
-    conexion.recorrer(
-        "SELECT DDJJ_Empleados.AyN, DDJJ_Empleados.Cuil, Documentos.Nombre AS Nombre_Doc, DDJJ_Empleados.NroDoc, "
-        "DDJJ_Empleados.Sexo, DDJJ_Empleados.Nacio, EstadoCivil.Nombre AS Nombre_Est, Categorias.Nombre AS Nombre_Cat, "
-        "DDJJ_Empleados.Ingreso FROM DDJJ_Empleados "
+    conexion.ejecutar(
+        "INSERT INTO RptEmpleados (Indice, Tipo, AyN, Cuil, TipoDoc, NroDoc, Sexo, Nacio, EstCivil, Categoria, "
+        "Ingreso) "
+        "SELECT ?, NULL, ifnull(AyN, ''), Cuil, Documentos.Nombre, NroDoc, Sexo, Nacio, EstadoCivil.Nombre, "
+        "Categorias.Nombre, Ingreso FROM DDJJ_Empleados "
         "LEFT JOIN Categorias ON DDJJ_Empleados.Categoria = Categorias.Codigo "
         "LEFT JOIN Documentos ON DDJJ_Empleados.TipoDoc = Documentos.Codigo "
         "LEFT JOIN EstadoCivil ON DDJJ_Empleados.EstCivil = EstadoCivil.Codigo "
         "WHERE DDJJ_Empleados.CUIT = ? AND DDJJ_Empleados.Periodo = ? AND DDJJ_Empleados.Secuencia = ? "
-        "ORDER BY DDJJ_Empleados.Cuil",
-        [&](const Fila& fila)
-        {
-            if (incompleto(fila))
-            {
-                // Dates go over as they are stored.
-                insertar.ejecutar(indice, fila.utf8("AyN"), fila.utf8("Cuil"), textoONulo(fila, "Nombre_Doc"),
-                                  fila.enteroONulo("NroDoc"), fila.enteroONulo("Sexo"), textoONulo(fila, "Nacio"),
-                                  textoONulo(fila, "Nombre_Est"), textoONulo(fila, "Nombre_Cat"),
-                                  textoONulo(fila, "Ingreso"));
-            }
-        },
-        clave.cuit, clave.periodo, clave.secuencia);
+        "AND (Documentos.Nombre IS NULL OR NroDoc = 0 OR Sexo IS NULL OR Nacio IS NULL OR EstadoCivil.Nombre IS NULL "
+        "OR Categorias.Nombre IS NULL OR Ingreso IS NULL) ORDER BY DDJJ_Empleados.Cuil",
+        indice, clave.cuit, clave.periodo, clave.secuencia);
 }
 
 QString entreParentesis(const QString& texto)

@@ -18,11 +18,6 @@ constexpr const char* consultaBase =
 constexpr const char* ascendente = " ORDER BY DDJJ_Empleados.Cuil";
 constexpr const char* descendente = " ORDER BY DDJJ_Empleados.Cuil DESC";
 
-std::optional<QString> textoONada(const Fila& fila, const char* columna)
-{
-    return fila.esNulo(columna) ? std::nullopt : std::optional(fila.texto(columna));
-}
-
 std::optional<int> sexo(const Fila& fila)
 {
     const std::optional<qint64> valor = fila.enteroONulo("Sexo");
@@ -34,7 +29,7 @@ Empleado leer(const Fila& fila)
     Empleado e;
     e.cuil = fila.texto("Cuil");
     e.ayn = fila.texto("AyN");
-    e.documento = textoONada(fila, "Nombre_DOC");
+    e.documento = fila.textoONulo("Nombre_DOC");
     e.nroDoc = fila.entero("NroDoc");
     e.sexo = sexo(fila);
     e.nacio = fila.fecha("Nacio");
@@ -44,10 +39,10 @@ Empleado leer(const Fila& fila)
     e.depto = fila.texto("Depto");
     e.localidad = fila.texto("Localidad");
     e.codPos = fila.texto("CodPos");
-    e.provincia = textoONada(fila, "Nombre_PRO");
+    e.provincia = fila.textoONulo("Nombre_PRO");
     e.telefono = fila.texto("Telefono");
-    e.estadoCivil = textoONada(fila, "Nombre_EST");
-    e.categoria = textoONada(fila, "Nombre_CAT");
+    e.estadoCivil = fila.textoONulo("Nombre_EST");
+    e.categoria = fila.textoONulo("Nombre_CAT");
     e.ingreso = fila.fecha("Ingreso");
     e.egreso = fila.fecha("Egreso");
     e.qHoras = static_cast<int>(fila.entero("QHoras"));

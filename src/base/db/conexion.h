@@ -101,6 +101,7 @@ public:
     [[nodiscard]] std::optional<qint64> enteroONulo(const char* columna) const;
     /// Text of the column; a Null gives an empty text, a number its digits.
     [[nodiscard]] QString texto(const char* columna) const;
+    [[nodiscard]] std::optional<QString> textoONulo(const char* columna) const;
     /// The same as UTF-8, without a copy; throws 13 for a number.
     [[nodiscard]] std::string_view utf8(const char* columna) const;
     /// An invalid date for a Null. Throws 13 when the column holds no date.

@@ -117,11 +117,16 @@ qint64 Fila::entero(const char* columna) const
 
 QString Fila::texto(const char* columna) const
 {
+    return textoONulo(columna).value_or(QStringLiteral(""));
+}
+
+std::optional<QString> Fila::textoONulo(const char* columna) const
+{
     const Celda leida = celda(columna);
     switch (leida.clase)
     {
     case Valor::Clase::Nulo:
-        return QStringLiteral("");
+        return std::nullopt;
     case Valor::Clase::Entero:
         return QString::number(leida.entero);
     case Valor::Clase::Texto:

@@ -39,9 +39,11 @@ struct Columnas
     explicit Columnas(sqlite3_stmt* sentencia);
     [[nodiscard]] int numero(const char* nombre) const
     {
-        if (m_proxima < m_usadas.size() && std::strcmp(m_usadas[m_proxima].nombre.c_str(), nombre) == 0)
+        const std::size_t esta = m_proxima < m_usadas.size() ? m_proxima : 0; // a row begins where the last one did
+        if (!m_usadas.empty() && std::strcmp(m_usadas[esta].nombre.c_str(), nombre) == 0)
         {
-            return m_usadas[m_proxima++].numero;
+            m_proxima = esta + 1;
+            return m_usadas[esta].numero;
         }
         return buscar(nombre);
     }

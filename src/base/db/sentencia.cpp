@@ -39,7 +39,7 @@ int detalle::Columnas::buscar(const char* nombre) const
     {
         if (m_usadas[i].nombre == nombre)
         {
-            m_proxima = i + 1 < m_usadas.size() ? i + 1 : 0;
+            m_proxima = i + 1;
             return m_usadas[i].numero;
         }
     }
