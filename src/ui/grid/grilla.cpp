@@ -3,6 +3,7 @@
 #include "ui/fields/anchos.h"
 #include "ui/grid/grilla_delegado.h"
 #include "ui/grid/grilla_modelo.h"
+#include "ui/grid/grilla_planilla.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -18,6 +19,7 @@ Grilla::Grilla(QWidget* padre)
     : QTableView(padre)
     , m_modelo(new Modelo(this))
     , m_delegado(new Delegado(this))
+    , m_planilla(std::make_unique<Planilla>(this))
 {
     setModel(m_modelo);
     setItemDelegate(m_delegado);
@@ -33,9 +35,6 @@ Grilla::Grilla(QWidget* padre)
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(true);
     medir();
-    agregarAccion(QStringLiteral("Copiar"), QKeySequence::Copy, &Grilla::copiar);
-    agregarAccion(QStringLiteral("Exportar a planilla..."), QKeySequence::UnknownKey, &Grilla::exportar);
-
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int seccion) { Q_EMIT clic(m_modelo->propia(seccion) + 1, 0); });
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
@@ -59,7 +58,7 @@ void Grilla::setColumnas(std::vector<ColumnaDeGrilla> columnas)
 {
     const QScopedValueRollback callado(m_silencio, true);
     cancelarEdicion();
-    m_pegadas.clear();
+    m_planilla->olvidarPegado();
     m_modelo->setColumnas(std::move(columnas));
     medir();
 }
@@ -90,7 +89,7 @@ void Grilla::setFilas(int filas)
         cancelarEdicion();
     }
     const bool sobrevive = filaActual() <= filas;
-    m_pegadas.clear();
+    m_planilla->olvidarPegado();
     m_modelo->setFilas(std::max(0, filas));
     if (!sobrevive)
     {
@@ -102,7 +101,7 @@ void Grilla::cargar(std::vector<FilaDeGrilla> filas)
 {
     const QScopedValueRollback callado(m_silencio, true);
     cancelarEdicion();
-    m_pegadas.clear();
+    m_planilla->olvidarPegado();
     m_modelo->cargar(std::move(filas));
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     scrollToTop();
@@ -118,7 +117,7 @@ void Grilla::setValor(int columna, int fila, const QVariant& valor)
     if (m_modelo->contiene(columna - 1, fila - 1))
     {
         m_modelo->poner(columna - 1, fila - 1, valor);
-        m_pegadas.remove({columna, fila});
+        m_planilla->soltar(columna, fila);
         viewport()->update(); // a load of many cells paints once
     }
 }
@@ -134,26 +133,6 @@ QString Grilla::texto(int columna, int fila) const
                : QString();
 }
 
-qint64 Grilla::entero(int columna, int fila) const
-{
-    return valor(columna, fila).toLongLong();
-}
-
-Moneda Grilla::importe(int columna, int fila) const
-{
-    return valor(columna, fila).value<Moneda>();
-}
-
-QDate Grilla::fecha(int columna, int fila) const
-{
-    return valor(columna, fila).toDate();
-}
-
-bool Grilla::tilde(int columna, int fila) const
-{
-    return valor(columna, fila).toBool();
-}
-
 bool Grilla::celdaVacia(int columna, int fila) const
 {
     return ::celdaVacia(valor(columna, fila));
@@ -167,7 +146,7 @@ void Grilla::borrarFila(int fila)
     }
     const QScopedValueRollback callado(m_silencio, true);
     cancelarEdicion();
-    m_pegadas.clear();
+    m_planilla->olvidarPegado();
     const int actual = filaActual();
     const int columna = columnaActual();
     m_modelo->borrar(fila - 1);
@@ -213,11 +192,6 @@ int Grilla::primeraEditable() const
         }
     }
     return primeraVisible();
-}
-
-int Grilla::filaActual() const
-{
-    return currentIndex().row() + 1;
 }
 
 int Grilla::columnaActual() const
@@ -322,7 +296,32 @@ void Grilla::changeEvent(QEvent* evento)
     }
 }
 
+void Grilla::setNombreDePlanilla(const QString& nombre)
+{
+    m_planilla->nombre = nombre;
+}
+
+void Grilla::setPegable(int columnaClave)
+{
+    m_planilla->setPegable(columnaClave);
+}
+
 // ---- editing
+
+void Grilla::setCambiada(bool cambiada)
+{
+    m_cambiada = cambiada;
+    if (!cambiada)
+    {
+        m_planilla->olvidarPegado(); // what it would bring back is no longer what is stored
+    }
+}
+
+void Grilla::tipeada(int columna, int fila)
+{
+    m_cambiada = true;
+    m_planilla->tipeada(columna, fila);
+}
 
 void Grilla::setEditable(bool editable)
 {

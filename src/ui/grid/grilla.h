@@ -5,15 +5,13 @@
 #include <QAbstractTableModel>
 #include <QColor>
 #include <QDate>
-#include <QHash>
-#include <QKeySequence>
 #include <QPointer>
 #include <QStringList>
 #include <QTableView>
 #include <QVariant>
 #include <functional>
+#include <memory>
 #include <optional>
-#include <utility>
 #include <vector>
 
 /// What one column of a Grilla holds.
@@ -86,14 +84,16 @@ public:
     /// As it is shown, empty for an empty cell: amounts "#,##0.00", dates DD/MM/YYYY. Row 0 gives the header.
     [[nodiscard]] QString texto(int columna, int fila) const;
     /// 0 for an empty cell.
-    [[nodiscard]] qint64 entero(int columna, int fila) const;
-    [[nodiscard]] Moneda importe(int columna, int fila) const; ///< 0 for an empty cell
-    [[nodiscard]] QDate fecha(int columna, int fila) const;    ///< invalid for an empty cell
-    [[nodiscard]] bool tilde(int columna, int fila) const;
+    [[nodiscard]] qint64 entero(int columna, int fila) const { return valor(columna, fila).toLongLong(); }
+    /// 0 for an empty cell.
+    [[nodiscard]] Moneda importe(int columna, int fila) const { return valor(columna, fila).value<Moneda>(); }
+    /// Invalid for an empty cell.
+    [[nodiscard]] QDate fecha(int columna, int fila) const { return valor(columna, fila).toDate(); }
+    [[nodiscard]] bool tilde(int columna, int fila) const { return valor(columna, fila).toBool(); }
     [[nodiscard]] bool celdaVacia(int columna, int fila) const; ///< empty text, no date, no number at all
     void borrarFila(int fila);
 
-    [[nodiscard]] int filaActual() const; ///< 0 when there is none
+    [[nodiscard]] int filaActual() const { return currentIndex().row() + 1; } ///< 0 when there is none
     [[nodiscard]] int columnaActual() const;
     /// By program: paints nothing and raises no event. A hidden column stands for the first one shown; row 0: none.
     void setFilaActual(int fila, int columna = 1);
@@ -113,7 +113,7 @@ public:
 
     // Spreadsheets.
     /// The name proposed for an exported file; without one, the end of the window's title.
-    void setNombreDePlanilla(const QString& nombre) { m_nombreDePlanilla = nombre; }
+    void setNombreDePlanilla(const QString& nombre);
     /// Lets amounts be pasted (Ctrl+V) into the columns of that kind, by their place or by the texts of `columnaClave`,
     /// and the last paste be undone (Ctrl+Z). Each value goes in as if it were typed.
     void setPegable(int columnaClave);
@@ -177,6 +177,7 @@ private:
     class Modelo;
     class Delegado;
     class Edicion;
+    class Planilla;
     struct Salto
     {
         int columna = 0;
@@ -209,19 +210,14 @@ private:
     /// The user has changed this cell by hand: it is no longer of the last paste.
     void tipeada(int columna, int fila);
 
-    void agregarAccion(const QString& texto, QKeySequence::StandardKey tecla, void (Grilla::*accion)());
     void abrirMenu(QPoint lugar);
     void abrirMenuConTeclado();
-    [[nodiscard]] bool hayQueLlevar() const;
     [[nodiscard]] std::vector<int> filasMarcadas() const; ///< from the first to the last
-    void copiar();
-    void exportar();
-    void pegar();
-    void deshacerPegado();
     void ordenar(int columna, Qt::SortOrder sentido);
 
     Modelo* m_modelo;
     Delegado* m_delegado;
+    std::unique_ptr<Planilla> m_planilla;
     bool m_cambiada = false;
     bool m_editable = false;
     bool m_silencio = false;
@@ -234,9 +230,4 @@ private:
     QPersistentModelIndex m_presionada;
     std::function<bool()> m_agregar;
     std::function<bool(int)> m_quitar;
-    QString m_nombreDePlanilla;
-    int m_columnaClave = 0;                         ///< 0: nothing can be pasted
-    QHash<std::pair<int, int>, QVariant> m_pegadas; ///< cells of the last paste, and what stood there before
-    bool m_cambiadaAntes = false;                   ///< the changed flag before it
-    bool m_tipeadoDespues = false;                  ///< something was typed since
 };

@@ -4,15 +4,20 @@
 #include "ui/grid/editor_de_texto.h"
 #include "ui/grid/grilla_delegado.h"
 #include "ui/grid/grilla_modelo.h"
+#include "ui/grid/grilla_orden.h"
+#include "ui/grid/grilla_planilla.h"
 #include "ui/shell/campos.h"
 #include "ui/shell/contenedores.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <algorithm>
 
 void Grilla::currentChanged(const QModelIndex& actual, const QModelIndex& anterior)
 {
@@ -336,4 +341,98 @@ void Grilla::agregarFila()
 {
     setFilas(filas() + 1);
     conSalto([this] { setCurrentIndex(indice(primeraEditable(), filas())); });
+}
+
+void Grilla::contextMenuEvent(QContextMenuEvent* evento)
+{
+    evento->accept();
+    if (evento->reason() == QContextMenuEvent::Keyboard)
+    {
+        abrirMenuConTeclado();
+        return;
+    }
+    if (!confirmarEdicion())
+    {
+        return;
+    }
+    const QModelIndex celda = indexAt(viewport()->mapFromGlobal(evento->globalPos()));
+    if (m_planilla->pegable() && celda.isValid()) // what is pasted goes where the menu was asked for
+    {
+        conSalto([this, celda] { setCurrentIndex(celda); });
+    }
+    abrirMenu(evento->globalPos());
+}
+
+void Grilla::abrirMenuConTeclado()
+{
+    const QRect celda = visualRect(currentIndex()).intersected(viewport()->rect());
+    abrirMenu(viewport()->mapToGlobal(celda.isValid() ? celda.bottomLeft() : QPoint()));
+}
+
+void Grilla::abrirMenu(QPoint lugar)
+{
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(actions());
+    menu->popup(lugar);
+}
+
+QItemSelectionModel::SelectionFlags Grilla::selectionCommand(const QModelIndex& celda, const QEvent* evento) const
+{
+    // What the program moves to is marked alone, whatever keys are held down meanwhile.
+    return evento != nullptr ? QTableView::selectionCommand(celda, evento)
+                             : QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+}
+
+void Grilla::selectionChanged(const QItemSelection& marcadas, const QItemSelection& anteriores)
+{
+    QTableView::selectionChanged(marcadas, anteriores);
+    const QItemSelection todas = selectionModel()->selection();
+    const bool varias = std::any_of(todas.cbegin(), todas.cend(),
+                                    [&](const QItemSelectionRange& tramo)
+                                    { return tramo.top() != todas.front().top() || tramo.height() > 1; });
+    if (varias || m_variasMarcadas)
+    {
+        viewport()->update(); // the current row shows its mark only beside others
+    }
+    m_variasMarcadas = varias;
+}
+
+std::vector<int> Grilla::filasMarcadas() const
+{
+    std::vector<int> filas;
+    const QItemSelection marcadas = selectionModel()->selection();
+    for (const QItemSelectionRange& tramo : marcadas)
+    {
+        for (int fila = tramo.top(); fila <= tramo.bottom(); ++fila)
+        {
+            filas.push_back(fila + 1);
+        }
+    }
+    std::sort(filas.begin(), filas.end());
+    filas.erase(std::unique(filas.begin(), filas.end()), filas.end());
+    return filas;
+}
+
+void Grilla::setOrdenable()
+{
+    horizontalHeader()->setSortIndicatorShown(true);
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, // the header has turned its own mark by then
+            [this](int seccion) { ordenar(m_modelo->propia(seccion) + 1, horizontalHeader()->sortIndicatorOrder()); });
+}
+
+void Grilla::ordenar(int columna, Qt::SortOrder sentido)
+{
+    const std::vector<int> orden = ordenDeFilas(*this, columna, sentido);
+    const QScopedValueRollback callado(m_silencio, true);
+    cancelarEdicion();
+    m_planilla->olvidarPegado();
+    const int columnaAntes = columnaActual();
+    const auto actual = std::find(orden.begin(), orden.end(), filaActual() - 1);
+    m_modelo->ordenar(orden);
+    if (actual != orden.end())
+    {
+        setFilaActual(int(actual - orden.begin()) + 1, columnaAntes); // the same row, wherever it is now
+    }
 }

@@ -1,9 +1,8 @@
-// The rows of a grid by the values of a column.
-#include "base/db/conexion.h"
-#include "ui/grid/grilla_modelo.h"
+#include "ui/grid/grilla_orden.h"
 
-#include <QHeaderView>
-#include <QScopedValueRollback>
+#include "base/db/conexion.h"
+#include "ui/grid/grilla_celdas.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <numeric>
@@ -52,21 +51,13 @@ Orden ordenDe(const QVariant& valor)
 }
 } // namespace
 
-void Grilla::setOrdenable()
-{
-    horizontalHeader()->setSortIndicatorShown(true);
-    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, // the header has turned its own mark by then
-            [this](int seccion) { ordenar(m_modelo->propia(seccion) + 1, horizontalHeader()->sortIndicatorOrder()); });
-}
-
-void Grilla::ordenar(int columna, Qt::SortOrder sentido)
+std::vector<int> ordenDeFilas(const Grilla& grilla, int columna, Qt::SortOrder sentido)
 {
     std::vector<Orden> valores;
-    valores.reserve(std::size_t(filas()));
-    for (int fila = 1; fila <= filas(); ++fila)
+    valores.reserve(std::size_t(grilla.filas()));
+    for (int fila = 1; fila <= grilla.filas(); ++fila)
     {
-        valores.push_back(ordenDe(valor(columna, fila)));
+        valores.push_back(ordenDe(grilla.valor(columna, fila)));
     }
     std::vector<int> orden(valores.size());
     std::iota(orden.begin(), orden.end(), 0);
@@ -76,14 +67,5 @@ void Grilla::ordenar(int columna, Qt::SortOrder sentido)
                          const Orden& primera = valores[std::size_t(sentido == Qt::AscendingOrder ? a : b)];
                          return primera.antesDe(valores[std::size_t(sentido == Qt::AscendingOrder ? b : a)]);
                      });
-    const QScopedValueRollback callado(m_silencio, true);
-    cancelarEdicion();
-    m_pegadas.clear();
-    const int columnaAntes = columnaActual();
-    const auto actual = std::find(orden.begin(), orden.end(), filaActual() - 1);
-    m_modelo->ordenar(orden);
-    if (actual != orden.end())
-    {
-        setFilaActual(int(actual - orden.begin()) + 1, columnaAntes); // the same row, wherever it is now
-    }
+    return orden;
 }

@@ -1,4 +1,5 @@
-// What goes from a grid to a spreadsheet and comes from there, and the menu that offers it.
+#include "ui/grid/grilla_planilla.h"
+
 #include "base/files/planilla_xlsx.h"
 #include "base/numbers/formato.h"
 #include "ui/doors/anuncio.h"
@@ -12,10 +13,7 @@
 
 #include <QAction>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QGuiApplication>
-#include <QMenu>
-#include <algorithm>
 #include <numeric>
 
 namespace
@@ -77,196 +75,131 @@ QString finDelTitulo(const QWidget* control)
 }
 } // namespace
 
-void Grilla::setCambiada(bool cambiada)
+Grilla::Planilla::Planilla(Grilla* grilla)
+    : m_grilla(grilla)
 {
-    m_cambiada = cambiada;
-    if (!cambiada)
-    {
-        m_pegadas.clear(); // what it would bring back is no longer what is stored
-    }
+    agregarAccion(QStringLiteral("Copiar"), QKeySequence::Copy, &Planilla::copiar);
+    agregarAccion(QStringLiteral("Exportar a planilla..."), QKeySequence::UnknownKey, &Planilla::exportar);
 }
 
-void Grilla::tipeada(int columna, int fila)
+void Grilla::Planilla::agregarAccion(const QString& texto, QKeySequence::StandardKey tecla, void (Planilla::*accion)())
 {
-    m_cambiada = true;
-    m_tipeadoDespues = true;
-    m_pegadas.remove({columna, fila});
-}
-
-void Grilla::agregarAccion(const QString& texto, QKeySequence::StandardKey tecla, void (Grilla::*accion)())
-{
-    auto* entrada = new QAction(texto, this);
+    auto* entrada = new QAction(texto, m_grilla);
     entrada->setShortcuts(tecla);
     entrada->setShortcutContext(Qt::WidgetShortcut); // in an editor the keys are the editor's own
     entrada->setShortcutVisibleInContextMenu(true);
-    connect(entrada, &QAction::triggered, this, [this, accion] { protegido([this, accion] { (this->*accion)(); }); });
-    addAction(entrada);
+    connect(entrada, &QAction::triggered, m_grilla,
+            [this, accion] { protegido([this, accion] { (this->*accion)(); }); });
+    m_grilla->addAction(entrada);
 }
 
-void Grilla::setPegable(int columnaClave)
+void Grilla::Planilla::setPegable(int columnaClave)
 {
     m_columnaClave = columnaClave;
-    agregarAccion(QStringLiteral("Pegar"), QKeySequence::Paste, &Grilla::pegar);
-    agregarAccion(QStringLiteral("Deshacer pegado"), QKeySequence::Undo, &Grilla::deshacerPegado);
+    agregarAccion(QStringLiteral("Pegar"), QKeySequence::Paste, &Planilla::pegar);
+    agregarAccion(QStringLiteral("Deshacer pegado"), QKeySequence::Undo, &Planilla::deshacerPegado);
 }
 
-void Grilla::contextMenuEvent(QContextMenuEvent* evento)
+void Grilla::Planilla::tipeada(int columna, int fila)
 {
-    evento->accept();
-    if (evento->reason() == QContextMenuEvent::Keyboard)
-    {
-        abrirMenuConTeclado();
-        return;
-    }
-    if (!confirmarEdicion())
-    {
-        return;
-    }
-    const QModelIndex celda = indexAt(viewport()->mapFromGlobal(evento->globalPos()));
-    if (m_columnaClave != 0 && celda.isValid()) // what is pasted goes where the menu was asked for
-    {
-        conSalto([this, celda] { setCurrentIndex(celda); });
-    }
-    abrirMenu(evento->globalPos());
+    m_tipeadoDespues = true;
+    soltar(columna, fila);
 }
 
-void Grilla::abrirMenuConTeclado()
+bool Grilla::Planilla::hayFilas() const
 {
-    const QRect celda = visualRect(currentIndex()).intersected(viewport()->rect());
-    abrirMenu(viewport()->mapToGlobal(celda.isValid() ? celda.bottomLeft() : QPoint()));
-}
-
-void Grilla::abrirMenu(QPoint lugar)
-{
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addActions(actions());
-    menu->popup(lugar);
-}
-
-bool Grilla::hayQueLlevar() const
-{
-    if (filas() == 0)
+    if (m_grilla->filas() == 0)
     {
         anunciar(QStringLiteral("No hay filas"));
     }
-    return filas() > 0;
+    return m_grilla->filas() > 0;
 }
 
-QItemSelectionModel::SelectionFlags Grilla::selectionCommand(const QModelIndex& celda, const QEvent* evento) const
+void Grilla::Planilla::copiar()
 {
-    // What the program moves to is marked alone, whatever keys are held down meanwhile.
-    return evento != nullptr ? QTableView::selectionCommand(celda, evento)
-                             : QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
-}
-
-void Grilla::selectionChanged(const QItemSelection& marcadas, const QItemSelection& anteriores)
-{
-    QTableView::selectionChanged(marcadas, anteriores);
-    const QItemSelection todas = selectionModel()->selection();
-    const bool varias = std::any_of(todas.cbegin(), todas.cend(),
-                                    [&](const QItemSelectionRange& tramo)
-                                    { return tramo.top() != todas.front().top() || tramo.height() > 1; });
-    if (varias || m_variasMarcadas)
+    if (hayFilas())
     {
-        viewport()->update(); // the current row shows its mark only beside others
-    }
-    m_variasMarcadas = varias;
-}
-
-std::vector<int> Grilla::filasMarcadas() const
-{
-    std::vector<int> filas;
-    const QItemSelection marcadas = selectionModel()->selection();
-    for (const QItemSelectionRange& tramo : marcadas)
-    {
-        for (int fila = tramo.top(); fila <= tramo.bottom(); ++fila)
-        {
-            filas.push_back(fila + 1);
-        }
-    }
-    std::sort(filas.begin(), filas.end());
-    filas.erase(std::unique(filas.begin(), filas.end()), filas.end());
-    return filas;
-}
-
-void Grilla::copiar()
-{
-    if (hayQueLlevar())
-    {
-        std::vector<int> cuales = filasMarcadas();
+        std::vector<int> cuales = m_grilla->filasMarcadas();
         if (cuales.size() < 2) // the current one alone
         {
-            cuales = todasLasFilas(*this);
+            cuales = todasLasFilas(*m_grilla);
         }
-        QGuiApplication::clipboard()->setText(planilla::tabulado(planilla::textos(tablaDe(*this, cuales))));
+        QGuiApplication::clipboard()->setText(planilla::tabulado(planilla::textos(tablaDe(*m_grilla, cuales))));
         const int copiadas = int(cuales.size());
         const QString dicho = copiadas == 1 ? QStringLiteral("Se copió %1") : QStringLiteral("Se copiaron %1");
         avisar(dicho.arg(cuantas(copiadas)));
     }
 }
 
-void Grilla::exportar()
+void Grilla::Planilla::exportar()
 {
-    if (!hayQueLlevar())
+    if (!hayFilas())
     {
         return;
     }
-    const QString nombre = m_nombreDePlanilla.isEmpty() ? finDelTitulo(this) : m_nombreDePlanilla;
-    const planilla::Tabla filas = tablaDe(*this, todasLasFilas(*this));
+    const planilla::Tabla filas = tablaDe(*m_grilla, todasLasFilas(*m_grilla));
     const auto escribir = [&](const QString& archivo)
     {
         TrabajoLargo trabajo(QStringLiteral("Exportando"), TrabajoLargo::Cancelable::Si);
         planilla::escribir(archivo, filas, trabajo.aviso());
     };
-    const QString ruta = GuardarEnArchivo(pedidoDePlanilla(QStringLiteral("Exportar a planilla"), nombre), escribir);
+    const QString ruta = GuardarEnArchivo(
+        pedidoDePlanilla(QStringLiteral("Exportar a planilla"), nombre.isEmpty() ? finDelTitulo(m_grilla) : nombre),
+        escribir);
     if (!ruta.isEmpty())
     {
         avisar(QStringLiteral("Exportación de %1 en %2").arg(cuantas(int(filas.size()) - 1), ruta));
     }
 }
 
-void Grilla::pegar()
+void Grilla::Planilla::poner(const std::vector<CeldaAPegar>& celdas)
 {
-    if (!m_editable || !confirmarEdicion())
+    for (const CeldaAPegar& celda : celdas)
+    {
+        m_grilla->m_modelo->poner(celda.columna - 1, celda.fila - 1, celda.valor);
+    }
+    m_grilla->viewport()->update();
+    const QPointer<Grilla> sigue = m_grilla;
+    for (std::size_t i = 0; sigue && i < celdas.size(); ++i)
+    {
+        Q_EMIT sigue->celdaEditada(celdas[i].columna, celdas[i].fila);
+    }
+}
+
+void Grilla::Planilla::pegar()
+{
+    if (!m_grilla->m_editable || !m_grilla->confirmarEdicion())
     {
         return;
     }
-    DestinoDePegado destino{{}, m_columnaClave, {}, columnaActual(), filaActual()};
-    for (int columna = 1; columna <= columnas(); ++columna)
+    DestinoDePegado destino{{}, m_columnaClave, {}, m_grilla->columnaActual(), m_grilla->filaActual()};
+    for (int columna = 1; columna <= m_grilla->columnas(); ++columna)
     {
-        destino.columnas.push_back(this->columna(columna));
+        destino.columnas.push_back(m_grilla->columna(columna));
     }
-    for (int fila = 1; fila <= filas(); ++fila)
+    for (int fila = 1; fila <= m_grilla->filas(); ++fila)
     {
-        destino.claves += texto(m_columnaClave, fila);
+        destino.claves += m_grilla->texto(m_columnaClave, fila);
     }
     const Pegado pegado = prepararPegado(QGuiApplication::clipboard()->text(), destino);
     if (!pegado.celdas.empty())
     {
-        m_pegadas.clear();
-        m_cambiadaAntes = m_cambiada;
+        olvidarPegado();
+        m_cambiadaAntes = std::exchange(m_grilla->m_cambiada, true);
         m_tipeadoDespues = false;
-        m_cambiada = true;
     }
     for (const CeldaAPegar& celda : pegado.celdas)
     {
-        m_pegadas.insert({celda.columna, celda.fila}, valor(celda.columna, celda.fila));
-        m_modelo->poner(celda.columna - 1, celda.fila - 1, celda.valor);
+        m_pegadas.insert({celda.columna, celda.fila}, m_grilla->valor(celda.columna, celda.fila));
     }
-    viewport()->update();
-    const QPointer<Grilla> yo = this;
-    for (std::size_t i = 0; yo && i < pegado.celdas.size(); ++i)
-    {
-        Q_EMIT celdaEditada(pegado.celdas[i].columna, pegado.celdas[i].fila);
-    }
+    poner(pegado.celdas);
     const bool bien = pegado.rechazados == 0 && !pegado.celdas.empty();
     MsgBox(textoDePegado(pegado), bien ? Caja::Informacion : Caja::Exclamacion);
 }
 
-void Grilla::deshacerPegado()
+void Grilla::Planilla::deshacerPegado()
 {
-    if (!confirmarEdicion())
+    if (!m_grilla->confirmarEdicion())
     {
         return;
     }
@@ -275,19 +208,14 @@ void Grilla::deshacerPegado()
         anunciar(QStringLiteral("No hay un pegado que deshacer"));
         return;
     }
+    std::vector<CeldaAPegar> antes;
     const auto pegadas = std::exchange(m_pegadas, {});
     for (auto celda = pegadas.cbegin(); celda != pegadas.cend(); ++celda)
     {
-        m_modelo->poner(celda.key().first - 1, celda.key().second - 1, celda.value());
+        antes.push_back({celda.key().first, celda.key().second, celda.value()});
     }
-    m_cambiada = m_cambiadaAntes || m_tipeadoDespues;
-    viewport()->update();
-    const QPointer<Grilla> yo = this;
-    for (auto celda = pegadas.cbegin(); yo && celda != pegadas.cend(); ++celda)
-    {
-        Q_EMIT celdaEditada(celda.key().first, celda.key().second);
-    }
+    m_grilla->m_cambiada = m_cambiadaAntes || m_tipeadoDespues;
+    poner(antes);
     avisar(QStringLiteral("Se deshizo el pegado de %1")
-               .arg(pegadas.size() == 1 ? QStringLiteral("1 importe")
-                                        : QStringLiteral("%1 importes").arg(pegadas.size())));
+               .arg(antes.size() == 1 ? QStringLiteral("1 importe") : QStringLiteral("%1 importes").arg(antes.size())));
 }
