@@ -51,7 +51,7 @@ TEST(DosCopias, DISABLED_Trabaja)
     const QStringList partes = hijo::ruta().split('|');
     reemplazarDirectorioPrograma(partes[0]);
     Rutinas::RutaApp = DirectorioPrograma() + QDir::separator();
-    Rutinas::AbrirBase();
+    insistir(Rutinas::AbrirBase);
     Conexion& base = Rutinas::Conexion;
     ClaveDDJJ clave{dePrueba::cuit, dePrueba::periodo, 0};
     hijo::listo();
