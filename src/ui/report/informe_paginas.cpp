@@ -8,8 +8,8 @@
 
 namespace
 {
-constexpr std::size_t dibujosRecordados = 24; // some 30 pages: they are printed as they were laid out
-constexpr std::size_t filasPorBloque = 60;
+constexpr std::size_t dibujosRecordados = 36; // some 30 pages: they are printed as they were laid out
+constexpr std::size_t filasPorBloque = 40;
 constexpr double menorCuerpo = 72; // points: a page with less between head and foot is none
 constexpr double holgura = 0.5;    // points: what rounding may take
 
