@@ -5,6 +5,7 @@
 #include "base/files/windows1252.h"
 #include "base/numbers/numeros.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -17,9 +18,13 @@ void Renglon::agregar(const Fila& fila, std::span<const Campo> campos)
     }
 }
 
-void Renglon::agregar(std::string_view utf8)
+/// What breaks a line goes out as a blank: texts pasted from a spreadsheet have held line ends and tabs.
+void Renglon::agregar(std::string_view utf8, std::size_t maximo)
 {
-    agregarWindows1252(m_bytes, utf8);
+    const auto desde = static_cast<std::ptrdiff_t>(m_bytes.size());
+    agregarWindows1252(m_bytes, utf8, maximo);
+    std::replace_if(
+        m_bytes.begin() + desde, m_bytes.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
 }
 
 // One access to the row a field: a column's name is found fastest when names come in the same order row after row.
@@ -60,7 +65,7 @@ void Renglon::agregar(const Fila& fila, const Campo& campo)
 void Renglon::agregarTexto(std::string_view utf8, std::size_t ancho)
 {
     const std::size_t fin = m_bytes.size() + ancho;
-    agregarWindows1252(m_bytes, utf8, ancho);
+    agregar(utf8, ancho);
     m_bytes.resize(fin, ' ');
 }
 

@@ -118,6 +118,7 @@ TEST_F(ArchivoDdjj, CadaColumnaEnSuLugar)
         {"Empresas.Fantasia", "'Cooperativa Vitivinicola y Frutihorticola Ltda.'",
          "Cooperativa Vitivinicola y Frutihorticol"},
         {"Empresas.Numero", "123456", "123456"},
+        {"Empresas_Sucursales.Sucursal", "char(9) || 'A' || char(13, 10)", " A        "}, // no line is broken
         {"Empresas.Numero", "-5", "-00005"},
         {"DDJJ_Empleados.QHoras", "96", "96"},
         {"DDJJ_Empleados.Nacio", "'1970-12-25'", "12251970"},
