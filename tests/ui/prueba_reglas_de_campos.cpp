@@ -4,6 +4,8 @@
 #include "ui/fields/reglas_de_campos.h"
 #include "ui/grid/grilla.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QHBoxLayout>
@@ -105,5 +107,19 @@ TEST_F(ReglasComunes, ElTextoQueNoEntraSeDice)
     EXPECT_TRUE(anuncios.isEmpty());
     Entrada::escribir("d");
     EXPECT_EQ(anuncios.join('|'), "No entra más texto: 3/3");
+}
+
+TEST_F(ReglasComunes, LoPegadoQuedaEnUnRenglon)
+{
+    texto->setText("ANA");
+    texto->setCursorPosition(0);
+    texto->setFocus();
+    QApplication::clipboard()->setText("GOMEZ\tLUIS\n");
+    Entrada::jugar("Ctrl+V");
+    EXPECT_EQ(texto->text(), "GOMEZ LUIS ANA");
+    QApplication::clipboard()->setText("DIAZ\r\n");
+    Entrada::jugar("Ctrl+A Ctrl+V");
+    EXPECT_EQ(texto->text(), "DIAZ");
+    EXPECT_TRUE(texto->isModified());
 }
 } // namespace

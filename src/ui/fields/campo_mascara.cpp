@@ -1,12 +1,14 @@
 #include "ui/fields/campo_mascara.h"
 
 #include "base/digitos.h"
+#include "ui/doors/anuncio.h"
 #include "ui/fields/filtro_de_entrada.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QStyleOptionFrame>
 #include <algorithm>
 
@@ -224,13 +226,19 @@ void soloImporte(QLineEdit* campo)
         }
         return esDigito(letra) ? letra : QChar();
     };
+    // Without its sign, or run together with its neighbour, it would be another amount.
     const auto alPegar = [](QLineEdit* destino, const QString& texto)
     {
-        QString importe;
-        std::copy_if(texto.begin(), texto.end(), std::back_inserter(importe),
-                     [](QChar letra)
-                     { return esDigito(letra) || letra == QLatin1Char(',') || letra == QLatin1Char('.'); });
-        destino->insert(importe);
+        static const QRegularExpression unImporte(QStringLiteral("^\\s*\\$?\\s*([0-9.,]*)\\s*$"));
+        if (const auto hallado = unImporte.match(texto); hallado.hasMatch())
+        {
+            destino->insert(hallado.captured(1));
+        }
+        else
+        {
+            constexpr qsizetype aLaVista = 30;
+            anunciar(QStringLiteral("Lo copiado no es un importe: «%1»").arg(texto.left(aLaVista).simplified()));
+        }
     };
     new FiltroDeEntrada(campo, alTeclear, alPegar);
 }

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QTabBar>
+#include <algorithm>
 
 namespace
 {
@@ -104,7 +105,30 @@ void ReglasDeCampos::alVestir(QObject* objeto)
     if (auto* linea = qobject_cast<QLineEdit*>(objeto))
     {
         connect(linea, &QLineEdit::inputRejected, this, &ReglasDeCampos::alRechazarTexto, Qt::UniqueConnection);
+        connect(linea, &QLineEdit::textEdited, this, &ReglasDeCampos::alEditarTexto, Qt::UniqueConnection);
     }
+}
+
+/// The line end after a cell copied from a spreadsheet goes, and what stands for one within the text is a blank: in a
+/// field neither is seen, and each would break a line of the files that are sent.
+void ReglasDeCampos::alEditarTexto(const QString& texto)
+{
+    const auto rompe = [](QChar letra) { return letra < u' ' || letra == QChar::LineSeparator || letra == u'\x85'; };
+    if (std::none_of(texto.cbegin(), texto.cend(), rompe))
+    {
+        return;
+    }
+    QString limpio = texto;
+    while (!limpio.isEmpty() && rompe(limpio.back()))
+    {
+        limpio.chop(1);
+    }
+    std::replace_if(limpio.begin(), limpio.end(), rompe, u' ');
+    auto* linea = qobject_cast<QLineEdit*>(sender());
+    const int cursor = linea->cursorPosition();
+    linea->setText(limpio);
+    linea->setCursorPosition(cursor);
+    linea->setModified(true);
 }
 
 void ReglasDeCampos::alRechazarTexto()
