@@ -2,6 +2,7 @@
 #include "apoyo/archivos_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/entrada.h"
+#include "apoyo/limite_de_archivos.h"
 #include "informe_de_prueba.h"
 #include "ui/doors/dialogos.h"
 #include "ui/doors/impresion.h"
@@ -85,6 +86,14 @@ TEST_F(VistaPrevia, GuardaUnPdfODicePorQueNo)
 
     const QString otro = informe.ruta("otro.pdf");
     escribirArchivo(otro, "de otro");
+#ifndef _WIN32
+    {
+        const LimiteDeArchivos lleno(static_cast<rlim_t>(QFileInfo(informe.ruta("salida.pdf")).size() - 64));
+        cajas.espera(Caja::Pregunta, "El archivo 'otro.pdf' ya existe. ¿Desea reemplazarlo?", true);
+        cajas.esperaQueDiga(Caja::Simple, "otro.pdf - (61)");
+        EXPECT_EQ(guardando(otro), "otro.pdf prueba.rpt salida.pdf");
+    }
+#endif
     cajas.espera(Caja::Pregunta, "El archivo 'otro.pdf' ya existe. ¿Desea reemplazarlo?", false);
     guardando(otro);
     EXPECT_EQ(leerArchivo(otro), "de otro");

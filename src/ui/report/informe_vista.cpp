@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -33,6 +34,15 @@ constexpr double separacion = 12; // pixels between two pages
 constexpr double zoomMinimo = 0.25;
 constexpr double zoomMaximo = 4;
 constexpr double pasoDeZoom = 1.2;
+
+/// The toolkit does not tell that the last bytes of a PDF found no room on the disk.
+bool estaEntero(const QString& pdf)
+{
+    constexpr qint64 ultimos = 16;
+    QFile archivo(pdf);
+    return archivo.open(QIODevice::ReadOnly) && archivo.seek(std::max<qint64>(0, archivo.size() - ultimos)) &&
+           archivo.readAll().contains("%%EOF");
+}
 } // namespace
 
 HojasDeInforme::HojasDeInforme(PaginasDeInforme paginas, QWidget* padre)
@@ -323,6 +333,10 @@ void VistaDeInforme::guardarPdf(const QString& ruta)
     impresora.setFullPage(true);
     impresora.setCreator(QApplication::applicationName());
     pintarEn(impresora, 0, m_hojas->paginas().cantidad() - 1, ruta, TrabajoLargo::Cancelable::Si);
+    if (!estaEntero(parte.ruta()))
+    {
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::DiscoLleno, ruta);
+    }
     parte.colocar();
 }
 
