@@ -1,121 +1,99 @@
 #include "declarations/screens/ddjj.h"
 
-#include "base/numbers/formato.h"
-#include "core/nombre_ddjj.h"
 #include "core/rutinas.h"
 #include "core/screens/eleccion_empresa.h"
 #include "core/vigencia.h"
-#include "declarations/lista_ddjj.h"
+#include "declarations/screens/declaracion_elegida.h"
 #include "declarations/screens/envio_ddjj.h"
+#include "declarations/screens/totales_en_pantalla.h"
 #include "exchange/informe_ddjj.h"
+#include "exchange/screens/importar_nomina.h"
+#include "exchange/screens/imprimir_informe.h"
+#include "ui/doors/anuncio.h"
 #include "ui/doors/mensajes.h"
 #include "ui/fields/campo_mascara.h"
 #include "ui/grid/grilla.h"
 #include "ui/look/estilo.h"
-#include "ui/shell/campos.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/validacion.h"
 #include "ui_ddjj.h"
+
+namespace
+{
+struct Mando
+{
+    QPushButton* boton;
+    QString icono;
+    std::function<bool()> exige; ///< what it needs; says so when that is wanting, and nothing is done
+    std::function<void()> haz;
+    bool principal = false;
+};
+
+// Kinds of slip, as the slip screen knows them.
+constexpr quint8 aportes = 0;
+constexpr quint8 interes = 1;
+constexpr quint8 actas = 2;
+} // namespace
 
 DDJJ::DDJJ(QWidget* padre)
     : Pantalla(QStringLiteral("DDJJ"), padre)
     , ui(std::make_unique<Ui::DDJJ>())
 {
     ui->setupUi(this);
-    txtCantidad = {ui->txtCantidad_0, ui->txtCantidad_1, ui->txtCantidad_2, ui->txtCantidad_3};
-    txtImporte = {ui->txtImporte_0, ui->txtImporte_1, ui->txtImporte_2,
-                  ui->txtImporte_3, ui->txtImporte_4, ui->txtImporte_5};
+    // A page that goes while it holds the focus would pass it through the first field of the screen, which is left at
+    // once and then checked.
+    ui->SSTab1->tabBar()->setFocusPolicy(Qt::StrongFocus);
     ui->MaskCuit->setClase(CampoMascara::Cuit);
-    ui->vsDDJJ->setColumnas({{ColumnaDeGrilla::Fija, QStringLiteral("Periodo"), -1, 0, {}, false},
-                             {ColumnaDeGrilla::Fija, QStringLiteral("Sec"), 48, 0, {}, true}});
-    soloDigitos(ui->txtAnio);
-    soloDigitos(ui->txtMes);
-    m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa,
-                                     {[this] { LimpiarDatos(true); }, [this] { CargarDeclaraciones(); }}, this);
-    vestir();
-    conectarMandos();
+    m_declaracion = std::make_unique<DeclaracionElegida>(*ui);
+    m_totales = std::make_unique<TotalesEnPantalla>(*ui);
+    m_empresa = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa,
+                                    {[this] { LimpiarDatos(); }, [this] { CargarDeclaraciones(); }}, this);
+    disponerMandos();
+    conectar(ui->vsDDJJ, &Grilla::elegida,
+             [this](int fila)
+             {
+                 m_declaracion->elegir(fila);
+                 alDia([this] { MostrarDDJJ(); });
+             });
+    conectar(ui->vsDDJJ, &Grilla::dobleClic, // nothing where the button is disabled
+             [this](int /*columna*/, int fila) { fila != 0 ? ui->cmdNomina->click() : void(); });
+    alDejar(ui->txtAnio, [this] { m_declaracion->completarAnio(); });
 }
 
 DDJJ::~DDJJ() = default;
 
-void DDJJ::vestir()
+void DDJJ::disponerMandos()
 {
-    // A page that goes while it holds the focus would pass it through the first field of the screen, which is left at
-    // once and then checked.
-    ui->SSTab1->tabBar()->setFocusPolicy(Qt::StrongFocus);
-    Estilo::boton(ui->cmdNueva, QStringLiteral("nueva"), true);
-    Estilo::boton(ui->cmdCopiar, QStringLiteral("copiar"));
-    Estilo::boton(ui->cmdEliminar, QStringLiteral("eliminar"));
-    Estilo::boton(ui->cmdGrabar, QStringLiteral("grabar"), true);
-    Estilo::boton(ui->cmdCancelar, QStringLiteral("cancelar"));
-    Estilo::boton(ui->cmdNomina, QStringLiteral("nomina"));
-    Estilo::boton(ui->cmdSueldos, QStringLiteral("sueldos"));
-    Estilo::boton(ui->cmdImportar, QStringLiteral("importar"));
-    Estilo::boton(ui->cmdBoletas_0, QStringLiteral("boleta"));
-    Estilo::boton(ui->cmdBoletas_1, QStringLiteral("interes"));
-    Estilo::boton(ui->cmdBoletas_2, QStringLiteral("acta"));
-    Estilo::boton(ui->cmdBoletas_3, QStringLiteral("enviar"));
-    Estilo::boton(ui->cmdInformes_0, QStringLiteral("informe"));
-    Estilo::boton(ui->cmdInformes_1, QStringLiteral("incompletos"));
-    Estilo::boton(ui->cmdInformes_2, QStringLiteral("texto"));
-
-    Estilo::soloMuestra({ui->txtSecuencia, ui->txtFecha});
-    for (auto* campo : txtCantidad)
+    const auto nada = [] { return true; };
+    const auto empresa = [this] { return m_empresa->exigirEmpresa(); };
+    const auto alta = [this] { return m_empresa->exigirEmpresa() && m_declaracion->exigirAlta(); };
+    const auto eleccion = [this] { return m_declaracion->exigirEleccion(); };
+    const auto nomina = [this] { return m_declaracion->exigirEleccion() && exigirNomina(); };
+    const auto cuit = [this] { return exigirCuit(); };
+    const Mando mandos[] = {
+        {ui->cmdNueva, QStringLiteral("nueva"), empresa, [this] { cmdNueva_Click(); }, true},
+        {ui->cmdCopiar, QStringLiteral("copiar"), alta, [this] { cmdCopiar_Click(); }},
+        {ui->cmdEliminar, QStringLiteral("eliminar"), empresa, [this] { cmdEliminar_Click(); }},
+        {ui->cmdGrabar, QStringLiteral("grabar"), nada, [this] { cmdGrabar_Click(); }, true},
+        {ui->cmdCancelar, QStringLiteral("cancelar"), nada, [this] { cmdCancelar_Click(); }},
+        {ui->cmdNomina, QStringLiteral("nomina"), eleccion, [this] { abrirNomina(QStringLiteral("Empleados")); }},
+        {ui->cmdSueldos, QStringLiteral("sueldos"), eleccion, [this] { abrirNomina(QStringLiteral("DDJJ_Sueldos")); }},
+        {ui->cmdImportar, QStringLiteral("importar"), alta, [this] { cmdImportar_Click(); }},
+        {ui->cmdBoletas_0, QStringLiteral("boleta"), nomina, [this] { abrirBoletas(aportes); }},
+        {ui->cmdBoletas_1, QStringLiteral("interes"), eleccion, [this] { abrirBoletas(interes); }},
+        {ui->cmdBoletas_2, QStringLiteral("acta"), cuit, [this] { abrirBoletas(actas); }},
+        {ui->cmdBoletas_3, QStringLiteral("enviar"), nomina, [this] { cmdBoletas_Envio_Click(); }},
+        {ui->cmdInformes_0, QStringLiteral("informe"), eleccion, [this] { imprimir(InformeDDJJ::Declaracion); }},
+        {ui->cmdInformes_1, QStringLiteral("incompletos"), eleccion,
+         [this] { imprimir(InformeDDJJ::DatosIncompletos); }},
+        {ui->cmdInformes_2, QStringLiteral("texto"), eleccion, [this] { envio().GuardarArchivoComo(); }},
+    };
+    for (const Mando& mando : mandos)
     {
-        Estilo::soloMuestra({campo});
-        Estilo::importe(campo);
+        Estilo::boton(mando.boton, mando.icono, mando.principal);
+        conectar(mando.boton, &QPushButton::clicked,
+                 [this, mando] { alDia([&] { mando.exige() ? mando.haz() : void(); }); });
     }
-    for (auto* campo : txtImporte)
-    {
-        Estilo::soloMuestra({campo});
-        Estilo::importe(campo);
-    }
-    QPalette tenue = ui->lineaAportes->palette();
-    tenue.setColor(QPalette::WindowText, tenue.color(QPalette::Mid));
-    ui->lineaAportes->setPalette(tenue);
-    for (auto* etiqueta : {ui->lblIncompleto, ui->lblJornada})
-    {
-        Estilo::advertencia(etiqueta);
-        // Their room stays, so that the totals do not jump while the list is walked through.
-        QSizePolicy politica = etiqueta->sizePolicy();
-        politica.setRetainSizeWhenHidden(true);
-        etiqueta->setSizePolicy(politica);
-        etiqueta->hide();
-    }
-}
-
-void DDJJ::conectarMandos()
-{
-    conectar(ui->vsDDJJ, &Grilla::elegida, &DDJJ::seleccionar);
-    conectar(ui->vsDDJJ, &Grilla::dobleClic,
-             [this](int /*columna*/, int fila)
-             {
-                 if (fila != 0)
-                 {
-                     ui->cmdNomina->click(); // nothing where it is disabled
-                 }
-             });
-    alDejar(ui->txtAnio, &DDJJ::txtAnio_LostFocus);
-    conectarMando(ui->cmdNueva, &DDJJ::cmdNueva_Click);
-    conectarMando(ui->cmdCopiar, &DDJJ::cmdCopiar_Click);
-    conectarMando(ui->cmdEliminar, &DDJJ::cmdEliminar_Click);
-    conectarMando(ui->cmdGrabar, &DDJJ::cmdGrabar_Click);
-    conectarMando(ui->cmdCancelar, &DDJJ::cmdCancelar_Click);
-    conectarMando(ui->cmdNomina, &DDJJ::cmdNomina_Click);
-    conectarMando(ui->cmdSueldos, &DDJJ::cmdSueldos_Click);
-    conectarMando(ui->cmdImportar, &DDJJ::cmdImportar_Click);
-    conectarMando(ui->cmdBoletas_0, &DDJJ::cmdBoletas_Aportes_Click);
-    conectarMando(ui->cmdBoletas_1, &DDJJ::cmdBoletas_Interes_Click);
-    conectarMando(ui->cmdBoletas_2, &DDJJ::cmdBoletas_Actas_Click);
-    conectarMando(ui->cmdBoletas_3, &DDJJ::cmdBoletas_Envio_Click);
-    conectarMando(ui->cmdInformes_0, &DDJJ::cmdInformes_Declaracion_Click);
-    conectarMando(ui->cmdInformes_1, &DDJJ::cmdInformes_Incompletos_Click);
-    conectarMando(ui->cmdInformes_2, &DDJJ::cmdInformes_Texto_Click);
-}
-
-void DDJJ::conectarMando(QPushButton* boton, void (DDJJ::*haz)())
-{
-    conectar(boton, &QPushButton::clicked, [this, haz] { alDia([this, haz] { (this->*haz)(); }); });
 }
 
 void DDJJ::alDia(const std::function<void()>& haz)
@@ -134,19 +112,17 @@ void DDJJ::alDia(const std::function<void()>& haz)
 void DDJJ::releer()
 {
     Habilitar(true); // what was being entered was for a company that is gone
-    habilitarPaginas(true);
-    m_eleccion->releer();
+    m_empresa->releer();
 }
 
 void DDJJ::cargar()
 {
-    if (!m_eleccion->cargar())
+    if (!m_empresa->cargar())
     {
         cerrar();
         return;
     }
     Habilitar(true);
-    mostrarPagina(ui->pagDDJJ);
 }
 
 void DDJJ::activar()
@@ -172,56 +148,46 @@ bool DDJJ::descargar()
 
 QString DDJJ::empresaEnCurso() const
 {
-    return m_eleccion->razon();
-}
-
-bool DDJJ::hayDeclaracion() const
-{
-    return m_seleccion.has_value();
-}
-
-bool DDJJ::exigirPeriodo()
-{
-    if (!hayDeclaracion())
-    {
-        MsgBox(QStringLiteral("Debe dar de Alta primero el Periodo Correspondiente."), Caja::Exclamacion);
-    }
-    return hayDeclaracion();
-}
-
-bool DDJJ::exigirNomina()
-{
-    if (hayNomina(Rutinas::Conexion, clave()))
-    {
-        return true;
-    }
-    MsgBox(QStringLiteral("Debe ingresar primero la Nómina de Empleados."), Caja::Exclamacion);
-    mostrarPagina(ui->pagDDJJ); // where the button lies
-    ui->cmdNomina->setFocus();
-    return false;
-}
-
-ClaveDDJJ DDJJ::clave() const
-{
-    return m_seleccion.value();
+    return m_empresa->razon();
 }
 
 void DDJJ::exigirVigencia() const
 {
-    if (m_eleccion->hayEmpresa())
+    if (m_empresa->hayEmpresa())
     {
-        exigirEmpresa(Rutinas::Conexion, m_eleccion->cuit());
+        exigirEmpresa(Rutinas::Conexion, m_empresa->cuit());
     }
-    if (hayDeclaracion())
+    if (m_declaracion->hay())
     {
-        exigirDeclaracion(Rutinas::Conexion, clave());
+        exigirDeclaracion(Rutinas::Conexion, m_declaracion->clave());
     }
 }
 
-void DDJJ::mostrarPagina(QWidget* pagina)
+bool DDJJ::exigirNomina()
+{
+    exigirVigencia();
+    if (::exigirNomina(m_declaracion->clave()))
+    {
+        return true;
+    }
+    mostrarPaginaDDJJ(); // where the button lies
+    ui->cmdNomina->setFocus();
+    return false;
+}
+
+bool DDJJ::exigirCuit() const
+{
+    if (ui->MaskCuit->vacio())
+    {
+        anunciar(QStringLiteral("Elija una empresa"));
+    }
+    return !ui->MaskCuit->vacio();
+}
+
+void DDJJ::mostrarPaginaDDJJ()
 {
     const Validacion::Pausa pausa; // what holds the focus goes with its page
-    ui->SSTab1->setCurrentWidget(pagina);
+    ui->SSTab1->setCurrentWidget(ui->pagDDJJ);
 }
 
 void DDJJ::Habilitar(bool ControlStatus)
@@ -234,113 +200,166 @@ void DDJJ::Habilitar(bool ControlStatus)
     {
         mando->setEnabled(ControlStatus);
     }
-    QWidget* const alIngresar[] = {ui->fraDDJJ_1, ui->cmdGrabar, ui->cmdCancelar};
-    for (auto* mando : alIngresar)
+    for (QWidget* mando : std::initializer_list<QWidget*>{ui->fraDDJJ_1, ui->cmdGrabar, ui->cmdCancelar})
     {
         mando->setEnabled(!ControlStatus);
     }
+    if (!ControlStatus)
+    {
+        mostrarPaginaDDJJ(); // before the others are shut
+    }
+    ui->SSTab1->setTabEnabled(1, ControlStatus);
+    ui->SSTab1->setTabEnabled(2, ControlStatus);
 }
 
-void DDJJ::habilitarPaginas(bool si)
+void DDJJ::LimpiarDatos()
 {
-    ui->SSTab1->setTabEnabled(1, si);
-    ui->SSTab1->setTabEnabled(2, si);
-}
-
-void DDJJ::LimpiarDatos(bool Todo)
-{
-    ui->fraPeriodo->setTitle(QStringLiteral("Periodo: "));
-    ui->txtFecha->clear();
-    ui->lblIncompleto->hide();
-    ui->lblJornada->hide();
-    for (auto* campo : txtCantidad)
-    {
-        campo->clear();
-    }
-    for (auto* campo : txtImporte)
-    {
-        campo->clear();
-    }
-    m_todos = {};
-    m_afiliados = {};
-    if (Todo)
-    {
-        m_seleccion.reset();
-        ui->txtAnio->clear();
-        ui->txtMes->clear();
-        ui->txtSecuencia->clear();
-        ui->vsDDJJ->pintarTodo(Grilla::blanco); // nothing is selected, so nothing is yellow
-    }
+    m_totales->limpiar();
+    m_declaracion->soltar();
 }
 
 void DDJJ::CargarDeclaraciones()
 {
-    m_declaraciones.clear();
-    if (!ui->MaskCuit->vacio())
-    {
-        m_declaraciones = listarDeclaraciones(Rutinas::Conexion, m_eleccion->cuit());
-    }
-    ui->vsDDJJ->cargar(m_declaraciones,
-                       [](const ClaveDDJJ& una) {
-                           return FilaDeGrilla{una.periodo.toString(u"yyyy/MM"), QString::number(una.secuencia)};
-                       });
+    m_declaracion->listar(ui->MaskCuit->vacio() ? QString() : m_empresa->cuit());
     Q_EMIT Navegacion::instancia().cambioDePantalla();
-}
-
-void DDJJ::seleccionar(int fila)
-{
-    ui->vsDDJJ->pintarTodo(Grilla::blanco);
-    ui->vsDDJJ->pintarFila(fila, Grilla::amarillo);
-    m_seleccion = m_declaraciones.at(static_cast<std::size_t>(fila) - 1);
-    ui->txtAnio->setText(QString::number(m_seleccion->periodo.year()));
-    ui->txtMes->setText(QString::number(m_seleccion->periodo.month()));
-    mostrarSecuencia(m_seleccion->secuencia);
-    alDia([this] { MostrarDDJJ(); });
-}
-
-void DDJJ::mostrarSecuencia(int secuencia)
-{
-    // Two characters do for 0 to 99. Past them the number is shown whole: cut, it would name another declaration.
-    campos::ponerEntero(ui->txtSecuencia, QString::number(secuencia));
 }
 
 void DDJJ::MostrarDDJJ()
 {
-    LimpiarDatos(false);
-    ui->fraPeriodo->setTitle(QStringLiteral("Periodo: ") + textoDe(clave()));
-    const TotalesDDJJ totales = calcularTotales(Rutinas::Conexion, clave());
-    ui->txtFecha->setText(totales.fecha.toString(u"dd/MM/yy"));
-    if (!totales.sumas)
-    {
-        return; // no roster yet
-    }
-    mostrarSumas(*totales.sumas);
-    ui->lblIncompleto->setText(
-        QStringLiteral("Datos Incompletos en %1 Empleados - Ver Nomina de Personal").arg(totales.incompletos));
-    ui->lblIncompleto->setVisible(totales.incompletos != 0);
-    ui->lblJornada->setVisible(totales.jornadaReducida != 0);
+    m_totales->mostrar(m_declaracion->clave());
 }
 
-void DDJJ::mostrarSumas(const SumasDDJJ& sumas)
+void DDJJ::cmdNueva_Click()
 {
-    m_todos = sumas.todos;
-    m_afiliados = sumas.afiliados;
-    txtCantidad[0]->setText(QString::number(m_todos.empleados));
-    txtCantidad[1]->setText(QString::number(m_afiliados.empleados));
-    txtCantidad[2]->setText(QString::number(m_todos.familiares));
-    txtCantidad[3]->setText(QString::number(m_afiliados.familiares));
-    const Moneda importes[] = {m_todos.remuneracion, m_afiliados.remuneracion, sumas.art100, sumas.art101a,
-                               sumas.art101b,        sumas.aDepositar()};
-    for (std::size_t i = 0; i < txtImporte.size(); ++i)
+    LimpiarDatos();
+    m_declaracion->proponer();
+    Habilitar(false);
+    ui->txtAnio->setFocus();
+    ui->txtAnio->selectAll();
+}
+
+void DDJJ::cmdGrabar_Click()
+{
+    if (m_declaracion->crear(m_empresa->cuit()))
     {
-        txtImporte[i]->setText(conPesos(importes[i]));
+        Habilitar(true);
+        CargarDeclaraciones();
+        ui->cmdNomina->setFocus(); // the roster comes next
     }
 }
 
-void DDJJ::txtAnio_LostFocus()
+void DDJJ::cmdCancelar_Click()
 {
-    if (ui->txtAnio->text().size() == 2)
+    LimpiarDatos();
+    Habilitar(true);
+    ui->cmdNueva->setFocus();
+}
+
+void DDJJ::cmdEliminar_Click()
+{
+    if (m_declaracion->eliminar())
     {
-        ui->txtAnio->setText(QStringLiteral("20") + ui->txtAnio->text());
+        LimpiarDatos();
+        CargarDeclaraciones();
     }
+}
+
+void DDJJ::publicar() const
+{
+    const ClaveDDJJ cual = m_declaracion->elegida().value_or(ClaveDDJJ{}); // an act needs no declaration
+    Rutinas::CuitActual = m_empresa->cuit();
+    Rutinas::PeriodoActual = cual.periodo;
+    Rutinas::SecuenciaActual = comoByte(cual.secuencia);
+}
+
+bool DDJJ::mostrarModal(const QString& pantalla)
+{
+    exigirVigencia();
+    const int antes = YaNoEsta::veces();
+    Navegacion::instancia().mostrarModal(pantalla);
+    const bool yaDicho = YaNoEsta::veces() != antes;
+    try
+    {
+        exigirVigencia();
+    }
+    catch (const YaNoEsta&)
+    {
+        if (!yaDicho)
+        {
+            throw;
+        }
+        releer();
+    }
+    return m_declaracion->hay();
+}
+
+bool DDJJ::mostrarModalConDatos(const QString& pantalla)
+{
+    Rutinas::EmpresaActual = m_empresa->razon();
+    publicar();
+    return mostrarModal(pantalla);
+}
+
+void DDJJ::abrirNomina(const QString& pantalla)
+{
+    if (mostrarModalConDatos(pantalla))
+    {
+        MostrarDDJJ(); // the totals can have changed
+    }
+}
+
+void DDJJ::cmdCopiar_Click()
+{
+    if (mostrarModalConDatos(QStringLiteral("BuscarDDJJ")) &&
+        m_declaracion->copiarNominaDe(Rutinas::PeriodoActual, Rutinas::SecuenciaActual))
+    {
+        MostrarDDJJ();
+    }
+}
+
+void DDJJ::cmdImportar_Click()
+{
+    Rutinas::TextoDevuelto.clear();
+    if (mostrarModal(QStringLiteral("Importar")) && !Rutinas::TextoDevuelto.isEmpty() &&
+        ImportarNomina(m_declaracion->clave()))
+    {
+        MostrarDDJJ();
+    }
+}
+
+void DDJJ::abrirBoletas(quint8 tipo)
+{
+    exigirVigencia();
+    publicar();
+    Rutinas::ModoAbrir = tipo;
+    Rutinas::CantidadEmpleados = m_totales->sumas().todos.empleados;
+    Rutinas::CantidadAfiliados = m_totales->sumas().afiliados.empleados;
+    if (tipo == aportes && Rutinas::SecuenciaActual != 0)
+    {
+        MsgBox(QStringLiteral("Recuerde que los importes reflejados en una Boleta Rectificativa (Secuencia 1, 2, 3) "
+                              "surgen de la Diferencia con la Boleta de Pago Original del Periodo correspondiente "
+                              "(Secuencia 0)."),
+               Caja::Informacion);
+    }
+    Navegacion::instancia().mostrar(QStringLiteral("Boletas"));
+}
+
+void DDJJ::cmdBoletas_Envio_Click()
+{
+    if (Preguntar(QStringLiteral("Debe enviar la Declaración Jurada seleccionada?")))
+    {
+        envio().EnviarDDJJPorFtp(true);
+    }
+}
+
+void DDJJ::imprimir(InformeDDJJ cual)
+{
+    exigirVigencia();
+    ImprimirInforme(m_declaracion->clave(), ui->txtMes->text(), ui->txtAnio->text(), cual);
+}
+
+EnvioDeDDJJ DDJJ::envio()
+{
+    // The status texts overwrite the caption "Cantidad Empleados", which is not put back.
+    return EnvioDeDDJJ(m_declaracion->elegida(), [this](const QString& texto) { ui->Label4->setText(texto); });
 }

@@ -1,18 +1,14 @@
 #pragma once
 
-#include "core/clave_ddjj.h"
-#include "declarations/totales_ddjj.h"
 #include "ui/shell/pantalla.h"
 
-#include <array>
+#include <functional>
 #include <memory>
-#include <optional>
-#include <vector>
 
+class DeclaracionElegida;
 class EleccionEmpresa;
 class EnvioDeDDJJ;
-class QLineEdit;
-class QPushButton;
+class TotalesEnPantalla;
 enum class InformeDDJJ;
 namespace Ui
 {
@@ -34,62 +30,41 @@ public:
     [[nodiscard]] QString empresaEnCurso() const override;
 
 private:
-    // Frame of the screen: ddjj.cpp
-    void vestir();
-    void conectarMandos();
-    void conectarMando(QPushButton* boton, void (DDJJ::*haz)());
+    void disponerMandos();
     /// Runs `haz`; when it finds out that something is gone, the lists are read anew before that is told.
     void alDia(const std::function<void()>& haz);
     void releer();
     void Habilitar(bool ControlStatus);
-    void habilitarPaginas(bool si);
-    void mostrarPagina(QWidget* pagina);
-    void LimpiarDatos(bool Todo);
+    void mostrarPaginaDDJJ();
+    void LimpiarDatos();
     void CargarDeclaraciones();
     void MostrarDDJJ();
-    void mostrarSumas(const SumasDDJJ& sumas);
-    void mostrarSecuencia(int secuencia);
-    void seleccionar(int fila);
-    void txtAnio_LostFocus();
+    /// Throws YaNoEsta unless the company and the declaration that are chosen, if any, still stand in the database.
+    void exigirVigencia() const;
+    // Each says so when that is wanting.
+    [[nodiscard]] bool exigirNomina(); ///< of the chosen declaration, once it stands; or goes to cmdNomina
+    [[nodiscard]] bool exigirCuit() const;
 
-    // Commands: ddjj_mandos.cpp
     void cmdNueva_Click();
     void cmdGrabar_Click();
     void cmdCancelar_Click();
     void cmdEliminar_Click();
-    void cmdNomina_Click();
-    void cmdSueldos_Click();
     void cmdCopiar_Click();
     void cmdImportar_Click();
-    void cmdBoletas_Aportes_Click();
-    void cmdBoletas_Interes_Click();
-    void cmdBoletas_Actas_Click();
     void cmdBoletas_Envio_Click();
-    void cmdInformes_Declaracion_Click();
-    void cmdInformes_Incompletos_Click();
-    void cmdInformes_Texto_Click();
-    [[nodiscard]] bool eligioDeclaracion() const;
-    void abrirConNomina(const QString& pantalla);
-    void mostrarModal(const QString& pantalla);
+    void abrirNomina(const QString& pantalla);
     void abrirBoletas(quint8 tipo);
-    void imprimirInforme(InformeDDJJ cual);
-    void publicarDeclaracion();
+    void imprimir(InformeDDJJ cual);
+    /// Hands the company and its declaration, if one is chosen, to the screen that opens next.
+    void publicar() const;
+    /// Shows a dialog on the chosen declaration; false when that is gone afterwards.
+    [[nodiscard]] bool mostrarModal(const QString& pantalla);
+    /// The same with the company and the declaration handed to it.
+    [[nodiscard]] bool mostrarModalConDatos(const QString& pantalla);
     [[nodiscard]] EnvioDeDDJJ envio();
 
-    [[nodiscard]] bool hayDeclaracion() const; ///< one is selected
-    [[nodiscard]] ClaveDDJJ clave() const;     ///< of the selected declaration
-    /// Throws YaNoEsta unless the company and the declaration that are chosen, if any, still stand in the database.
-    void exigirVigencia() const;
-    // Each says so when it does not hold.
-    [[nodiscard]] bool exigirPeriodo();
-    [[nodiscard]] bool exigirNomina(); ///< and goes to cmdNomina
-
     std::unique_ptr<Ui::DDJJ> ui;
-    EleccionEmpresa* m_eleccion = nullptr;
-    std::array<QLineEdit*, 4> txtCantidad{};
-    std::array<QLineEdit*, 6> txtImporte{};
-    std::vector<ClaveDDJJ> m_declaraciones; ///< the rows of vsDDJJ, in their order
-    std::optional<ClaveDDJJ> m_seleccion;   ///< the declaration at work
-    SumaDePersonal m_todos;                 ///< of the declaration shown; zero without a roster
-    SumaDePersonal m_afiliados;
+    EleccionEmpresa* m_empresa = nullptr;
+    std::unique_ptr<DeclaracionElegida> m_declaracion;
+    std::unique_ptr<TotalesEnPantalla> m_totales;
 };

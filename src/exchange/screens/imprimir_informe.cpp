@@ -6,11 +6,20 @@
 #include "ui/doors/mensajes.h"
 #include "ui/report/informe.h"
 
+bool exigirNomina(const ClaveDDJJ& clave)
+{
+    if (hayNomina(Rutinas::Conexion, clave))
+    {
+        return true;
+    }
+    MsgBox(QStringLiteral("Debe ingresar primero la Nómina de Empleados."), Caja::Exclamacion);
+    return false;
+}
+
 void ImprimirInforme(const ClaveDDJJ& clave, const QString& mes, const QString& anio, InformeDDJJ cual)
 {
-    if (!hayNomina(Rutinas::Conexion, clave))
+    if (!exigirNomina(clave))
     {
-        MsgBox(QStringLiteral("Debe ingresar primero la Nómina de Empleados."), Caja::Exclamacion);
         return;
     }
     // Prepared before an index is taken, so that a base without these tables takes none.

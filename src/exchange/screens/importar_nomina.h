@@ -1,0 +1,7 @@
+#pragma once
+
+#include "core/clave_ddjj.h"
+
+/// Imports into a declaration the file that the dialog Importar was answered with, and tells how that went. False when
+/// nothing came in. Throws YaNoEsta when the declaration is gone, TrabajoCancelado when the user gives it up.
+[[nodiscard]] bool ImportarNomina(const ClaveDDJJ& clave);
