@@ -18,14 +18,6 @@ EleccionEmpresa::EleccionEmpresa(CampoMascara* maskCuit, QComboBox* cmbEmpresa, 
     , m_cmbEmpresa(cmbEmpresa)
     , m_enganches(std::move(enganches))
 {
-    if (!m_enganches.alLimpiar)
-    {
-        m_enganches.alLimpiar = [] {};
-    }
-    if (!m_enganches.alElegir)
-    {
-        m_enganches.alElegir = [] {};
-    }
     // Thousands of names are not measured at each filling.
     m_cmbEmpresa->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_cmbEmpresa->setMinimumContentsLength(32);

@@ -11,7 +11,7 @@ class QComboBox;
 /// an exact match. It binds to two fields of the screen and lives as long as they do:
 ///
 ///     m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa,
-///                                      {[this] { LimpiarDatos(true); }, [this] { CargarDeclaraciones(); }}, this);
+///                                      {[this] { LimpiarDatos(); }, [this] { CargarDeclaraciones(); }}, this);
 ///
 /// and in the screen's cargar(): `if (!m_eleccion->cargar()) { cerrar(); return; }`
 ///
@@ -23,8 +23,8 @@ public:
     struct Enganches
     {
         /// What was shown of the company before is to be cleared. Called when MaskCuit is left, before anything is
-        /// looked up and also when the CUIT is refused, and after a choice in the list. May be empty.
-        std::function<void()> alLimpiar;
+        /// looked up and also when the CUIT is refused, and after a choice in the list.
+        std::function<void()> alLimpiar = [] {};
         /// Both fields tell the company chosen, or both are empty (MaskCuit untouched, nothing chosen in the list):
         /// show its data, or none. Called after alLimpiar.
         std::function<void()> alElegir;

@@ -28,7 +28,7 @@ Depurar::Depurar(QWidget* padre)
     ui->lblAlcance->hide();
     ui->lblAlcance->ensurePolished();
     ui->lblAlcance->setMinimumHeight(renglones * ui->lblAlcance->fontMetrics().lineSpacing());
-    m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa, {{}, [this] { CargarPeriodos(); }}, this);
+    m_eleccion = new EleccionEmpresa(ui->MaskCuit, ui->cmbEmpresa, {.alElegir = [this] { CargarPeriodos(); }}, this);
     conectar(ui->vsDDJJ, &Grilla::elegida, &Depurar::elegirFila);
     conectar(ui->txtAnio, &QLineEdit::textEdited, &Depurar::mostrarAlcance);
     conectar(ui->cmdEliminar, &QPushButton::clicked, &Depurar::cmdEliminar_Click);
