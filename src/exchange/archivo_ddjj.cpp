@@ -82,8 +82,12 @@ constexpr Campo camposFamiliar[] = {
     {Campo::Fecha, "Nacio", 8, "00000000"},
 };
 
-void imprimir(const Renglon& renglon)
+/// One line of a row.
+void imprimir(Renglon& renglon, char tipo, const Fila& fila, std::span<const Campo> campos, std::string_view fin = {})
 {
+    renglon.empezar(tipo);
+    renglon.agregar(fila, campos);
+    renglon.agregar(fin);
     ArchivoUno::imprimir(renglon.bytes());
 }
 
@@ -100,35 +104,14 @@ void escribirEmpresa(Conexion& conexion, const ClaveDDJJ& clave, Renglon& renglo
     ArchivoUno::imprimir(conexion.primera("SELECT * FROM Empresas WHERE CUIT = ?", escribir, clave.cuit));
 }
 
-/// One line a row.
-void escribirFilas(Sentencia consulta, const QString& clave, char tipo, std::span<const Campo> campos, Renglon& renglon)
-{
-    consulta.recorrer(
-        [&](const Fila& fila)
-        {
-            renglon.empezar(tipo);
-            renglon.agregar(fila, campos);
-            imprimir(renglon);
-        },
-        clave);
-}
-
 void escribirEmpleados(Conexion& conexion, const ClaveDDJJ& clave, Renglon& renglon, const Aviso& aviso)
 {
     Sentencia familiares = conexion.preparar("SELECT * FROM Empleados_Familiares WHERE CUIL = ?");
     qint64 escritos = 0;
-    const auto escribirFamiliar = [&](const Fila& familiar)
-    {
-        renglon.empezar('4');
-        renglon.agregar(familiar, camposFamiliar);
-        imprimir(renglon);
-    };
+    const auto escribirFamiliar = [&](const Fila& familiar) { imprimir(renglon, '4', familiar, camposFamiliar); };
     const auto escribirEmpleado = [&](const Fila& empleado)
     {
-        renglon.empezar('3');
-        renglon.agregar(empleado, camposEmpleado);
-        renglon.agregar(finDeEmpleado);
-        imprimir(renglon);
+        imprimir(renglon, '3', empleado, camposEmpleado, finDeEmpleado);
         familiares.recorrer(escribirFamiliar, empleado.utf8("Cuil"));
         if (++escritos % filasPorTramo == 0)
         {
@@ -143,10 +126,12 @@ void escribirLineas(Conexion& conexion, const ClaveDDJJ& clave, const Aviso& avi
 {
     Renglon renglon;
     escribirEmpresa(conexion, clave, renglon);
-    escribirFilas(conexion.preparar("SELECT * FROM Empresas_Responsables WHERE CUIT = ?"), clave.cuit, '1',
-                  camposResponsable, renglon);
-    escribirFilas(conexion.preparar("SELECT * FROM Empresas_Sucursales WHERE CUIT = ?"), clave.cuit, '2',
-                  camposSucursal, renglon);
+    conexion.recorrer(
+        "SELECT * FROM Empresas_Responsables WHERE CUIT = ?",
+        [&](const Fila& fila) { imprimir(renglon, '1', fila, camposResponsable); }, clave.cuit);
+    conexion.recorrer(
+        "SELECT * FROM Empresas_Sucursales WHERE CUIT = ?",
+        [&](const Fila& fila) { imprimir(renglon, '2', fila, camposSucursal); }, clave.cuit);
     escribirEmpleados(conexion, clave, renglon, aviso);
     ArchivoUno::cerrar();
 }
