@@ -11,6 +11,7 @@
 #include <array>
 #include <exception>
 #include <optional>
+#include <string>
 
 namespace Rutinas
 {
@@ -18,16 +19,15 @@ namespace
 {
 /// Runs one statement of the start-up; what fails there is passed over.
 template <class Paso>
-bool sinFallar(Paso&& paso)
+void sinFallar(Paso&& paso)
 {
     try
     {
         paso();
-        return true;
     }
     catch (const std::exception&)
     {
-        return false;
+        // The next start tries again.
     }
 }
 
@@ -56,16 +56,25 @@ void enUnaTransaccion(Paso&& paso)
         });
 }
 
-void cerarNulos(const char* busqueda, const char* cambio)
+/// One of the agreement sums comes in: a column of amounts, 0 in every row.
+void agregarSuma(QLatin1String version, const std::string& suma)
 {
-    sinFallar(
-        [&]
-        {
-            if (Conexion.hay(busqueda)) // a search waits for no other copy that writes
-            {
-                Conexion.ejecutar(cambio);
-            }
-        });
+    Conexion.ejecutar("UPDATE Parametros SET Version = ?", version.data());
+    Conexion.ejecutar("ALTER TABLE DDJJ_Empleados ADD COLUMN " + suma + " CURRENCY DEFAULT 0");
+    Conexion.ejecutar("ALTER TABLE RptEmpleados ADD COLUMN " + suma + " CURRENCY DEFAULT 0");
+    Conexion.ejecutar("UPDATE DDJJ_Empleados SET " + suma + " = 0");
+    // Every start looks for nulls; this keeps the search from reading the roster.
+    Conexion.ejecutar("CREATE INDEX IF NOT EXISTS IX_DDJJ_Empleados_" + suma + "Nulo ON DDJJ_Empleados (Cuit) WHERE " +
+                      suma + " IS NULL");
+}
+
+void cerarNulos(const std::string& suma)
+{
+    const std::string nulos = " WHERE " + suma + " IS NULL";
+    if (Conexion.hay("SELECT 1 FROM DDJJ_Empleados" + nulos)) // a search waits for no other copy that writes
+    {
+        Conexion.ejecutar("UPDATE DDJJ_Empleados SET " + suma + " = 0" + nulos);
+    }
 }
 } // namespace
 
@@ -112,10 +121,8 @@ void SubirUnaVersion()
     desde(versiones::inicial, ActualizarA11);
     desde(versiones::conAcuerdo, ActualizarA12);
     desde(versiones::conAcuerdo2, ActualizarA20);
-    cerarNulos("SELECT 1 FROM DDJJ_Empleados WHERE Acuerdo IS NULL",
-               "UPDATE DDJJ_Empleados SET Acuerdo = 0 WHERE Acuerdo IS NULL");
-    cerarNulos("SELECT 1 FROM DDJJ_Empleados WHERE Acuerdo2 IS NULL",
-               "UPDATE DDJJ_Empleados SET Acuerdo2 = 0 WHERE Acuerdo2 IS NULL");
+    sinFallar([] { cerarNulos("Acuerdo"); });
+    sinFallar([] { cerarNulos("Acuerdo2"); });
 }
 
 void AbrirBase()
@@ -131,23 +138,12 @@ void CerrarBase()
 
 void ActualizarA11()
 {
-    Conexion.ejecutar("UPDATE Parametros SET Version = ?", versiones::conAcuerdo.data());
-    Conexion.ejecutar("ALTER TABLE DDJJ_Empleados ADD COLUMN Acuerdo CURRENCY DEFAULT 0");
-    Conexion.ejecutar("ALTER TABLE RptEmpleados ADD COLUMN Acuerdo CURRENCY DEFAULT 0");
-    Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo = 0");
-    // Every start looks for nulls; this keeps the search from reading the roster.
-    Conexion.ejecutar("CREATE INDEX IF NOT EXISTS IX_DDJJ_Empleados_AcuerdoNulo "
-                      "ON DDJJ_Empleados (Cuit) WHERE Acuerdo IS NULL");
+    agregarSuma(versiones::conAcuerdo, "Acuerdo");
 }
 
 void ActualizarA12()
 {
-    Conexion.ejecutar("UPDATE Parametros SET Version = ?", versiones::conAcuerdo2.data());
-    Conexion.ejecutar("ALTER TABLE DDJJ_Empleados ADD COLUMN Acuerdo2 CURRENCY DEFAULT 0");
-    Conexion.ejecutar("ALTER TABLE RptEmpleados ADD COLUMN Acuerdo2 CURRENCY DEFAULT 0");
-    Conexion.ejecutar("UPDATE DDJJ_Empleados SET Acuerdo2 = 0");
-    Conexion.ejecutar("CREATE INDEX IF NOT EXISTS IX_DDJJ_Empleados_Acuerdo2Nulo "
-                      "ON DDJJ_Empleados (Cuit) WHERE Acuerdo2 IS NULL");
+    agregarSuma(versiones::conAcuerdo2, "Acuerdo2");
 }
 
 void ActualizarA20()
