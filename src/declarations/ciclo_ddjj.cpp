@@ -29,7 +29,7 @@ std::optional<RechazoDePeriodo> comprobarPeriodo(const QString& anio, const QStr
         return RechazoDePeriodo{QStringLiteral("Debe ingresar el Año correspondiente a la Declaración Jurada."), false,
                                 CampoDePeriodo::Anio};
     }
-    if (anio.toInt() < primerAnio)
+    if (const int numero = anio.toInt(); numero < primerAnio || numero > ultimoAnio)
     {
         return RechazoDePeriodo{QStringLiteral("Por favor verifique el Año ingresado.  El mismo no es Válido."), true,
                                 CampoDePeriodo::Anio};

@@ -21,7 +21,6 @@
 namespace
 {
 const QColor faltante(255, 236, 214); // beside its "No"
-constexpr int ultimoAnio = 9999;      // what the field holds
 
 FilaDeGrilla celdas(const MesDeEmpresa& empresa)
 {
@@ -145,8 +144,7 @@ bool MesDeEmpresas::tomarPeriodo(bool elAnio)
 void MesDeEmpresas::mover(int meses)
 {
     const QDate otro = m_periodo.addMonths(meses);
-    const auto rechazo = comprobarPeriodo(QString::number(otro.year()), QString::number(otro.month()));
-    if (rechazo || otro.year() > ultimoAnio)
+    if (comprobarPeriodo(QString::number(otro.year()), QString::number(otro.month())))
     {
         anunciar(QStringLiteral("No hay declaraciones de ese mes"));
         return;
