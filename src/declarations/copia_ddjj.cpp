@@ -32,10 +32,9 @@ int reemplazarNomina(Conexion& conexion, const ClaveDDJJ& destino, const ClaveDD
         "INSERT INTO DDJJ_Empleados (Cuit, Periodo, Secuencia, Cuil, AyN, TipoDoc, NroDoc, Sexo, Calle, Numero, Piso, "
         "Depto, CodPos, Localidad, Provincia, Telefono, Nacio, EstCivil, Afiliado, Sueldo, Imponible, Categoria, "
         "Ingreso, Egreso, Sucursal, QHoras, ART100, ART101A, ART101B, Acuerdo, Acuerdo2) "
-        "SELECT Cuit, ?, ?, Cuil, AyN, TipoDoc, NroDoc, Sexo, Calle, Numero, Piso, Depto, CodPos, Localidad, "
-        "Provincia, "
-        "Telefono, Nacio, EstCivil, Afiliado, Sueldo, Imponible, Categoria, Ingreso, Egreso, Sucursal, QHoras, ART100, "
-        "ART101A, ART101B, Acuerdo + Acuerdo2, 0 "
+        "SELECT Cuit, ?, ?, Cuil, AyN, TipoDoc, NroDoc, Sexo, Calle, Numero, Piso, "
+        "Depto, CodPos, Localidad, Provincia, Telefono, Nacio, EstCivil, Afiliado, Sueldo, Imponible, Categoria, "
+        "Ingreso, Egreso, Sucursal, QHoras, ART100, ART101A, ART101B, Acuerdo + Acuerdo2, 0 "
         "FROM DDJJ_Empleados WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?",
         destino.periodo, destino.secuencia, fuente.cuit, fuente.periodo, fuente.secuencia);
 }

@@ -18,9 +18,8 @@ constexpr std::string_view consultaDelMes =
     "(SELECT count(*) FROM PAGOS AS P WHERE P.Cuit = E.CUIT AND P.Periodo = ?1 AND P.Tipo = 1) AS Intereses "
     "FROM (SELECT CUIT, Razon, "
     "(SELECT D.Periodo FROM DDJJ AS D WHERE D.Cuit = Empresas.CUIT ORDER BY D.Periodo DESC LIMIT 1) AS UltimoPeriodo, "
-    "(SELECT D.Secuencia FROM DDJJ AS D WHERE D.Cuit = Empresas.CUIT ORDER BY D.Periodo DESC, D.Secuencia DESC LIMIT "
-    "1) "
-    "AS UltimaSecuencia, "
+    "(SELECT D.Secuencia FROM DDJJ AS D WHERE D.Cuit = Empresas.CUIT ORDER BY D.Periodo DESC, D.Secuencia DESC "
+    "LIMIT 1) AS UltimaSecuencia, "
     "(SELECT max(D.Secuencia) FROM DDJJ AS D WHERE D.Cuit = Empresas.CUIT AND D.Periodo = ?1) AS Secuencia "
     "FROM Empresas) AS E ORDER BY Razon, CUIT";
 

@@ -9,12 +9,10 @@ void prepararDeclaracion(Conexion& conexion, const ClaveDDJJ& clave, qint64 indi
 {
     conexion.ejecutar("INSERT INTO RptEmpleados (Indice, Tipo, Sucursal_Cod, AyN, Cuil, Ingreso, Categoria, QHoras, "
                       "Imponible, Art100, Art101A, Art101B, Egreso, Acuerdo, Acuerdo2) "
-                      "SELECT ?, 0, DDJJ_Empleados.Sucursal, DDJJ_Empleados.AyN, DDJJ_Empleados.Cuil, "
-                      "DDJJ_Empleados.Ingreso, Categorias.Nombre, DDJJ_Empleados.QHoras, DDJJ_Empleados.Imponible, "
-                      "DDJJ_Empleados.ART100, DDJJ_Empleados.ART101A, DDJJ_Empleados.ART101B, DDJJ_Empleados.Egreso, "
-                      "DDJJ_Empleados.Acuerdo, DDJJ_Empleados.Acuerdo2 FROM DDJJ_Empleados "
+                      "SELECT ?, 0, Sucursal, AyN, Cuil, Ingreso, Categorias.Nombre, QHoras, "
+                      "Imponible, ART100, ART101A, ART101B, Egreso, Acuerdo, Acuerdo2 FROM DDJJ_Empleados "
                       "LEFT JOIN Categorias ON DDJJ_Empleados.Categoria = Categorias.Codigo "
-                      "WHERE DDJJ_Empleados.CUIT = ? AND DDJJ_Empleados.Periodo = ? AND DDJJ_Empleados.Secuencia = ?",
+                      "WHERE Cuit = ? AND Periodo = ? AND Secuencia = ?",
                       indice, clave.cuit, clave.periodo, clave.secuencia);
     // From the branch's ID to its code.
     conexion.ejecutar("UPDATE RptEmpleados SET Sucursal = Sucursales.Sucursal FROM Empresas_Sucursales AS Sucursales "
