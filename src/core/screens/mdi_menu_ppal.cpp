@@ -44,8 +44,6 @@ MDIMenuPpal::MDIMenuPpal(QWidget* padre)
 {
     ui->setupUi(this);
     setWindowTitle(windowTitle() + QStringLiteral(" - Versión: ") + Rutinas::VersionDe(Rutinas::Conexion));
-    MostrarVersion = false;
-
     Navegacion::instancia().fijarVentana(this, ui->area);
     Navegacion::instancia().fijarAyuda(
         [](const QString& pagina)
