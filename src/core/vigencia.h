@@ -24,6 +24,21 @@ private:
     inline static int m_veces = 0;
 };
 
+/// Runs `trabajo`, and `remediar` when what it works on is gone, before that goes on to be told.
+template <class Trabajo, class Remedio>
+auto remediando(Trabajo trabajo, Remedio remediar)
+{
+    try
+    {
+        return trabajo();
+    }
+    catch (const YaNoEsta&)
+    {
+        remediar();
+        throw;
+    }
+}
+
 /// Throws YaNoEsta unless the declaration stands in DDJJ. A write asks inside its own transaction.
 void exigirDeclaracion(Conexion& conexion, const ClaveDDJJ& clave);
 /// Throws YaNoEsta unless a company has this CUIT (masked form). A write asks inside its own transaction.

@@ -1,7 +1,9 @@
 #include "slips/datos_boleta.h"
 
 #include "base/db/conexion.h"
+#include "core/domicilio.h"
 #include "core/rutinas.h"
+#include "core/vigencia.h"
 #include "slips/numero_boleta.h"
 
 namespace
@@ -15,16 +17,13 @@ struct Personal
 
 void agregarPeriodo(ValoresDeInforme& valores, const Boleta& boleta, const QString& tipoPago)
 {
-    valores.push_back({QStringLiteral("TipoPago"), tipoPago});
-    valores.push_back({QStringLiteral("Periodo"), boleta.declaracion.periodo.toString(u"yyyy/MM")});
-    valores.push_back({QStringLiteral("Secuencia"), qint64{boleta.declaracion.secuencia}});
+    valores.insert(valores.end(), {{QStringLiteral("TipoPago"), tipoPago},
+                                   {QStringLiteral("Periodo"), boleta.declaracion.periodo.toString(u"yyyy/MM")},
+                                   {QStringLiteral("Secuencia"), qint64{boleta.declaracion.secuencia}}});
 }
 
 void agregarAportes(ValoresDeInforme& valores, Conexion& conexion, const Boleta& boleta)
 {
-    valores.push_back({QStringLiteral("Aporte_2"), boleta.art100});
-    valores.push_back({QStringLiteral("Aporte_1A"), boleta.art101A});
-    valores.push_back({QStringLiteral("Aporte_1B"), boleta.art101B});
     const ClaveDDJJ& clave = boleta.declaracion;
     const Personal todos = conexion.primera(
         "SELECT Sum(Imponible) AS RemImponible, Count(Cuil) AS SumEmpleados, Sum(Acuerdo) AS SumAcuerdo, "
@@ -35,8 +34,6 @@ void agregarAportes(ValoresDeInforme& valores, Conexion& conexion, const Boleta&
                             fila.moneda("RemImponible") + fila.moneda("SumAcuerdo") + fila.moneda("SumAcuerdo2")};
         },
         boleta.cuit, clave.periodo, clave.secuencia);
-    valores.push_back({QStringLiteral("Empleados_2"), todos.empleados});
-    valores.push_back({QStringLiteral("Remuneracion_2"), todos.remuneracion});
     // Of the members only the taxable remuneration counts, without the agreement sums.
     const Personal afiliados = conexion.primera(
         "SELECT Sum(Imponible) AS RemImponible, Count(Cuil) AS SumEmpleados FROM DDJJ_Empleados "
@@ -47,19 +44,41 @@ void agregarAportes(ValoresDeInforme& valores, Conexion& conexion, const Boleta&
             return Personal{cantidad, cantidad == 0 ? Moneda() : fila.moneda("RemImponible")};
         },
         boleta.cuit, clave.periodo, clave.secuencia);
-    valores.push_back({QStringLiteral("Empleados_1"), afiliados.empleados});
-    valores.push_back({QStringLiteral("Remuneracion_1"), afiliados.remuneracion});
+    valores.insert(valores.end(), {{QStringLiteral("Aporte_2"), boleta.art100},
+                                   {QStringLiteral("Aporte_1A"), boleta.art101A},
+                                   {QStringLiteral("Aporte_1B"), boleta.art101B},
+                                   {QStringLiteral("Empleados_2"), todos.empleados},
+                                   {QStringLiteral("Remuneracion_2"), todos.remuneracion},
+                                   {QStringLiteral("Empleados_1"), afiliados.empleados},
+                                   {QStringLiteral("Remuneracion_1"), afiliados.remuneracion}});
 }
 
 void agregarActa(ValoresDeInforme& valores, const Boleta& boleta, const TextosDeBoleta& textos)
 {
-    valores.push_back({QStringLiteral("TipoPago"), QStringLiteral("PAGO DE ACTAS")});
-    valores.push_back({QStringLiteral("Cuenta"), textos.concepto});
-    valores.push_back(
-        {QStringLiteral("Acta_Cuota"), QStringLiteral("ACTA Nº %1  -  CUOTA Nº %2").arg(textos.nroActa, textos.cuota)});
-    valores.push_back({QStringLiteral("Importe"), boleta.importeActa});
+    const QString acta = QStringLiteral("ACTA Nº %1  -  CUOTA Nº %2").arg(textos.nroActa, textos.cuota);
+    valores.insert(valores.end(), {{QStringLiteral("TipoPago"), QStringLiteral("PAGO DE ACTAS")},
+                                   {QStringLiteral("Cuenta"), textos.concepto},
+                                   {QStringLiteral("Acta_Cuota"), acta},
+                                   {QStringLiteral("Importe"), boleta.importeActa}});
 }
 } // namespace
+
+EmpresaDeBoleta empresaDeBoleta(Conexion& conexion, const QString& cuit)
+{
+    if (!cuit.isEmpty())
+    {
+        exigirEmpresa(conexion, cuit);
+    }
+    return conexion.primera(
+        "SELECT * FROM Empresas WHERE CUIT = ?",
+        [](const Fila& fila)
+        {
+            return EmpresaDeBoleta{fila.texto("Razon"),
+                                   QStringLiteral("%1 - (%2) %3")
+                                       .arg(domicilioDeEmpresa(fila), fila.texto("CodPos"), fila.texto("Localidad"))};
+        },
+        cuit);
+}
 
 ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const TextosDeBoleta& textos)
 {
@@ -91,7 +110,7 @@ ValoresDeInforme valoresDeBoleta(Conexion& conexion, const Boleta& boleta, const
         agregarActa(valores, boleta, textos);
         break;
     }
-    valores.push_back({QStringLiteral("Fecha"), boleta.fecha});
-    valores.push_back({QStringLiteral("FuenteDeBarras"), qint64{textos.hayFuente ? 1 : 0}});
+    valores.insert(valores.end(), {{QStringLiteral("Fecha"), boleta.fecha},
+                                   {QStringLiteral("FuenteDeBarras"), qint64{textos.hayFuente ? 1 : 0}}});
     return valores;
 }

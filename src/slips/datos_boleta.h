@@ -5,16 +5,25 @@
 
 class Conexion;
 
+/// A company as its slips show it.
+struct EmpresaDeBoleta
+{
+    QString razon;
+    QString domicilio; ///< the street, then " - (postal code) town"
+};
+/// Throws YaNoEsta when the company has been deleted meanwhile, and 3021 for an empty CUIT.
+[[nodiscard]] EmpresaDeBoleta empresaDeBoleta(Conexion& conexion, const QString& cuit);
+
 /// What a slip's page shows beside its amounts.
 struct TextosDeBoleta
 {
-    QString empresa;
-    QString domicilio;
-    QString concepto; ///< kind Acta: the fund's name
-    QString numero;   ///< the slip number
-    QString dias;     ///< days, act and instalment as they were typed, zeros in front and all
-    QString nroActa;
-    QString cuota;
+    QString empresa = {};
+    QString domicilio = {};
+    QString concepto = {}; ///< kind Acta: the fund's name
+    QString numero = {};   ///< the slip number
+    QString dias = {};     ///< days, act and instalment as they were typed, zeros in front and all
+    QString nroActa = {};
+    QString cuota = {};
     bool hayFuente = true; ///< to draw the bars with
 };
 

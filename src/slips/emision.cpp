@@ -1,6 +1,7 @@
 #include "slips/emision.h"
 
 #include "base/db/conexion.h"
+#include "core/nombre_ddjj.h"
 #include "core/vigencia.h"
 #include "slips/importes_boleta.h"
 #include "slips/numero_boleta.h"
@@ -29,4 +30,15 @@ ValoresDeInforme emitirBoleta(Conexion& conexion, const Boleta& boleta, TextosDe
     }
     transaccion.confirmar();
     return valores;
+}
+
+QString nombreDeBoleta(const Boleta& boleta)
+{
+    if (boleta.tipo == TipoBoleta::Acta)
+    {
+        return QStringLiteral("%1 acta %2 cuota %3 boleta")
+            .arg(boleta.cuit, QString::number(boleta.nroActa), QString::number(boleta.cuota));
+    }
+    return nombreDeDeclaracion(boleta.declaracion) +
+           (boleta.tipo == TipoBoleta::Interes ? QStringLiteral(" boleta de intereses") : QStringLiteral(" boleta"));
 }

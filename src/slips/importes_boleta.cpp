@@ -2,7 +2,6 @@
 
 #include "base/db/conexion.h"
 #include "base/numbers/formato.h"
-#include "core/domicilio.h"
 #include "core/nombre_ddjj.h"
 #include "core/vigencia.h"
 
@@ -85,10 +84,4 @@ QString importeParaEditar(const QString& texto)
     const QString despojado = importeSinSigno(texto);
     const std::optional<float> valor = LeerNumero(despojado);
     return valor && *valor == 0.0F ? QString() : despojado;
-}
-
-QString domicilioDeBoleta(const Fila& empresa)
-{
-    return domicilioDeEmpresa(empresa) + QStringLiteral(" - (") + empresa.texto("CodPos") + QStringLiteral(") ") +
-           empresa.texto("Localidad");
 }

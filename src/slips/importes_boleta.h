@@ -6,7 +6,6 @@
 #include <QString>
 
 class Conexion;
-class Fila;
 
 /// The three contributions of a declaration, added over its roster; in a rectification their differences against the
 /// original.
@@ -36,6 +35,3 @@ void exigirNomina(Conexion& conexion, const ClaveDDJJ& clave);
 [[nodiscard]] QString importeSinSigno(const QString& texto);
 /// An amount field on entry: without "$ " and thousands' dots, and empty when it comes to 0.
 [[nodiscard]] QString importeParaEditar(const QString& texto);
-
-/// The address of a company, a row of Empresas, then " - (postal code) town".
-[[nodiscard]] QString domicilioDeBoleta(const Fila& empresa);

@@ -5,9 +5,6 @@
 
 namespace
 {
-constexpr std::string_view busquedaComun =
-    "SELECT 1 FROM PAGOS WHERE Cuit = ? AND Tipo = ? AND Fecha = ? AND Dias = ? AND Interes = ? AND Importe = ?";
-
 [[noreturn]] void avisarQueNoEsta()
 {
     throw YaNoEsta(QStringLiteral("El Pago seleccionado ya no se encuentra en la Base: fue eliminado desde otra "
@@ -17,21 +14,12 @@ constexpr std::string_view busquedaComun =
 
 bool pagoRegistrado(Conexion& conexion, const Boleta& b)
 {
-    const int tipo = static_cast<int>(b.tipo);
-    const std::string comun(busquedaComun);
-    switch (b.tipo)
-    {
-    case TipoBoleta::Aportes:
-        return conexion.hay(comun + " AND Periodo = ? AND Secuencia = ? AND Art100 = ? AND Art101A = ? AND Art101B = ?",
-                            b.cuit, tipo, b.fecha, b.dias, b.interes, b.importeTotal, b.declaracion.periodo,
-                            b.declaracion.secuencia, b.art100, b.art101A, b.art101B);
-    case TipoBoleta::Acta:
-        return conexion.hay(comun + " AND NroActa = ? AND Cuota = ? AND Cuenta = ?", b.cuit, tipo, b.fecha, b.dias,
-                            b.interes, b.importeTotal, b.nroActa, b.cuota, b.cuenta);
-    case TipoBoleta::Interes:
-        break;
-    }
-    return conexion.hay(comun, b.cuit, tipo, b.fecha, b.dias, b.interes, b.importeTotal);
+    return conexion.hay(
+        "SELECT 1 FROM PAGOS WHERE Cuit = ? AND Tipo = ? AND Fecha = ? AND Dias = ? AND Interes = ? AND Importe = ? "
+        "AND (Tipo <> 0 OR (Periodo = ? AND Secuencia = ? AND Art100 = ? AND Art101A = ? AND Art101B = ?)) "
+        "AND (Tipo <> 2 OR (NroActa = ? AND Cuota = ? AND Cuenta = ?))",
+        b.cuit, static_cast<int>(b.tipo), b.fecha, b.dias, b.interes, b.importeTotal, b.declaracion.periodo,
+        b.declaracion.secuencia, b.art100, b.art101A, b.art101B, b.nroActa, b.cuota, b.cuenta);
 }
 
 void registrarPago(Conexion& conexion, const Boleta& b)

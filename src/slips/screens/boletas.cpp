@@ -7,23 +7,40 @@
 #include "core/rutinas.h"
 #include "core/screens/validar.h"
 #include "core/vigencia.h"
+#include "slips/datos_boleta.h"
+#include "slips/emision.h"
+#include "slips/importes_boleta.h"
 #include "slips/pagos.h"
 #include "slips/screens/campos_de_boleta.h"
+#include "slips/screens/campos_de_importe.h"
+#include "slips/screens/lista_de_pagos.h"
 #include "ui/doors/mensajes.h"
-#include "ui/look/estilo.h"
 #include "ui/report/fuentes.h"
+#include "ui/report/informe.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/trabajo_largo.h"
 #include "ui_boletas.h"
-
-#include <QFocusEvent>
 
 using Rutinas::CuitActual;
 using Rutinas::ModoAbrir;
 
 namespace
 {
-constexpr int largoDeImporte = 10;
+constexpr QLatin1String fuenteDeBarras("PF Interleaved 2 of 5");
+
+/// Is a screen font of this name installed? Shows the busy pointer meanwhile.
+bool IsFont(const QString& nombre)
+{
+    Puntero::ocupado();
+    const bool hay = Fuentes::hay(nombre);
+    Puntero::normal();
+    return hay;
+}
+
+TipoBoleta tipoEnCurso()
+{
+    return ModoAbrir <= 2 ? static_cast<TipoBoleta>(ModoAbrir) : TipoBoleta::Aportes;
+}
 } // namespace
 
 Boletas::Boletas(QWidget* padre)
@@ -31,33 +48,23 @@ Boletas::Boletas(QWidget* padre)
     , ui(std::make_unique<Ui::Boletas>())
 {
     ui->setupUi(this);
-    txtDias = {ui->txtDias_0, ui->txtDias_1, ui->txtDias_2};
-    txtInteres = {ui->txtInteres_0, ui->txtInteres_1, ui->txtInteres_2};
-    txtTotal = {ui->txtTotal_0, ui->txtTotal_1, ui->txtTotal_2};
     CamposDeBoleta::disponer(*ui);
-    armarEventos();
-}
-
-Boletas::~Boletas() = default;
-
-void Boletas::armarEventos()
-{
+    m_importes = std::make_unique<CamposDeImporte>(*ui, [this] { return tipoDelTotal(); });
+    m_pagos = std::make_unique<ListaDePagos>(
+        ui->vsActas, [this] { return listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), fondo()); });
     conectar(ui->cmbConcepto, &QComboBox::activated, &Boletas::cmbConcepto_Click);
     conectar(ui->cmdBuscar, &QPushButton::clicked, &Boletas::cmdBuscar_Click);
     conectar(ui->cmdEliminar, &QPushButton::clicked, &Boletas::cmdEliminar_Click);
     conectar(ui->cmdBoletas, &QPushButton::clicked, &Boletas::cmdBoletas_Click);
     conectar(ui->vsActas, &Grilla::elegida, &Boletas::cargarFila);
     alDejar(ui->MaskFecha, &Boletas::MaskFecha_Validate);
-    for (int indice = 0; indice < 3; ++indice)
-    {
-        const auto i = static_cast<std::size_t>(indice);
-        txtDias[i]->installEventFilter(this);
-        txtInteres[i]->installEventFilter(this);
-        alDejar(txtInteres[i], [this, indice] { return txtInteres_Validate(indice); });
-    }
-    ui->txtImporte->installEventFilter(this);
-    alDejar(ui->txtImporte, &Boletas::txtImporte_Validate);
+    alDejar(ui->txtInteres_0, [this] { return m_importes->dejarInteres(TipoBoleta::Aportes); });
+    alDejar(ui->txtInteres_1, [this] { return m_importes->dejarInteres(TipoBoleta::Interes); });
+    alDejar(ui->txtInteres_2, [this] { return m_importes->dejarInteres(TipoBoleta::Acta); });
+    alDejar(ui->txtImporte, [this] { return m_importes->dejarActa(); });
 }
+
+Boletas::~Boletas() = default;
 
 /// Each activation repeats the entries of the list, always by twos.
 int Boletas::fondo() const
@@ -66,22 +73,16 @@ int Boletas::fondo() const
     return posicion < 0 ? -1 : posicion % 2;
 }
 
-int Boletas::tipo() const
+std::optional<TipoBoleta> Boletas::tipoDelTotal() const
 {
-    return ModoAbrir <= 2 ? ModoAbrir : 0;
+    const bool aportes = ui->cmbConcepto->currentIndex() == 0;
+    const TipoBoleta delMes = aportes ? TipoBoleta::Aportes : TipoBoleta::Interes;
+    return ModoAbrir > 2 ? std::nullopt : std::optional(ModoAbrir == 2 ? TipoBoleta::Acta : delMes);
 }
 
 void Boletas::cargar()
 {
-    CamposDeBoleta::ajustarAnchos(*ui);
-    // One place and size for the three, also while none of them shows.
-    QSize lugar;
-    for (QGroupBox* marco : {ui->fraPeriodo_0, ui->fraPeriodo_1, ui->fraPeriodo_2})
-    {
-        lugar = lugar.expandedTo(marco->sizeHint());
-        marco->hide();
-    }
-    ui->marcos->setMinimumSize(lugar);
+    CamposDeBoleta::ajustarMedidas(*ui);
     if (!IsFont(fuenteDeBarras))
     {
         // A font that cannot be added shows nothing: the slip then prints without its bars.
@@ -94,31 +95,15 @@ QString Boletas::empresaEnCurso() const
     return ui->txtRazon->text();
 }
 
-bool Boletas::IsFont(const QString& nombre)
-{
-    Puntero::ocupado();
-    const bool hay = Fuentes::hay(nombre);
-    Puntero::normal();
-    return hay;
-}
-
 void Boletas::activar()
 {
-    try
-    {
-        preparar();
-    }
-    catch (const YaNoEsta&) // a slip of what another desk has deleted is for nothing
-    {
-        cerrar();
-        throw;
-    }
+    // A slip of what another desk has deleted is for nothing.
+    remediando([this] { preparar(); }, [this] { cerrar(); });
 }
 
 void Boletas::preparar()
 {
-    InteresBoleta = {};
-    ImporteTotal = Moneda();
+    m_importes->empezar();
     if (ModoAbrir == 0 || ModoAbrir == 1)
     {
         prepararDeclaracion();
@@ -140,12 +125,8 @@ void Boletas::ponerFoco()
     const QWidget* actual = focusWidget();
     if (actual == nullptr || !actual->isVisible() || !actual->isEnabled())
     {
-        QWidget* primero = ui->MaskFecha;
-        if (ui->fraTipo->isEnabled())
-        {
-            primero = ui->cmbConcepto;
-        }
-        primero->setFocus();
+        QWidget* fecha = ui->MaskFecha;
+        (ui->fraTipo->isEnabled() ? ui->cmbConcepto : fecha)->setFocus();
     }
 }
 
@@ -154,15 +135,15 @@ void Boletas::prepararDeclaracion()
     // Each activation adds the entries once more.
     ui->cmbConcepto->addItems({QStringLiteral("APORTES DEL PERIODO"), QStringLiteral("INTERESES DEL PERIODO")});
     CargarEmpresa(CuitActual);
-    const QString anio = QString::number(Rutinas::PeriodoActual.year());
-    const QString mes = QString::number(Rutinas::PeriodoActual.month());
-    const QString secuencia = QString::number(Rutinas::SecuenciaActual);
-    for (auto [campoAnio, campoMes, campoSecuencia] : {std::tuple(ui->txtAnio_0, ui->txtMes_0, ui->txtSecuencia_0),
-                                                       std::tuple(ui->txtAnio_1, ui->txtMes_1, ui->txtSecuencia_1)})
+    const int anio = Rutinas::PeriodoActual.year();
+    const int mes = Rutinas::PeriodoActual.month();
+    const int secuencia = Rutinas::SecuenciaActual;
+    const std::pair<QLineEdit*, int> campos[] = {
+        {ui->txtAnio_0, anio}, {ui->txtAnio_1, anio},           {ui->txtMes_0, mes},
+        {ui->txtMes_1, mes},   {ui->txtSecuencia_0, secuencia}, {ui->txtSecuencia_1, secuencia}};
+    for (const auto& [campo, numero] : campos)
     {
-        campoAnio->setText(anio);
-        campoMes->setText(mes);
-        campoSecuencia->setText(secuencia);
+        campo->setText(QString::number(numero));
     }
     ui->cmbConcepto->setCurrentIndex(ModoAbrir);
     cmbConcepto_Click();
@@ -210,24 +191,18 @@ void Boletas::mostrarMarco(int cual)
 
 void Boletas::CargarEmpresa(const QString& cuit)
 {
-    if (!cuit.isEmpty())
-    {
-        exigirEmpresa(Rutinas::Conexion, cuit);
-    }
+    const EmpresaDeBoleta empresa = empresaDeBoleta(Rutinas::Conexion, cuit);
     ui->txtCuit->setText(cuit);
-    const auto [razon, domicilio] = Rutinas::Conexion.primera(
-        "SELECT * FROM Empresas WHERE CUIT = ?",
-        [](const Fila& fila) { return std::pair(fila.texto("Razon"), domicilioDeBoleta(fila)); }, cuit);
-    ui->txtRazon->setText(razon);
-    ui->txtDomicilio->setText(domicilio);
-    for (QLineEdit* campo : {ui->txtRazon, ui->txtDomicilio})
+    for (const auto& [campo, texto] :
+         {std::pair(ui->txtRazon, empresa.razon), std::pair(ui->txtDomicilio, empresa.domicilio)})
     {
+        campo->setText(texto);
         campo->setCursorPosition(0);
-        campo->setToolTip(campo->text());
+        campo->setToolTip(texto);
     }
     if (ModoAbrir == 2)
     {
-        CargarActas();
+        m_pagos->cargar();
     }
 }
 
@@ -237,8 +212,8 @@ void Boletas::CalcularAportes()
     {
         return;
     }
-    m_aportes = calcularAportesDeBoleta(Rutinas::Conexion, Rutinas::declaracionActual());
-    if (m_aportes.menorQueOriginal)
+    const AportesDeBoleta aportes = calcularAportesDeBoleta(Rutinas::Conexion, Rutinas::declaracionActual());
+    if (aportes.menorQueOriginal)
     {
         MsgBox(
             QStringLiteral(
@@ -246,49 +221,13 @@ void Boletas::CalcularAportes()
             Caja::Informacion);
         ui->cmdBoletas->setEnabled(false);
     }
-    ui->txtArt100->setText(conMiles(m_aportes.art100));
-    ui->txtArt101A->setText(conMiles(m_aportes.art101A));
-    ui->txtArt101B->setText(conMiles(m_aportes.art101B));
-    ImporteTotal = m_aportes.subTotal() + InteresBoleta[0];
-    txtTotal[0]->setText(conMiles(ImporteTotal));
-}
-
-void Boletas::CalcularTotal()
-{
-    if (ModoAbrir == 0 || ModoAbrir == 1)
-    {
-        const bool aportes = ui->cmbConcepto->currentIndex() == 0;
-        ImporteTotal = aportes ? m_aportes.subTotal() + InteresBoleta[0] : InteresBoleta[1];
-        txtTotal[aportes ? 0 : 1]->setText(conPesos(ImporteTotal));
-    }
-    else if (ModoAbrir == 2)
-    {
-        ImporteTotal = ImporteActa + InteresBoleta[2];
-        txtTotal[2]->setText(conPesos(ImporteTotal));
-    }
-}
-
-void Boletas::CargarActas()
-{
-    if (ui->txtCuit->text().isEmpty())
-    {
-        ui->vsActas->setFilas(0);
-    }
-    else
-    {
-        ui->vsActas->cargar(
-            listarPagosDeActas(Rutinas::Conexion, ui->txtCuit->text(), fondo()),
-            [](const PagoDeActa& pago) {
-                return FilaDeGrilla{pago.fecha, pago.nroActa, pago.cuota, QVariant::fromValue(pago.importe), pago.pago};
-            });
-    }
-    PagoElegido = 0;
+    m_importes->mostrarAportes(aportes);
 }
 
 void Boletas::cmbConcepto_Click()
 {
     ui->fraPeriodo_2->setTitle(ui->cmbConcepto->currentText());
-    CargarActas();
+    m_pagos->cargar();
 }
 
 void Boletas::cmdBuscar_Click()
@@ -303,27 +242,21 @@ void Boletas::cmdBuscar_Click()
 
 void Boletas::cmdEliminar_Click()
 {
-    if (PagoElegido == 0 || !Preguntar(QStringLiteral("Esta seguro de desea ELIMINAR el Pago seleccionado?")))
+    if (!m_pagos->hayElegido() || !Preguntar(QStringLiteral("Esta seguro de desea ELIMINAR el Pago seleccionado?")))
     {
         return;
     }
-    conLaLista([this] { eliminarPago(Rutinas::Conexion, PagoElegido); });
+    m_pagos->eliminarElegido();
     MsgBox(QStringLiteral("El Pago ha sido Eliminado."), Caja::Exclamacion);
-    CargarActas();
+    m_pagos->cargar();
 }
 
-template <class Cuerpo>
-void Boletas::conLaLista(Cuerpo cuerpo)
+void Boletas::cargarFila(int fila)
 {
-    try
-    {
-        cuerpo();
-    }
-    catch (const YaNoEsta&)
-    {
-        CargarActas();
-        throw;
-    }
+    const PagoGuardado pago = m_pagos->elegir(fila);
+    ui->txtActa->setText(QString::number(pago.nroActa));
+    ui->txtCuota->setText(QString::number(pago.cuota));
+    m_importes->mostrarPago(tipoEnCurso(), pago);
 }
 
 bool Boletas::MaskFecha_Validate()
@@ -331,99 +264,111 @@ bool Boletas::MaskFecha_Validate()
     return ui->MaskFecha->vacio() || Rutinas::ValidarFecha(*ui->MaskFecha);
 }
 
-bool Boletas::tomarImporte(QLineEdit* campo, Moneda& importe)
+void Boletas::cmdBoletas_Click()
 {
-    const QString texto = campo->text().isEmpty() ? QStringLiteral("0") : CamposDeBoleta::sinMascara(campo->text());
-    if (!Rutinas::VerificarNumero(texto))
+    if (ui->txtCuit->text().isEmpty())
     {
-        return false;
+        MsgBox(QStringLiteral("Debe seleccionar la Empresa correspondiente."), Caja::Informacion);
+        ui->cmdBuscar->setFocus();
+        return;
     }
-    const Moneda anterior = importe;
-    try
+    if (!Preguntar(QStringLiteral("Desea Generar la Boleta Correspondiente?")) || !revisarFecha() ||
+        !m_importes->revisarInteres(tipoEnCurso()))
     {
-        importe = importeDeCampo(texto);
-        CalcularTotal();
+        return;
+    }
+    if (m_importes->total() == Moneda())
+    {
+        MsgBox(QStringLiteral("Debe ingresar el Importe a Abonar."), Caja::Informacion);
+        return;
+    }
+    if (ModoAbrir == 2 && !revisarActa())
+    {
+        return;
+    }
+    remediando([this] { emitir(boleta()); }, [this] { cerrar(); });
+    if (ModoAbrir == 2)
+    {
+        m_pagos->cargar();
+    }
+    if (ModoAbrir == 0)
+    {
+        Rutinas::BoletaEmitida = true;
+    }
+}
+
+bool Boletas::revisarFecha()
+{
+    if (!ui->MaskFecha->vacio())
+    {
         return true;
     }
-    catch (const ErrorDeEjecucion& error)
-    {
-        if (error.numero() != ErrorDeEjecucion::Desbordamiento)
-        {
-            throw;
-        }
-        importe = anterior;
-        MsgBox(QStringLiteral("Verifique el Número ingresado.  El mismo es incorrecta"));
-        return false;
-    }
+    MsgBox(QStringLiteral("Debe informar la fecha correspondiente al Pago."), Caja::Informacion);
+    ui->MaskFecha->setFecha(Reloj::Hoy());
+    ui->MaskFecha->setFocus();
+    return false;
 }
 
-bool Boletas::txtInteres_Validate(int indice)
+bool Boletas::revisarActa()
 {
-    const auto i = static_cast<std::size_t>(indice);
-    if (!tomarImporte(txtInteres[i], InteresBoleta[i]))
+    if (ui->cmbConcepto->currentIndex() == -1)
     {
+        MsgBox(QStringLiteral("Debe seleccionar el Tipo de Acta: 'C.O.L.U.' ó 'Seguro de Sepelio'."),
+               Caja::Informacion);
+        ui->cmbConcepto->setFocus();
         return false;
     }
-    CamposDeBoleta::mostrar(txtInteres[i], InteresBoleta[i] == Moneda() ? QString() : conPesos(InteresBoleta[i]));
+    for (const auto& [campo, que] : {std::pair(ui->txtActa, "Acta"), std::pair(ui->txtCuota, "Cuota")})
+    {
+        if (campo->text().toInt() == 0)
+        {
+            campo->clear();
+            MsgBox(QStringLiteral("Debe informar el Nro. de %1 correspondiente.").arg(QLatin1String(que)),
+                   Caja::Informacion);
+            campo->setFocus();
+            return false;
+        }
+    }
     return true;
 }
 
-bool Boletas::txtImporte_Validate()
+Boleta Boletas::boleta() const
 {
-    if (!tomarImporte(ui->txtImporte, ImporteActa))
+    Boleta b;
+    b.tipo = tipoEnCurso();
+    b.cuit = ui->txtCuit->text();
+    b.declaracion = {b.cuit, Rutinas::PeriodoActual, Rutinas::SecuenciaActual};
+    const std::optional<QDate> fecha = LeerFecha(ui->MaskFecha->text());
+    if (!fecha)
     {
-        return false;
+        throw ErrorDeEjecucion::conDetalle(ErrorDeEjecucion::NoCoincidenTipos, ui->MaskFecha->text());
     }
-    CamposDeBoleta::mostrar(ui->txtImporte, conPesos(ImporteActa));
-    return true;
+    b.fecha = *fecha;
+    b.nroActa = ui->txtActa->text().toInt();
+    b.cuota = ui->txtCuota->text().toInt();
+    b.cuenta = fondo();
+    b.cantidadEmpleados = Rutinas::CantidadEmpleados;
+    b.cantidadAfiliados = Rutinas::CantidadAfiliados;
+    m_importes->completar(b);
+    return b;
 }
 
-bool Boletas::eventFilter(QObject* objeto, QEvent* evento)
+void Boletas::emitir(const Boleta& boleta)
 {
-    if (evento->type() == QEvent::FocusIn)
+    const TextosDeBoleta textos{.empresa = ui->txtRazon->text(),
+                                .domicilio = ui->txtDomicilio->text(),
+                                .concepto = ui->cmbConcepto->currentText(),
+                                .dias = m_importes->dias(boleta.tipo),
+                                .nroActa = ui->txtActa->text(),
+                                .cuota = ui->txtCuota->text(),
+                                .hayFuente = IsFont(fuenteDeBarras)};
+    Informe informe;
+    informe.ArchivoInforme = Rutinas::RutaApp + QStringLiteral("RptBoleta%1.rpt").arg(static_cast<int>(boleta.tipo));
+    informe.ArchivoDatos = Rutinas::rutaBase();
+    informe.NombreDeArchivo = nombreDeBoleta(boleta);
+    informe.Formulas = emitirBoleta(Rutinas::Conexion, boleta, textos);
+    if (informe.PrintReport() != 0)
     {
-        const auto motivo = static_cast<QFocusEvent*>(evento)->reason();
-        auto* campo = qobject_cast<QLineEdit*>(objeto);
-        if (campo != nullptr && motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason)
-        {
-            const bool esDias = std::find(txtDias.begin(), txtDias.end(), campo) != txtDias.end();
-            esDias ? txtDias_GotFocus(campo) : campoImporte_GotFocus(campo);
-        }
+        MsgBox(informe.LastErrorString());
     }
-    return Pantalla::eventFilter(objeto, evento);
-}
-
-void Boletas::campoImporte_GotFocus(QLineEdit* campo)
-{
-    if (!campo->text().isEmpty())
-    {
-        campo->setText(importeParaEditar(campo->text()));
-    }
-    campo->setMaxLength(campo == ui->txtImporte || campo == txtInteres[2] ? largoDeImporte : CamposDeBoleta::sinLimite);
-}
-
-void Boletas::txtDias_GotFocus(QLineEdit* campo)
-{
-    if (!campo->text().isEmpty() && campo->text().toInt() == 0)
-    {
-        campo->clear();
-    }
-}
-
-void Boletas::cargarFila(int fila)
-{
-    ui->vsActas->pintarTodo(Grilla::blanco);
-    ui->vsActas->pintarFila(fila, Grilla::amarillo);
-    PagoElegido = static_cast<qint32>(ui->vsActas->entero(5, fila));
-    PagoGuardado pago;
-    conLaLista([&] { pago = cargarPago(Rutinas::Conexion, PagoElegido); });
-    const auto i = static_cast<std::size_t>(tipo());
-    txtDias[i]->setText(pago.dias == 0 ? QString() : QString::number(pago.dias));
-    CamposDeBoleta::mostrar(txtInteres[i],
-                            pago.interes == Moneda() ? QString() : CamposDeBoleta::paraEditar(pago.interes));
-    ui->txtActa->setText(QString::number(pago.nroActa));
-    ui->txtCuota->setText(QString::number(pago.cuota));
-    CamposDeBoleta::mostrar(ui->txtImporte, CamposDeBoleta::paraEditar(pago.importe - pago.interes));
-    (void)txtInteres_Validate(2);
-    (void)txtImporte_Validate();
 }
