@@ -2,34 +2,65 @@
 
 #include "base/error_de_ejecucion.h"
 #include "companies/catalogos.h"
+#include "companies/screens/ficha_de_empresa.h"
 #include "companies/screens/preguntar_cambios.h"
 #include "core/lista_empresas.h"
 #include "core/rutinas.h"
 #include "ui/doors/mensajes.h"
+#include "ui/look/estilo.h"
 #include "ui/shell/navegacion.h"
 #include "ui_empresas.h"
+
+#include <array>
 
 Empresas::Empresas(QWidget* padre)
     : Pantalla(QStringLiteral("Empresas"), padre)
     , ui(std::make_unique<Ui::Empresas>())
 {
     ui->setupUi(this);
-    prepararCampos();
-    prepararGrillas();
+    m_ficha = std::make_unique<FichaDeEmpresa>(*ui);
+    alDejar(ui->MaskCuit, &Empresas::MaskCuit_LostFocus);
+    alDejar(ui->txtCodRubro, &Empresas::txtCodRubro_LostFocus);
     prepararBotones();
 }
 
 Empresas::~Empresas() = default;
 
+void Empresas::prepararBotones()
+{
+    const struct
+    {
+        QPushButton* boton;
+        const char* icono;
+        void (Empresas::*accion)();
+    } botones[] = {
+        {ui->CmdABM_0, "nueva", &Empresas::alta},
+        {ui->CmdABM_1, "modificar", &Empresas::modificar},
+        {ui->CmdABM_2, "eliminar", &Empresas::eliminar},
+        {ui->CmdABM_3, "buscar", &Empresas::buscar},
+        {ui->CmdActualiza, "grabar", &Empresas::CmdActualiza_Click},
+        {ui->CmdCancela, "cancelar", &Empresas::CmdCancela_Click},
+        {ui->cmdSalir, "salir", &Empresas::cerrar},
+        {ui->cmdRubro, "rubro", &Empresas::cmdRubro_Click},
+    };
+    for (const auto& [boton, icono, accion] : botones)
+    {
+        Estilo::boton(boton, QLatin1String(icono), boton == ui->CmdActualiza);
+        conectar(boton, &QPushButton::clicked, accion);
+    }
+    // Enter walks from the code to the contact; the search is reached by its mnemonic or a click.
+    ui->cmdRubro->setFocusPolicy(Qt::ClickFocus);
+}
+
+QString Empresas::empresaEnCurso() const
+{
+    return ui->txtRazon->text();
+}
+
 void Empresas::cargar()
 {
     TituloBase = windowTitle();
-    for (const EntradaDeCatalogo& provincia : leerCatalogo(Rutinas::Conexion, Catalogo::Provincias))
-    {
-        ui->cmbProvincia->addItem(provincia.nombre, provincia.codigo);
-    }
-    ui->cmbProvincia->setCurrentIndex(-1);
-    ui->vsResponsables->setOpciones(2, nombresDe(leerCatalogo(Rutinas::Conexion, Catalogo::Documentos)));
+    m_ficha->cargarListas();
     ActivarDatos(false);
     if (const auto cuit = cuitDeUnicaEmpresa(Rutinas::Conexion))
     {
@@ -43,19 +74,17 @@ void Empresas::ActivarDatos(bool estado)
     const std::initializer_list<QWidget*> deEdicion{ui->fraDatos, ui->CmdCancela, ui->CmdActualiza};
     const std::initializer_list<QWidget*> deConsulta{ui->CmdABM_0, ui->CmdABM_1, ui->CmdABM_2, ui->CmdABM_3,
                                                      ui->cmdSalir};
-    const auto habilitar = [](std::initializer_list<QWidget*> controles, bool si)
-    {
-        for (QWidget* control : controles)
-        {
-            control->setEnabled(si);
-        }
-    };
     // What has the focus goes grey last, when there is somewhere else to go: nothing is left by the user.
     const Validacion::Pausa pausa;
     // A company on view has a CUIT that the test of a new one refuses: Tab goes past it, a click goes there.
     ui->MaskCuit->setFocusPolicy(estado ? Qt::StrongFocus : Qt::ClickFocus);
-    habilitar(estado ? deEdicion : deConsulta, true);
-    habilitar(estado ? deConsulta : deEdicion, false);
+    for (const bool si : {true, false})
+    {
+        for (QWidget* control : si == estado ? deEdicion : deConsulta)
+        {
+            control->setEnabled(si);
+        }
+    }
 }
 
 void Empresas::mostrarTitulo(const QString& cola)
@@ -63,16 +92,32 @@ void Empresas::mostrarTitulo(const QString& cola)
     setWindowTitle(TituloBase + cola);
 }
 
+void Empresas::LimpiarEmpresa()
+{
+    m_ficha->limpiar();
+    Q_EMIT Navegacion::instancia().cambioDePantalla();
+}
+
+void Empresas::MostrarEmpresa()
+{
+    auto leida = leerEmpresa(Rutinas::Conexion, ui->MaskCuit->text());
+    if (!leida)
+    {
+        MsgBox(QStringLiteral("La Empresa %1 ya no se encuentra en la Base de Empresas.").arg(ui->MaskCuit->text()),
+               Caja::Exclamacion);
+        LimpiarEmpresa();
+        return;
+    }
+    m_ficha->mostrar(std::move(*leida));
+    BuscarNombreRubro();
+    Q_EMIT Navegacion::instancia().cambioDePantalla();
+}
+
 void Empresas::alta()
 {
     ActivarDatos(true);
     LimpiarEmpresa();
-    for (Grilla* grilla : {ui->vsSucursales, ui->vsResponsables})
-    {
-        grilla->setFilas(1);
-        grilla->setFilaActual(1);
-        grilla->setCambiada(false);
-    }
+    m_ficha->agregarFilas();
     mostrarTitulo(QStringLiteral(" / INGRESO"));
     ui->MaskCuit->setEnabled(true);
     ui->MaskCuit->setFocus();
@@ -88,12 +133,7 @@ void Empresas::modificar()
     ActivarDatos(true);
     mostrarTitulo(QStringLiteral(" / MODIFICACION"));
     ui->MaskCuit->setEnabled(false);
-    for (Grilla* grilla : {ui->vsSucursales, ui->vsResponsables})
-    {
-        grilla->setFilas(grilla->filas() + 1);
-        grilla->setFilaActual(grilla->filas());
-        grilla->setCambiada(false);
-    }
+    m_ficha->agregarFilas();
     ui->txtRazon->setFocus();
 }
 
@@ -123,21 +163,16 @@ void Empresas::eliminar()
             return;
         }
     }
-    switch (impedimento)
+    if (impedimento != ImpedimentoDeBaja::Ninguno)
     {
-    case ImpedimentoDeBaja::Declaraciones:
-        MsgBox(QStringLiteral("La Empresa seleccionada no se puede Eliminar por tener DD.JJ. Presentadas."),
+        MsgBox(QStringLiteral("La Empresa seleccionada no se puede Eliminar por tener %1.")
+                   .arg(impedimento == ImpedimentoDeBaja::Pagos ? QStringLiteral("Pagos Realizados")
+                                                                : QStringLiteral("DD.JJ. Presentadas")),
                Caja::Critico);
-        break;
-    case ImpedimentoDeBaja::Pagos:
-        MsgBox(QStringLiteral("La Empresa seleccionada no se puede Eliminar por tener Pagos Realizados."),
-               Caja::Critico);
-        break;
-    case ImpedimentoDeBaja::Ninguno:
-        MsgBox(QStringLiteral("LA EMPRESA HA SIDO ELIMINADA."), Caja::Informacion);
-        LimpiarEmpresa();
-        break;
+        return;
     }
+    MsgBox(QStringLiteral("LA EMPRESA HA SIDO ELIMINADA."), Caja::Informacion);
+    LimpiarEmpresa();
 }
 
 void Empresas::buscar()
@@ -211,44 +246,45 @@ bool Empresas::MaskCuit_LostFocus()
         return true;
     }
     const ExamenDeCuit examen = examinarCuitNuevo(Rutinas::Conexion, ui->MaskCuit->text());
-    switch (examen.estado)
+    if (examen.estado == ExamenDeCuit::Incorrecto)
     {
-    case ExamenDeCuit::Incorrecto:
         MsgBox(QStringLiteral("Verifique el Nro. de Cuit ingresado, el mismo es incorrecto."), Caja::Informacion);
-        return false;
-    case ExamenDeCuit::Existente:
-        MsgBox(QStringLiteral("Verifique los datos de la Empresa.  El Nro. de CUIT ya se encuentra en la Base de "
-                              "Empresas: '") +
-                   examen.razon + QStringLiteral("'."),
-               Caja::Critico);
-        return false;
-    case ExamenDeCuit::Bueno:
-        break;
     }
-    return true;
+    else if (examen.estado == ExamenDeCuit::Existente)
+    {
+        MsgBox(QStringLiteral("Verifique los datos de la Empresa.  El Nro. de CUIT ya se encuentra en la Base de "
+                              "Empresas: '%1'.")
+                   .arg(examen.razon),
+               Caja::Critico);
+    }
+    return examen.estado == ExamenDeCuit::Bueno;
 }
 
 void Empresas::CmdActualiza_Click()
 {
-    if (!ui->vsSucursales->confirmarEdicion() || !ui->vsResponsables->confirmarEdicion())
+    if (!m_ficha->confirmarEdicion())
     {
         return;
     }
-    EntradaEmpresa entrada = entradaTipeada();
-    if (revisarFaltas(entrada) && Preguntar(QStringLiteral("Esta seguro de desea Grabar los Datos ingresados?")))
+    EntradaEmpresa entrada = m_ficha->entrada();
+    if (revisarFaltas(entrada.empresa) &&
+        Preguntar(QStringLiteral("Esta seguro de desea Grabar los Datos ingresados?")))
     {
         grabar(entrada);
     }
 }
 
-bool Empresas::revisarFaltas(EntradaEmpresa& entrada)
+bool Empresas::revisarFaltas(Empresa& empresa)
 {
-    const auto falta = revisarEmpresa(entrada.empresa, ui->cmbProvincia->currentIndex() != -1);
-    ui->txtNumero->setText(entrada.empresa.numero);
+    const auto falta = revisarEmpresa(empresa, ui->cmbProvincia->currentIndex() != -1);
+    ui->txtNumero->setText(empresa.numero);
     if (falta)
     {
+        // By CampoEmpresa.
+        const std::array<QWidget*, 7> campos{ui->MaskCuit,     ui->txtRazon,     ui->txtCalle, ui->txtCodPos,
+                                             ui->txtLocalidad, ui->cmbProvincia, ui->cmdRubro};
         MsgBox(falta->texto, Caja::Informacion);
-        campo(falta->campo)->setFocus();
+        campos.at(static_cast<std::size_t>(falta->campo))->setFocus();
     }
     return !falta;
 }
@@ -265,7 +301,7 @@ void Empresas::grabar(EntradaEmpresa& entrada)
     catch (const SucursalEliminada& falta)
     {
         MsgBox(falta.descripcion(), Caja::Exclamacion);
-        quitarEliminadas();
+        m_ficha->quitarEliminadas();
         return;
     }
     catch (const YaNoEsta& falta)
@@ -290,7 +326,10 @@ bool Empresas::guardar(EntradaEmpresa& entrada)
     std::optional<QString> rechazo;
     const auto intentar = [&](bool reemplaza)
     {
-        entrada.leida = reemplaza ? std::nullopt : m_leida;
+        if (reemplaza)
+        {
+            entrada.leida.reset();
+        }
         rechazo = guardarEmpresa(Rutinas::Conexion, entrada);
     };
     if (!guardarPreguntando(intentar))
@@ -302,10 +341,6 @@ bool Empresas::guardar(EntradaEmpresa& entrada)
         MsgBox(*rechazo, Caja::Exclamacion);
         return false;
     }
-    m_leida = entrada.leida;
-    if (entrada.sucursales)
-    {
-        ponerNumeros(*entrada.sucursales);
-    }
+    m_ficha->guardada(entrada);
     return true;
 }

@@ -4,11 +4,8 @@
 #include "ui/shell/pantalla.h"
 
 #include <memory>
-#include <utility>
-#include <vector>
 
-class QLineEdit;
-
+class FichaDeEmpresa;
 namespace Ui
 {
 class Empresas;
@@ -28,6 +25,10 @@ public:
 
 private:
     // Commands.
+    void alta();
+    void modificar();
+    void eliminar();
+    void buscar();
     void CmdActualiza_Click();
     void CmdCancela_Click();
     void cmdRubro_Click();
@@ -35,35 +36,17 @@ private:
     bool MaskCuit_LostFocus();
     bool txtCodRubro_LostFocus();
 
+    void prepararBotones();
     void MostrarEmpresa();
     void ActivarDatos(bool estado);
     void LimpiarEmpresa();
     bool BuscarNombreRubro();
-
-    void prepararBotones();
-    void prepararCampos();
-    void prepararGrillas();
-    void alta();
-    void modificar();
-    void eliminar();
-    void buscar();
+    void mostrarTitulo(const QString& cola = {});
+    bool revisarFaltas(Empresa& empresa);
     void grabar(EntradaEmpresa& entrada);
     [[nodiscard]] bool guardar(EntradaEmpresa& entrada);
-    void ponerNumeros(const std::vector<FilaSucursal>& sucursales);
-    void quitarEliminadas();
-    bool revisarFaltas(EntradaEmpresa& entrada);
-    /// The fields that hold a text as it is stored.
-    [[nodiscard]] std::vector<std::pair<QLineEdit*, QString Empresa::*>> camposDeTexto() const;
-    void llenarCampos(const Empresa& empresa);
-    void mostrarGrillas(const EmpresaLeida& leida);
-    void mostrarTitulo(const QString& cola = {});
-    [[nodiscard]] Empresa empresaTipeada() const;
-    [[nodiscard]] EntradaEmpresa entradaTipeada() const;
-    [[nodiscard]] std::vector<FilaSucursal> sucursalesTipeadas() const;
-    [[nodiscard]] std::vector<FilaResponsable> responsablesTipeados() const;
-    [[nodiscard]] QWidget* campo(CampoEmpresa cual) const;
 
     std::unique_ptr<Ui::Empresas> ui;
+    std::unique_ptr<FichaDeEmpresa> m_ficha;
     QString TituloBase;
-    std::optional<EmpresaLeida> m_leida; ///< the company on the screen, as it was read or saved last
 };
