@@ -2,25 +2,14 @@
 
 #include "base/db/conexion.h"
 
-#include <string>
-
 std::vector<RubroHallado> buscarRubros(Conexion& conexion, const QString& codigo, const QString& nombre)
 {
-    std::string sql = "SELECT Codigo, Nombre FROM Rubros WHERE Codigo <> ''";
-    std::vector<Valor> valores;
-    if (!codigo.isEmpty())
-    {
-        sql += " AND Codigo >= ?";
-        valores.emplace_back(codigo);
-    }
-    if (!nombre.isEmpty())
-    {
-        sql += " AND Nombre LIKE ?";
-        valores.emplace_back(QLatin1Char('%') + nombre + QLatin1Char('%'));
-    }
-    sql += " ORDER BY Codigo";
-    return conexion.preparar(sql).listaCon(valores,
-                                           [](const Fila& fila) {
-                                               return RubroHallado{fila.texto("Codigo"), fila.texto("Nombre")};
-                                           });
+    // Every text comes after an empty one.
+    return conexion.lista(
+        "SELECT Codigo, Nombre FROM Rubros WHERE Codigo <> '' AND Codigo >= ?1 "
+        "AND (?2 = '' OR Nombre LIKE '%' || ?2 || '%') ORDER BY Codigo",
+        [](const Fila& fila) {
+            return RubroHallado{fila.texto("Codigo"), fila.texto("Nombre")};
+        },
+        codigo, nombre);
 }

@@ -2,33 +2,22 @@
 
 #include "base/db/conexion.h"
 
-#include <array>
+#include <string>
 
 namespace
 {
-struct Sentencias
-{
-    const char* leer;
-    const char* codigo;
-};
+/// By the number of their catalogue.
+constexpr const char* tablas[] = {"Provincias", "Documentos", "Categorias", "Familiar", "EstadoCivil"};
 
-constexpr std::array<Sentencias, 5> sentencias{{
-    {"SELECT Codigo, Nombre FROM Provincias ORDER BY Nombre", "SELECT Codigo FROM Provincias WHERE Nombre = ?"},
-    {"SELECT Codigo, Nombre FROM Documentos ORDER BY Nombre", "SELECT Codigo FROM Documentos WHERE Nombre = ?"},
-    {"SELECT Codigo, Nombre FROM Categorias ORDER BY Nombre", "SELECT Codigo FROM Categorias WHERE Nombre = ?"},
-    {"SELECT Codigo, Nombre FROM Familiar ORDER BY Nombre", "SELECT Codigo FROM Familiar WHERE Nombre = ?"},
-    {"SELECT Codigo, Nombre FROM EstadoCivil ORDER BY Nombre", "SELECT Codigo FROM EstadoCivil WHERE Nombre = ?"},
-}};
-
-const Sentencias& de(Catalogo catalogo)
+std::string de(Catalogo catalogo)
 {
-    return sentencias.at(static_cast<std::size_t>(catalogo));
+    return std::string(" FROM ") + tablas[static_cast<std::size_t>(catalogo)];
 }
 } // namespace
 
 std::vector<EntradaDeCatalogo> leerCatalogo(Conexion& conexion, Catalogo catalogo)
 {
-    return conexion.lista(de(catalogo).leer,
+    return conexion.lista("SELECT Codigo, Nombre" + de(catalogo) + " ORDER BY Nombre",
                           [](const Fila& fila) {
                               return EntradaDeCatalogo{fila.entero("Codigo"), fila.texto("Nombre")};
                           });
@@ -48,7 +37,8 @@ QStringList nombresDe(const std::vector<EntradaDeCatalogo>& entradas)
 std::optional<qint64> codigoDe(Conexion& conexion, Catalogo catalogo, const QString& nombre)
 {
     return conexion.una(
-        de(catalogo).codigo, [](const Fila& fila) { return fila.entero("Codigo"); }, nombre);
+        "SELECT Codigo" + de(catalogo) + " WHERE Nombre = ?", [](const Fila& fila) { return fila.entero("Codigo"); },
+        nombre);
 }
 
 std::optional<QString> nombreDeRubro(Conexion& conexion, const QString& codigo)

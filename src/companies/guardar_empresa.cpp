@@ -77,37 +77,32 @@ std::optional<EmpresaLeida> leerEmpresa(Conexion& conexion, const QString& cuit)
 
 std::optional<FaltaEnEmpresa> revisarEmpresa(Empresa& empresa, bool hayProvincia)
 {
-    if (empresa.cuit.isEmpty() || empresa.cuit == cuitVacio)
+    using enum CampoEmpresa;
+    const struct
     {
-        return FaltaEnEmpresa{CampoEmpresa::Cuit, QStringLiteral("Debe ingresar el Nro. de C.U.I.T. de la Empresa.")};
-    }
-    if (empresa.razon.isEmpty())
+        bool hay;
+        CampoEmpresa campo;
+        const char* falta;
+    } exigidos[] = {
+        {!empresa.cuit.isEmpty() && empresa.cuit != cuitVacio, Cuit,
+         "Debe ingresar el Nro. de C.U.I.T. de la Empresa."},
+        {!empresa.razon.isEmpty(), Razon, "Debe ingresar la Razón Social de la Empresa."},
+        {!empresa.calle.isEmpty(), Calle, "Debe informar la Calle correspondiente."},
+        {!empresa.codPos.isEmpty(), CodPos, "Debe informar el Código Postal correspondiente."},
+        {!empresa.localidad.isEmpty(), Localidad, "Debe informar la Localidad correspondiente."},
+        {hayProvincia, Provincia, "Debe ingresar la Provincia correspondiente."},
+        {!empresa.rubro.isEmpty(), Rubro, "Debe informar el RUBRO correspondiente."},
+    };
+    for (const auto& [hay, campo, falta] : exigidos)
     {
-        return FaltaEnEmpresa{CampoEmpresa::Razon, QStringLiteral("Debe ingresar la Razón Social de la Empresa.")};
-    }
-    if (empresa.calle.isEmpty())
-    {
-        return FaltaEnEmpresa{CampoEmpresa::Calle, QStringLiteral("Debe informar la Calle correspondiente.")};
-    }
-    if (empresa.numero.isEmpty())
-    {
-        empresa.numero = QStringLiteral("0");
-    }
-    if (empresa.codPos.isEmpty())
-    {
-        return FaltaEnEmpresa{CampoEmpresa::CodPos, QStringLiteral("Debe informar el Código Postal correspondiente.")};
-    }
-    if (empresa.localidad.isEmpty())
-    {
-        return FaltaEnEmpresa{CampoEmpresa::Localidad, QStringLiteral("Debe informar la Localidad correspondiente.")};
-    }
-    if (!hayProvincia)
-    {
-        return FaltaEnEmpresa{CampoEmpresa::Provincia, QStringLiteral("Debe ingresar la Provincia correspondiente.")};
-    }
-    if (empresa.rubro.isEmpty())
-    {
-        return FaltaEnEmpresa{CampoEmpresa::Rubro, QStringLiteral("Debe informar el RUBRO correspondiente.")};
+        if (campo == CodPos && empresa.numero.isEmpty())
+        {
+            empresa.numero = QStringLiteral("0");
+        }
+        if (!hay)
+        {
+            return FaltaEnEmpresa{campo, QString::fromUtf8(falta)};
+        }
     }
     return std::nullopt;
 }
