@@ -33,6 +33,19 @@ private:
     QTemporaryDir m_carpeta;
 };
 
+/// Another desk that now and then holds the base alone; nobody waits for it.
+class OtroPuesto
+{
+public:
+    explicit OtroPuesto(const BaseDePrueba& base) { m_conexion.abrir(base.rutaBase()); }
+    void tomar() { m_conexion.ejecutar("BEGIN EXCLUSIVE"); }
+    void soltar() { m_conexion.ejecutar("COMMIT"); }
+
+private:
+    Conexion m_conexion;
+    Conexion::EsperaCorta m_nada{std::chrono::milliseconds(0)};
+};
+
 /// What a test of a rule begins with.
 struct ConBase : testing::Test
 {

@@ -6,6 +6,7 @@
 #include "apoyo/datos.h"
 #include "declarations/screens/ddjj.h"
 #include "fallos/base_grande.h"
+#include "ui/fields/campo_mascara.h"
 #include "ui/grid/grilla.h"
 #include "ui/shell/navegacion.h"
 #include "ui/shell/trabajo_largo.h"
@@ -140,4 +141,35 @@ TEST_F(MandosDDJJ, LoQueOtroPuestoBorroSeDiceUnaVez)
             EXPECT_EQ(0, cuantos("PAGOS") + cuantos("DDJJ_Empleados") + cuantos("DDJJ") + archivos().size());
         }
     }
+}
+
+TEST_F(MandosDDJJ, LoQueNoSePudoLeerNoQuedaElegidoNiALaVista)
+{
+    abrir();
+    OtroPuesto otro(base);
+    const auto& anio = control<QLineEdit>("txtAnio");
+    const auto& lista = control<Grilla>("vsDDJJ");
+    auto& empresas = control<QComboBox>("cmbEmpresa");
+    otro.tomar();
+    cajas.esperaQueDiga(Caja::Exclamacion, "La base de datos está ocupada");
+    mandar("vsDDJJ");
+    EXPECT_EQ("", anio.text()) << "no slip for nobody";
+    cajas.esperaQueDiga(Caja::Exclamacion, "La base de datos está ocupada");
+    empresas.setCurrentIndex(0);
+    Q_EMIT empresas.activated(0);
+    EXPECT_EQ(std::pair(-1, 0), std::pair(empresas.currentIndex(), lista.filas())) << "no company under another's name";
+    EXPECT_TRUE(control<CampoMascara>("MaskCuit").vacio());
+    otro.soltar();
+    empresas.setCurrentIndex(1);
+    Q_EMIT empresas.activated(1);
+    mandar("vsDDJJ");
+    EXPECT_EQ("2009", anio.text());
+    cajas.esperaQueDiga(Caja::Pregunta, {}).esperaQueDiga(Caja::Pregunta, {});
+    cajas.espera(Caja::Exclamacion, "La Declaración Jurada ha sido Eliminada.");
+    cajas.esperaQueDiga(Caja::Exclamacion, "La base de datos está ocupada");
+    const auto tomar = [&](const DatosDeCaja& /*caja*/) { cajas.pendientes() == 1 ? otro.tomar() : void(); };
+    cajas.alVer(tomar); // once it is deleted, before the list is read
+    mandar("cmdEliminar");
+    EXPECT_EQ(0, lista.filas());
+    otro.soltar();
 }

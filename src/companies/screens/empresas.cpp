@@ -64,8 +64,7 @@ void Empresas::cargar()
     ActivarDatos(false);
     if (const auto cuit = cuitDeUnicaEmpresa(Rutinas::Conexion))
     {
-        ui->MaskCuit->setText(*cuit);
-        MostrarEmpresa();
+        MostrarEmpresa(*cuit);
     }
 }
 
@@ -98,16 +97,16 @@ void Empresas::LimpiarEmpresa()
     Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 
-void Empresas::MostrarEmpresa()
+void Empresas::MostrarEmpresa(const QString& cuit)
 {
-    auto leida = leerEmpresa(Rutinas::Conexion, ui->MaskCuit->text());
+    auto leida = leerEmpresa(Rutinas::Conexion, cuit); // a failure leaves the one that is shown
     if (!leida)
     {
-        MsgBox(QStringLiteral("La Empresa %1 ya no se encuentra en la Base de Empresas.").arg(ui->MaskCuit->text()),
-               Caja::Exclamacion);
+        MsgBox(QStringLiteral("La Empresa %1 ya no se encuentra en la Base de Empresas.").arg(cuit), Caja::Exclamacion);
         LimpiarEmpresa();
         return;
     }
+    ui->MaskCuit->setText(cuit);
     m_ficha->mostrar(std::move(*leida));
     BuscarNombreRubro();
     Q_EMIT Navegacion::instancia().cambioDePantalla();
@@ -181,8 +180,7 @@ void Empresas::buscar()
     Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpresa"));
     if (!Rutinas::CuitActual.isEmpty())
     {
-        ui->MaskCuit->setText(Rutinas::CuitActual);
-        MostrarEmpresa();
+        MostrarEmpresa(Rutinas::CuitActual);
     }
 }
 

@@ -37,7 +37,7 @@ private:
     bool txtCodRubro_LostFocus();
 
     void prepararBotones();
-    void MostrarEmpresa();
+    void MostrarEmpresa(const QString& cuit);
     void ActivarDatos(bool estado);
     void LimpiarEmpresa();
     bool BuscarNombreRubro();

@@ -5,6 +5,7 @@
 #include "ui/fields/campo_mascara.h"
 #include "ui/grid/grilla.h"
 #include "ui/look/estilo.h"
+#include "ui/shell/campos.h"
 #include "ui_empresas.h"
 
 #include <algorithm>
@@ -149,8 +150,7 @@ void FichaDeEmpresa::llenar(const Empresa& empresa)
 {
     for (const auto& [campo, texto] : m_textos)
     {
-        campo->setText(empresa.*texto);
-        campo->setCursorPosition(0);
+        campos::ponerEntero(campo, empresa.*texto);
     }
     m_nombreDeRubro->clear();
 }

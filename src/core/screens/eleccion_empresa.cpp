@@ -29,7 +29,8 @@ EleccionEmpresa::EleccionEmpresa(CampoMascara* maskCuit, QComboBox* cmbEmpresa, 
                                         return puede;
                                     });
     // Only what the user does: what the program sets in the list does not look its company up again.
-    connect(m_cmbEmpresa, &QComboBox::activated, this, [this] { protegido([this] { cmbEmpresa_Click(); }); });
+    connect(m_cmbEmpresa, &QComboBox::activated, this,
+            [this] { protegido([this] { oNinguna([this] { cmbEmpresa_Click(); }); }); });
     // Of the list, so that it is off with it, and on in all of its window. A shortcut leaves the field at work.
     auto* tecla = new QShortcut(QKeySequence(Qt::Key_F3), m_cmbEmpresa);
     tecla->setAutoRepeat(false);
@@ -133,8 +134,13 @@ void EleccionEmpresa::buscar()
     {
         return;
     }
-    m_maskCuit->setText(hallada); // and not by its name, which two may share
-    const bool esta = MaskCuit_Validate();
+    bool esta = false;
+    oNinguna(
+        [&]
+        {
+            m_maskCuit->setText(hallada); // and not by its name, which two may share
+            esta = MaskCuit_Validate();
+        });
     const Validacion::Pausa pausa; // it was left when the key was pressed
     esta ? m_cmbEmpresa->setFocus() : m_maskCuit->setFocus();
 }
@@ -147,18 +153,39 @@ void EleccionEmpresa::llenarLista()
 
 void EleccionEmpresa::releer()
 {
-    llenarLista();
-    m_enganches.alLimpiar();
-    if (const auto razon = razonDeCuit(Rutinas::Conexion, m_maskCuit->text()))
+    oNinguna(
+        [this]
+        {
+            llenarLista();
+            m_enganches.alLimpiar();
+            if (const auto razon = razonDeCuit(Rutinas::Conexion, m_maskCuit->text()))
+            {
+                mostrarRazon(*razon);
+            }
+            else
+            {
+                m_maskCuit->limpiar();
+                m_cmbEmpresa->setCurrentIndex(-1);
+            }
+            m_enganches.alElegir();
+        });
+}
+
+/// What could not be read leaves no company chosen: under the name of one the data of another would be worked on.
+void EleccionEmpresa::oNinguna(const std::function<void()>& elegir)
+{
+    try
     {
-        mostrarRazon(*razon);
+        elegir();
     }
-    else
+    catch (...)
     {
         m_maskCuit->limpiar();
         m_cmbEmpresa->setCurrentIndex(-1);
+        m_enganches.alLimpiar();
+        m_enganches.alElegir();
+        throw;
     }
-    m_enganches.alElegir();
 }
 
 void EleccionEmpresa::mostrarRazon(const QString& razon)

@@ -26,7 +26,7 @@ public:
         /// looked up and also when the CUIT is refused, and after a choice in the list.
         std::function<void()> alLimpiar = [] {};
         /// Both fields tell the company chosen, or both are empty (MaskCuit untouched, nothing chosen in the list):
-        /// show its data, or none. Called after alLimpiar.
+        /// show its data, or none. Called after alLimpiar. With none it reads nothing from the database.
         std::function<void()> alElegir;
     };
     EleccionEmpresa(CampoMascara* maskCuit, QComboBox* cmbEmpresa, Enganches enganches, QObject* padre);
@@ -49,6 +49,7 @@ private:
     void cmbEmpresa_Click();
     void buscar();
     void llenarLista();
+    void oNinguna(const std::function<void()>& elegir);
     void mostrarRazon(const QString& razon);
 
     CampoMascara* m_maskCuit;

@@ -226,7 +226,15 @@ void DDJJ::CargarDeclaraciones()
 
 void DDJJ::MostrarDDJJ()
 {
-    m_totales->mostrar(m_declaracion->clave());
+    try
+    {
+        m_totales->mostrar(m_declaracion->clave());
+    }
+    catch (...) // a slip without their sums would be issued for nobody
+    {
+        LimpiarDatos();
+        throw;
+    }
 }
 
 void DDJJ::cmdNueva_Click()

@@ -27,6 +27,7 @@ DeclaracionElegida::DeclaracionElegida(Ui::DDJJ& pantalla)
 void DeclaracionElegida::listar(const QString& cuit)
 {
     m_lista.clear();
+    ui.vsDDJJ->setFilas(0); // also when what comes cannot be read
     if (!cuit.isEmpty())
     {
         m_lista = listarDeclaraciones(Rutinas::Conexion, cuit);

@@ -86,7 +86,7 @@ void MesDeEmpresas::cargar()
 
 void MesDeEmpresas::activar()
 {
-    CargarEmpresas();
+    CargarEmpresas(m_periodo);
 }
 
 void MesDeEmpresas::mostrarPeriodo()
@@ -95,11 +95,12 @@ void MesDeEmpresas::mostrarPeriodo()
     ui->txtMes->setText(QString::number(m_periodo.month()));
 }
 
-void MesDeEmpresas::CargarEmpresas()
+void MesDeEmpresas::CargarEmpresas(QDate periodo)
 {
     const int actual = ui->vsEmpresas->filaActual();
     const QString cuit = actual > 0 ? ui->vsEmpresas->texto(1, actual) : QString();
-    const std::vector<MesDeEmpresa> empresas = mesDeEmpresas(Rutinas::Conexion, m_periodo);
+    const std::vector<MesDeEmpresa> empresas = mesDeEmpresas(Rutinas::Conexion, periodo);
+    m_periodo = periodo; // not before its rows are there
     ui->vsEmpresas->cargar(empresas, celdas);
     int fila = 0;
     for (const MesDeEmpresa& empresa : empresas)
@@ -135,8 +136,7 @@ bool MesDeEmpresas::tomarPeriodo(bool elAnio)
     const QDate tipeado(ui->txtAnio->text().toInt(), ui->txtMes->text().toInt(), 1);
     if (!rechazo && tipeado != m_periodo)
     {
-        m_periodo = tipeado;
-        CargarEmpresas();
+        CargarEmpresas(tipeado);
     }
     return true;
 }
@@ -149,9 +149,8 @@ void MesDeEmpresas::mover(int meses)
         anunciar(QStringLiteral("No hay declaraciones de ese mes"));
         return;
     }
-    m_periodo = otro;
+    CargarEmpresas(otro);
     mostrarPeriodo();
-    CargarEmpresas();
 }
 
 void MesDeEmpresas::keyPressEvent(QKeyEvent* evento)
@@ -182,7 +181,7 @@ void MesDeEmpresas::irADeclaraciones(int fila)
     }
     catch (const YaNoEsta&)
     {
-        CargarEmpresas();
+        CargarEmpresas(m_periodo);
         throw;
     }
     Navegacion::instancia().mostrar(QStringLiteral("DDJJ"));

@@ -26,7 +26,7 @@ protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
-    void CargarEmpresas();
+    void CargarEmpresas(QDate periodo);
     void mostrarPeriodo();
     /// Leaving check of year and month: shows the month that they tell. False, with its box, when it is none.
     [[nodiscard]] bool tomarPeriodo(bool elAnio);

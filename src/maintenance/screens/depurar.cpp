@@ -50,6 +50,7 @@ QString Depurar::empresaEnCurso() const
 void Depurar::CargarPeriodos()
 {
     m_periodos.clear();
+    ui->vsDDJJ->setFilas(0); // also when what comes cannot be read
     if (!ui->MaskCuit->vacio())
     {
         m_periodos = periodosDeEmpresa(Rutinas::Conexion, m_eleccion->cuit());

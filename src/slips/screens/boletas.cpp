@@ -97,8 +97,15 @@ QString Boletas::empresaEnCurso() const
 
 void Boletas::activar()
 {
-    // A slip of what another desk has deleted is for nothing.
-    remediando([this] { preparar(); }, [this] { cerrar(); });
+    try
+    {
+        preparar();
+    }
+    catch (...) // it would show one declaration and be issued for another, or for one that is gone
+    {
+        cerrar();
+        throw;
+    }
 }
 
 void Boletas::preparar()
