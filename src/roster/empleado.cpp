@@ -100,7 +100,9 @@ LugarEnNomina lugarEnNomina(Conexion& conexion, const ClaveDDJJ& clave, const QS
 
 std::optional<QString> textoSucursal(Conexion& conexion, qint64 id, const QString& cuit)
 {
-    return conexion.una("SELECT * FROM Empresas_Sucursales WHERE ID = ? AND Cuit = ?", leerSucursal, id, cuit);
+    return id == 0
+               ? QString()
+               : conexion.una("SELECT * FROM Empresas_Sucursales WHERE ID = ? AND Cuit = ?", leerSucursal, id, cuit);
 }
 
 std::optional<QString> textoSucursal(Conexion& conexion, qint64 id)

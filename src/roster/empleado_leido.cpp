@@ -17,8 +17,7 @@ QString nombreDeSexo(std::optional<int> sexo)
 
 std::vector<CampoMostrado> camposDe(Conexion& conexion, const QString& cuit, const Empleado& e)
 {
-    const QString sucursal =
-        e.sucursal == 0 ? QString() : textoSucursal(conexion, e.sucursal, cuit).value_or(QString::number(e.sucursal));
+    const QString sucursal = textoSucursal(conexion, e.sucursal, cuit).value_or(QString::number(e.sucursal));
     return {
         {QStringLiteral("Apellido y Nombre"), e.ayn},
         {QStringLiteral("Tipo y Nro. Documento"),
@@ -57,14 +56,15 @@ std::vector<FilaMostrada> filasDe(const std::vector<FilaFamiliar>& familia)
 }
 } // namespace
 
-std::optional<EmpleadoLeido> leerEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil)
+std::optional<EmpleadoLeido> leerEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil,
+                                          AccionEmpleado accion)
 {
-    auto empleado = cargarEmpleado(conexion, clave, AccionEmpleado::Buscado, cuil);
+    const auto empleado = cargarEmpleado(conexion, clave, accion, cuil);
     if (!empleado)
     {
         return std::nullopt;
     }
-    return EmpleadoLeido{std::move(*empleado), cargarFamiliares(conexion, cuil)};
+    return EmpleadoLeido{*empleado, cargarFamiliares(conexion, empleado->cuil)};
 }
 
 Cambios cambiosEnEmpleado(Conexion& conexion, const QString& cuit, const EmpleadoLeido& antes,

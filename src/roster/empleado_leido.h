@@ -13,9 +13,9 @@ struct EmpleadoLeido
     std::vector<FilaFamiliar> familia;
 };
 
-/// Nothing when the declaration has no employee of this CUIL (any more). Throws as cargarEmpleado does.
-[[nodiscard]] std::optional<EmpleadoLeido> leerEmpleado(Conexion& conexion, const ClaveDDJJ& clave,
-                                                        const QString& cuil);
+/// Nothing when the declaration has no such employee (any more). Throws as cargarEmpleado does.
+[[nodiscard]] std::optional<EmpleadoLeido> leerEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil,
+                                                        AccionEmpleado accion = AccionEmpleado::Buscado);
 
 /// What the screen shows of the employee and of his dependants and is no longer stored so. The contributions do not
 /// count: a save computes them anew.

@@ -190,8 +190,7 @@ Aportes aportesDe(const EntradaEmpleado& entrada)
                              entrada.afiliado);
 }
 
-std::optional<EmpleadoGuardado> guardarEmpleado(Conexion& conexion, const ClaveDDJJ& clave,
-                                                const EntradaEmpleado& entrada)
+std::optional<EmpleadoLeido> guardarEmpleado(Conexion& conexion, const ClaveDDJJ& clave, const EntradaEmpleado& entrada)
 {
     const Aportes aportes = aportesDe(entrada);
     Transaccion transaccion(conexion);
@@ -208,7 +207,7 @@ std::optional<EmpleadoGuardado> guardarEmpleado(Conexion& conexion, const ClaveD
     {
         return std::nullopt;
     }
-    EmpleadoGuardado guardado{aportes, leerEmpleado(conexion, clave, entrada.cuil).value()};
+    EmpleadoLeido guardado = leerEmpleado(conexion, clave, entrada.cuil).value();
     transaccion.confirmar();
     return guardado;
 }

@@ -69,18 +69,13 @@ struct FaltaEnEmpleado
 [[nodiscard]] std::optional<FaltaEnEmpleado> revisarEmpleado(Conexion& conexion, const QString& cuit,
                                                              const EntradaEmpleado& entrada);
 
-struct EmpleadoGuardado
-{
-    Aportes aportes;
-    EmpleadoLeido leido; ///< as he is stored now
-};
-
-/// Inserts or updates the employee with contributions computed anew and replaces his dependants, in one transaction.
-/// Nothing is returned, and nothing stays in the database, when a family row is incomplete. Every failure throws with
-/// nothing written: YaNoEsta when the declaration or the employee was deleted meanwhile, CambiadoPorOtro when he is no
-/// longer stored as he was read, ErrorParaAvisar when the branch chosen was deleted, ErrorDeEjecucion for the rest.
-[[nodiscard]] std::optional<EmpleadoGuardado> guardarEmpleado(Conexion& conexion, const ClaveDDJJ& clave,
-                                                              const EntradaEmpleado& entrada);
+/// Inserts or updates the employee with contributions computed anew and replaces his dependants, in one transaction;
+/// gives him as he is stored now. Nothing is returned, and nothing stays in the database, when a family row is
+/// incomplete. Every failure throws with nothing written: YaNoEsta when the declaration or the employee was deleted
+/// meanwhile, CambiadoPorOtro when he is no longer stored as he was read, ErrorParaAvisar when the branch chosen was
+/// deleted, ErrorDeEjecucion for the rest.
+[[nodiscard]] std::optional<EmpleadoLeido> guardarEmpleado(Conexion& conexion, const ClaveDDJJ& clave,
+                                                           const EntradaEmpleado& entrada);
 
 /// The contributions of what is typed. Throws ErrorDeEjecucion 13 for a text that is no number, 11 for 0 hours.
 [[nodiscard]] Aportes aportesDe(const EntradaEmpleado& entrada);

@@ -1,35 +1,31 @@
 #include "roster/screens/empleados.h"
 
+#include "base/error_de_ejecucion.h"
 #include "base/numbers/formato.h"
-#include "companies/catalogos.h"
+#include "companies/screens/preguntar_cambios.h"
 #include "core/rutinas.h"
 #include "core/screens/validar.h"
+#include "roster/screens/ficha_de_empleado.h"
+#include "ui/doors/mensajes.h"
 #include "ui/look/estilo.h"
+#include "ui/shell/campos.h"
+#include "ui/shell/navegacion.h"
 #include "ui_empleados.h"
 
+#include <QApplication>
 #include <QKeyEvent>
+#include <tuple>
+#include <utility>
 
 namespace
 {
-const QString jornadas[] = {QStringLiteral("200"), QStringLiteral("150"), QStringLiteral("100")};
-
-void llenar(QComboBox* lista, Catalogo catalogo)
-{
-    for (const EntradaDeCatalogo& entrada : leerCatalogo(Rutinas::Conexion, catalogo))
-    {
-        lista->addItem(entrada.nombre, entrada.codigo);
-    }
-}
-
-QStringList nombres(const QComboBox& lista)
-{
-    QStringList todos;
-    for (int i = 0; i < lista.count(); ++i)
-    {
-        todos.append(lista.itemText(i));
-    }
-    return todos;
-}
+/// The buttons that move through the roster, and the keys that press them.
+constexpr std::tuple<QPushButton * Ui::Empleados::*, QKeyCombination, AccionEmpleado, const char*> flechas[] = {
+    {&Ui::Empleados::cmdFlecha_0, Qt::CTRL | Qt::Key_Home, AccionEmpleado::Primero, "primero"},
+    {&Ui::Empleados::cmdFlecha_1, Qt::Key_PageUp, AccionEmpleado::Anterior, "anterior"},
+    {&Ui::Empleados::cmdFlecha_2, Qt::Key_PageDown, AccionEmpleado::Siguiente, "siguiente"},
+    {&Ui::Empleados::cmdFlecha_3, Qt::CTRL | Qt::Key_End, AccionEmpleado::Ultimo, "ultimo"},
+};
 } // namespace
 
 Empleados::Empleados(QWidget* padre)
@@ -37,95 +33,67 @@ Empleados::Empleados(QWidget* padre)
     , ui(std::make_unique<Ui::Empleados>())
 {
     ui->setupUi(this);
-    MaskCuil = {ui->MaskCuil_0, ui->MaskCuil_1, ui->MaskCuil_2};
-    txtAyN = {ui->txtAyN_0, ui->txtAyN_1, ui->txtAyN_2};
-    MaskFecha = {ui->MaskFecha_0, ui->MaskFecha_1, ui->MaskFecha_2};
-    txtImporte = {nullptr, ui->txtImporte_1, ui->txtImporte_2, ui->txtImporte_3, ui->txtImporte_4, ui->txtImporte_5};
+    m_ficha = std::make_unique<FichaDeEmpleado>(*ui);
+    armarMandos();
     armarCampos();
-    armarEventos();
-    vestir();
 }
 
 Empleados::~Empleados() = default;
 
-void Empleados::armarCampos()
+void Empleados::armarMandos()
 {
-    for (CampoMascara* campo : MaskCuil)
+    for (const auto& [flecha, tecla, accion, icono] : flechas)
     {
-        campo->setClase(CampoMascara::Cuit);
+        Estilo::boton((*ui).*flecha, QLatin1String(icono));
+        conectar((*ui).*flecha, &QPushButton::clicked, [this, accion = accion] { CargarEmpleado(accion); });
     }
-    for (CampoMascara* campo : MaskFecha)
+    const std::tuple<QPushButton*, const char*, void (Empleados::*)(), bool> mandos[] = {
+        {ui->cmdEmpleado_0, "agregar", &Empleados::agregar, true},
+        {ui->cmdEmpleado_1, "modificar", &Empleados::modificar, false},
+        {ui->cmdEmpleado_2, "eliminar", &Empleados::eliminar, false},
+        {ui->cmdEmpleado_3, "aceptar", &Empleados::GrabarEmpleado, true},
+        {ui->cmdEmpleado_4, "cancelar", &Empleados::cancelar, false},
+        {ui->cmdEmpleado_5, "buscar_empleado", &Empleados::buscar, false},
+        {ui->cmdEmpleado_9, "salir", &Empleados::cerrar, false},
+    };
+    for (const auto& [boton, icono, orden, principal] : mandos)
     {
-        campo->setClase(CampoMascara::Fecha);
-        campo->setFechaConGuiones(true);
+        Estilo::boton(boton, QLatin1String(icono), principal);
+        conectar(boton, &QPushButton::clicked, orden);
     }
-    soloDigitos(ui->txtDocumento);
-    soloDigitos(ui->txtNumero);
-    soloDigitos(ui->cmbQHoras->lineEdit());
-    ui->cmbQHoras->lineEdit()->setAccessibleName(QStringLiteral("Jornada Mensual Laboral"));
-    ui->cmbQHoras->setCompleter(nullptr); // "1" would become "150"
-    soloImporte(txtImporte[1]);
-    soloImporte(txtImporte[2]);
-    ui->txtAyN_0->installEventFilter(this);
 }
 
-void Empleados::armarEventos()
+void Empleados::armarCampos()
 {
-    for (const auto& [flecha, accion] :
-         {std::pair(ui->cmdFlecha_0, AccionEmpleado::Primero), std::pair(ui->cmdFlecha_1, AccionEmpleado::Anterior),
-          std::pair(ui->cmdFlecha_2, AccionEmpleado::Siguiente), std::pair(ui->cmdFlecha_3, AccionEmpleado::Ultimo)})
-    {
-        conectar(flecha, &QPushButton::clicked, [this, accion = accion] { CargarEmpleado(accion); });
-    }
-    for (const auto& [boton, mando] :
-         {std::pair(ui->cmdEmpleado_0, &Empleados::agregar), std::pair(ui->cmdEmpleado_1, &Empleados::modificar),
-          std::pair(ui->cmdEmpleado_2, &Empleados::eliminar), std::pair(ui->cmdEmpleado_3, &Empleados::aceptar),
-          std::pair(ui->cmdEmpleado_4, &Empleados::cancelar), std::pair(ui->cmdEmpleado_5, &Empleados::buscar)})
-    {
-        conectar(boton, &QPushButton::clicked, mando);
-    }
-    conectar(ui->cmdEmpleado_9, &QPushButton::clicked, &Empleados::cerrar);
-    conectar(ui->cmdSucursal, &QPushButton::clicked, &Empleados::cmdSucursal_Click);
+    Estilo::soloMuestra({ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia});
     alDejar(ui->MaskCuil_0, &Empleados::MaskCuil_Validate);
-    alDejar(ui->txtAyN_0, &Empleados::txtAyN_LostFocus);
-    for (CampoMascara* campo : MaskFecha)
+    alDejar(ui->txtAyN_0, [this] { m_ficha->copiarQuienEs(); });
+    ui->txtAyN_0->installEventFilter(this);
+    for (CampoMascara* campo : {ui->MaskFecha_0, ui->MaskFecha_1, ui->MaskFecha_2})
     {
         alDejar(campo, [campo] { return campo->vacio() || Rutinas::ValidarFecha(*campo); });
     }
-    alDejar(ui->cmbEstadoCivil, &Empleados::cmbEstadoCivil_LostFocus);
-    conectar(ui->cmbQHoras, &QComboBox::activated, &Empleados::CalcularAportes);
-    alDejar(ui->cmbQHoras, &Empleados::CalcularAportes);
-    conectar(ui->chkAfiliado_1, &QCheckBox::toggled, &Empleados::chkAfiliado_Click);
-    conectar(ui->chkAfiliado_2, &QCheckBox::toggled, &Empleados::chkAfiliado_Click);
-    for (QLineEdit* campo : {txtImporte[1], txtImporte[2]})
+    const auto seguirEn = [this](int pagina, QWidget* campo, Qt::FocusReason motivo)
     {
-        alDejar(campo, [this, campo] { return txtImporte_Validate(campo); });
-    }
-    conectar(ui->vsFamiliares, &GrillaFamiliar::seguir, &Empleados::seguirDeFamiliares);
-}
+        ui->SSTab1->setCurrentIndex(pagina);
+        campo->setFocus(motivo);
+    };
+    alDejar(ui->cmbEstadoCivil, [this, seguirEn] { seguirEn(1, ui->vsFamiliares, Qt::OtherFocusReason); });
+    conectar(ui->vsFamiliares, &GrillaFamiliar::seguir,
+             [this, seguirEn] { seguirEn(2, ui->MaskFecha_1, Qt::TabFocusReason); });
+    conectar(ui->cmdSucursal, &QPushButton::clicked, [this] { m_ficha->buscarSucursal(); });
 
-void Empleados::vestir()
-{
-    Estilo::boton(ui->cmdFlecha_0, QStringLiteral("primero"));
-    Estilo::boton(ui->cmdFlecha_1, QStringLiteral("anterior"));
-    Estilo::boton(ui->cmdFlecha_2, QStringLiteral("siguiente"));
-    Estilo::boton(ui->cmdFlecha_3, QStringLiteral("ultimo"));
-    Estilo::boton(ui->cmdEmpleado_0, QStringLiteral("agregar"), true);
-    Estilo::boton(ui->cmdEmpleado_1, QStringLiteral("modificar"));
-    Estilo::boton(ui->cmdEmpleado_2, QStringLiteral("eliminar"));
-    Estilo::boton(ui->cmdEmpleado_3, QStringLiteral("aceptar"), true);
-    Estilo::boton(ui->cmdEmpleado_4, QStringLiteral("cancelar"));
-    Estilo::boton(ui->cmdEmpleado_5, QStringLiteral("buscar_empleado"));
-    Estilo::boton(ui->cmdEmpleado_9, QStringLiteral("salir"));
-    Estilo::boton(ui->cmdSucursal, QStringLiteral("sucursal"));
-    Estilo::soloMuestra({ui->txtCuit, ui->txtRazonSocial, ui->txtPeriodo, ui->txtSecuencia, MaskCuil[1], MaskCuil[2],
-                         txtAyN[1], txtAyN[2], ui->txtSucursal, txtImporte[3], txtImporte[4], txtImporte[5]});
-    ui->txtSucursal->setFocusPolicy(Qt::NoFocus);
-    for (std::size_t i = 1; i < txtImporte.size(); ++i)
+    AportesEnPantalla& aportes = m_ficha->aportes();
+    conectar(ui->cmbQHoras, &QComboBox::activated, [&aportes] { aportes.calcular(); });
+    alDejar(ui->cmbQHoras, [&aportes] { aportes.calcular(); });
+    for (QLineEdit* campo : {ui->txtImporte_1, ui->txtImporte_2})
     {
-        Estilo::importe(txtImporte[i]);
+        alDejar(campo, [&aportes, campo] { return aportes.dejarImporte(campo); });
     }
-    Estilo::importe(ui->lblRemTotal);
+    for (QCheckBox* tilde : {ui->chkAfiliado_1, ui->chkAfiliado_2})
+    {
+        conectar(tilde, &QCheckBox::toggled, [&aportes](bool afiliado) { aportes.afiliar(afiliado); });
+    }
 }
 
 void Empleados::cargar()
@@ -138,7 +106,7 @@ void Empleados::cargar()
     ui->txtRazonSocial->setCursorPosition(0);
     ui->txtPeriodo->setText(m_clave.periodo.toString(u"yyyy/MM"));
     ui->txtSecuencia->setText(QString::number(m_clave.secuencia));
-    cargarCatalogos();
+    m_ficha->cargarCatalogos();
     HabilitarEdicion(false);
     CargarEmpleado(AccionEmpleado::Inicio);
     ui->SSTab1->setCurrentIndex(0);
@@ -150,6 +118,11 @@ void Empleados::activar()
     {
         ui->cmdEmpleado_0->setFocus(); // where the entry of a roster begins
     }
+}
+
+bool Empleados::dejaLoTipeado()
+{
+    return !enEdicion() || Preguntar(QStringLiteral("Esta seguro de desea Cancelar los Datos Ingresados?"));
 }
 
 QString Empleados::empresaEnCurso() const
@@ -164,20 +137,49 @@ QString Empleados::lugarEnCurso() const
                : QStringLiteral("Empleado %1 de %2").arg(conMiles(m_lugar.lugar), conMiles(m_lugar.total));
 }
 
-void Empleados::cargarCatalogos()
+bool Empleados::eventFilter(QObject* objeto, QEvent* evento)
 {
-    llenar(ui->cmbProvincia, Catalogo::Provincias);
-    llenar(ui->cmbDocumento, Catalogo::Documentos);
-    llenar(ui->cmbCategoria, Catalogo::Categorias);
-    ui->vsFamiliares->setCatalogos(nombresDe(leerCatalogo(Rutinas::Conexion, Catalogo::Familiar)),
-                                   nombres(*ui->cmbDocumento));
-    llenar(ui->cmbEstadoCivil, Catalogo::EstadoCivil);
-    ui->cmbSexo->addItems({QStringLiteral("Femenino"), QStringLiteral("Masculino")});
-    for (const QString& horas : jornadas)
+    // "Modificar" leaves the page that is shown and puts the focus on the name: what is typed into it must be seen.
+    if (objeto == ui->txtAyN_0 && evento->type() == QEvent::KeyPress && !ui->txtAyN_0->isVisible())
     {
-        ui->cmbQHoras->addItem(horas);
+        const auto& tecla = *static_cast<QKeyEvent*>(evento);
+        const bool sigue = campos::esTab(tecla) || tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter ||
+                           (tecla.text().isEmpty() && tecla.key() != Qt::Key_F8);
+        if (!sigue)
+        {
+            ui->SSTab1->setCurrentIndex(0);
+        }
     }
+    return Pantalla::eventFilter(objeto, evento);
 }
+
+void Empleados::keyPressEvent(QKeyEvent* evento)
+{
+    // Escape would close the dialog, and what was typed would be lost without a word.
+    if (evento->key() == Qt::Key_Escape && enEdicion())
+    {
+        evento->accept();
+        return;
+    }
+    if (evento->key() == Qt::Key_F8 && enEdicion())
+    {
+        protegido([this] { m_ficha->repetir(QApplication::focusWidget()); });
+        return;
+    }
+    // Only what the field at work has no use for comes here.
+    const QKeyCombination tecla(evento->modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(evento->key()));
+    for (const auto& [flecha, suTecla, accion, icono] : flechas)
+    {
+        if (suTecla == tecla && ((*ui).*flecha)->isEnabled())
+        {
+            ((*ui).*flecha)->click();
+            return;
+        }
+    }
+    Pantalla::keyPressEvent(evento);
+}
+
+// ---- looking at an employee, or typing one in
 
 bool Empleados::enEdicion() const
 {
@@ -201,60 +203,220 @@ void Empleados::HabilitarEdicion(bool Estado)
     contarLugar();
 }
 
-bool Empleados::eventFilter(QObject* objeto, QEvent* evento)
+void Empleados::terminarEdicion()
 {
-    // "Modificar" leaves the page that is shown and puts the focus on the name: what is typed into it must be seen.
-    if (objeto == ui->txtAyN_0 && evento->type() == QEvent::KeyPress && !ui->txtAyN_0->isVisible())
+    HabilitarEdicion(false);
+    ui->cmdEmpleado_0->setFocus();
+}
+
+void Empleados::CargarEmpleado(AccionEmpleado Accion)
+{
+    // All that is shown is read first: a reading that fails leaves the record that was on the screen.
+    auto leido = leerEmpleado(Rutinas::Conexion, m_clave, ui->MaskCuil_0->text(), Accion);
+    if (leido)
     {
-        const auto& tecla = *static_cast<QKeyEvent*>(evento);
-        const bool sigue = tecla.key() == Qt::Key_Tab || tecla.key() == Qt::Key_Backtab ||
-                           tecla.key() == Qt::Key_Return || tecla.key() == Qt::Key_Enter ||
-                           (tecla.text().isEmpty() && tecla.key() != Qt::Key_F8);
-        if (!sigue)
+        m_leido = std::move(leido);
+        m_ficha->mostrar(*m_leido);
+        contarLugar();
+    }
+    else if (Accion == AccionEmpleado::Anterior || Accion == AccionEmpleado::Siguiente)
+    {
+        MsgBox(QStringLiteral("Se encuentra posicionado en el %1 Registro.")
+                   .arg(Accion == AccionEmpleado::Anterior ? QStringLiteral("Primer") : QStringLiteral("Ultimo")),
+               Caja::Informacion);
+    }
+    else
+    {
+        LimpiarEmpleado();
+    }
+}
+
+void Empleados::LimpiarEmpleado()
+{
+    m_leido.reset();
+    m_ficha->limpiar();
+    contarLugar();
+}
+
+void Empleados::contarLugar()
+{
+    m_lugar = {};
+    if (m_leido && !enEdicion())
+    {
+        try
         {
-            ui->SSTab1->setCurrentIndex(0);
+            m_lugar = lugarEnNomina(Rutinas::Conexion, m_clave, ui->MaskCuil_0->text());
+        }
+        catch (const ErrorDeEjecucion&)
+        {
+            // A count is no reason to stop what was being done, as a save that has gone well: nothing is told.
         }
     }
-    return Pantalla::eventFilter(objeto, evento);
+    Q_EMIT Navegacion::instancia().cambioDePantalla();
 }
 
-void Empleados::keyPressEvent(QKeyEvent* evento)
+void Empleados::agregar()
 {
-    // Escape would close the dialog, and what was typed would be lost without a word.
-    if (evento->key() == Qt::Key_Escape && enEdicion())
-    {
-        evento->accept();
-        return;
-    }
-    if (evento->key() == Qt::Key_F8 && enEdicion())
-    {
-        protegido([this] { repetirCampo(); });
-        return;
-    }
-    if (QAbstractButton* flecha = flechaDe(*evento); flecha != nullptr && flecha->isEnabled())
-    {
-        flecha->click();
-        return;
-    }
-    Pantalla::keyPressEvent(evento);
+    HabilitarEdicion(true);
+    LimpiarEmpleado();
+    setWindowTitle(TituloForm + QStringLiteral(" / INGRESO"));
+    ui->SSTab1->setCurrentIndex(0);
+    m_ficha->editar(true);
 }
 
-// Only what the field at work has no use for comes here.
-QAbstractButton* Empleados::flechaDe(const QKeyEvent& tecla) const
+void Empleados::modificar()
 {
-    const QKeyCombination teclas(tecla.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(tecla.key()));
-    const std::pair<QKeyCombination, QAbstractButton*> todas[] = {
-        {Qt::CTRL | Qt::Key_Home, ui->cmdFlecha_0},
-        {Qt::Key_PageUp, ui->cmdFlecha_1},
-        {Qt::Key_PageDown, ui->cmdFlecha_2},
-        {Qt::CTRL | Qt::Key_End, ui->cmdFlecha_3},
+    if (ui->MaskCuil_0->vacio())
+    {
+        return;
+    }
+    HabilitarEdicion(true);
+    setWindowTitle(TituloForm + QStringLiteral(" / MODIFICACION"));
+    m_ficha->editar(false);
+}
+
+void Empleados::eliminar()
+{
+    if (ui->MaskCuil_0->vacio() || !Preguntar(QStringLiteral("Esta seguro de desea ELIMINAR este EMPLEADO?")))
+    {
+        return;
+    }
+    siSigueAhi(
+        [this]
+        {
+            eliminarEmpleado(Rutinas::Conexion, m_clave, ui->MaskCuil_0->text());
+            MsgBox(QStringLiteral("EL EMPLEADO HA SIDO ELIMINADO DE LA ACTUAL DECLARACION JURADA."), Caja::Informacion);
+            LimpiarEmpleado();
+        });
+}
+
+void Empleados::cancelar()
+{
+    if (dejaLoTipeado())
+    {
+        LimpiarEmpleado();
+        terminarEdicion();
+    }
+}
+
+void Empleados::buscar()
+{
+    Rutinas::CuilElegido.clear();
+    Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpleado"));
+    if (!Rutinas::CuilElegido.isEmpty())
+    {
+        ui->MaskCuil_0->setText(Rutinas::CuilElegido);
+        CargarEmpleado(AccionEmpleado::Buscado);
+    }
+}
+
+// ---- the checks and the save
+
+bool Empleados::MaskCuil_Validate()
+{
+    m_ficha->copiarQuienEs();
+    if (ui->MaskCuil_0->vacio())
+    {
+        return true;
+    }
+    if (!Rutinas::VerificarCuit(ui->MaskCuil_0->text()))
+    {
+        MsgBox(QStringLiteral("Verifique el Nro. de Cuil ingresado, el mismo es incorrecto."), Caja::Informacion);
+        return false;
+    }
+    if (CuilExistente())
+    {
+        return false;
+    }
+    m_ficha->ponerDocumento();
+    return true;
+}
+
+bool Empleados::CuilExistente()
+{
+    const bool existe = cuilExistente(Rutinas::Conexion, m_clave, ui->MaskCuil_0->text());
+    if (existe)
+    {
+        MsgBox(QStringLiteral("El Presente C.U.I.L. ya se encuentra ingresado en la Actual Declaración Jurada."),
+               Caja::Critico, QStringLiteral("CUIL ya existente"));
+    }
+    return existe;
+}
+
+void Empleados::GrabarEmpleado()
+{
+    EntradaEmpleado entrada = m_ficha->entrada();
+    if (entrada.nuevo && CuilExistente())
+    {
+        return;
+    }
+    const auto falta = revisarEmpleado(Rutinas::Conexion, m_clave.cuit, entrada);
+    m_ficha->completarCeros(falta);
+    if (falta)
+    {
+        const bool esSucursal = falta->campo == CampoEmpleado::Sucursal;
+        ui->SSTab1->setCurrentIndex(falta->pagina);
+        MsgBox(falta->texto, esSucursal ? Caja::Exclamacion : Caja::Informacion,
+               esSucursal ? QString() : QStringLiteral("Datos Incompletos"));
+        m_ficha->irA(falta->campo);
+        return;
+    }
+    try
+    {
+        siSigueAhi([&] { guardar(entrada); });
+    }
+    catch (const ErrorParaAvisar& error)
+    {
+        MsgBox(error.descripcion(), Caja::Exclamacion);
+    }
+    catch (const ErrorDeEjecucion& error)
+    {
+        MsgBox(QStringLiteral("%1 %2").arg(QString::number(error.numero()), error.descripcion()));
+    }
+}
+
+void Empleados::guardar(EntradaEmpleado& entrada)
+{
+    m_ficha->aportes().calcular();
+    std::optional<EmpleadoLeido> guardado;
+    const auto grabar = [&](bool reemplaza)
+    {
+        entrada.leido = reemplaza ? std::nullopt : m_leido;
+        guardado = guardarEmpleado(Rutinas::Conexion, m_clave, entrada);
     };
-    for (const auto& [cual, flecha] : todas)
+    if (!guardarPreguntando(grabar))
     {
-        if (cual == teclas)
-        {
-            return flecha;
-        }
+        return;
     }
-    return nullptr;
+    if (!guardado)
+    {
+        MsgBox(QStringLiteral("Los datos de los Familiares están incompletos.  Por favor, verifique los mismos."),
+               Caja::Exclamacion);
+        ui->SSTab1->setCurrentIndex(1);
+        return;
+    }
+    m_leido = std::move(guardado);
+    m_ficha->recordar();
+    setWindowTitle(TituloForm);
+    terminarEdicion();
+}
+
+void Empleados::siSigueAhi(const std::function<void()>& escribir)
+{
+    try
+    {
+        escribir();
+    }
+    catch (const EmpleadoEliminado& falta)
+    {
+        MsgBox(falta.descripcion(), Caja::Exclamacion);
+        LimpiarEmpleado();
+        setWindowTitle(TituloForm);
+        terminarEdicion();
+    }
+    catch (const YaNoEsta& falta)
+    {
+        MsgBox(falta.descripcion(), Caja::Exclamacion);
+        cerrar();
+    }
 }

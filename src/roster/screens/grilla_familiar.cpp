@@ -31,10 +31,32 @@ void GrillaFamiliar::setCatalogos(const QStringList& familiares, const QStringLi
     setOpciones(Tipo, documentos);
 }
 
-bool GrillaFamiliar::enBlanco(int fila) const
+void GrillaFamiliar::mostrar(const std::vector<FilaFamiliar>& familia)
 {
-    return celdaVacia(Familiar, fila) && celdaVacia(Documento, fila) && celdaVacia(AyN, fila) &&
-           celdaVacia(Nacio, fila);
+    cargar(familia,
+           [](const FilaFamiliar& uno)
+           {
+               return FilaDeGrilla{uno.familiar, uno.tipoDoc, uno.nroDoc ? QVariant(*uno.nroDoc) : QVariant(),
+                                   uno.ayn,      uno.sexo,    uno.nacio};
+           });
+}
+
+void GrillaFamiliar::abrirFila()
+{
+    setFilas(filas() + 1);
+    setFilaActual(filas());
+}
+
+std::vector<FilaFamiliar> GrillaFamiliar::familia() const
+{
+    std::vector<FilaFamiliar> familia;
+    for (int fila = 1; fila <= filas(); ++fila)
+    {
+        const auto documento = celdaVacia(Documento, fila) ? std::nullopt : std::optional(entero(Documento, fila));
+        familia.push_back({texto(Familiar, fila), texto(Tipo, fila), documento, texto(AyN, fila), texto(Sexo, fila),
+                           fecha(Nacio, fila)});
+    }
+    return familia;
 }
 
 bool GrillaFamiliar::focusNextPrevChild(bool siguiente)
@@ -49,7 +71,10 @@ bool GrillaFamiliar::focusNextPrevChild(bool siguiente)
 
 void GrillaFamiliar::keyPressEvent(QKeyEvent* evento)
 {
-    if (campos::esEnter(*evento) && filaActual() == filas() && enBlanco(filas()))
+    const int fila = filas();
+    const bool enBlanco = celdaVacia(Familiar, fila) && celdaVacia(Documento, fila) && celdaVacia(AyN, fila) &&
+                          celdaVacia(Nacio, fila); // nothing that would be stored
+    if (campos::esEnter(*evento) && filaActual() == fila && enBlanco)
     {
         focusNextPrevChild(true);
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "roster/familiares.h"
 #include "ui/grid/grilla.h"
 
 /// The grid of an employee's dependants: relation, document type and number, name, sex and birth date. Down and Insert
@@ -13,9 +14,21 @@ public:
 
     /// The entries of the two lists that come from the database.
     void setCatalogos(const QStringList& familiares, const QStringList& documentos);
-    /// Nothing that would be stored stands in the row: no relation, number, name or birth date.
-    [[nodiscard]] bool enBlanco(int fila) const;
+    void mostrar(const std::vector<FilaFamiliar>& familia);
+    /// An empty row at the end, the current one from now on.
+    void abrirFila();
+    /// As it stands there, rows of which nothing is typed included.
+    [[nodiscard]] std::vector<FilaFamiliar> familia() const;
 
+Q_SIGNALS:
+    /// The user goes on past the last cell.
+    void seguir();
+
+protected:
+    bool focusNextPrevChild(bool siguiente) override;
+    void keyPressEvent(QKeyEvent* evento) override;
+
+private:
     enum Columna
     {
         Familiar = 1,
@@ -25,12 +38,4 @@ public:
         Sexo,
         Nacio,
     };
-
-Q_SIGNALS:
-    /// The user goes on past the last cell.
-    void seguir();
-
-protected:
-    bool focusNextPrevChild(bool siguiente) override;
-    void keyPressEvent(QKeyEvent* evento) override;
 };
