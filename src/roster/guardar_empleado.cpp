@@ -54,17 +54,11 @@ Moneda importeTecleado(const QString& texto)
     return texto.isEmpty() ? Moneda() : Moneda::deTexto(texto);
 }
 
-std::optional<FaltaEnEmpleado> faltaJornada(const EntradaEmpleado& entrada)
+bool esJornada(const QString& texto)
 {
     bool numero = false;
-    const int horas = entrada.qHoras.toInt(&numero);
-    if (numero && horas >= horasMinimas && horas <= horasMaximas)
-    {
-        return std::nullopt;
-    }
-    return FaltaEnEmpleado{CampoEmpleado::QHoras, 2,
-                           QStringLiteral("Debe informar la Cantidad de Horas Mensuales de la Jornada Laboral que "
-                                          "realiza el Empleado.")};
+    const int horas = texto.toInt(&numero);
+    return numero && horas >= horasMinimas && horas <= horasMaximas;
 }
 
 ValoresDeColumnas claveDe(const ClaveDDJJ& clave, const QString& cuil)
@@ -153,33 +147,29 @@ bool cuilExistente(Conexion& conexion, const ClaveDDJJ& clave, const QString& cu
 
 std::optional<FaltaEnEmpleado> revisarEmpleado(Conexion& conexion, const QString& cuit, const EntradaEmpleado& entrada)
 {
-    using Campo = CampoEmpleado;
-    if (entrada.cuil == cuitVacio)
+    using enum CampoEmpleado;
+    const std::pair<bool, FaltaEnEmpleado> revisiones[] = {
+        {entrada.cuil != cuitVacio, {Cuil, 0, QStringLiteral("Debe informar el Nro. de Cuil del Empleado.")}},
+        {!entrada.ayn.isEmpty(), {AyN, 0, QStringLiteral("Debe informar el Apellido y Nombre del Empleado.")}},
+        {entrada.tipoDoc.has_value(), {TipoDoc, 0, QStringLiteral("Debe informar el Tipo de Documento del Empleado.")}},
+        {!entrada.documento.isEmpty(),
+         {Documento, 0, QStringLiteral("Debe informar el Número de Documento del Empleado.")}},
+        {esJornada(entrada.qHoras),
+         {QHoras, 2,
+          QStringLiteral("Debe informar la Cantidad de Horas Mensuales de la Jornada Laboral que realiza el "
+                         "Empleado.")}},
+    };
+    for (const auto& [vale, falta] : revisiones)
     {
-        return FaltaEnEmpleado{Campo::Cuil, 0, QStringLiteral("Debe informar el Nro. de Cuil del Empleado.")};
-    }
-    if (entrada.ayn.isEmpty())
-    {
-        return FaltaEnEmpleado{Campo::AyN, 0, QStringLiteral("Debe informar el Apellido y Nombre del Empleado.")};
-    }
-    if (!entrada.tipoDoc)
-    {
-        return FaltaEnEmpleado{Campo::TipoDoc, 0, QStringLiteral("Debe informar el Tipo de Documento del Empleado.")};
-    }
-    if (entrada.documento.isEmpty())
-    {
-        return FaltaEnEmpleado{Campo::Documento, 0,
-                               QStringLiteral("Debe informar el Número de Documento del Empleado.")};
-    }
-    if (auto falta = faltaJornada(entrada))
-    {
-        return falta;
+        if (!vale)
+        {
+            return falta;
+        }
     }
     if (entrada.sucursal == 0 && conexion.hay("SELECT 1 FROM Empresas_Sucursales WHERE CUIT = ?", cuit))
     {
         return FaltaEnEmpleado{
-            Campo::Sucursal, 2,
-            QStringLiteral("Debe seleccionar la Sucursal correspondiente donde trabaja el Empleado.")};
+            Sucursal, 2, QStringLiteral("Debe seleccionar la Sucursal correspondiente donde trabaja el Empleado.")};
     }
     return std::nullopt;
 }
