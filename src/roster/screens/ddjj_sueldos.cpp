@@ -168,8 +168,14 @@ void DDJJ_Sueldos::grabar()
     {
         return;
     }
-    mostrarGuardadas(filas);
     m_leidas = std::move(filas);
+    for (int fila = 1; fila <= ui->vsSueldos->filas(); ++fila)
+    {
+        // An amount goes to the database with seven significant digits, and an empty cell as 0.
+        const FilaSueldo& guardada = m_leidas[static_cast<std::size_t>(fila - 1)];
+        ui->vsSueldos->setValor(columnaSueldo, fila, QVariant::fromValue(guardada.sueldo));
+        ui->vsSueldos->setValor(columnaAcuerdo, fila, QVariant::fromValue(guardada.acuerdo));
+    }
     ui->vsSueldos->setCambiada(false);
     contar();
     MsgBox(cantidad > 0
@@ -203,24 +209,6 @@ void DDJJ_Sueldos::quitarEliminados()
         }
     }
     contar();
-}
-
-/// An amount goes to the database with seven significant digits, and an empty cell as 0.
-void DDJJ_Sueldos::mostrarGuardadas(const std::vector<FilaSueldo>& filas)
-{
-    const auto mostrar = [this](int columna, int fila, Moneda importe)
-    {
-        if (ui->vsSueldos->celdaVacia(columna, fila) || ui->vsSueldos->importe(columna, fila) != importe)
-        {
-            ui->vsSueldos->setValor(columna, fila, QVariant::fromValue(importe));
-        }
-    };
-    for (int fila = 1; fila <= ui->vsSueldos->filas(); ++fila)
-    {
-        const FilaSueldo& guardada = filas[static_cast<std::size_t>(fila - 1)];
-        mostrar(columnaSueldo, fila, guardada.sueldo);
-        mostrar(columnaAcuerdo, fila, guardada.acuerdo);
-    }
 }
 
 void DDJJ_Sueldos::cmdCancelar_Click()

@@ -38,7 +38,6 @@ private:
     void cmdSalir_Click();
     void grabar();
     [[nodiscard]] std::vector<FilaSueldo> tipeadas() const;
-    void mostrarGuardadas(const std::vector<FilaSueldo>& filas);
     void quitarEliminados();
     void contar();
     void vsSueldos_Editada(int columna, int fila);
