@@ -45,7 +45,8 @@ void Empleados::armarMandos()
     for (const auto& [flecha, tecla, accion, icono] : flechas)
     {
         Estilo::boton((*ui).*flecha, QLatin1String(icono));
-        conectar((*ui).*flecha, &QPushButton::clicked, [this, accion = accion] { CargarEmpleado(accion); });
+        conectar((*ui).*flecha, &QPushButton::clicked,
+                 [this, accion = accion] { CargarEmpleado(accion, ui->MaskCuil_0->text()); });
     }
     const std::tuple<QPushButton*, const char*, void (Empleados::*)(), bool> mandos[] = {
         {ui->cmdEmpleado_0, "agregar", &Empleados::agregar, true},
@@ -108,7 +109,7 @@ void Empleados::cargar()
     ui->txtSecuencia->setText(QString::number(m_clave.secuencia));
     m_ficha->cargarCatalogos();
     HabilitarEdicion(false);
-    CargarEmpleado(AccionEmpleado::Inicio);
+    CargarEmpleado(AccionEmpleado::Inicio, {});
     ui->SSTab1->setCurrentIndex(0);
 }
 
@@ -209,14 +210,14 @@ void Empleados::terminarEdicion()
     ui->cmdEmpleado_0->setFocus();
 }
 
-void Empleados::CargarEmpleado(AccionEmpleado Accion)
+void Empleados::CargarEmpleado(AccionEmpleado Accion, const QString& cuil)
 {
     // All that is shown is read first: a reading that fails leaves the record that was on the screen.
-    auto leido = leerEmpleado(Rutinas::Conexion, m_clave, ui->MaskCuil_0->text(), Accion);
+    auto leido = leerEmpleado(Rutinas::Conexion, m_clave, cuil, Accion);
     if (leido)
     {
+        m_ficha->mostrar(*leido);
         m_leido = std::move(leido);
-        m_ficha->mostrar(*m_leido);
         contarLugar();
     }
     else if (Accion == AccionEmpleado::Anterior || Accion == AccionEmpleado::Siguiente)
@@ -305,8 +306,7 @@ void Empleados::buscar()
     Navegacion::instancia().mostrarModal(QStringLiteral("BuscarEmpleado"));
     if (!Rutinas::CuilElegido.isEmpty())
     {
-        ui->MaskCuil_0->setText(Rutinas::CuilElegido);
-        CargarEmpleado(AccionEmpleado::Buscado);
+        CargarEmpleado(AccionEmpleado::Buscado, Rutinas::CuilElegido);
     }
 }
 

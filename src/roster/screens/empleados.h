@@ -39,7 +39,8 @@ private:
     void HabilitarEdicion(bool Estado);
     void terminarEdicion();
 
-    void CargarEmpleado(AccionEmpleado Accion);
+    /// The employee that is found from this CUIL on.
+    void CargarEmpleado(AccionEmpleado Accion, const QString& cuil);
     void LimpiarEmpleado();
     void contarLugar();
 

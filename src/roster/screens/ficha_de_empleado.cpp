@@ -69,9 +69,10 @@ void FichaDeEmpleado::cargarCatalogos()
 void FichaDeEmpleado::mostrar(const EmpleadoLeido& leido)
 {
     const Empleado& empleado = leido.empleado;
+    const auto sucursal = textoSucursal(Rutinas::Conexion, empleado.sucursal, ui.txtCuit->text());
     ponerCampos(empleado);
     m_aportes.mostrar(empleado);
-    mostrarSucursal(empleado.sucursal, textoSucursal(Rutinas::Conexion, empleado.sucursal, ui.txtCuit->text()));
+    mostrarSucursal(empleado.sucursal, sucursal);
     ui.vsFamiliares->mostrar(leido.familia);
 }
 

@@ -14,7 +14,7 @@ public:
     explicit FichaDeEmpleado(Ui::Empleados& controles);
 
     void cargarCatalogos();
-    /// A branch that is none of his company's (any more) is told, and kept.
+    /// A branch that is none of his company's (any more) is told, and kept. A reading that fails changes nothing.
     void mostrar(const EmpleadoLeido& leido);
     void limpiar();
     /// From here on a new one is entered, or the one shown is changed; goes to the field where that begins.
