@@ -69,6 +69,13 @@ TEST_F(Eleccion, EliminadasYAgregadasDespuesDeLlenarLaLista)
     eleccion.releer();
     EXPECT_EQ("L30-00000002-1 Uno", hechos);
     EXPECT_EQ(2, cmbEmpresa.count());
+    {
+        OtroPuesto otro(base);
+        otro.tomar();
+        EXPECT_EQ(5, numeroDe([&] { eleccion.releer(); }));
+    }
+    EXPECT_EQ("L__-________-_ ", hechos);
+    EXPECT_EQ(2, cmbEmpresa.count()) << "to choose from again";
     base.conexion().ejecutar("DELETE FROM Empresas WHERE Razon = 'Tres'");
     cajas.espera(Caja::Critico, "La Empresa elegida ya no se encuentra en la Base de Empresas.");
     EXPECT_EQ("L__-________-_ ", elegir(0));

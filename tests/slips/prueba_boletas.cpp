@@ -3,6 +3,11 @@
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/datos.h"
 #include "slips/screens/boletas.h"
+#include "ui/grid/grilla.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
 
 namespace
 {
@@ -28,5 +33,35 @@ TEST_F(PantallaBoletas, LaQueNoSePudoPrepararSeCierra)
     otro.tomar();
     EXPECT_EQ(5, numeroDe([&] { boletas.activar(); }));
     EXPECT_TRUE(boletas.cerrada()) << "it would show May and be issued for April";
+}
+
+TEST_F(PantallaBoletas, LosPagosQueNoSePudieronLeerNoSonLosDelOtroFondo)
+{
+    poner("Empresas");
+    poner("PAGOS", {{"Cuit", dePrueba::cuit}, {"Tipo", 2}, {"Cuenta", 0}});
+    Rutinas::CuitActual = dePrueba::cuit;
+    Rutinas::ModoAbrir = 2;
+    Boletas boletas;
+    boletas.cargar();
+    boletas.activar();
+    auto& fondo = *boletas.findChild<QComboBox*>("cmbConcepto");
+    auto& actas = *boletas.findChild<Grilla*>("vsActas");
+    const auto elegir = [&](int cual)
+    {
+        fondo.setCurrentIndex(cual);
+        Q_EMIT fondo.activated(cual);
+    };
+    elegir(0);
+    Q_EMIT actas.clic(1, 1);
+    boletas.findChild<QLineEdit*>("txtActa")->setText("77");
+    OtroPuesto otro(base);
+    otro.tomar();
+    cajas.esperaQueDiga(Caja::Exclamacion, "La base de datos está ocupada");
+    elegir(1);
+    EXPECT_EQ(0, actas.filas());
+    boletas.findChild<QPushButton*>("cmdEliminar")->click(); // none is chosen: nothing is asked
+    EXPECT_EQ(5, numeroDe([&] { boletas.activar(); }));
+    EXPECT_FALSE(boletas.cerrada()) << "an act is kept with what was typed of it";
+    EXPECT_EQ("77", boletas.findChild<QLineEdit*>("txtActa")->text());
 }
 } // namespace

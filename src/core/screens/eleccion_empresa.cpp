@@ -147,8 +147,9 @@ void EleccionEmpresa::buscar()
 
 void EleccionEmpresa::llenarLista()
 {
+    const QStringList razones = razonesDeEmpresas(Rutinas::Conexion);
     m_cmbEmpresa->clear();
-    m_cmbEmpresa->addItems(razonesDeEmpresas(Rutinas::Conexion));
+    m_cmbEmpresa->addItems(razones);
 }
 
 void EleccionEmpresa::releer()
@@ -171,7 +172,6 @@ void EleccionEmpresa::releer()
         });
 }
 
-/// What could not be read leaves no company chosen: under the name of one the data of another would be worked on.
 void EleccionEmpresa::oNinguna(const std::function<void()>& elegir)
 {
     try

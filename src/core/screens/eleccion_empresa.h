@@ -35,7 +35,8 @@ public:
     /// nothing is. Without any company it says so (exclamation box) and gives false.
     bool cargar();
     /// Fills the list anew, for what another screen or another desk has done to the companies: the one chosen stays
-    /// chosen, or nothing is when it is gone. Calls both hooks.
+    /// chosen, or nothing is when it is gone. Calls both hooks. Throws what a reading or
+    /// a hook throws, with nothing chosen then.
     void releer();
 
     [[nodiscard]] bool hayEmpresa() const; ///< something is chosen in the list
@@ -49,6 +50,7 @@ private:
     void cmbEmpresa_Click();
     void buscar();
     void llenarLista();
+    /// What could not be read leaves no company chosen: under the name of one the data of another would be worked on.
     void oNinguna(const std::function<void()>& elegir);
     void mostrarRazon(const QString& razon);
 

@@ -101,9 +101,18 @@ void Boletas::activar()
     {
         preparar();
     }
-    catch (...) // it would show one declaration and be issued for another, or for one that is gone
+    catch (const YaNoEsta&)
     {
         cerrar();
+        throw;
+    }
+    catch (...)
+    {
+        // It would show one declaration and be issued for another; an act is of the company that it shows.
+        if (ModoAbrir != 2 || ui->fraPeriodo_2->isHidden())
+        {
+            cerrar();
+        }
         throw;
     }
 }

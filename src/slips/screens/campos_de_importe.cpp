@@ -72,7 +72,7 @@ void CamposDeImporte::mostrarPago(TipoBoleta tipo, const PagoGuardado& pago)
     de(tipo).dias->setText(pago.dias == 0 ? QString() : QString::number(pago.dias));
     mostrar(de(tipo).interes, pago.interes == Moneda() ? QString() : paraEditar(pago.interes));
     mostrar(m_acta, paraEditar(pago.importe - pago.interes));
-    (void)dejarInteres(TipoBoleta::Acta);
+    (void)dejarInteres(TipoBoleta::Acta); // the list of payments stands in the frame of the acts
     (void)dejarActa();
 }
 

@@ -24,7 +24,7 @@ public:
     /// `tipoDelTotal`: the kind whose total follows what is typed; nothing for none.
     CamposDeImporte(const Ui::Boletas& ui, std::function<std::optional<TipoBoleta>()> tipoDelTotal);
 
-    /// No interest and no total any more, whatever the fields still show.
+    /// No interest and no total any more, whatever the fields still show; the amount of the act stays.
     void empezar();
     void mostrarAportes(const AportesDeBoleta& aportes);
     /// Puts days and interest into the fields of `tipo`, the rest into that of the act.

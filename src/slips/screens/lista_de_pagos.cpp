@@ -17,20 +17,24 @@ ListaDePagos::ListaDePagos(Grilla* grilla, std::function<std::vector<PagoDeActa>
 
 void ListaDePagos::cargar()
 {
+    m_elegido = 0;
+    m_grilla->setFilas(0); // also when what comes cannot be read
     m_grilla->cargar(
         m_leer(),
         [](const PagoDeActa& pago) {
             return FilaDeGrilla{pago.fecha, pago.nroActa, pago.cuota, QVariant::fromValue(pago.importe), pago.pago};
         });
-    m_elegido = 0;
 }
 
 PagoGuardado ListaDePagos::elegir(int fila)
 {
+    const qint64 numero = m_grilla->entero(m_grilla->columnas(), fila);
+    const PagoGuardado pago =
+        remediando([numero] { return cargarPago(Rutinas::Conexion, numero); }, [this] { cargar(); });
     m_grilla->pintarTodo(Grilla::blanco);
     m_grilla->pintarFila(fila, Grilla::amarillo);
-    m_elegido = m_grilla->entero(m_grilla->columnas(), fila);
-    return remediando([this] { return cargarPago(Rutinas::Conexion, m_elegido); }, [this] { cargar(); });
+    m_elegido = numero;
+    return pago;
 }
 
 void ListaDePagos::eliminarElegido()
