@@ -229,7 +229,8 @@ void soloImporte(QLineEdit* campo)
     // Without its sign, or run together with its neighbour, it would be another amount.
     const auto alPegar = [](QLineEdit* destino, const QString& texto)
     {
-        static const QRegularExpression unImporte(QStringLiteral("^\\s*\\$?\\s*([0-9.,]*)\\s*$"));
+        static const QRegularExpression unImporte(QStringLiteral("^\\s*\\$?\\s*([0-9.,]+)\\s*$"),
+                                                  QRegularExpression::UseUnicodePropertiesOption);
         if (const auto hallado = unImporte.match(texto); hallado.hasMatch())
         {
             destino->insert(hallado.captured(1));

@@ -11,10 +11,32 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QTabBar>
+#include <QValidator>
 #include <algorithm>
 
 namespace
 {
+/// Keeps a text on one line: the line end after a cell copied from a spreadsheet goes, and what stands for one within
+/// the text is a blank. In a field neither is seen, and each would break a line of the files that are sent.
+class UnRenglon : public QValidator
+{
+public:
+    using QValidator::QValidator;
+    State validate(QString& texto, int& /*cursor*/) const override
+    {
+        const auto rompe = [](QChar letra) {
+            return letra < u' ' || letra == u'\x85' || letra == QChar::LineSeparator ||
+                   letra == QChar::ParagraphSeparator;
+        };
+        while (!texto.isEmpty() && rompe(texto.back()))
+        {
+            texto.chop(1);
+        }
+        std::replace_if(texto.begin(), texto.end(), rompe, u' ');
+        return Acceptable;
+    }
+};
+
 /// The list whose entries a key chooses: it has the focus, or is open and its view has it.
 QComboBox* listaDe(QObject* objeto)
 {
@@ -105,30 +127,11 @@ void ReglasDeCampos::alVestir(QObject* objeto)
     if (auto* linea = qobject_cast<QLineEdit*>(objeto))
     {
         connect(linea, &QLineEdit::inputRejected, this, &ReglasDeCampos::alRechazarTexto, Qt::UniqueConnection);
-        connect(linea, &QLineEdit::textEdited, this, &ReglasDeCampos::alEditarTexto, Qt::UniqueConnection);
+        if (linea->validator() == nullptr && linea->inputMask().isEmpty())
+        {
+            linea->setValidator(new UnRenglon(linea));
+        }
     }
-}
-
-/// The line end after a cell copied from a spreadsheet goes, and what stands for one within the text is a blank: in a
-/// field neither is seen, and each would break a line of the files that are sent.
-void ReglasDeCampos::alEditarTexto(const QString& texto)
-{
-    const auto rompe = [](QChar letra) { return letra < u' ' || letra == QChar::LineSeparator || letra == u'\x85'; };
-    if (std::none_of(texto.cbegin(), texto.cend(), rompe))
-    {
-        return;
-    }
-    QString limpio = texto;
-    while (!limpio.isEmpty() && rompe(limpio.back()))
-    {
-        limpio.chop(1);
-    }
-    std::replace_if(limpio.begin(), limpio.end(), rompe, u' ');
-    auto* linea = qobject_cast<QLineEdit*>(sender());
-    const int cursor = linea->cursorPosition();
-    linea->setText(limpio);
-    linea->setCursorPosition(cursor);
-    linea->setModified(true);
 }
 
 void ReglasDeCampos::alRechazarTexto()

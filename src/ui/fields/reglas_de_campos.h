@@ -6,7 +6,7 @@ class QKeyEvent;
 
 /// What holds for every field of the program, in one filter over the whole application. The wheel changes no list, page
 /// or number: it scrolls what lies behind it. Letters find entries as BusquedaPorLetras tells. A text that does not fit
-/// is told; one that is pasted stays on one line.
+/// is told; every one stays on one line.
 class ReglasDeCampos : public QObject
 {
     Q_OBJECT
@@ -20,6 +20,5 @@ private:
     explicit ReglasDeCampos(QObject* padre);
     void alVestir(QObject* objeto);
     void alRechazarTexto();
-    void alEditarTexto(const QString& texto);
     static bool alTeclear(QObject* objeto, const QKeyEvent& evento);
 };

@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QKeySequence>
 
+struct CeldaAPegar;
+
 /// What goes from a grid to a spreadsheet and comes from there. Each of these is an action of the grid, and so an entry
 /// of its menu.
 class Grilla::Planilla
@@ -31,7 +33,7 @@ private:
     void deshacerPegado();
     [[nodiscard]] bool hayFilas() const; ///< says so where there is none
     /// Puts the values into their cells and lets the screen know of each.
-    void poner(const std::vector<struct CeldaAPegar>& celdas);
+    void poner(const std::vector<CeldaAPegar>& celdas);
 
     Grilla* m_grilla;
     int m_columnaClave = 0;                         ///< 0: nothing can be pasted
