@@ -95,7 +95,7 @@ std::optional<FaltaEnEmpresa> revisarEmpresa(Empresa& empresa, bool hayProvincia
     };
     for (const auto& [hay, campo, falta] : exigidos)
     {
-        if (campo == CodPos && empresa.numero.isEmpty())
+        if (campo == CodPos && empresa.numero.isEmpty()) // once the fields before it are there, it is no fault
         {
             empresa.numero = QStringLiteral("0");
         }

@@ -24,20 +24,19 @@ void prepararDeclaracion(Conexion& conexion, const ClaveDDJJ& clave, qint64 indi
                       indice, clave.cuit);
 }
 
-/// A Null document number is compared and not tested for Null, so it does not count as missing.
 void prepararIncompletos(Conexion& conexion, const ClaveDDJJ& clave, qint64 indice)
 {
+    // A Null document number is compared and not tested for Null, so it does not count as missing.
     conexion.ejecutar(
         "INSERT INTO RptEmpleados (Indice, Tipo, AyN, Cuil, TipoDoc, NroDoc, Sexo, Nacio, EstCivil, Categoria, "
-        "Ingreso) "
-        "SELECT ?, NULL, ifnull(AyN, ''), Cuil, Documentos.Nombre, NroDoc, Sexo, Nacio, EstadoCivil.Nombre, "
+        "Ingreso) SELECT ?, NULL, ifnull(AyN, ''), Cuil, Documentos.Nombre, NroDoc, Sexo, Nacio, EstadoCivil.Nombre, "
         "Categorias.Nombre, Ingreso FROM DDJJ_Empleados "
         "LEFT JOIN Categorias ON DDJJ_Empleados.Categoria = Categorias.Codigo "
         "LEFT JOIN Documentos ON DDJJ_Empleados.TipoDoc = Documentos.Codigo "
         "LEFT JOIN EstadoCivil ON DDJJ_Empleados.EstCivil = EstadoCivil.Codigo "
-        "WHERE DDJJ_Empleados.CUIT = ? AND DDJJ_Empleados.Periodo = ? AND DDJJ_Empleados.Secuencia = ? "
+        "WHERE CUIT = ? AND Periodo = ? AND Secuencia = ? "
         "AND (Documentos.Nombre IS NULL OR NroDoc = 0 OR Sexo IS NULL OR Nacio IS NULL OR EstadoCivil.Nombre IS NULL "
-        "OR Categorias.Nombre IS NULL OR Ingreso IS NULL) ORDER BY DDJJ_Empleados.Cuil",
+        "OR Categorias.Nombre IS NULL OR Ingreso IS NULL) ORDER BY Cuil",
         indice, clave.cuit, clave.periodo, clave.secuencia);
 }
 

@@ -33,7 +33,7 @@ public:
     void empezar(char tipo) { m_bytes.assign(1, tipo); }
     /// Throws ErrorDeEjecucion for a column that the row lacks or that does not hold what the field needs.
     void agregar(const Fila& fila, std::span<const Campo> campos);
-    /// At most `maximo` characters of a text.
+    /// At most `maximo` characters of a text; what would break the line goes out as a blank.
     void agregar(std::string_view utf8, std::size_t maximo = std::string_view::npos);
     /// In Windows-1252, without a line end.
     [[nodiscard]] QByteArrayView bytes() const { return {m_bytes.data(), static_cast<qsizetype>(m_bytes.size())}; }

@@ -36,13 +36,13 @@ FilaDeGrilla celdasDeSucursal(const FilaSucursal& s)
 
 FilaSucursal sucursalDeFila(const Grilla& g, int fila)
 {
-    return {g.entero(sucursalId, fila),
-            g.texto(sucursalCodigo, fila),
-            g.texto(3, fila),
-            numeroDeCelda(g, 4, fila),
-            g.texto(5, fila),
-            g.texto(6, fila),
-            g.texto(7, fila)};
+    return {.id = g.entero(sucursalId, fila),
+            .sucursal = g.texto(sucursalCodigo, fila),
+            .domicilio = g.texto(3, fila),
+            .numero = numeroDeCelda(g, 4, fila),
+            .localidad = g.texto(5, fila),
+            .codPos = g.texto(6, fila),
+            .telefono = g.texto(7, fila)};
 }
 
 FilaDeGrilla celdasDeResponsable(const FilaResponsable& r)
@@ -52,8 +52,11 @@ FilaDeGrilla celdasDeResponsable(const FilaResponsable& r)
 
 FilaResponsable responsableDeFila(const Grilla& g, int fila)
 {
-    return {g.texto(responsableAyN, fila), g.texto(responsableTipo, fila), numeroDeCelda(g, 3, fila), g.texto(4, fila),
-            g.texto(5, fila)};
+    return {.ayn = g.texto(responsableAyN, fila),
+            .tipoDoc = g.texto(responsableTipo, fila),
+            .nroDoc = numeroDeCelda(g, 3, fila),
+            .domicilio = g.texto(4, fila),
+            .localidad = g.texto(5, fila)};
 }
 
 /// All rows of a grid that was touched.

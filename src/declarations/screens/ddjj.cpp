@@ -56,7 +56,13 @@ DDJJ::DDJJ(QWidget* padre)
                  alDia([this] { MostrarDDJJ(); });
              });
     conectar(ui->vsDDJJ, &Grilla::dobleClic, // nothing where the button is disabled
-             [this](int /*columna*/, int fila) { fila != 0 ? ui->cmdNomina->click() : void(); });
+             [this](int /*columna*/, int fila)
+             {
+                 if (fila != 0)
+                 {
+                     ui->cmdNomina->click();
+                 }
+             });
     alDejar(ui->txtAnio, [this] { m_declaracion->completarAnio(); });
 }
 
@@ -92,21 +98,23 @@ void DDJJ::disponerMandos()
     {
         Estilo::boton(mando.boton, mando.icono, mando.principal);
         conectar(mando.boton, &QPushButton::clicked,
-                 [this, mando] { alDia([&] { mando.exige() ? mando.haz() : void(); }); });
+                 [this, mando]
+                 {
+                     alDia(
+                         [&]
+                         {
+                             if (mando.exige())
+                             {
+                                 mando.haz();
+                             }
+                         });
+                 });
     }
 }
 
 void DDJJ::alDia(const std::function<void()>& haz)
 {
-    try
-    {
-        haz();
-    }
-    catch (const YaNoEsta&)
-    {
-        releer();
-        throw; // told by who called
-    }
+    remediando(haz, [this] { releer(); });
 }
 
 void DDJJ::releer()
@@ -166,7 +174,7 @@ void DDJJ::exigirVigencia() const
 bool DDJJ::exigirNomina()
 {
     exigirVigencia();
-    if (::exigirNomina(m_declaracion->clave()))
+    if (avisarSiNoHayNomina(m_declaracion->clave()))
     {
         return true;
     }

@@ -42,7 +42,8 @@ private:
     /// Throws YaNoEsta unless the company and the declaration that are chosen, if any, still stand in the database.
     void exigirVigencia() const;
     // Each says so when that is wanting.
-    [[nodiscard]] bool exigirNomina(); ///< of the chosen declaration, once it stands; or goes to cmdNomina
+    /// False, told and with the focus on cmdNomina, without a roster. Throws YaNoEsta when the declaration is gone.
+    [[nodiscard]] bool exigirNomina();
     [[nodiscard]] bool exigirCuit() const;
 
     void cmdNueva_Click();

@@ -14,7 +14,7 @@
 #include "ui/shell/trabajo_largo.h"
 #include "ui_ddjj.h"
 
-DeclaracionElegida::DeclaracionElegida(Ui::DDJJ& pantalla)
+DeclaracionElegida::DeclaracionElegida(const Ui::DDJJ& pantalla)
     : ui(pantalla)
 {
     ui.vsDDJJ->setColumnas({{ColumnaDeGrilla::Fija, QStringLiteral("Periodo"), -1, 0, {}, false},

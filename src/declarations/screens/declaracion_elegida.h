@@ -16,7 +16,7 @@ class DDJJ;
 class DeclaracionElegida
 {
 public:
-    explicit DeclaracionElegida(Ui::DDJJ& pantalla);
+    explicit DeclaracionElegida(const Ui::DDJJ& pantalla);
 
     /// Fills the list with the declarations of a company; an empty CUIT has none. What is chosen stays so.
     void listar(const QString& cuit);
@@ -36,7 +36,8 @@ public:
     /// field, when the month cannot be. Throws YaNoEsta when the company is gone.
     [[nodiscard]] bool crear(const QString& cuit);
     /// Asks, puts the roster of that other declaration of the company into the chosen one and tells it. False when that
-    /// was not to be, or when there is no other. Throws YaNoEsta as copiarNomina() does.
+    /// was not to be, or when it is the chosen one itself: the dialog was cancelled. Throws YaNoEsta as copiarNomina()
+    /// does.
     [[nodiscard]] bool copiarNominaDe(QDate periodo, int secuencia) const;
     /// Asks, deletes the chosen one and tells it; false when that was not to be. Throws YaNoEsta when it is gone.
     [[nodiscard]] bool eliminar() const;
@@ -45,7 +46,7 @@ private:
     void mostrarMes(QDate periodo);
     void mostrarSecuencia();
 
-    Ui::DDJJ& ui;
+    const Ui::DDJJ& ui;
     std::vector<ClaveDDJJ> m_lista; ///< the rows of vsDDJJ, in their order
     std::optional<ClaveDDJJ> m_elegida;
 };

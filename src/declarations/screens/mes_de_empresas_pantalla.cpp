@@ -175,15 +175,7 @@ void MesDeEmpresas::irADeclaraciones(int fila)
     }
     const QString cuit = ui->vsEmpresas->texto(1, fila);
     const QString razon = ui->vsEmpresas->texto(2, fila);
-    try
-    {
-        exigirEmpresa(Rutinas::Conexion, cuit);
-    }
-    catch (const YaNoEsta&)
-    {
-        CargarEmpresas(m_periodo);
-        throw;
-    }
+    remediando([&] { exigirEmpresa(Rutinas::Conexion, cuit); }, [this] { CargarEmpresas(m_periodo); });
     Navegacion::instancia().mostrar(QStringLiteral("DDJJ"));
     const Pantalla* ddjj = Navegacion::instancia().abierta(QStringLiteral("DDJJ"));
     auto* campo = ddjj != nullptr ? ddjj->findChild<CampoMascara*>(QStringLiteral("MaskCuit")) : nullptr;

@@ -6,7 +6,7 @@
 #include "ui/look/estilo.h"
 #include "ui_ddjj.h"
 
-TotalesEnPantalla::TotalesEnPantalla(Ui::DDJJ& pantalla)
+TotalesEnPantalla::TotalesEnPantalla(const Ui::DDJJ& pantalla)
     : ui(pantalla)
     , m_numeros{ui.txtCantidad_0, ui.txtCantidad_1, ui.txtCantidad_2, ui.txtCantidad_3, ui.txtImporte_0,
                 ui.txtImporte_1,  ui.txtImporte_2,  ui.txtImporte_3,  ui.txtImporte_4,  ui.txtImporte_5}

@@ -14,7 +14,7 @@ class DDJJ;
 class TotalesEnPantalla
 {
 public:
-    explicit TotalesEnPantalla(Ui::DDJJ& pantalla);
+    explicit TotalesEnPantalla(const Ui::DDJJ& pantalla);
 
     /// Names the declaration, adds it up anew and shows that; without a roster, its date alone. Throws as
     /// calcularTotales() does, and nothing but the name is shown then.
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] const SumasDDJJ& sumas() const { return m_sumas; }
 
 private:
-    Ui::DDJJ& ui;
+    const Ui::DDJJ& ui;
     std::array<QLineEdit*, 10> m_numeros; ///< txtCantidad and txtImporte
     SumasDDJJ m_sumas;
 };

@@ -6,7 +6,7 @@
 #include "ui/doors/mensajes.h"
 #include "ui/report/informe.h"
 
-bool exigirNomina(const ClaveDDJJ& clave)
+bool avisarSiNoHayNomina(const ClaveDDJJ& clave)
 {
     if (hayNomina(Rutinas::Conexion, clave))
     {
@@ -18,7 +18,7 @@ bool exigirNomina(const ClaveDDJJ& clave)
 
 void ImprimirInforme(const ClaveDDJJ& clave, const QString& mes, const QString& anio, InformeDDJJ cual)
 {
-    if (!exigirNomina(clave))
+    if (!avisarSiNoHayNomina(clave))
     {
         return;
     }

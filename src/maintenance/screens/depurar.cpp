@@ -105,17 +105,17 @@ void Depurar::cmdEliminar_Click()
     {
         return;
     }
-    try
+    const auto depurar = [this]
     {
         TrabajoLargo trabajo(QStringLiteral("Eliminando las Declaraciones Juradas"), TrabajoLargo::Cancelable::Si);
         depurarHasta(Rutinas::Conexion, m_eleccion->cuit(), PeriodoHasta, m_periodos, trabajo.aviso());
-    }
-    catch (const YaNoEsta&)
+    };
+    const auto releer = [this]
     {
         m_eleccion->releer();
         limpiarEleccion();
-        throw; // told once the list is anew
-    }
+    };
+    remediando(depurar, releer);
     MsgBox(QStringLiteral("Las Declaraciones Juradas han sido Eliminadas."), Caja::Exclamacion);
     CargarPeriodos();
     limpiarEleccion();

@@ -14,7 +14,7 @@ namespace
 const QString jornadaCompleta = QStringLiteral("200");
 } // namespace
 
-AportesEnPantalla::AportesEnPantalla(Ui::Empleados& controles)
+AportesEnPantalla::AportesEnPantalla(const Ui::Empleados& controles)
     : ui(controles)
 {
     ui.cmbQHoras->addItems({jornadaCompleta, QStringLiteral("150"), QStringLiteral("100")});

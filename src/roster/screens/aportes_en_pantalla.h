@@ -14,7 +14,7 @@ class AportesEnPantalla
 {
 public:
     /// Gives the fields what may be typed into them and their looks.
-    explicit AportesEnPantalla(Ui::Empleados& controles);
+    explicit AportesEnPantalla(const Ui::Empleados& controles);
 
     void mostrar(const Empleado& empleado);
     /// A new employee starts as a member who works all hours.
@@ -35,5 +35,5 @@ private:
     /// The total, then the contributions.
     void mostrarCalculados(const QString& total, const QString& art100, const QString& art101A, const QString& art101B);
 
-    Ui::Empleados& ui;
+    const Ui::Empleados& ui;
 };

@@ -38,7 +38,7 @@ QDate fecha(const CampoMascara& campo)
 }
 } // namespace
 
-FichaDeEmpleado::FichaDeEmpleado(Ui::Empleados& controles)
+FichaDeEmpleado::FichaDeEmpleado(const Ui::Empleados& controles)
     : ui(controles)
     , m_aportes(controles)
 {

@@ -11,7 +11,7 @@ class FichaDeEmpleado
 {
 public:
     /// Gives the fields what may be typed into them and their looks.
-    explicit FichaDeEmpleado(Ui::Empleados& controles);
+    explicit FichaDeEmpleado(const Ui::Empleados& controles);
 
     void cargarCatalogos();
     /// A branch that is none of his company's (any more) is told, and kept. A reading that fails changes nothing.
@@ -45,7 +45,7 @@ private:
     /// Without a text there is no such branch.
     void mostrarSucursal(qint64 sucursal, const std::optional<QString>& texto);
 
-    Ui::Empleados& ui;
+    const Ui::Empleados& ui;
     AportesEnPantalla m_aportes;
     qint64 m_sucursal = 0;    ///< ID of the branch shown, 0 for none
     UltimosValores m_ultimos; ///< of the employee saved last since the screen was opened
