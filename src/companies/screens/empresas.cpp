@@ -309,7 +309,7 @@ void Empresas::grabar(EntradaEmpresa& entrada)
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QString::number(error.numero()) + QLatin1Char(' ') + error.descripcion());
+        decirError(error);
         return;
     }
     ActivarDatos(false);

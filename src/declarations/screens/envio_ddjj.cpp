@@ -78,7 +78,7 @@ void EnvioDeDDJJ::GuardarArchivoComo()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
+        decirErrorDeArchivo(error);
         return;
     }
     MsgBox(QStringLiteral("El Archivo correspondiente ha sido grabado en la Ubicación especificada."),
@@ -148,6 +148,6 @@ void EnvioDeDDJJ::EnviarDDJJPorCorreo()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
+        decirErrorDeArchivo(error);
     }
 }

@@ -219,6 +219,6 @@ void Backup::informarFalla(const ErrorDeEjecucion& error)
     }
     else
     {
-        MsgBox(QString::number(error.numero()) + QLatin1Char(' ') + error.descripcion());
+        decirError(error);
     }
 }

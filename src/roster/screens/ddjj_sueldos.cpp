@@ -144,7 +144,7 @@ void DDJJ_Sueldos::cmdGrabar_Click()
     catch (const ErrorDeEjecucion& error)
     {
         TrabajoCancelado::pasar(error);
-        MsgBox(QString::number(error.numero()) + QLatin1Char(' ') + error.descripcion());
+        decirError(error);
     }
 }
 

@@ -371,7 +371,7 @@ void Empleados::GrabarEmpleado()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QStringLiteral("%1 %2").arg(QString::number(error.numero()), error.descripcion()));
+        decirError(error);
     }
 }
 

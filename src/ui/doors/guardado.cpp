@@ -54,7 +54,7 @@ QString GuardarEnArchivo(const PedidoDeGuardado& pedido, const std::function<voi
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
+        decirErrorDeArchivo(error);
         return {};
     }
     carpetaDelUltimo = QFileInfo(ruta).absolutePath();

@@ -1,5 +1,6 @@
 #include "ui/doors/mensajes.h"
 
+#include "base/error_de_ejecucion.h"
 #include "ui/doors/caja_abierta.h"
 
 #include <QAbstractButton>
@@ -133,6 +134,16 @@ void fijarVentanaParaCajas(QWidget* principal)
 void MsgBox(const QString& texto, Caja clase, const QString& titulo)
 {
     atender(datosDe(clase, texto, titulo));
+}
+
+void decirError(const ErrorDeEjecucion& error)
+{
+    MsgBox(QStringLiteral("%1 %2").arg(QString::number(error.numero()), error.descripcion()));
+}
+
+void decirErrorDeArchivo(const ErrorDeEjecucion& error)
+{
+    MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
 }
 
 bool Preguntar(const QString& texto, const QString& titulo)

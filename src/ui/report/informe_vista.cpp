@@ -401,7 +401,7 @@ void VistaDeInforme::imprimir()
     }
     catch (const ErrorDeEjecucion& error)
     {
-        MsgBox(QStringLiteral("%1 - (%2)").arg(error.descripcion(), QString::number(error.numero())));
+        decirErrorDeArchivo(error);
     }
 }
 
