@@ -67,8 +67,8 @@ struct LugarEnNomina
 /// Reads this declaration's roster alone, whatever else the table holds.
 [[nodiscard]] LugarEnNomina lugarEnNomina(Conexion& conexion, const ClaveDDJJ& clave, const QString& cuil);
 
-/// The branch as one line: code, address and town. Empty for the ID 0, nothing when the company has no
-/// branch of this ID.
+/// The branch as one line: code, address and town. Empty for the ID 0, nothing when the company has no branch of this
+/// ID.
 [[nodiscard]] std::optional<QString> textoSucursal(Conexion& conexion, qint64 id, const QString& cuit);
 /// The same for a branch just picked, whatever its company.
 [[nodiscard]] std::optional<QString> textoSucursal(Conexion& conexion, qint64 id);

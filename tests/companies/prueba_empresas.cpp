@@ -2,6 +2,7 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/datos.h"
+#include "apoyo/pantalla_cerrada.h"
 #include "companies/screens/empresas.h"
 #include "ui/shell/navegacion.h"
 
@@ -15,24 +16,18 @@ struct PantallaEmpresas : ConBase
     CajasDePrueba cajas;
 };
 
-/// The search, answered at once.
-struct Elegida : Pantalla
-{
-    explicit Elegida(const char* cuit)
-        : Pantalla(QStringLiteral("BuscarEmpresa"))
-    {
-        Rutinas::CuitActual = cuit;
-    }
-    void cargar() override { cerrar(); }
-};
-
 TEST_F(PantallaEmpresas, LaQueNoSePudoLeerDejaLaQueEstaba)
 {
     poner("Empresas", {{"Rubro", "012110"}});
     Empresas empresas;
     empresas.cargar();
     poner("Empresas", {{"CUIT", "30-87654321-5"}, {"Razon", "Abasto"}, {"Rubro", "012110"}});
-    Navegacion::instancia().registrar("BuscarEmpresa", [] { return new Elegida("30-87654321-5"); });
+    const auto elegir = []
+    {
+        Rutinas::CuitActual = "30-87654321-5";
+        return new PantallaCerrada("BuscarEmpresa");
+    };
+    Navegacion::instancia().registrar("BuscarEmpresa", elegir);
     const auto buscar = [&]
     {
         empresas.findChild<QPushButton*>("CmdABM_3")->click();

@@ -4,6 +4,7 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/datos.h"
+#include "apoyo/pantalla_cerrada.h"
 #include "declarations/screens/ddjj.h"
 #include "fallos/base_grande.h"
 #include "ui/fields/campo_mascara.h"
@@ -19,13 +20,6 @@
 
 namespace
 {
-/// A screen that the user leaves at once.
-struct Cerrada : Pantalla
-{
-    using Pantalla::Pantalla;
-    void cargar() override { cerrar(); }
-};
-
 struct MandosDDJJ : ConBase
 {
     CajasDePrueba cajas;
@@ -89,7 +83,7 @@ TEST_F(MandosDDJJ, LoAbandonadoSeDiceConSusPalabrasYSePuedeRepetir)
     const auto importar = [this]
     {
         Rutinas::TextoDevuelto = base.escribir("nomina.dat", nominaDe(600));
-        return new Cerrada("Importar");
+        return new PantallaCerrada("Importar");
     };
     Navegacion::instancia().registrar("Importar", importar);
     const auto abandonar = [&](const char* mando)

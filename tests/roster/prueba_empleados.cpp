@@ -2,6 +2,7 @@
 #include "apoyo/base_de_prueba.h"
 #include "apoyo/cajas_de_prueba.h"
 #include "apoyo/datos.h"
+#include "apoyo/pantalla_cerrada.h"
 #include "roster/screens/empleados.h"
 #include "ui/shell/navegacion.h"
 
@@ -15,17 +16,6 @@ struct PantallaEmpleados : ConBase
     CajasDePrueba cajas;
 };
 
-/// The search, answered at once.
-struct Elegido : Pantalla
-{
-    Elegido()
-        : Pantalla(QStringLiteral("BuscarEmpleado"))
-    {
-        Rutinas::CuilElegido = "20-87654321-0";
-    }
-    void cargar() override { cerrar(); }
-};
-
 TEST_F(PantallaEmpleados, ElQueNoSePudoLeerDejaElQueEstaba)
 {
     poner("Empresas");
@@ -36,7 +26,12 @@ TEST_F(PantallaEmpleados, ElQueNoSePudoLeerDejaElQueEstaba)
     Rutinas::PeriodoActual = dePrueba::periodo;
     Empleados empleados;
     empleados.cargar();
-    Navegacion::instancia().registrar("BuscarEmpleado", [] { return new Elegido; });
+    const auto elegir = []
+    {
+        Rutinas::CuilElegido = "20-87654321-0";
+        return new PantallaCerrada("BuscarEmpleado");
+    };
+    Navegacion::instancia().registrar("BuscarEmpleado", elegir);
     const auto tras = [&](const char* mando)
     {
         empleados.findChild<QPushButton*>(mando)->click();

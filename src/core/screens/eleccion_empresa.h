@@ -35,8 +35,8 @@ public:
     /// nothing is. Without any company it says so (exclamation box) and gives false.
     bool cargar();
     /// Fills the list anew, for what another screen or another desk has done to the companies: the one chosen stays
-    /// chosen, or nothing is when it is gone. Calls both hooks. Throws what a reading or
-    /// a hook throws, with nothing chosen then.
+    /// chosen, or nothing is when it is gone. Calls both hooks. Throws what a
+    /// reading or a hook throws, with nothing chosen then.
     void releer();
 
     [[nodiscard]] bool hayEmpresa() const; ///< something is chosen in the list

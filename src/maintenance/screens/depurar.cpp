@@ -117,8 +117,8 @@ void Depurar::cmdEliminar_Click()
     };
     remediando(depurar, releer);
     MsgBox(QStringLiteral("Las Declaraciones Juradas han sido Eliminadas."), Caja::Exclamacion);
+    limpiarEleccion(); // before the list: a month must not stay chosen when that cannot be read
     CargarPeriodos();
-    limpiarEleccion();
 }
 
 void Depurar::limpiarEleccion()
